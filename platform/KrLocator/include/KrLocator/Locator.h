@@ -1,0 +1,38 @@
+#pragma once
+
+#include <KrLocator/KrLocatorExport.h>
+#include <KrParameterDefinition/eLivingSpace.h>
+
+#include <QtCore/QString>
+
+/// Where a parameter lives in a project, written as anchor ";" path.
+///
+/// **Shape** anchor "S" is the system locator ("S;{P12}"); an anchor that ends in ".n" with n from 0
+/// to 4 names living space n ("Drive.1;{P12}"); any other anchor is relative; a text that is empty or
+/// has no ";" is invalid.
+class KrLocator_EXPORT Locator {
+public:
+    Locator() = default;
+    explicit Locator(const QString &text) { parseText(text); }
+
+    /// Replaces the content. Returns isValid().
+    bool parseText(const QString &text);
+
+    bool isValid() const { return m_kind != eKind::Invalid; }
+    bool isSystem() const { return m_kind == eKind::System; }
+    bool hasLivingSpace() const { return m_kind == eKind::LivingSpace; }
+    bool isRelative() const { return m_kind == eKind::Relative; }
+    /// eLivingSpace::Global where the locator names none.
+    eLivingSpace livingSpace() const { return m_livingSpace; }
+    QString anchor() const { return m_anchor; }
+    QString path() const { return m_path; }
+    QString toText() const;
+
+private:
+    enum class eKind { Invalid, System, LivingSpace, Relative };
+
+    eKind m_kind = eKind::Invalid;
+    eLivingSpace m_livingSpace = eLivingSpace::Global;
+    QString m_anchor;
+    QString m_path;
+};

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QtCore/QtGlobal>
+
+/// Numbers by which an element's properties are asked for. 0 to 50 come from the definition, 100 and
+/// up are answered by the parameter library itself. The numbers are part of saved data and of filter
+/// files; they never change.
+enum class eParameterProperty : quint32 {
+    PrereadFunctionIndex = 0,
+    PrewriteFunctionIndex = 1,
+    PostwriteFunctionIndex = 2,
+    PostreadFunctionIndex = 3,
+    HidingFunctionIndex = 4,
+    ReadLevel = 5,
+    WriteLevel = 6,
+    LimitFunctionIndex = 7,
+    LowerLimitValue = 8,
+    UpperLimitValue = 9,
+    MemoryAllocation = 10,
+    ParameterKind = 11,
+    EnableOffRequired = 12,
+    ProcessDataMappable = 13,
+    AutomaticOnlineUpdate = 14,
+    NoWrite = 15,
+    Datatype = 16,
+    ChoiceMap = 17,
+    ScaledMeasuringUnit = 18,
+    NativeMeasuringUnit = 19,
+    ScalingFactor = 20,
+    ScalingFunctionIndex = 21,
+    FullScaleValue = 22,
+    DecimalPlacesBehind = 23,
+    DecimalPlacesSignificant = 24,
+    EditStartStepSize = 25,
+    FieldbusMeasuringUnit = 26,
+    FieldbusScalingFactor = 27,
+    FieldbusDecimalPlacesBehind = 28,
+    AdditionalReadTimeout = 29,
+    AdditionalWriteTimeout = 30,
+    CyclicOnlineUpdateRate = 31,
+    LimitDependency = 32,
+    ScalingDependency = 33,
+    PostwriteDependency = 34,
+    PrereadDependency = 35,
+    PostreadDependency = 36,
+    PrewriteDependency = 37,
+    HidingDependency = 38,
+    MeasuringUnitDependency = 39,
+    IsScopeChoice = 40,
+    ChoiceMapCommonTextIndex = 41,
+    ScaledMeasuringUnitCommonTextIndex = 42,
+    NativeMeasuringUnitCommonTextIndex = 43,
+    FieldbusMeasuringUnitCommonTextIndex = 44,
+    OnlineOrder = 45,
+    ShownOffline = 47, ///< Present and not 0: the value is shown offline whatever its write level.
+    DescriptionReference = 50, ///< Part of the key under which a description text is kept.
+    IsSimpleParameter = 100,
+    IsRecordParameter = 101,
+    LivingSpace = 102,
+    Coordinate = 103,
+    Address = 104,
+    Name = 105,
+    ElementCount = 106,
+    ElementName = 107,
+    ValueNative = 108,
+    ValueScaled = 109,
+    DefaultvalueNative = 110,
+    DefaultvalueScaled = 111,
+    ChangeTagValue = 112,
+    ChangeTagDefaultValue = 113,
+    ChangeTagReadLevel = 114,
+    ChangeTagWriteLevel = 115,
+};
+
+/// Definition properties have numbers below this one.
+constexpr quint32 DefinitionPropertyEnd = 51;
