@@ -2,6 +2,11 @@
 # header, its public headers as a header set, a version and a place in an export set.
 include(GenerateExportHeader)
 
+find_program(KR_CCACHE ccache)
+if(KR_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${KR_CCACHE}")
+endif()
+
 # Binaries find the libraries beside them, in the build tree and after an install.
 function(kr_rpath)
     set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}:$ORIGIN" PARENT_SCOPE)
