@@ -7,7 +7,8 @@
 
 /// Number to text, ascending: the entries of a choice.
 ///
-/// Variants convert both ways with QVariantMap, whose keys are the numbers in decimal.
+/// Variants convert both ways with QVariantMap, whose keys are the numbers in decimal and whose
+/// values are texts; other keys are left out when read, and a plain string is a text too.
 class KrMultilingual_EXPORT ParameterTextMap {
 public:
     bool isEmpty() const { return m_texts.isEmpty(); }

@@ -6,8 +6,8 @@
 #include <bitset>
 #include <vector>
 
-/// Element information held in memory: a table of positions by property number beside the values, so
-/// that every question costs one index.
+/// Element information held in memory: a table of positions by property number beside the values,
+/// so that every question costs one index.
 class KrParameterDefinition_EXPORT ElementInformation final : public IParameterElementInformation {
 public:
     ElementInformation();

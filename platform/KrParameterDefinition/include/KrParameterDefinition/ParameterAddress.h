@@ -10,12 +10,13 @@
 
 /// Axis, coordinate and element of one value, optionally one bit of it.
 ///
-/// **Encoding** of the number, from the highest bit: 2 bits axis, 14 bits element, 16 bits coordinate
-/// number. 4294967295 stands for every invalid address.
+/// **Encoding** of the number, from the highest bit: 2 bits axis, 14 bits element, 16 bits
+/// coordinate number. 4294967295 stands for every invalid address.
 /// **Shape** of the texts: "E84", with element "E84[3]", with axis prefix "1.E84[3]" (the prefix is
 /// axis + 1; a global parameter has none), with bit "E84[3]:5" (0 to 63). The sortable text
-/// "1.E084[00003]" always has prefix, three digits of line and five digits of element; it is read by
-/// the constructor with an axis prefix too.
+/// "1.E084[00003]" always has prefix, three digits of line, five digits of element and two digits
+/// of a bit ("1.E084[00003]:05"); it is read by the constructor with an axis prefix too. Reading
+/// takes one to five digits of element and one or two of a bit; anything that differs is invalid.
 class KrParameterDefinition_EXPORT ParameterAddress {
 public:
     static constexpr quint32 InvalidNumber = 4294967295U;
@@ -43,11 +44,15 @@ public:
 
     /// **Refused** an axis above 3, an element above 16383, a bit above 63: the address is invalid.
     void setAxis(quint8 axis) noexcept { m_axis = axis; }
-    void setCoordinate(const ParameterCoordinate &coordinate) noexcept { m_coordinate = coordinate; }
+    void setCoordinate(const ParameterCoordinate &coordinate) noexcept
+    {
+        m_coordinate = coordinate;
+    }
     void setElement(quint16 element) noexcept { m_element = element; }
     void setBit(int bit) noexcept { m_bit = bit; }
 
-    /// Empty for an invalid address, like the other texts.
+    /// Empty for an invalid address, like the other texts. All texts name the bit where there is
+    /// one.
     QString toText(bool isGlobal, bool withElement) const;
     /// As the instance of an axis: always with prefix.
     QString toTextLocalInstance(bool withElement) const { return toText(false, withElement); }

@@ -5,14 +5,16 @@
 #include <QtCore/QHashFunctions>
 #include <QtCore/QMetaType>
 #include <QtCore/QString>
+#include <QtCore/QStringView>
 
 #include <compare>
 
-/// Place of a parameter in the device: a group letter with a line number. A value type of two bytes.
+/// Place of a parameter in the device: a group letter with a line number. A value type of two
+/// bytes.
 ///
 /// **Shape** text "E84": the letter of the group and the line with at least two digits ("A00",
-/// "G245"); one to three digits are read. Sortable text "E084": always three digits; it is read too.
-/// Number: group * 1000 + line, 0 for an invalid coordinate.
+/// "G245"); one to three digits are read. Sortable text "E084": always three digits; it is read
+/// too. Number: group * 1000 + line, 0 for an invalid coordinate.
 /// **Range** groups 1 to 26 are A to Z, lines 0 to 999; everything else is invalid.
 class KrParameterDefinition_EXPORT ParameterCoordinate {
 public:
@@ -27,6 +29,7 @@ public:
     ParameterCoordinate(quint16 group, quint16 line) noexcept;
     /// Letters are upper case; anything but a letter with one to three digits is invalid.
     explicit ParameterCoordinate(const QString &text) noexcept;
+    explicit ParameterCoordinate(QStringView text) noexcept;
 
     bool isValid() const noexcept { return m_number != 0; }
     /// Lies in the moveable group, so that an instance may be moved to and from it.

@@ -18,6 +18,9 @@
 /// Immutable after construction; borrowed by the containers, which it must outlive.
 class KrParameterDefinition_EXPORT ParameterDefinition {
 public:
+    /// A parameter has at most this many elements.
+    static constexpr quint16 LastElementCount = 16000;
+
     /// How a simple or record element is described; element informations may be shared.
     struct Element {
         /// Ignored for a simple parameter.
@@ -47,7 +50,8 @@ public:
         QStringList anchors;
         /// Simple parameter: 1 to 16000. A record counts its elements itself.
         quint16 elementCount = 1;
-        /// Simple parameter: native texts by element; an element beyond the list has the first.
+        /// Simple parameter: native texts by element; an element beyond the list has the first, and
+        /// all have the default of their one entry in `elements` where the list is empty.
         QStringList defaultValues;
         /// Record: one entry an element. Simple parameter: exactly one entry.
         QList<Element> elements;
@@ -57,8 +61,8 @@ public:
     ~ParameterDefinition();
     Q_DISABLE_COPY_MOVE(ParameterDefinition)
 
-    /// Has an identifier, at least one element and an information for every element.
-    bool isValid() const;
+    /// Has an identifier, 1 to 16000 elements and an information for every element.
+    bool isValid() const { return m_isValid; }
     bool isGlobalParameter() const { return m_content.isGlobal; }
     bool isPhysicalAxisParameter() const { return m_content.isPhysicalAxis; }
     bool isSingleInstance() const { return m_content.isSingleInstance; }
@@ -75,8 +79,8 @@ public:
     /// The parameter's version for a simple parameter, 0 for an element that a record lacks.
     quint32 elementVersion(quint16 element) const;
     QList<ParameterCoordinate> defaultCoordinates() const { return m_content.defaultCoordinates; }
-    /// A simple parameter answers every element with its one information; null for an element that a
-    /// record lacks. **Owner** the definition.
+    /// A simple parameter answers every element with its one information; null for an element that
+    /// a record lacks. **Owner** the definition.
     const IParameterElementInformation *queryElementInformation(quint16 element) const;
     /// Native text; empty for an element that a record lacks.
     QString elementDefaultValue(quint16 element) const;
@@ -84,16 +88,20 @@ public:
     QString descriptionText() const { return m_content.description.longText(); }
     QStringList anchors() const { return m_content.anchors; }
 
-    /// Same parameter in the same version.
+    /// Same parameter in the same version. A definition without identifier is the same as none,
+    /// like null.
     bool isParameterIdentical(const ParameterDefinition *other) const;
     /// Same parameter in another version.
     bool versionsOfTheSameParameter(const ParameterDefinition *other) const;
 
 private:
+    bool isSameParameter(const ParameterDefinition *other) const;
     qsizetype recordPosition(quint16 element) const;
 
     Content m_content;
+    bool m_isValid;
     std::optional<RecordParameterDefinition> m_record;
-    /// Record: element number to position in Content::elements.
+    /// Record: element number to position in Content::elements. No key: the record lacks the
+    /// element.
     QHash<quint16, qsizetype> m_positions;
 };

@@ -2,9 +2,9 @@
 
 #include <QtCore/QtGlobal>
 
-/// Numbers by which an element's properties are asked for. 0 to 50 come from the definition, 100 and
-/// up are answered by the parameter library itself. The numbers are part of saved data and of filter
-/// files; they never change.
+/// Numbers by which an element's properties are asked for. 0 to 50 come from the definition, 100
+/// and up are answered by the parameter library itself. The numbers are part of saved data and of
+/// filter files; they never change.
 enum class eParameterProperty : quint32 {
     PrereadFunctionIndex = 0,
     PrewriteFunctionIndex = 1,
