@@ -15,7 +15,8 @@ public:
         ByteString = 4,
     };
 
-    constexpr SimpleType(quint8 id, eKind kind, quint32 size, const char *name, const char *shortName)
+    constexpr SimpleType(
+        quint8 id, eKind kind, quint32 size, const char *name, const char *shortName)
         : m_id(id)
         , m_kind(kind)
         , m_size(size)
@@ -24,10 +25,10 @@ public:
     {
     }
 
-    quint8 id() const { return m_id; }
-    eKind kind() const { return m_kind; }
+    constexpr quint8 id() const { return m_id; }
+    constexpr eKind kind() const { return m_kind; }
     /// **Unit** bytes; of a string its field size.
-    quint32 sizeInBytes() const { return m_size; }
+    constexpr quint32 sizeInBytes() const { return m_size; }
     QString name() const { return QString::fromLatin1(m_name); }
     /// As descriptions write it ("UINT16").
     QString shortName() const { return QString::fromLatin1(m_shortName); }

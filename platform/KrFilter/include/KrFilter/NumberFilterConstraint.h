@@ -2,7 +2,7 @@
 
 #include <KrFilter/FilterConstraint.h>
 
-/// Compares a property as a number.
+/// Compares a property as a number. A method number out of the list matches nothing.
 class KrFilter_EXPORT NumberFilterConstraint : public FilterConstraint {
 public:
     /// The numbers stand in filter files.

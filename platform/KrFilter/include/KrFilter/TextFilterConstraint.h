@@ -4,7 +4,7 @@
 
 #include <QtCore/QRegularExpression>
 
-/// Compares a property as text, case-sensitively.
+/// Compares a property as text, case-sensitively. A method number out of the list matches nothing.
 class KrFilter_EXPORT TextFilterConstraint : public FilterConstraint {
 public:
     /// The numbers stand in filter files.

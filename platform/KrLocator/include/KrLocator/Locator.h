@@ -7,9 +7,9 @@
 
 /// Where a parameter lives in a project, written as anchor ";" path.
 ///
-/// **Shape** anchor "S" is the system locator ("S;{P12}"); an anchor that ends in ".n" with n from 0
-/// to 4 names living space n ("Drive.1;{P12}"); any other anchor is relative; a text that is empty or
-/// has no ";" is invalid.
+/// **Shape** anchor "S" is the system locator ("S;{P12}"); an anchor that ends in ".n" with n from
+/// 0 to 4 names living space n ("Drive.1;{P12}"); any other anchor is relative; a text that is
+/// empty or has no ";" is invalid. The first ";" ends the anchor, the path may have more of them.
 class KrLocator_EXPORT Locator {
 public:
     Locator() = default;
@@ -24,6 +24,7 @@ public:
     bool isRelative() const { return m_kind == eKind::Relative; }
     /// eLivingSpace::Global where the locator names none.
     eLivingSpace livingSpace() const { return m_livingSpace; }
+    /// Without ";"; empty for an invalid locator, like the path and the text.
     QString anchor() const { return m_anchor; }
     QString path() const { return m_path; }
     QString toText() const;

@@ -8,7 +8,8 @@
 #include <map>
 #include <memory>
 
-/// The device families known to the process. They come from the loaded device descriptions and stay.
+/// The device families known to the process. They come from the loaded device descriptions and
+/// stay.
 class KrProjectRepository_EXPORT HardwareRepository {
 public:
     static HardwareRepository *instance();
@@ -18,7 +19,7 @@ public:
     /// Ascending by identifier.
     QList<const DeviceFamilyInformation *> deviceFamilies() const;
 
-    /// True when the family is known afterwards.
+    /// True when the family is known afterwards. The first registration of an identifier stays.
     /// **Refused** a family whose axis property contradicts the known one: false, nothing changes.
     bool registerDeviceFamily(const DeviceFamilyInformation &family);
 

@@ -1,0 +1,3 @@
+#include <KrFilter/Filter.h>
+
+Filter::~Filter() = default;

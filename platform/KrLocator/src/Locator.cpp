@@ -1,0 +1,46 @@
+#include <KrLocator/Locator.h>
+
+#include <QtCore/QStringView>
+
+#include <optional>
+
+namespace {
+
+constexpr QChar Separator = u';';
+
+/// anchor = name "." digit, digit "0" to "4"; nullopt for any other anchor.
+std::optional<eLivingSpace> livingSpaceOf(QStringView anchor)
+{
+    if (anchor.size() < 3 || anchor[anchor.size() - 2] != u'.')
+        return {};
+    const QChar digit = anchor.back();
+    if (digit < u'0' || digit > u'4')
+        return {};
+    return eLivingSpace(digit.unicode() - u'0');
+}
+
+} // namespace
+
+bool Locator::parseText(const QString &text)
+{
+    const qsizetype separator = text.indexOf(Separator);
+    if (separator < 0) {
+        *this = Locator();
+        return false;
+    }
+
+    m_anchor = text.first(separator);
+    m_path = text.sliced(separator + 1);
+    const std::optional<eLivingSpace> livingSpace = livingSpaceOf(m_anchor);
+    m_livingSpace = livingSpace.value_or(eLivingSpace::Global);
+    if (m_anchor == u"S")
+        m_kind = eKind::System;
+    else
+        m_kind = livingSpace ? eKind::LivingSpace : eKind::Relative;
+    return true;
+}
+
+QString Locator::toText() const
+{
+    return isValid() ? m_anchor + Separator + m_path : QString();
+}
