@@ -22,7 +22,7 @@ QByteArray packInteger(const QString &text, const SimpleType &type, eByteOrder o
 QByteArray packFloat(const QString &text, const SimpleType &type, eByteOrder order)
 {
     ByteArraySupport support(order);
-    const double value = NumberText::read(text);
+    const double value = NumberText::toDouble(text);
     if (type.sizeInBytes() == sizeof(double))
         support.appendDouble(value);
     else
