@@ -14,15 +14,20 @@ public:
     explicit ByteArraySupport(eByteOrder order, const QByteArray &bytes = {});
 
     QByteArray bytes() const { return m_bytes; }
-    /// Appends the low `size` bytes of `value`. **Range** size 1 to 8.
+    /// Appends the low `size` bytes of `value`. **Range** size 1 to 8. **Refused** any other size:
+    /// nothing is appended.
     void appendInteger(quint64 value, int size);
+    /// **Encoding** IEEE 754, 4 bytes.
     void appendFloat(float value);
+    /// **Encoding** IEEE 754, 8 bytes.
     void appendDouble(double value);
     /// Appends `bytes` cut or filled with zero bytes to `size`; the order plays no part.
     void appendBytes(const QByteArray &bytes, qsizetype size);
 
-    /// From offset 0. Too short an array gives 0 or what is there; test size() first.
+    /// From offset 0. Too short an array gives 0, and so does a size outside 1 to 8; test size()
+    /// first.
     quint64 unsignedInteger(int size) const;
+    /// As unsignedInteger(), the highest bit of the `size` bytes being the sign.
     qint64 signedInteger(int size) const;
     float toFloat() const;
     double toDouble() const;

@@ -1,0 +1,45 @@
+#include "container/ContainerPersistence.h"
+
+#include "container/ParameterContainerPrivate.h"
+
+#include <LmUtilities/IniParser.h>
+
+namespace {
+
+constexpr QByteArrayView Header(";type=\"parametervalues\" version=\"0\"\r\n");
+
+} // namespace
+
+QString ContainerPersistence::blockName()
+{
+    return QStringLiteral("Parameter.ini");
+}
+
+QByteArray ContainerPersistence::save(const ParameterContainerPrivate &container)
+{
+    LmIniParser::IniParser parser;
+    for (const QPointer<CoordinateInstanceSet> &set : container.guardedSets()) {
+        if (set)
+            set->saveToSection(
+                *parser.createSection(set->coordinate().toSortableText().toLatin1()));
+    }
+    const QByteArray text = parser.getIniTextWithoutByteOrderMarker();
+    QByteArray block;
+    block.reserve(Header.size() + text.size());
+    return block.append(Header).append(text);
+}
+
+void ContainerPersistence::load(const QByteArray &block, ParameterContainerPrivate &container)
+{
+    LmIniParser::IniParser parser;
+    parser.setIniText(block);
+    const QPointer<ParameterContainerPrivate> guard(&container);
+    for (const QByteArray &name : parser.allSectionNames()) {
+        CoordinateInstanceSet *set
+            = container.find(ParameterCoordinate(QString::fromLatin1(name)));
+        if (set)
+            set->loadFromSection(*parser.section(name), parser.utf8Encoded());
+        if (!guard)
+            return;
+    }
+}

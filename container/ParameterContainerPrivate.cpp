@@ -1,0 +1,513 @@
+#include "container/ParameterContainerPrivate.h"
+
+#include "container/CreationRules.h"
+
+#include <KrDatatype/DatatypeProvider.h>
+#include <KrFirmware/ParameterFunctionProvider.h>
+#include <KrFirmware/ServoDriveFirmware.h>
+#include <KrLocator/Locator.h>
+#include <KrParameterDefinition/ParameterDefinition.h>
+#include <KrParameterInstance/ParameterContainer.h>
+#include <KrProjectRepository/HardwareRepository.h>
+#include <KrSystem/System.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace {
+
+constexpr int MappingKind = 11;
+constexpr int AxisCount = 4;
+
+const QString MessageTitle = QStringLiteral("ParameterContainer");
+
+QList<ParameterContainer *> liveContainers;
+
+/// The parameter that selects the active axis.
+ParameterCoordinate activeAxisCoordinate()
+{
+    return ParameterCoordinate(QStringLiteral("E84"));
+}
+
+bool isRelated(const ParameterDefinition *a, const ParameterDefinition *b)
+{
+    return a == b || a->isParameterIdentical(b) || a->versionsOfTheSameParameter(b);
+}
+
+} // namespace
+
+ParameterContainerPrivate::ParameterContainerPrivate(ParameterContainer *container)
+    : QObject(container)
+    , owner(container)
+    , callbackDelegate(this)
+    , m_knownAccessLevel(System::information()->userAccessLevel())
+{
+    connect(this, &ParameterContainerPrivate::parameterAdded, owner,
+        &ParameterContainer::parameterAdded);
+    connect(this, &ParameterContainerPrivate::parameterRemoved, owner,
+        &ParameterContainer::parameterRemoved);
+    connect(this, &ParameterContainerPrivate::accessLevelUpdateStarted, owner,
+        &ParameterContainer::accessLevelUpdateStarted);
+    connect(this, &ParameterContainerPrivate::accessLevelUpdateFinished, owner,
+        &ParameterContainer::accessLevelUpdateFinished);
+    connect(System::information(), &SystemInformation::userAccessLevelParameterChanged, this,
+        &ParameterContainerPrivate::updateAllParameterVisibility);
+    connect(owner, &ParameterContainer::onlineChanged, this,
+        &ParameterContainerPrivate::setOnline);
+    liveContainers.append(owner);
+}
+
+ParameterContainerPrivate::~ParameterContainerPrivate()
+{
+    liveContainers.removeOne(owner);
+    if (functionProvider)
+        functionProvider->setCallbackProvider(nullptr);
+}
+
+QList<ParameterContainer *> ParameterContainerPrivate::instances()
+{
+    return liveContainers;
+}
+
+CoordinateInstanceSet *ParameterContainerPrivate::find(const ParameterCoordinate &coordinate) const
+{
+    const auto found = coordinateSets.find(coordinate);
+    return found != coordinateSets.end() ? found->second.set.get() : nullptr;
+}
+
+CoordinateInstanceSet *ParameterContainerPrivate::find(const QString &locatorText) const
+{
+    return locatorSets.value(locatorText);
+}
+
+QList<QPointer<CoordinateInstanceSet>> ParameterContainerPrivate::guardedSets() const
+{
+    QList<QPointer<CoordinateInstanceSet>> sets;
+    sets.reserve(qsizetype(coordinateSets.size()));
+    for (const auto &[coordinate, kept] : coordinateSets)
+        sets.append(kept.set.get());
+    std::sort(sets.begin(), sets.end(),
+        [](const auto &a, const auto &b) { return a->coordinate() < b->coordinate(); });
+    return sets;
+}
+
+bool ParameterContainerPrivate::hasPhysicalAxes() const
+{
+    if (!firmware)
+        return false;
+    const DeviceFamilyInformation *family
+        = HardwareRepository::instance()->deviceFamily(firmware->deviceFamilyIdentifier());
+    return family && family->hasPhysicalAxes();
+}
+
+bool ParameterContainerPrivate::isGlobal(const ParameterDefinition *definition) const
+{
+    return CreationRules::isGlobal(definition, hasPhysicalAxes());
+}
+
+eLivingSpace ParameterContainerPrivate::livingSpace(const ParameterAddress &address) const
+{
+    const CoordinateInstanceSet *set = find(address.coordinate());
+    return set && set->isGlobalParameter() ? eLivingSpace::Global
+                                           : eLivingSpace(address.axis() + 1);
+}
+
+bool ParameterContainerPrivate::createOrUpdate(
+    ParameterDefinition *definition, const QString &locatorText)
+{
+    if (!definition)
+        return false;
+    const Locator locator(locatorText);
+    CoordinateInstanceSet *known = find(locatorText);
+    if (!known && !locator.isValid())
+        return false;
+    if (!definition->isValid()) {
+        System::addWarningMessage(MessageTitle,
+            QStringLiteral("no instance for invalid definition of parameter created"));
+        return false;
+    }
+    if (known && known->definition())
+        return update(known, definition);
+
+    const CreationRules::LivingSpaces spaces
+        = CreationRules::livingSpaces(locator, definition, hasPhysicalAxes());
+    if (spaces.problem == CreationRules::eProblem::SystemMultiInstance) {
+        System::addWarningMessage(MessageTitle,
+            QStringLiteral("no instance for system defined multi instance parameter"));
+    } else if (spaces.problem == CreationRules::eProblem::RelativeLocator) {
+        System::addCriticalMessage(
+            MessageTitle, QStringLiteral("relative Locator used for createParameter"));
+    }
+    const QPointer<ParameterContainerPrivate> guard(this);
+    ParameterCoordinate coordinate;
+    for (const eLivingSpace livingSpace : spaces.list) {
+        coordinate = chooseCoordinate(definition, livingSpace);
+        if (coordinate.isValid())
+            createInstance(definition, locatorText, coordinate, livingSpace);
+        if (!guard)
+            return false;
+    }
+    addressLists.clear();
+    return coordinate.isValid();
+}
+
+bool ParameterContainerPrivate::update(CoordinateInstanceSet *set, ParameterDefinition *definition)
+{
+    if (definition == set->definition())
+        return true;
+    addressLists.clear();
+    const QPointer<ParameterContainerPrivate> guard(this);
+    const QPointer<CoordinateInstanceSet> guardedSet(set);
+    set->takeDefinition(definition);
+    if (guard && guardedSet)
+        noteMapping(set);
+    return guard;
+}
+
+ParameterCoordinate ParameterContainerPrivate::chooseCoordinate(
+    const ParameterDefinition *definition, eLivingSpace livingSpace) const
+{
+    const QList<ParameterCoordinate> defaults = definition->defaultCoordinates();
+    if (definition->isSingleInstance()) {
+        if (!defaults.isEmpty())
+            return defaults.first();
+        System::addCriticalMessage(MessageTitle,
+            QStringLiteral("Unable to specify a coordinate for single-instance-parameter without "
+                           "default coordinate"));
+        return {};
+    }
+    for (const ParameterCoordinate &candidate : defaults) {
+        if (!isTaken(candidate, definition, livingSpace))
+            return candidate;
+    }
+    for (quint16 line = 0; line <= ParameterCoordinate::LastLine; ++line) {
+        const ParameterCoordinate candidate(ParameterCoordinate::MoveableGroup, line);
+        if (!isTaken(candidate, definition, livingSpace))
+            return candidate;
+    }
+    System::addCriticalMessage(MessageTitle,
+        QStringLiteral("Unable to find a free coordinate for multi-instance-parameter"));
+    return {};
+}
+
+bool ParameterContainerPrivate::isTaken(const ParameterCoordinate &candidate,
+    const ParameterDefinition *definition, eLivingSpace livingSpace) const
+{
+    const CoordinateInstanceSet *set = find(candidate);
+    if (!set)
+        return false;
+    if (set->definition() == definition)
+        return set->hasInstance(livingSpace);
+    // A stranger's coordinate is never joined.
+    return !isRelated(definition, set->definition());
+}
+
+void ParameterContainerPrivate::createInstance(ParameterDefinition *definition,
+    const QString &locatorText, const ParameterCoordinate &coordinate, eLivingSpace livingSpace)
+{
+    KeptSet &kept = coordinateSets[coordinate];
+    if (!kept.set) {
+        kept.set = std::make_unique<CoordinateInstanceSet>(owner, this, clock ? &clock : nullptr);
+        kept.set->initialize(definition, coordinate);
+        noteMapping(kept.set.get());
+    }
+    if (!kept.locatorTexts.contains(locatorText))
+        kept.locatorTexts.append(locatorText);
+    const QPointer<CoordinateInstanceSet> set(kept.set.get());
+    locatorSets.insert(locatorText, set);
+
+    const QPointer<ParameterContainerPrivate> guard(this);
+    if (!set->hasInstance(livingSpace)) {
+        set->attachInstance(livingSpace, std::make_unique<ParameterInstanceData>());
+        addressLists.clear();
+        Q_EMIT parameterAdded(coordinate);
+    }
+    if (guard && set && set->definition()->version() < definition->version())
+        update(set, definition);
+}
+
+void ParameterContainerPrivate::noteMapping(CoordinateInstanceSet *set)
+{
+    mappingSets.removeOne(set);
+    const QList<quint16> elements = set->isRecordParameter() ? set->elementList()
+                                                             : QList<quint16> {0};
+    const bool isMapping
+        = std::any_of(elements.begin(), elements.end(), [set](quint16 element) {
+              return set->elementProperty(element, eParameterProperty::ParameterKind).asInt32()
+                  == MappingKind;
+          });
+    if (isMapping)
+        mappingSets.append(set);
+}
+
+void ParameterContainerPrivate::remove(CoordinateInstanceSet *set)
+{
+    const ParameterCoordinate coordinate = set->coordinate();
+    const auto found = coordinateSets.find(coordinate);
+    if (found == coordinateSets.end() || found->second.set.get() != set)
+        return;
+    set->disconnect();
+    // Out of both hashes before anyone hears of it, and alive until everyone has.
+    const KeptSet removed = std::move(found->second);
+    coordinateSets.erase(found);
+    for (const QString &locatorText : removed.locatorTexts) {
+        if (locatorSets.value(locatorText) == set)
+            locatorSets.remove(locatorText);
+    }
+    mappingSets.removeOne(set);
+    addressLists.clear();
+    Q_EMIT parameterRemoved(coordinate);
+}
+
+void ParameterContainerPrivate::removeAll(const QList<QPointer<CoordinateInstanceSet>> &sets)
+{
+    const QPointer<ParameterContainerPrivate> guard(this);
+    for (const QPointer<CoordinateInstanceSet> &set : sets) {
+        if (set)
+            remove(set);
+        if (!guard)
+            return;
+    }
+}
+
+void ParameterContainerPrivate::setFirmware(ServoDriveFirmware *newFirmware)
+{
+    const QPointer<ParameterContainerPrivate> guard(this);
+    const quint32 generation = ++m_firmwareGeneration;
+    // The pattern for system locators is "^S;*": every text that begins with S.
+    QList<QPointer<CoordinateInstanceSet>> systemSets;
+    for (auto it = locatorSets.cbegin(); it != locatorSets.cend(); ++it) {
+        if (it.key().startsWith(QLatin1Char('S')))
+            systemSets.append(it.value());
+    }
+    removeAll(systemSets);
+    // A listener may have set another firmware meanwhile; then this one is outdated.
+    if (!guard || generation != m_firmwareGeneration)
+        return;
+
+    functionProvider.reset();
+    firmware = newFirmware;
+    if (firmware)
+        functionProvider.reset(firmware->createParameterFunctionProvider());
+    if (functionProvider)
+        functionProvider->setCallbackProvider(&callbackDelegate);
+    for (const QPointer<CoordinateInstanceSet> &set : guardedSets()) {
+        if (set)
+            set->onFunctionProviderChanged();
+        if (!guard || generation != m_firmwareGeneration)
+            return;
+    }
+    createSystemParameters();
+}
+
+void ParameterContainerPrivate::createSystemParameters()
+{
+    if (!firmware)
+        return;
+    const QPointer<ParameterContainerPrivate> guard(this);
+    const quint32 generation = m_firmwareGeneration;
+    const quint32 family = firmware->deviceFamilyIdentifier();
+    for (const quint32 number : firmware->systemParameterNumbers(family)) {
+        createOrUpdate(firmware->systemParameterDefinition(family, number),
+            QLatin1String("S;{P") + QString::number(number) + QLatin1Char('}'));
+        if (!guard || generation != m_firmwareGeneration)
+            return;
+    }
+}
+
+void ParameterContainerPrivate::setReadOnly(bool isReadOnly)
+{
+    const bool wasReadOnly = readOnly;
+    readOnly = isReadOnly;
+    const QPointer<ParameterContainerPrivate> guard(this);
+    for (const QPointer<CoordinateInstanceSet> &set : guardedSets()) {
+        if (set)
+            set->onReadOnlyChanged(wasReadOnly);
+        if (!guard)
+            return;
+    }
+}
+
+eLivingSpace ParameterContainerPrivate::activeLivingSpace(eLivingSpace requested) const
+{
+    const CoordinateInstanceSet *set = find(activeAxisCoordinate());
+    if (ParameterInstanceData *record = set ? set->record(eLivingSpace::Global) : nullptr)
+        return eLivingSpace(record->value(0).toInt() % AxisCount + 1);
+    if (hasPhysicalAxes())
+        return requested;
+    System::addWarningMessage(
+        MessageTitle, QStringLiteral("missing parameter \"E84 active axis\""));
+    return eLivingSpace::Axis1;
+}
+
+bool ParameterContainerPrivate::isMapped(const ParameterAddress &address) const
+{
+    const quint32 number = address.toNumber();
+    for (CoordinateInstanceSet *set : mappingSets) {
+        for (const eLivingSpace livingSpace : set->livingSpaces()) {
+            const QList<quint16> elements = set->elementList();
+            const bool isHeld = std::any_of(elements.begin(), elements.end(), [&](quint16 element) {
+                return set->nativeValueText(livingSpace, element, false).toUInt() == number;
+            });
+            if (isHeld)
+                return true;
+        }
+    }
+    return false;
+}
+
+QList<ParameterAddress> ParameterContainerPrivate::addresses() const
+{
+    QList<ParameterAddress> list;
+    for (const auto &[coordinate, kept] : coordinateSets) {
+        const QList<quint16> elements = kept.set->elementList();
+        for (const eLivingSpace livingSpace : kept.set->livingSpaces()) {
+            for (const quint16 element : elements)
+                list.append(kept.set->address(livingSpace, element));
+        }
+    }
+    std::sort(list.begin(), list.end());
+    return list;
+}
+
+QString ParameterContainerPrivate::readForFirmware(CallbackProviderDelegate::eForm form,
+    int livingSpace, quint16 coordinate, quint16 element, bool withUnit)
+{
+    const eLivingSpace resolved = resolveForFirmware(livingSpace);
+    if (!online) {
+        pendingNames.insert(QString::number(qint32(resolved)) + QLatin1Char(';')
+            + QString::number(coordinate) + QLatin1Char(';') + QString::number(element));
+    }
+    const ParameterCoordinate at(coordinate);
+    switch (form) {
+    case CallbackProviderDelegate::eForm::Display:
+        return owner->readValue(resolved, at, element, withUnit);
+    case CallbackProviderDelegate::eForm::Native:
+        return owner->readValueNative(resolved, at, element, withUnit);
+    case CallbackProviderDelegate::eForm::Undecorated:
+        return owner->readUndecoratedValue(resolved, at, element, withUnit);
+    }
+    return {};
+}
+
+void ParameterContainerPrivate::writeForFirmware(CallbackProviderDelegate::eForm form,
+    int livingSpace, quint16 coordinate, quint16 element, const QString &text)
+{
+    const eLivingSpace resolved = resolveForFirmware(livingSpace);
+    const ParameterCoordinate at(coordinate);
+    switch (form) {
+    case CallbackProviderDelegate::eForm::Display:
+        owner->writeValue(resolved, at, element, text);
+        return;
+    case CallbackProviderDelegate::eForm::Native:
+        owner->writeValueNative(resolved, at, element, text);
+        return;
+    case CallbackProviderDelegate::eForm::Undecorated:
+        owner->writeUndecoratedValue(resolved, at, element, text);
+        return;
+    }
+}
+
+eLivingSpace ParameterContainerPrivate::resolveForFirmware(int livingSpace) const
+{
+    if (livingSpace >= 0)
+        return eLivingSpace(livingSpace);
+    return eLivingSpace(std::abs(qint32(activeLivingSpace(eLivingSpace(livingSpace)))));
+}
+
+QVariant ParameterContainerPrivate::parameterProperty(
+    quint16 coordinate, const QString &key, const QVariant &fallback) const
+{
+    const CoordinateInstanceSet *set = find(ParameterCoordinate(coordinate));
+    if (!set)
+        return fallback;
+    if (key == QLatin1String("isGlobalParameter"))
+        return set->isGlobalParameter();
+    if (key == QLatin1String("isOnline"))
+        return online;
+    if (key == QLatin1String("isReadOnly"))
+        return readOnly;
+    if (key == QLatin1String("elementCount"))
+        return uint(set->elementCount());
+    if (key == QLatin1String("name"))
+        return set->name().longText();
+    return fallback;
+}
+
+QVariant ParameterContainerPrivate::elementProperty(
+    quint16 coordinate, quint16 element, quint32 property) const
+{
+    const CoordinateInstanceSet *set = find(ParameterCoordinate(coordinate));
+    return set ? set->elementProperty(element, eParameterProperty(property)).asVariant()
+               : QVariant();
+}
+
+QVariant ParameterContainerPrivate::datatypeProperty(quint16 coordinate, const QString &key) const
+{
+    const CoordinateInstanceSet *set = find(ParameterCoordinate(coordinate));
+    const QList<quint16> elements = set ? set->elementList() : QList<quint16>();
+    if (elements.isEmpty())
+        return {};
+    // A record need not have an element 0; its first element stands for it then.
+    const quint16 element = elements.contains(0) ? quint16(0) : elements.first();
+    const quint32 id
+        = set->elementProperty(element, eParameterProperty::Datatype).asUint32();
+    const SimpleType *type = DatatypeProvider::instance()->simpleType(quint8(id));
+    if (!type)
+        return {};
+    if (key == QLatin1String("kind"))
+        return quint32(type->kind());
+    if (key == QLatin1String("name"))
+        return type->name();
+    if (key == QLatin1String("shortName"))
+        return type->shortName();
+    if (key == QLatin1String("sizeInBytes"))
+        return type->sizeInBytes();
+    return {};
+}
+
+QString ParameterContainerPrivate::containerText(const QString &key) const
+{
+    if (key == QLatin1String("domain"))
+        return domain;
+    if (key == QLatin1String("parameterChangeTag"))
+        return parameterChangeTag;
+    return {};
+}
+
+void ParameterContainerPrivate::onCoordinateChanged(
+    ParameterAddress oldAddress, ParameterAddress newAddress)
+{
+    // Comes once for each value of the moved set; the first one moves it.
+    const auto found = coordinateSets.find(oldAddress.coordinate());
+    if (found == coordinateSets.end()
+        || found->second.set->coordinate() != newAddress.coordinate())
+        return;
+    auto node = coordinateSets.extract(found);
+    node.key() = newAddress.coordinate();
+    coordinateSets.insert(std::move(node));
+    addressLists.clear();
+}
+
+void ParameterContainerPrivate::setOnline(bool isOnline)
+{
+    if (isOnline)
+        pendingNames.clear();
+}
+
+void ParameterContainerPrivate::updateAllParameterVisibility()
+{
+    const QPointer<ParameterContainerPrivate> guard(this);
+    const quint32 before = m_knownAccessLevel;
+    m_knownAccessLevel = System::information()->userAccessLevel();
+    Q_EMIT accessLevelUpdateStarted();
+    if (!guard)
+        return;
+    for (const QPointer<CoordinateInstanceSet> &set : guardedSets()) {
+        if (set)
+            set->onAccessLevelChanged(before);
+        if (!guard)
+            return;
+    }
+    Q_EMIT accessLevelUpdateFinished();
+}

@@ -1,0 +1,133 @@
+#pragma once
+
+#include "container/CallbackProviderDelegate.h"
+#include "instance/CoordinateInstanceSet.h"
+#include "instance/CoordinateRegistry.h"
+
+#include <KrParameterDefinition/ParameterAddress.h>
+#include <KrParameterDefinition/ParameterCoordinate.h>
+#include <KrParameterDefinition/eLivingSpace.h>
+
+#include <QtCore/QHash>
+#include <QtCore/QList>
+#include <QtCore/QObject>
+#include <QtCore/QPointer>
+#include <QtCore/QSet>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+#include <QtCore/QVariant>
+
+#include <memory>
+#include <unordered_map>
+
+class ParameterContainer;
+class ParameterContainerHostInformation;
+class ParameterDefinition;
+class ParameterFunctionProvider;
+class ServoDriveFirmware;
+
+/// State of a container: keeps the instance sets, creates and removes them.
+class ParameterContainerPrivate final : public QObject, public CoordinateRegistry {
+    Q_OBJECT
+
+public:
+    struct CoordinateHash {
+        size_t operator()(const ParameterCoordinate &coordinate) const
+        {
+            return coordinate.toNumber();
+        }
+    };
+    struct KeptSet {
+        std::unique_ptr<CoordinateInstanceSet> set;
+        /// The keys of locatorSets that lead to the set.
+        QStringList locatorTexts;
+    };
+
+    explicit ParameterContainerPrivate(ParameterContainer *owner);
+    ~ParameterContainerPrivate() override;
+
+    static QList<ParameterContainer *> instances();
+
+    /// Null where there is none.
+    CoordinateInstanceSet *find(const ParameterCoordinate &coordinate) const;
+    CoordinateInstanceSet *find(const QString &locatorText) const;
+    /// For walks during which listeners may remove sets; by coordinate.
+    QList<QPointer<CoordinateInstanceSet>> guardedSets() const;
+    /// False where no firmware is set or its family is unknown.
+    bool hasPhysicalAxes() const;
+    bool isGlobal(const ParameterDefinition *definition) const;
+    /// The living space that an address means: 0 of a global parameter, else its axis.
+    eLivingSpace livingSpace(const ParameterAddress &address) const;
+
+    bool createOrUpdate(ParameterDefinition *definition, const QString &locatorText);
+    void remove(CoordinateInstanceSet *set);
+    void removeAll(const QList<QPointer<CoordinateInstanceSet>> &sets);
+    void setFirmware(ServoDriveFirmware *newFirmware);
+    void setReadOnly(bool isReadOnly);
+    eLivingSpace activeLivingSpace(eLivingSpace requested) const;
+    bool isMapped(const ParameterAddress &address) const;
+    QList<ParameterAddress> addresses() const;
+
+    // What the firmware's functions ask; see CallbackProvider.
+    QString readForFirmware(CallbackProviderDelegate::eForm form, int livingSpace,
+        quint16 coordinate, quint16 element, bool withUnit);
+    void writeForFirmware(CallbackProviderDelegate::eForm form, int livingSpace,
+        quint16 coordinate, quint16 element, const QString &text);
+    QVariant parameterProperty(
+        quint16 coordinate, const QString &key, const QVariant &fallback) const;
+    QVariant elementProperty(quint16 coordinate, quint16 element, quint32 property) const;
+    QVariant datatypeProperty(quint16 coordinate, const QString &key) const;
+    QString containerText(const QString &key) const;
+
+    void onCoordinateChanged(ParameterAddress oldAddress, ParameterAddress newAddress) override;
+
+    ParameterContainer *owner;
+    std::unordered_map<ParameterCoordinate, KeptSet, CoordinateHash> coordinateSets;
+    /// The sets with an element of kind 11 (parameter address).
+    QList<CoordinateInstanceSet *> mappingSets;
+    /// **Owner** the host. Null: none.
+    ParameterContainerHostInformation *host = nullptr;
+    QHash<QString, QPointer<CoordinateInstanceSet>> locatorSets;
+    QList<ParameterAddress> blockUsedAddresses;
+    QString domain;
+    QString parameterChangeTag;
+    bool online = false;
+    bool readOnly = false;
+    /// **Owner** the host. Null: none.
+    ServoDriveFirmware *firmware = nullptr;
+    std::unique_ptr<ParameterFunctionProvider> functionProvider;
+    CallbackProviderDelegate callbackDelegate;
+    /// Name of a value store to all addresses; no key: not built since the parameters changed.
+    QHash<QString, QList<ParameterAddress>> addressLists;
+    /// "livingSpace;coordinate;element" of the values that firmware functions read while offline.
+    QSet<QString> pendingNames;
+    /// Time of day of the sets' hiding throttles; empty: the system's.
+    CoordinateInstanceSet::Clock clock;
+
+Q_SIGNALS:
+    void accessLevelUpdateStarted();
+    void accessLevelUpdateFinished();
+    void onlineSetToChange(bool isOnline);
+    void parameterAdded(ParameterCoordinate coordinate);
+    void parameterRemoved(ParameterCoordinate coordinate);
+
+public Q_SLOTS:
+    void setOnline(bool isOnline);
+    void updateAllParameterVisibility();
+
+private:
+    bool update(CoordinateInstanceSet *set, ParameterDefinition *definition);
+    ParameterCoordinate chooseCoordinate(
+        const ParameterDefinition *definition, eLivingSpace livingSpace) const;
+    bool isTaken(const ParameterCoordinate &candidate, const ParameterDefinition *definition,
+        eLivingSpace livingSpace) const;
+    void createInstance(ParameterDefinition *definition, const QString &locatorText,
+        const ParameterCoordinate &coordinate, eLivingSpace livingSpace);
+    void noteMapping(CoordinateInstanceSet *set);
+    void createSystemParameters();
+    /// A negative number asks for the active axis.
+    eLivingSpace resolveForFirmware(int livingSpace) const;
+
+    quint32 m_knownAccessLevel;
+    quint32 m_firmwareGeneration = 0;
+};

@@ -1,0 +1,852 @@
+#include "instance/CoordinateInstanceSet.h"
+
+#include "instance/AccessRules.h"
+#include "instance/CoordinateRegistry.h"
+#include "instance/DependencyTable.h"
+#include "instance/DescriptionRenderer.h"
+#include "instance/HidingState.h"
+#include "instance/MeasuringUnitResolver.h"
+#include "instance/ScalingInformation.h"
+#include "instance/SectionOverrides.h"
+#include "value/RejectionReport.h"
+#include "value/ValueTextConverter.h"
+
+#include <KrLocator/Locator.h>
+#include <KrParameterDefinition/ParameterDefinition.h>
+#include <KrParameterInstance/ParameterContainer.h>
+#include <KrParameterInstance/ParameterContainerHostInformation.h>
+#include <KrSystem/System.h>
+#include <LmUtilities/IniSection.h>
+
+#include <QtCore/QPointer>
+#include <QtCore/QSet>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int NoStorage = 1;
+constexpr QByteArrayView ElementCountKey("CE");
+
+const QString ClassTitle = QStringLiteral("CoordinateInstanceSet");
+
+ParameterProperty propertyOf(const ParameterText &text)
+{
+    return ParameterProperty(QVariant::fromValue(text));
+}
+
+QStringList sortedDistinct(QStringList texts)
+{
+    texts.sort();
+    texts.removeDuplicates();
+    return texts;
+}
+
+/// A saved count of a simple parameter; 0 where the text is none.
+quint16 elementCountOf(QByteArrayView text)
+{
+    bool isNumber = false;
+    const uint count = text.toByteArray().toUInt(&isNumber);
+    const bool isCount = isNumber && count >= ElementCatalogue::LeastCount
+        && count <= ElementCatalogue::GreatestCount;
+    return isCount ? quint16(count) : quint16(0);
+}
+
+} // namespace
+
+CoordinateInstanceSet::CoordinateInstanceSet(
+    ParameterContainer *container, CoordinateRegistry *registry, const Clock *clock)
+    : ParameterSetup(nullptr)
+    , m_container(container)
+    , m_registry(registry)
+    , m_properties(m_elements)
+    , m_clock(clock)
+{
+}
+
+CoordinateInstanceSet::~CoordinateInstanceSet() = default;
+
+void CoordinateInstanceSet::initialize(
+    ParameterDefinition *definition, const ParameterCoordinate &coordinate)
+{
+    m_definition = definition;
+    m_elements.setDefinition(definition);
+    m_coordinate = coordinate;
+}
+
+void CoordinateInstanceSet::takeDefinition(ParameterDefinition *definition)
+{
+    ElementCatalogue elements;
+    elements.setDefinition(definition);
+    for (const eLivingSpace livingSpace : m_instances.livingSpaces())
+        m_instances.find(livingSpace)->rearrange(m_elements, elements);
+    m_elements = std::move(elements);
+    m_definition = definition;
+    emitDefinitionChanged();
+}
+
+bool CoordinateInstanceSet::attachInstance(
+    eLivingSpace livingSpace, std::unique_ptr<ParameterInstanceData> record)
+{
+    ParameterInstanceData *attached = record.get();
+    if (!m_instances.insert(livingSpace, std::move(record))) {
+        System::addCriticalMessage(ClassTitle,
+            QStringLiteral("Unable to attach new Instance due to already existing instance"));
+        return false;
+    }
+    attached->setOwner(this, &m_elements, livingSpace);
+    return true;
+}
+
+void CoordinateInstanceSet::createInstancesFromAnchors()
+{
+    int systemAnchors = 0;
+    for (const QString &anchor : m_definition ? m_definition->anchors() : QStringList()) {
+        Locator locator;
+        locator.parseText(anchor);
+        if (locator.isSystem())
+            ++systemAnchors;
+        else if (locator.hasLivingSpace())
+            attachInstance(locator.livingSpace(), std::make_unique<ParameterInstanceData>());
+    }
+    if (systemAnchors != 1) {
+        System::addCriticalMessage(ClassTitle,
+            QLatin1String("Too many anchors for system parameter ") + m_coordinate.toText()
+                + QLatin1Char('"'));
+    }
+}
+
+/// Silent: a missing property is reported to the one who asks for it, not at every change of state.
+CoordinateInstanceSet::Access CoordinateInstanceSet::access(
+    const ParameterInstanceData &record, quint16 element) const
+{
+    return {
+        .write = {
+            .isReadOnly = m_container->isReadOnly(),
+            .isRecordWritable = record.isWritable(element),
+            .isOnline = m_container->isOnline(),
+            .writeLevel = m_properties.read(element, eParameterProperty::WriteLevel).asInt32(),
+            .kind = m_properties.read(element, eParameterProperty::ParameterKind).asInt32(),
+            .userLevel = System::information()->userAccessLevel(),
+        },
+        .isHidden = isHidden(record.livingSpace(), element),
+        .readLevel = m_properties.read(element, eParameterProperty::ReadLevel).asUint32(),
+    };
+}
+
+void CoordinateInstanceSet::onOnlineChanged(bool wasOnline)
+{
+    forEachValue([this, wasOnline](ParameterInstanceData *record, quint16 element) {
+        AccessRules::WriteFacts facts = access(*record, element).write;
+        const bool isNow = AccessRules::isWritable(facts);
+        facts.isOnline = wasOnline;
+        if (isNow != AccessRules::isWritable(facts))
+            Q_EMIT writabilityChanged(address(record->livingSpace(), element));
+    });
+}
+
+void CoordinateInstanceSet::onReadOnlyChanged(bool wasReadOnly)
+{
+    forEachValue([this, wasReadOnly](ParameterInstanceData *record, quint16 element) {
+        AccessRules::WriteFacts facts = access(*record, element).write;
+        const bool isNow = AccessRules::isWritable(facts);
+        facts.isReadOnly = wasReadOnly;
+        if (isNow != AccessRules::isWritable(facts))
+            Q_EMIT writabilityChanged(address(record->livingSpace(), element));
+    });
+}
+
+void CoordinateInstanceSet::onAccessLevelChanged(quint32 oldLevel)
+{
+    forEachValue([this, oldLevel](ParameterInstanceData *record, quint16 element) {
+        const QPointer<CoordinateInstanceSet> guard(this);
+        const eLivingSpace livingSpace = record->livingSpace();
+        const Access now = access(*record, element);
+        Access before = now;
+        before.write.userLevel = oldLevel;
+        const bool isVisibilityChanged
+            = now.isVisible(now.write.userLevel) != before.isVisible(oldLevel);
+        const bool isWritabilityChanged
+            = AccessRules::isWritable(now.write) != AccessRules::isWritable(before.write);
+        if (isVisibilityChanged && !emitVisibilityChanged(livingSpace, element))
+            return;
+        if (isWritabilityChanged)
+            Q_EMIT writabilityChanged(address(livingSpace, element));
+    });
+}
+
+void CoordinateInstanceSet::onFunctionProviderChanged()
+{
+    forEachValue([this](ParameterInstanceData *record, quint16 element) {
+        if (record->isHiddenKnown(element))
+            askHiddenAnew(record, element);
+    });
+}
+
+void CoordinateInstanceSet::clearStore(const QString &name, const QRegularExpression &tagPattern)
+{
+    const QPointer<CoordinateInstanceSet> guard(this);
+    for (const eLivingSpace livingSpace : m_instances.livingSpaces()) {
+        emitChanges(livingSpace, m_instances.find(livingSpace)->discard(name, tagPattern));
+        if (!guard)
+            return;
+    }
+}
+
+void CoordinateInstanceSet::loadFromSection(const LmIniParser::IniSection &section, bool utf8)
+{
+    const quint16 before = m_elements.count();
+    if (!m_elements.isRecord()) {
+        const quint16 count = elementCountOf(section.read(ElementCountKey));
+        m_elements.setCount(count > 0 ? count : m_definition->elementCount());
+    }
+    QList<std::pair<eLivingSpace, ParameterInstanceData::Changes>> changes;
+    for (const eLivingSpace livingSpace : m_instances.livingSpaces())
+        changes.append({livingSpace, m_instances.find(livingSpace)->loadFromSection(section, utf8)});
+    m_properties.replaceOverrides(SectionOverrides::load(section, utf8, m_properties));
+
+    const QPointer<CoordinateInstanceSet> guard(this);
+    if (m_elements.count() != before && !emitDefinitionChanged())
+        return;
+    for (const auto &[livingSpace, changed] : changes) {
+        if (!emitChanges(livingSpace, changed))
+            return;
+    }
+    onFunctionProviderChanged();
+}
+
+void CoordinateInstanceSet::saveToSection(LmIniParser::IniSection &section) const
+{
+    for (const eLivingSpace livingSpace : m_instances.livingSpaces())
+        m_instances.find(livingSpace)->saveToSection(section);
+    if (!m_elements.isRecord() && m_elements.count() != m_definition->elementCount())
+        section.write(ElementCountKey, QByteArray::number(m_elements.count()));
+    SectionOverrides::save(section, m_properties.overrides());
+}
+
+bool CoordinateInstanceSet::isSimpleParameter() const
+{
+    return m_definition && m_definition->isSimpleParameterDefinition();
+}
+
+bool CoordinateInstanceSet::isRecordParameter() const
+{
+    return m_elements.isRecord();
+}
+
+bool CoordinateInstanceSet::isGlobalParameter() const
+{
+    if (!m_definition || !m_definition->isGlobalParameter())
+        return false;
+    // Only a physical-axis parameter needs the device family, which the container knows.
+    return !m_definition->isPhysicalAxisParameter() || m_container->isGlobalParameter(m_coordinate);
+}
+
+ParameterText CoordinateInstanceSet::name() const
+{
+    return m_definition ? m_definition->name() : ParameterText();
+}
+
+int CoordinateInstanceSet::nameCommonTextIndex() const
+{
+    return m_definition ? m_definition->nameCommonTextIndex() : 0;
+}
+
+quint32 CoordinateInstanceSet::version() const
+{
+    return m_definition ? m_definition->version() : 0;
+}
+
+quint16 CoordinateInstanceSet::elementCount() const
+{
+    return m_elements.count();
+}
+
+quint16 CoordinateInstanceSet::definedElementCount() const
+{
+    return m_definition ? m_definition->elementCount() : quint16(0);
+}
+
+QList<quint16> CoordinateInstanceSet::elementList() const
+{
+    return m_elements.list();
+}
+
+QSet<quint16> CoordinateInstanceSet::elementSet() const
+{
+    return m_elements.set();
+}
+
+ParameterText CoordinateInstanceSet::elementName(quint16 element) const
+{
+    if (!m_elements.contains(element))
+        return {};
+    return m_elements.isRecord() ? m_elements.record()->elementName(element) : name();
+}
+
+int CoordinateInstanceSet::elementNameCommonTextIndex(quint16 element) const
+{
+    if (!m_elements.contains(element))
+        return 0;
+    return m_elements.isRecord() ? m_elements.record()->elementNameCommonTextIndex(element)
+                                 : nameCommonTextIndex();
+}
+
+quint32 CoordinateInstanceSet::elementVersion(quint16 element) const
+{
+    if (!m_elements.contains(element))
+        return 0;
+    return m_elements.isRecord() ? m_definition->elementVersion(element) : version();
+}
+
+ParameterCoordinate CoordinateInstanceSet::coordinate() const
+{
+    return m_coordinate;
+}
+
+QList<eLivingSpace> CoordinateInstanceSet::livingSpaces() const
+{
+    return m_instances.livingSpaces();
+}
+
+bool CoordinateInstanceSet::hasElementProperty(quint16 element, eParameterProperty property) const
+{
+    if (!m_elements.contains(element))
+        return false;
+    switch (property) {
+    case eParameterProperty::IsSimpleParameter:
+    case eParameterProperty::IsRecordParameter:
+    case eParameterProperty::Coordinate:
+    case eParameterProperty::Name:
+    case eParameterProperty::ElementCount:
+    case eParameterProperty::ElementName:
+        return true;
+    case eParameterProperty::LivingSpace:
+    case eParameterProperty::Address:
+    case eParameterProperty::ValueNative:
+    case eParameterProperty::ValueScaled:
+    case eParameterProperty::DefaultvalueNative:
+    case eParameterProperty::DefaultvalueScaled:
+        return false;
+    default:
+        return m_properties.isDefined(element, property);
+    }
+}
+
+ParameterProperty CoordinateInstanceSet::elementProperty(
+    quint16 element, eParameterProperty property) const
+{
+    if (!m_elements.contains(element))
+        return {};
+    switch (property) {
+    case eParameterProperty::IsSimpleParameter:
+        return ParameterProperty(isSimpleParameter());
+    case eParameterProperty::IsRecordParameter:
+        return ParameterProperty(isRecordParameter());
+    case eParameterProperty::Coordinate:
+        return ParameterProperty(m_coordinate.toText());
+    case eParameterProperty::Name:
+        return propertyOf(name());
+    case eParameterProperty::ElementCount:
+        return ParameterProperty(uint(elementCount()));
+    case eParameterProperty::ElementName:
+        return propertyOf(elementName(element));
+    default:
+        return m_properties.read(element, property);
+    }
+}
+
+bool CoordinateInstanceSet::isPropertySettable(quint16 element, eParameterProperty property) const
+{
+    if (!m_elements.contains(element))
+        return false;
+    switch (property) {
+    case eParameterProperty::IsSimpleParameter:
+    case eParameterProperty::IsRecordParameter:
+    case eParameterProperty::LivingSpace:
+    case eParameterProperty::Coordinate:
+    case eParameterProperty::Name:
+    case eParameterProperty::ElementName:
+        return false;
+    case eParameterProperty::ElementCount:
+        return isSimpleParameter();
+    default:
+        return m_properties.isSettable(element, property);
+    }
+}
+
+bool CoordinateInstanceSet::hasPropertyOverride(quint16 element, eParameterProperty property) const
+{
+    return m_elements.contains(element) && m_properties.find(element, property);
+}
+
+bool CoordinateInstanceSet::hasInstance(eLivingSpace livingSpace) const
+{
+    return m_instances.contains(livingSpace);
+}
+
+quint32 CoordinateInstanceSet::instanceSerialNumber(eLivingSpace livingSpace) const
+{
+    const ParameterInstanceData *found = m_instances.find(key(livingSpace));
+    return found ? found->serialNumber() : 0;
+}
+
+ParameterAddress CoordinateInstanceSet::address(eLivingSpace livingSpace, quint16 element) const
+{
+    const bool isFurtherAxis
+        = livingSpace >= eLivingSpace::Axis2 && livingSpace <= eLivingSpace::Axis4;
+    return ParameterAddress(
+        isFurtherAxis ? quint8(qint32(livingSpace) - 1) : quint8(0), m_coordinate, element);
+}
+
+QStringList CoordinateInstanceSet::changeTagList(eLivingSpace livingSpace) const
+{
+    const ParameterInstanceData *found = m_instances.find(key(livingSpace));
+    return found ? found->changeTags() : QStringList();
+}
+
+QStringList CoordinateInstanceSet::changeTagListOfAllInstances() const
+{
+    QStringList tags;
+    for (const eLivingSpace livingSpace : m_instances.livingSpaces())
+        tags += m_instances.find(livingSpace)->changeTags();
+    return sortedDistinct(tags);
+}
+
+QStringList CoordinateInstanceSet::sortedChangeTagList() const
+{
+    QStringList tags;
+    for (const ParameterCoordinate &other : m_container->parameterList()) {
+        const auto *set
+            = qobject_cast<CoordinateInstanceSet *>(m_container->parameterSetup(other).data());
+        const bool isRelated = set && m_definition
+            && (m_definition->isParameterIdentical(set->m_definition)
+                || m_definition->versionsOfTheSameParameter(set->m_definition));
+        if (isRelated)
+            tags += set->changeTagListOfAllInstances();
+    }
+    return sortedDistinct(tags);
+}
+
+QString CoordinateInstanceSet::attribute(
+    eLivingSpace livingSpace, quint16 element, const QString &key) const
+{
+    const ParameterInstanceData *found = record(livingSpace, element);
+    if (!found)
+        return {};
+    if (key == QLatin1String("ValueChangeTag"))
+        return found->valueChangeTag(element);
+    if (key == QLatin1String("DefaultValueChangeTag"))
+        return found->defaultValueChangeTag(element);
+
+    const auto overrideTag = [&](eParameterProperty property) {
+        const PropertyResolver::Override *entry = m_properties.find(element, property);
+        return entry ? entry->changeTag : QString();
+    };
+    if (key == QLatin1String("ReadLevelChangeTag"))
+        return overrideTag(eParameterProperty::ReadLevel);
+    if (key == QLatin1String("WriteLevelChangeTag"))
+        return overrideTag(eParameterProperty::WriteLevel);
+
+    const auto factor = [&](eParameterProperty property) {
+        return double(m_properties.read(element, property).asFloat());
+    };
+    const auto unitText = [&](eParameterProperty property) {
+        return unit(property, livingSpace, element).longText();
+    };
+    const double scaling = factor(eParameterProperty::ScalingFactor);
+    const double fieldbus = factor(eParameterProperty::FieldbusScalingFactor);
+    if (key == QLatin1String("ScalingInformationNative"))
+        return ScalingInformation::text(scaling, unitText(eParameterProperty::ScaledMeasuringUnit));
+    if (key == QLatin1String("ScalingInformationFieldbusScaled"))
+        return ScalingInformation::text(
+            fieldbus, unitText(eParameterProperty::ScaledMeasuringUnit));
+    if (key == QLatin1String("ScalingInformationFieldbusNative"))
+        return ScalingInformation::text(ScalingInformation::fieldbusNativeFactor(fieldbus, scaling),
+            unitText(eParameterProperty::NativeMeasuringUnit));
+    return {};
+}
+
+QString CoordinateInstanceSet::displayValueText(
+    eLivingSpace livingSpace, quint16 element, bool withUnit) const
+{
+    ParameterInstanceData *found = record(livingSpace, element);
+    if (!found)
+        return {};
+    const QString text = prepareValueText(found->toValueText(element, found->value(element)),
+        livingSpace, element, withUnit, nullptr);
+    if (m_container->isOnline() || m_container->isReadOnly())
+        return text;
+    const int level = writeLevel(element);
+    if (level < AccessRules::MaskedWriteLevel)
+        return text;
+    return AccessRules::masked(text,
+        {.isOnline = false,
+            .isReadOnly = false,
+            .isShownOffline
+            = m_properties.read(element, eParameterProperty::ShownOffline).asUint32() != 0,
+            .writeLevel = level,
+            .userLevel = System::information()->userAccessLevel()});
+}
+
+QString CoordinateInstanceSet::nativeValueText(
+    eLivingSpace livingSpace, quint16 element, bool withUnit) const
+{
+    ParameterInstanceData *found = record(livingSpace, element);
+    if (!found)
+        return {};
+    const QString text = found->value(element);
+    return withUnit
+        ? this->withUnit(text, eParameterProperty::NativeMeasuringUnit, livingSpace, element)
+        : text;
+}
+
+QString CoordinateInstanceSet::valueText(
+    eLivingSpace livingSpace, quint16 element, bool withUnit) const
+{
+    ParameterInstanceData *found = record(livingSpace, element);
+    if (!found)
+        return {};
+    const QString text = found->toValueText(element, found->value(element));
+    return withUnit
+        ? this->withUnit(text, eParameterProperty::ScaledMeasuringUnit, livingSpace, element)
+        : text;
+}
+
+QString CoordinateInstanceSet::preparedValueText(
+    eLivingSpace livingSpace, quint16 element, bool withUnit) const
+{
+    ParameterInstanceData *found = record(livingSpace, element);
+    if (!found || memoryAllocation(element) == NoStorage)
+        return {};
+    return prepareValueText(found->toValueText(element, found->value(element)), livingSpace,
+        element, withUnit, nullptr);
+}
+
+QString CoordinateInstanceSet::unconvertedNativeValueText(
+    eLivingSpace livingSpace, quint16 element, bool withUnit) const
+{
+    if (!record(livingSpace, element) || memoryAllocation(element) == NoStorage)
+        return {};
+    return nativeValueText(livingSpace, element, withUnit);
+}
+
+QString CoordinateInstanceSet::unconvertedValueText(
+    eLivingSpace livingSpace, quint16 element, bool withUnit) const
+{
+    return valueText(livingSpace, element, withUnit);
+}
+
+QString CoordinateInstanceSet::formattedValueText(
+    eLivingSpace livingSpace, quint16 element, int kind) const
+{
+    ParameterInstanceData *found = record(livingSpace, element);
+    if (!found)
+        return {};
+    return ValueTextConverter(*this).format(
+        found->toValueText(element, found->value(element)), livingSpace, element, kind);
+}
+
+QString CoordinateInstanceSet::formattedNativeValueText(
+    eLivingSpace livingSpace, quint16 element, int kind, bool withUnit) const
+{
+    ParameterInstanceData *found = record(livingSpace, element);
+    if (!found)
+        return {};
+    const QString text = ValueTextConverter(*this).format(
+        found->value(element), livingSpace, element, kind);
+    return withUnit
+        ? this->withUnit(text, eParameterProperty::NativeMeasuringUnit, livingSpace, element)
+        : text;
+}
+
+QString CoordinateInstanceSet::prepareValueText(const QString &valueText, eLivingSpace livingSpace,
+    quint16 element, bool withUnit, bool *ok) const
+{
+    if (ok)
+        *ok = false;
+    if (!m_elements.contains(element) || valueText.isEmpty())
+        return {};
+    if (!record(livingSpace, element)) {
+        if (ok)
+            *ok = true;
+        return valueText;
+    }
+    const QString unitText = withUnit
+        ? unit(eParameterProperty::ScaledMeasuringUnit, livingSpace, element).longText()
+        : QString();
+    ValueTextConverter converter(*this);
+    const QString text = converter.prepare(valueText, livingSpace, element, unitText);
+    if (converter.problems().isEmpty()) {
+        if (ok)
+            *ok = true;
+        return text;
+    }
+    reportConversion(
+        &RejectionReport::preparingMessage, converter.problems(), livingSpace, element);
+    return text;
+}
+
+QString CoordinateInstanceSet::adoptValueText(
+    const QString &displayText, eLivingSpace livingSpace, quint16 element, bool *ok) const
+{
+    if (ok)
+        *ok = m_elements.contains(element);
+    if (!m_elements.contains(element))
+        return {};
+    ValueTextConverter converter(*this);
+    const QString unitText = m_properties
+                                 .read(element, eParameterProperty::ScaledMeasuringUnit)
+                                 .isValid()
+        ? unit(eParameterProperty::ScaledMeasuringUnit, livingSpace, element).longText()
+        : QString();
+    const QString text = converter.adopt(displayText, livingSpace, element, unitText);
+    if (converter.problems().isEmpty())
+        return text;
+    if (ok)
+        *ok = false;
+    reportConversion(
+        &RejectionReport::adoptingMessage, converter.problems(), livingSpace, element);
+    return text;
+}
+
+void CoordinateInstanceSet::reportConversion(ConversionMessage message,
+    const QStringList &problems, eLivingSpace livingSpace, quint16 element) const
+{
+    const ParameterInstanceData *found = record(livingSpace, element);
+    const QString place = found ? found->addressText(element) : m_coordinate.toText();
+    const QString domain = m_container->domain();
+    for (const QString &problem : problems)
+        System::addCriticalMessage(domain, message(place, problem));
+}
+
+bool CoordinateInstanceSet::isHidden(eLivingSpace livingSpace, quint16 element) const
+{
+    ParameterInstanceData *found = record(livingSpace, element);
+    return found && found->isHidden(element);
+}
+
+bool CoordinateInstanceSet::isVisible(eLivingSpace livingSpace, quint16 element) const
+{
+    if (!m_elements.contains(element) || isHidden(livingSpace, element))
+        return false;
+    const ParameterProperty level
+        = m_properties.readReported(element, eParameterProperty::ReadLevel, m_coordinate);
+    return level.isValid()
+        && AccessRules::isVisible(
+            false, level.asUint32(), System::information()->userAccessLevel());
+}
+
+bool CoordinateInstanceSet::isWritable(eLivingSpace livingSpace, quint16 element) const
+{
+    const ParameterInstanceData *found = record(livingSpace, element);
+    if (m_container->isReadOnly() || !found || !found->isWritable(element))
+        return false;
+    return AccessRules::isWritable({
+        .isReadOnly = false,
+        .isRecordWritable = true,
+        .isOnline = m_container->isOnline(),
+        .writeLevel = writeLevel(element),
+        .kind = kind(element),
+        .userLevel = System::information()->userAccessLevel(),
+    });
+}
+
+quint8 CoordinateInstanceSet::datatype(quint16 element) const
+{
+    if (!m_elements.contains(element))
+        return 0;
+    return quint8(m_properties.readReported(element, eParameterProperty::Datatype, m_coordinate)
+                      .asUint32());
+}
+
+int CoordinateInstanceSet::kind(quint16 element) const
+{
+    if (!m_elements.contains(element))
+        return 0;
+    return m_properties.readReported(element, eParameterProperty::ParameterKind, m_coordinate)
+        .asInt32();
+}
+
+int CoordinateInstanceSet::memoryAllocation(quint16 element) const
+{
+    if (!m_elements.contains(element))
+        return 0;
+    return m_properties.readReported(element, eParameterProperty::MemoryAllocation, m_coordinate)
+        .asInt32();
+}
+
+int CoordinateInstanceSet::writeLevel(quint16 element) const
+{
+    return m_elements.contains(element) ? m_properties.writeLevel(element, m_coordinate) : 0;
+}
+
+quint32 CoordinateInstanceSet::readLevel(quint16 element) const
+{
+    if (!m_elements.contains(element))
+        return 0;
+    return m_properties.readReported(element, eParameterProperty::ReadLevel, m_coordinate)
+        .asUint32();
+}
+
+int CoordinateInstanceSet::decimalPlacesBehind(quint16 element) const
+{
+    if (!m_elements.contains(element))
+        return 0;
+    return m_properties
+        .readReported(element, eParameterProperty::DecimalPlacesBehind, m_coordinate)
+        .asInt32();
+}
+
+quint32 CoordinateInstanceSet::decimalPlacesSignificant(quint16 element) const
+{
+    if (!m_elements.contains(element))
+        return 0;
+    return m_properties
+        .readReported(element, eParameterProperty::DecimalPlacesSignificant, m_coordinate)
+        .asUint32();
+}
+
+ParameterText CoordinateInstanceSet::scaledMeasuringUnit(quint16 element) const
+{
+    return unit(eParameterProperty::ScaledMeasuringUnit,
+        m_instances.livingSpaces().value(0, eLivingSpace::Global), element);
+}
+
+ParameterText CoordinateInstanceSet::nativeMeasuringUnit(quint16 element) const
+{
+    return unit(eParameterProperty::NativeMeasuringUnit,
+        m_instances.livingSpaces().value(0, eLivingSpace::Global), element);
+}
+
+ParameterText CoordinateInstanceSet::fieldbusMeasuringUnit(quint16 element) const
+{
+    return unit(eParameterProperty::FieldbusMeasuringUnit,
+        m_instances.livingSpaces().value(0, eLivingSpace::Global), element);
+}
+
+ParameterText CoordinateInstanceSet::unit(
+    eParameterProperty property, eLivingSpace livingSpace, quint16 element) const
+{
+    if (!m_elements.contains(element))
+        return {};
+    const ParameterProperty value = m_properties.readReported(element, property, m_coordinate);
+    if (!value.isValid())
+        return {};
+    const MeasuringUnitResolver::Outcome outcome
+        = MeasuringUnitResolver::resolve(value, m_container, livingSpace);
+    if (outcome.problem == MeasuringUnitResolver::eProblem::Unknown)
+        PropertyResolver::report(PropertyResolver::eFault::UnknownValue, property, m_coordinate);
+    if (outcome.problem == MeasuringUnitResolver::eProblem::Inconvertible)
+        PropertyResolver::report(
+            PropertyResolver::eFault::InconvertibleValue, property, m_coordinate);
+    return outcome.unit;
+}
+
+QString CoordinateInstanceSet::withUnit(const QString &text, eParameterProperty property,
+    eLivingSpace livingSpace, quint16 element) const
+{
+    if (text.isEmpty())
+        return text;
+    const QString unitText = unit(property, livingSpace, element).longText();
+    return unitText.isEmpty() ? text : text + QLatin1Char(' ') + unitText;
+}
+
+QString CoordinateInstanceSet::lowerLimitText(eLivingSpace livingSpace, quint16 element) const
+{
+    return limitText(eParameterProperty::LowerLimitValue, livingSpace, element);
+}
+
+QString CoordinateInstanceSet::upperLimitText(eLivingSpace livingSpace, quint16 element) const
+{
+    return limitText(eParameterProperty::UpperLimitValue, livingSpace, element);
+}
+
+QString CoordinateInstanceSet::limitText(
+    eParameterProperty property, eLivingSpace livingSpace, quint16 element) const
+{
+    const ParameterInstanceData *found = record(livingSpace, element);
+    if (!found)
+        return {};
+    if (writeLevel(element) >= AccessRules::MaskedWriteLevel
+        && memoryAllocation(element) == NoStorage)
+        return {};
+    return property == eParameterProperty::LowerLimitValue ? found->lowerLimit(element)
+                                                           : found->upperLimit(element);
+}
+
+bool CoordinateInstanceSet::isValueTextAcceptable(
+    eLivingSpace livingSpace, quint16 element, const QString &displayText) const
+{
+    const QPointer<const CoordinateInstanceSet> guard(this);
+    bool ok = false;
+    const QString adopted = adoptValueText(displayText, livingSpace, element, &ok);
+    ParameterInstanceData *found = ok && guard ? record(livingSpace, element) : nullptr;
+    if (!found)
+        return false;
+    const QString native = found->toNativeText(element, adopted);
+    return guard && found->checkValue(element, native);
+}
+
+ParameterTextMap CoordinateInstanceSet::selectionTexts(
+    eLivingSpace livingSpace, quint16 element) const
+{
+    if (!record(livingSpace, element))
+        return {};
+    return ValueTextConverter(*this).choiceTexts(livingSpace, element);
+}
+
+ParameterContainer *CoordinateInstanceSet::parameterContainer() const
+{
+    return m_container;
+}
+
+unsigned int CoordinateInstanceSet::hostInformation() const
+{
+    const ParameterContainerHostInformation *host = m_container->hostInformation();
+    return host ? host->deviceFamilyIdentifier() : 0;
+}
+
+QString CoordinateInstanceSet::description(quint16 element) const
+{
+    if (!m_definition || !m_elements.contains(element))
+        return {};
+    if (DescriptionRenderer::isInline(m_coordinate)) {
+        return QLatin1String("<description>=")
+            + DescriptionRenderer::html(
+                m_coordinate, name().longText(), m_definition->descriptionText());
+    }
+    return DescriptionRenderer::referenceKey(
+        ParameterAddress(0, m_coordinate, element).toTextGlobalInstance(m_elements.isElementNamed()),
+        m_properties.read(element, eParameterProperty::DescriptionReference).asString(),
+        elementVersion(element));
+}
+
+QString CoordinateInstanceSet::elementDescription(quint16 element) const
+{
+    return description(element);
+}
+
+QString CoordinateInstanceSet::defaultNativeValueText(
+    eLivingSpace livingSpace, quint16 element) const
+{
+    ParameterInstanceData *found = record(livingSpace, element);
+    return found ? found->defaultValue(element) : QString();
+}
+
+QString CoordinateInstanceSet::defaultValueText(eLivingSpace livingSpace, quint16 element) const
+{
+    ParameterInstanceData *found = record(livingSpace, element);
+    return found ? found->toValueText(element, found->defaultValue(element)) : QString();
+}
+
+eLivingSpace CoordinateInstanceSet::key(eLivingSpace livingSpace) const
+{
+    return InstanceTable::key(livingSpace, isGlobalParameter());
+}
+
+ParameterInstanceData *CoordinateInstanceSet::record(
+    eLivingSpace livingSpace, quint16 element) const
+{
+    return m_elements.contains(element) ? m_instances.find(key(livingSpace)) : nullptr;
+}

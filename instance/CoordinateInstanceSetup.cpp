@@ -1,0 +1,563 @@
+// The write side of CoordinateInstanceSet: stores first, emits last, then dispatches.
+
+#include "instance/CoordinateInstanceSet.h"
+
+#include "instance/CoordinateRegistry.h"
+#include "instance/DependencyPairs.h"
+#include "instance/DependencyTable.h"
+#include "instance/HidingState.h"
+#include "instance/MeasuringUnitResolver.h"
+
+#include <KrParameterDefinition/ParameterDefinition.h>
+#include <KrParameterInstance/ParameterContainer.h>
+#include <KrSystem/System.h>
+
+#include <QtCore/QPointer>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr std::array<eParameterProperty, 3> UnitProperties {
+    eParameterProperty::ScaledMeasuringUnit, eParameterProperty::NativeMeasuringUnit,
+    eParameterProperty::FieldbusMeasuringUnit};
+
+} // namespace
+
+void CoordinateInstanceSet::setElementCount(quint16 count)
+{
+    const bool isCount
+        = count >= ElementCatalogue::LeastCount && count <= ElementCatalogue::GreatestCount;
+    if (!isSimpleParameter() || !isCount || m_container->isOnline() || m_container->isReadOnly())
+        return;
+    m_elements.setCount(count);
+    const QPointer<CoordinateInstanceSet> guard(this);
+    if (!emitDefinitionChanged())
+        return;
+    const ParameterAddress first
+        = address(isGlobalParameter() ? eLivingSpace::Global : eLivingSpace::Axis1, 0);
+    Q_EMIT nativeValueChanged(first);
+    if (guard)
+        Q_EMIT m_container->parameterNativeValueChanged(first);
+}
+
+void CoordinateInstanceSet::setCoordinate(const ParameterCoordinate &coordinate)
+{
+    if (!m_definition || !coordinate.isValid() || coordinate == m_coordinate)
+        return;
+    const bool isDefault = m_definition->defaultCoordinates().contains(coordinate);
+    const bool isMove
+        = coordinate.isMoveable() && (m_coordinate.isMoveable() || !m_coordinate.isValid());
+    if ((!isDefault && !isMove) || m_container->parameterSetup(coordinate))
+        return;
+
+    const ParameterCoordinate before = m_coordinate;
+    m_coordinate = coordinate;
+    forEachValue([this, before](ParameterInstanceData *record, quint16 element) {
+        const QPointer<CoordinateInstanceSet> guard(this);
+        const ParameterAddress newAddress = address(record->livingSpace(), element);
+        ParameterAddress oldAddress = newAddress;
+        oldAddress.setCoordinate(before);
+        if (m_registry)
+            m_registry->onCoordinateChanged(oldAddress, newAddress);
+        if (guard)
+            Q_EMIT coordinateChanged(oldAddress, newAddress);
+    });
+}
+
+void CoordinateInstanceSet::setProperty(
+    quint16 element, eParameterProperty property, const ParameterProperty &value)
+{
+    if (!m_elements.contains(element))
+        return;
+    if (property == eParameterProperty::ElementCount) {
+        setElementCount(value.asUint16());
+        return;
+    }
+    // The fixed properties are no properties of the definition either.
+    if (!m_properties.isDefined(element, property))
+        return;
+
+    const QList<PropertyAnswer> before = answers(element, property);
+    m_properties.setOverride(element, property, value, m_container->parameterChangeTag());
+    emitAnswerChanges(before, answers(element, property), property);
+}
+
+QList<CoordinateInstanceSet::PropertyAnswer> CoordinateInstanceSet::answers(
+    quint16 element, eParameterProperty property) const
+{
+    const QList<quint16> elements
+        = m_elements.isRecord() ? QList<quint16> {element} : m_elements.list();
+    QList<PropertyAnswer> list;
+    for (const eLivingSpace livingSpace : m_instances.livingSpaces()) {
+        for (const quint16 each : elements)
+            list.append({livingSpace, each, answer(property, livingSpace, each)});
+    }
+    return list;
+}
+
+QString CoordinateInstanceSet::answer(
+    eParameterProperty property, eLivingSpace livingSpace, quint16 element) const
+{
+    const auto text = [](bool answer) { return QString(QLatin1Char(answer ? '1' : '0')); };
+    switch (property) {
+    case eParameterProperty::ReadLevel:
+        return text(isVisible(livingSpace, element));
+    case eParameterProperty::WriteLevel:
+        return text(isWritable(livingSpace, element));
+    case eParameterProperty::LowerLimitValue:
+    case eParameterProperty::UpperLimitValue:
+        return limitText(property, livingSpace, element);
+    case eParameterProperty::ScaledMeasuringUnit:
+    case eParameterProperty::NativeMeasuringUnit:
+    case eParameterProperty::FieldbusMeasuringUnit:
+        return unit(property, livingSpace, element).longText();
+    default:
+        return {};
+    }
+}
+
+void CoordinateInstanceSet::emitAnswerChanges(const QList<PropertyAnswer> &before,
+    const QList<PropertyAnswer> &after, eParameterProperty property)
+{
+    const QPointer<CoordinateInstanceSet> guard(this);
+    for (qsizetype i = 0; i < qMin(before.size(), after.size()) && guard; ++i) {
+        const PropertyAnswer &now = after.at(i);
+        if (now.text != before.at(i).text)
+            emitAnswerChanged(property, now.livingSpace, now.element);
+    }
+}
+
+void CoordinateInstanceSet::emitAnswerChanged(
+    eParameterProperty property, eLivingSpace livingSpace, quint16 element)
+{
+    switch (property) {
+    case eParameterProperty::ReadLevel:
+        emitVisibilityChanged(livingSpace, element);
+        return;
+    case eParameterProperty::WriteLevel:
+        Q_EMIT writabilityChanged(address(livingSpace, element));
+        return;
+    case eParameterProperty::LowerLimitValue:
+    case eParameterProperty::UpperLimitValue:
+        Q_EMIT limitsChanged(address(livingSpace, element));
+        return;
+    default:
+        emitMeasuringUnitChanged(livingSpace, element);
+    }
+}
+
+void CoordinateInstanceSet::setValueText(
+    eLivingSpace livingSpace, quint16 element, const QString &displayText)
+{
+    const QPointer<CoordinateInstanceSet> guard(this);
+    bool ok = false;
+    const QString adopted = adoptValueText(displayText, livingSpace, element, &ok);
+    ParameterInstanceData *found = ok && guard ? record(livingSpace, element) : nullptr;
+    if (!found)
+        return;
+    const QString native = found->toNativeText(element, adopted);
+    if (!guard || !found->checkValue(element, native) || !guard)
+        return;
+    storeValueText(found, element, adopted, native);
+}
+
+void CoordinateInstanceSet::setNativeValue(
+    eLivingSpace livingSpace, quint16 element, const QString &valueText)
+{
+    const QPointer<CoordinateInstanceSet> guard(this);
+    ParameterInstanceData *found = record(livingSpace, element);
+    if (!found)
+        return;
+    const QString native = found->toNativeText(element, valueText);
+    if (guard)
+        storeValueText(found, element, valueText, native);
+}
+
+void CoordinateInstanceSet::storeValueText(ParameterInstanceData *record, quint16 element,
+    const QString &valueText, const QString &nativeText)
+{
+    const QPointer<CoordinateInstanceSet> guard(this);
+    const QString stored = record->value(element);
+    if (!guard)
+        return;
+    const bool isSame
+        = stored == nativeText || record->toValueText(element, stored) == valueText;
+    if (!guard)
+        return;
+    if (isSame) {
+        record->setValueChangeTag(element, m_container->parameterChangeTag());
+        return;
+    }
+    storeNative(record, element, nativeText);
+}
+
+void CoordinateInstanceSet::storeNative(
+    ParameterInstanceData *record, quint16 element, const QString &nativeText)
+{
+    const eLivingSpace livingSpace = record->livingSpace();
+    record->setValue(element, nativeText);
+    if (emitValueChanged(livingSpace, element))
+        dispatchDependencies(livingSpace, element);
+}
+
+void CoordinateInstanceSet::setNativeText(
+    eLivingSpace livingSpace, quint16 element, const QString &nativeText)
+{
+    const QPointer<CoordinateInstanceSet> guard(this);
+    ParameterInstanceData *found = record(livingSpace, element);
+    if (!found)
+        return;
+    const bool isSame = found->value(element) == nativeText;
+    if (guard && isSame)
+        found->setValueChangeTag(element, m_container->parameterChangeTag());
+    else if (guard)
+        storeNative(found, element, nativeText);
+}
+
+void CoordinateInstanceSet::setOnlineValueText(
+    eLivingSpace livingSpace, quint16 element, const QString &nativeText)
+{
+    if (!m_elements.contains(element))
+        return;
+    const QPointer<CoordinateInstanceSet> guard(this);
+    const eLivingSpace instanceKey = key(livingSpace);
+    ParameterInstanceData *found = m_instances.find(instanceKey);
+    if (found && found->value(element) != nativeText && guard)
+        storeNative(found, element, nativeText);
+    if (guard && m_consistence.arrived(instanceKey, element))
+        Q_EMIT allElementsConsistenceOnceDone(m_coordinate, livingSpace);
+}
+
+void CoordinateInstanceSet::setDefaultValueText(
+    eLivingSpace livingSpace, quint16 element, const QString &displayText)
+{
+    const QPointer<CoordinateInstanceSet> guard(this);
+    bool ok = false;
+    const QString adopted = adoptValueText(displayText, livingSpace, element, &ok);
+    if (ok && guard)
+        setDefaultNativeValue(livingSpace, element, adopted);
+}
+
+void CoordinateInstanceSet::setDefaultNativeValue(
+    eLivingSpace livingSpace, quint16 element, const QString &valueText)
+{
+    const QPointer<CoordinateInstanceSet> guard(this);
+    const ParameterInstanceData *found = record(livingSpace, element);
+    if (!found)
+        return;
+    const QString native = found->toNativeText(element, valueText);
+    if (guard)
+        setDefaultNativeValueText(livingSpace, element, native);
+}
+
+void CoordinateInstanceSet::setDefaultNativeValueText(
+    eLivingSpace livingSpace, quint16 element, const QString &nativeText)
+{
+    ParameterInstanceData *found = record(livingSpace, element);
+    if (!found)
+        return;
+    found->setDefaultValue(element, nativeText);
+    emitDefaultChanged(found->livingSpace(), element);
+}
+
+bool CoordinateInstanceSet::setValueChangeTag(
+    eLivingSpace livingSpace, quint16 element, const QString &tag)
+{
+    ParameterInstanceData *found = record(livingSpace, element);
+    if (!found)
+        return false;
+    found->setValueChangeTag(element, tag);
+    return true;
+}
+
+bool CoordinateInstanceSet::setDefaultValueChangeTag(
+    eLivingSpace livingSpace, quint16 element, const QString &tag)
+{
+    ParameterInstanceData *found = record(livingSpace, element);
+    if (!found)
+        return false;
+    found->setDefaultValueChangeTag(element, tag);
+    return true;
+}
+
+void CoordinateInstanceSet::setParameterNeedsConsistence(
+    eLivingSpace livingSpace, quint16 element, bool needed)
+{
+    const eLivingSpace instanceKey = key(livingSpace);
+    const ParameterAddress at = address(instanceKey, element);
+    if (!record(livingSpace, element))
+        return;
+    const ParameterProperty automatic
+        = elementProperty(element, eParameterProperty::AutomaticOnlineUpdate);
+    const QPointer<CoordinateInstanceSet> guard(this);
+    if (!automatic.isValid()) {
+        System::addWarningMessage(QStringLiteral("CoordinateInstanceSet"),
+            QLatin1String("Missing property \"automatic online update\" at parameter ")
+                + m_coordinate.toText() + QLatin1Char('"'));
+    } else if (automatic.asUint32() != 0 && !m_container->isParameterMapped(at)
+        && !m_container->isParameterBlockUsed(at)) {
+        return;
+    }
+    if (guard)
+        m_container->dispatchParameterOnlineConsistenceNeed(at, needed);
+}
+
+void CoordinateInstanceSet::startAllElementsConsistenceOnce(eLivingSpace livingSpace)
+{
+    if (!m_container->isOnline()) {
+        Q_EMIT allElementsConsistenceOnceCanceled(m_coordinate, livingSpace);
+        return;
+    }
+    const eLivingSpace instanceKey = key(livingSpace);
+    QList<quint16> elements = m_elements.list();
+    std::sort(elements.begin(), elements.end());
+    const quint32 run = m_consistence.start(instanceKey, elements);
+    const QPointer<CoordinateInstanceSet> guard(this);
+    for (const quint16 element : elements) {
+        m_container->dispatchParameterOnlineConsistenceNeedOnce(address(instanceKey, element));
+        // A listener may cancel the run or start another while it is being asked for.
+        if (!guard || !m_consistence.isCurrent(instanceKey, run))
+            return;
+    }
+}
+
+void CoordinateInstanceSet::cancelAllElementsConsistenceOnce(eLivingSpace livingSpace)
+{
+    m_consistence.cancel(key(livingSpace));
+    Q_EMIT allElementsConsistenceOnceCanceled(m_coordinate, livingSpace);
+}
+
+bool CoordinateInstanceSet::forEachValue(
+    const std::function<void(ParameterInstanceData *, quint16)> &function)
+{
+    const QPointer<CoordinateInstanceSet> guard(this);
+    const QList<quint16> elements = m_elements.list();
+    for (const eLivingSpace livingSpace : m_instances.livingSpaces()) {
+        for (const quint16 element : elements) {
+            if (!m_elements.contains(element))
+                continue;
+            function(m_instances.find(livingSpace), element);
+            if (!guard)
+                return false;
+        }
+    }
+    return true;
+}
+
+bool CoordinateInstanceSet::emitValueChanged(eLivingSpace key, quint16 element)
+{
+    const QPointer<CoordinateInstanceSet> guard(this);
+    const ParameterAddress at = address(key, element);
+    Q_EMIT valueChanged(at);
+    if (guard)
+        Q_EMIT nativeValueChanged(at);
+    if (guard)
+        Q_EMIT m_container->parameterValueChanged(at);
+    if (guard)
+        Q_EMIT m_container->parameterNativeValueChanged(at);
+    return guard;
+}
+
+bool CoordinateInstanceSet::emitDefaultChanged(eLivingSpace key, quint16 element)
+{
+    const QPointer<CoordinateInstanceSet> guard(this);
+    const ParameterAddress at = address(key, element);
+    Q_EMIT defaultValueChanged(at);
+    if (guard)
+        Q_EMIT m_container->parameterDefaultValueChanged(at);
+    return guard;
+}
+
+bool CoordinateInstanceSet::emitDefinitionChanged()
+{
+    return forEachValue([this](ParameterInstanceData *record, quint16 element) {
+        const QPointer<CoordinateInstanceSet> guard(this);
+        const ParameterAddress at = address(record->livingSpace(), element);
+        Q_EMIT definitionChanged(at);
+        if (guard)
+            Q_EMIT m_container->parameterDefinitionChanged(at);
+    });
+}
+
+bool CoordinateInstanceSet::emitVisibilityChanged(eLivingSpace key, quint16 element)
+{
+    const QPointer<CoordinateInstanceSet> guard(this);
+    const ParameterAddress at = address(key, element);
+    Q_EMIT visibilityChanged(at);
+    if (guard)
+        Q_EMIT m_container->parameterVisibilityChanged(at);
+    return guard;
+}
+
+bool CoordinateInstanceSet::emitMeasuringUnitChanged(eLivingSpace key, quint16 element)
+{
+    const QPointer<CoordinateInstanceSet> guard(this);
+    const ParameterAddress at = address(key, element);
+    Q_EMIT measuringUnitChanged(at);
+    if (guard)
+        Q_EMIT m_container->parameterMeasuringUnitChanged(at);
+    return guard;
+}
+
+bool CoordinateInstanceSet::emitChanges(
+    eLivingSpace key, const ParameterInstanceData::Changes &changes)
+{
+    for (const quint16 element : changes.values) {
+        if (!emitValueChanged(key, element))
+            return false;
+    }
+    for (const quint16 element : changes.defaults) {
+        if (!emitDefaultChanged(key, element))
+            return false;
+    }
+    return true;
+}
+
+void CoordinateInstanceSet::onDependencyChanged(eParameterProperty property,
+    eLivingSpace livingSpace, const ParameterCoordinate &coordinate, quint16 element)
+{
+    const QPointer<ParameterInformation> source = m_container->parameterInformation(coordinate);
+    const qint32 reference = source ? source->elementProperty(element, property).asInt32() : 0;
+    if (reference == 0)
+        return;
+    forEachValue([&](ParameterInstanceData *record, quint16 each) {
+        if (DependencyPairs::reaches(livingSpace, record->livingSpace())
+            && dependsOn(property, reference, coordinate, each))
+            followDependency(property, record, each);
+    });
+}
+
+bool CoordinateInstanceSet::dependsOn(eParameterProperty property, qint32 reference,
+    const ParameterCoordinate &coordinate, quint16 element) const
+{
+    if (property != eParameterProperty::MeasuringUnitDependency) {
+        const eParameterProperty own = DependencyPairs::receiverProperty(property);
+        return m_properties.read(element, own).asInt32() == reference;
+    }
+    return std::any_of(UnitProperties.begin(), UnitProperties.end(), [&](eParameterProperty each) {
+        return MeasuringUnitResolver::locatedCoordinate(m_properties.read(element, each))
+            == coordinate;
+    });
+}
+
+void CoordinateInstanceSet::followDependency(
+    eParameterProperty property, ParameterInstanceData *record, quint16 element)
+{
+    const QPointer<CoordinateInstanceSet> guard(this);
+    const eLivingSpace livingSpace = record->livingSpace();
+    switch (property) {
+    case eParameterProperty::LimitDependency:
+        if (record->updateLimits(element) && guard)
+            Q_EMIT limitsChanged(address(livingSpace, element));
+        return;
+    case eParameterProperty::ScalingDependency:
+        // The native value stays; what changed is how it is shown.
+        Q_EMIT valueChanged(address(livingSpace, element));
+        if (guard)
+            Q_EMIT m_container->parameterValueChanged(address(livingSpace, element));
+        return;
+    case eParameterProperty::PostwriteDependency:
+        record->runFunction(eFunctionKind::Postwrite, element);
+        return;
+    case eParameterProperty::PrereadDependency:
+        record->runFunction(eFunctionKind::Preread, element);
+        return;
+    case eParameterProperty::PostreadDependency:
+        record->runFunction(eFunctionKind::Postread, element);
+        return;
+    case eParameterProperty::PrewriteDependency:
+        record->runFunction(eFunctionKind::Prewrite, element);
+        return;
+    case eParameterProperty::HidingDependency:
+        askHiddenAnew(record, element);
+        return;
+    default:
+        if (record->updateUnits(element, unitTexts(livingSpace, element)) && guard)
+            emitMeasuringUnitChanged(livingSpace, element);
+    }
+}
+
+void CoordinateInstanceSet::askHiddenAnew(ParameterInstanceData *record, quint16 element)
+{
+    const QPointer<CoordinateInstanceSet> guard(this);
+    const quint32 userLevel = System::information()->userAccessLevel();
+    const bool wasVisible = access(*record, element).isVisible(userLevel);
+    if (guard)
+        record->updateHidden(element);
+    if (guard && access(*record, element).isVisible(userLevel) != wasVisible)
+        emitVisibilityChanged(record->livingSpace(), element);
+}
+
+QString CoordinateInstanceSet::unitTexts(eLivingSpace livingSpace, quint16 element) const
+{
+    QString texts;
+    for (const eParameterProperty property : UnitProperties)
+        texts += unit(property, livingSpace, element).longText() + QChar(QChar::Null);
+    return texts;
+}
+
+void CoordinateInstanceSet::dispatchDependencies(eLivingSpace key, quint16 element)
+{
+    const QPointer<CoordinateInstanceSet> guard(this);
+    for (const eParameterProperty property : DependencyOrder) {
+        const ParameterProperty reference = elementProperty(element, property);
+        if (!reference.isValid())
+            PropertyResolver::report(PropertyResolver::eFault::Missing, property, m_coordinate);
+        else if (reference.asInt32() == 0)
+            continue;
+        else if (property == eParameterProperty::HidingDependency)
+            dispatchHiding(key, element);
+        else
+            m_container->dispatchDependencyChange(property, key, m_coordinate, element);
+        if (!guard)
+            return;
+    }
+}
+
+void CoordinateInstanceSet::dispatchHiding(eLivingSpace key, quint16 element)
+{
+    if (!m_hiding)
+        m_hiding = std::make_unique<HidingState>();
+    const auto decision = m_hiding->throttle.decide(m_clock ? (*m_clock)() : QTime::currentTime());
+    if (decision == HidingThrottle::eDecision::Dispatch) {
+        m_container->dispatchDependencyChange(
+            eParameterProperty::HidingDependency, key, m_coordinate, element);
+        return;
+    }
+    const QPointer<CoordinateInstanceSet> guard(this);
+    if (decision == HidingThrottle::eDecision::SuppressAndReport
+        && System::information()->userAccessLevel() == HidingState::ReportedUserLevel) {
+        System::addCriticalMessage(m_container->domain(),
+            m_coordinate.toText()
+                + tr(" verursacht zyklisch Aktualisierungen der Parametersichtbarkeit. Mehr als "
+                     "zehn davon wurden in den letzten 5 Sekunden unterdrückt!"));
+    }
+    if (guard && !m_hiding->timer)
+        deferHiding(element);
+}
+
+void CoordinateInstanceSet::deferHiding(quint16 element)
+{
+    m_hiding->deferredElement = element;
+    m_hiding->timer = new QTimer(this);
+    m_hiding->timer->setSingleShot(true);
+    m_hiding->timer->setInterval(HidingThrottle::Deferral);
+    connect(m_hiding->timer, &QTimer::timeout, this,
+        &CoordinateInstanceSet::onSuppressedHidingTimerTimedout);
+    m_hiding->timer->start();
+}
+
+void CoordinateInstanceSet::onSuppressedHidingTimerTimedout()
+{
+    if (!m_hiding || !m_hiding->timer)
+        return;
+    const QPointer<CoordinateInstanceSet> guard(this);
+    m_container->dispatchDependencyChange(eParameterProperty::HidingDependency,
+        eLivingSpace::Global, m_coordinate, m_hiding->deferredElement);
+    if (!guard)
+        return;
+    m_hiding->timer->deleteLater();
+    m_hiding->timer = nullptr;
+}

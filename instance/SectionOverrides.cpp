@@ -1,0 +1,121 @@
+#include "instance/SectionOverrides.h"
+
+#include <KrMultilingual/ParameterText.h>
+#include <LmUtilities/IniSection.h>
+
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+
+#include <charconv>
+#include <optional>
+
+namespace {
+
+constexpr QByteArrayView ValuePrefix("P_");
+constexpr QByteArrayView TagPrefix("PC_");
+
+struct Place {
+    quint16 element;
+    eParameterProperty property;
+};
+
+QByteArray keyOf(QByteArrayView prefix, const PropertyResolver::Override &entry)
+{
+    return prefix.toByteArray() + QByteArray::number(entry.element) + '_'
+        + QByteArray::number(quint32(entry.property));
+}
+
+/// Reads "<element>_<property>", both in plain decimal digits.
+std::optional<Place> placeOf(QByteArrayView text)
+{
+    quint16 element = 0;
+    quint32 property = 0;
+    const char *end = text.data() + text.size();
+    const auto [afterElement, elementError] = std::from_chars(text.data(), end, element);
+    if (elementError != std::errc() || afterElement == end || *afterElement != '_')
+        return std::nullopt;
+    const auto [afterProperty, propertyError] = std::from_chars(afterElement + 1, end, property);
+    if (propertyError != std::errc() || afterProperty != end)
+        return std::nullopt;
+    return Place {element, eParameterProperty(property)};
+}
+
+/// JSON leaves what lies beyond ASCII as it is; "\u00e9" survives Latin-1.
+QString escaped(const QByteArray &json)
+{
+    QString text;
+    for (const QChar c : QString::fromUtf8(json)) {
+        if (c.unicode() < 0x80)
+            text += c;
+        else
+            text += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
+    }
+    return text;
+}
+
+QString textOf(const ParameterProperty &value)
+{
+    const QVariant &variant = value.asVariant();
+    if (variant.metaType() != QMetaType::fromType<ParameterText>())
+        return value.asString();
+    const auto text = variant.value<ParameterText>();
+    QJsonObject object;
+    for (const QString &language : text.languages())
+        object.insert(language, QJsonArray {text.shortText(language), text.longText(language)});
+    return escaped(QJsonDocument(object).toJson(QJsonDocument::Compact));
+}
+
+/// The text in the type in which the definition holds the property.
+ParameterProperty valueOf(const QString &text, const ParameterProperty &defined)
+{
+    const QMetaType type = defined.asVariant().metaType();
+    if (type != QMetaType::fromType<ParameterText>()) {
+        QVariant value(text);
+        return ParameterProperty(value.convert(type) ? value : QVariant(text));
+    }
+    ParameterText value;
+    const QJsonObject object = QJsonDocument::fromJson(text.toUtf8()).object();
+    for (auto it = object.begin(); it != object.end(); ++it) {
+        const QJsonArray texts = it.value().toArray();
+        value.setText(it.key(), texts.at(0).toString(), texts.at(1).toString());
+    }
+    return ParameterProperty(
+        object.isEmpty() ? QVariant(text) : QVariant::fromValue(value));
+}
+
+} // namespace
+
+void SectionOverrides::save(
+    LmIniParser::IniSection &section, const std::vector<PropertyResolver::Override> &overrides)
+{
+    for (const PropertyResolver::Override &entry : overrides) {
+        section.write(keyOf(ValuePrefix, entry), textOf(entry.value).toLatin1());
+        if (!entry.changeTag.isEmpty())
+            section.write(keyOf(TagPrefix, entry), entry.changeTag.toLatin1());
+    }
+}
+
+std::vector<PropertyResolver::Override> SectionOverrides::load(
+    const LmIniParser::IniSection &section, bool utf8, const PropertyResolver &properties)
+{
+    const auto decoded = [utf8](QByteArrayView bytes) {
+        return utf8 ? QString::fromUtf8(bytes) : QString::fromLatin1(bytes);
+    };
+    std::vector<PropertyResolver::Override> overrides;
+    for (qsizetype i = 0; i < section.keyCount(); ++i) {
+        const QByteArrayView key = section.keyAt(i);
+        if (!key.startsWith(ValuePrefix))
+            continue;
+        const std::optional<Place> place = placeOf(key.sliced(ValuePrefix.size()));
+        if (!place || !properties.isDefined(place->element, place->property))
+            continue;
+        PropertyResolver::Override entry {place->element, place->property,
+            valueOf(decoded(section.read(key)),
+                properties.readDefined(place->element, place->property)),
+            {}};
+        entry.changeTag = decoded(section.read(keyOf(TagPrefix, entry)));
+        overrides.push_back(std::move(entry));
+    }
+    return overrides;
+}

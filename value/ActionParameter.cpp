@@ -1,0 +1,8 @@
+#include <KrParameterInstance/ActionParameter.h>
+
+ActionParameter::ActionParameter(QObject *parent)
+    : QObject(parent)
+{
+}
+
+ActionParameter::~ActionParameter() = default;

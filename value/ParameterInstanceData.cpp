@@ -1,0 +1,491 @@
+#include "value/ParameterInstanceData.h"
+
+#include "value/ElementCatalogue.h"
+#include "value/RejectionReport.h"
+#include "value/ValueTextConverter.h"
+
+#include <KrFirmware/ParameterFunctionProvider.h>
+#include <KrParameterDefinition/ParameterDefinition.h>
+#include <KrParameterDefinition/ParameterException.h>
+#include <KrParameterInstance/ParameterContainer.h>
+#include <KrParameterInstance/ParameterSetup.h>
+#include <KrSystem/System.h>
+#include <LmUtilities/IniSection.h>
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QPointer>
+#include <QtCore/QRegularExpression>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+namespace {
+
+quint32 lastSerialNumber = 0;
+
+/// A stored text is never null, so that null means "not there".
+QString stored(const QString &text)
+{
+    return text.isNull() ? QString(QLatin1String("")) : text;
+}
+
+/// Stores the text. True where it differs from the one that was there.
+bool remember(QString &text, const QString &now)
+{
+    const bool isChanged = text.isNull() || text != now;
+    text = now;
+    return isChanged;
+}
+
+/// The four keys of one element. "V_1_0" ends "DV_1_0", so two buffers carry them all.
+class SectionKeys {
+public:
+    SectionKeys(quint32 axisNumber, quint16 element)
+    {
+        char *end = m_text.data() + Prefix;
+        end = std::to_chars(end, m_text.data() + m_text.size(), axisNumber).ptr;
+        *end++ = '_';
+        end = std::to_chars(end, m_text.data() + m_text.size(), element).ptr;
+        m_length = end - m_text.data() - Prefix;
+        std::copy_n(m_text.data() + Prefix, m_length, m_tag.data() + TagPrefix);
+    }
+
+    QByteArrayView value() const { return {m_text.data() + 1, Prefix - 1 + m_length}; }
+    QByteArrayView defaultValue() const { return {m_text.data(), Prefix + m_length}; }
+    QByteArrayView valueTag() const { return {m_tag.data() + 1, TagPrefix - 1 + m_length}; }
+    QByteArrayView defaultTag() const { return {m_tag.data(), TagPrefix + m_length}; }
+
+private:
+    static constexpr qsizetype Prefix = 3;
+    static constexpr qsizetype TagPrefix = 4;
+
+    std::array<char, 24> m_text {'D', 'V', '_'};
+    std::array<char, 24> m_tag {'D', 'V', 'C', '_'};
+    qsizetype m_length = 0;
+};
+
+QString decoded(QByteArrayView bytes, bool utf8)
+{
+    return stored(utf8 ? QString::fromUtf8(bytes) : QString::fromLatin1(bytes));
+}
+
+} // namespace
+
+ParameterInstanceData::ParameterInstanceData()
+    : m_delegate(this)
+    , m_serialNumber(++lastSerialNumber)
+{
+}
+
+ParameterInstanceData::~ParameterInstanceData() = default;
+
+void ParameterInstanceData::setOwner(
+    ParameterSetup *owner, const ElementCatalogue *elements, eLivingSpace livingSpace)
+{
+    m_owner = owner;
+    m_elements = elements;
+    m_axisNumber = quint32(livingSpace);
+}
+
+void ParameterInstanceData::rearrange(const ElementCatalogue &before, const ElementCatalogue &after)
+{
+    if (!before.isRecord() && !after.isRecord())
+        return;
+    std::vector<ElementTexts> texts;
+    const QList<quint16> elements = before.list();
+    for (qsizetype i = 0; i < elements.size() && size_t(i) < m_texts.size(); ++i) {
+        const qsizetype position = after.position(elements.at(i));
+        if (position == ElementCatalogue::NoPosition)
+            continue;
+        if (texts.size() <= size_t(position))
+            texts.resize(size_t(position) + 1);
+        texts[size_t(position)] = std::move(m_texts[size_t(i)]);
+    }
+    m_texts = std::move(texts);
+}
+
+QString ParameterInstanceData::value(quint16 element)
+{
+    const ElementTexts *texts = find(element);
+    if (texts && !texts->value.isNull())
+        return texts->value;
+    checkElement(element);
+    if (texts && texts->isDefaultInProgress)
+        return defaultValue(element);
+    const QPointer<ParameterSetup> owner(m_owner);
+    const QString text = defaultValue(element);
+    if (owner)
+        setValue(element, text);
+    return text;
+}
+
+QString ParameterInstanceData::defaultValue(quint16 element)
+{
+    const ElementTexts *texts = find(element);
+    if (texts && !texts->defaultValue.isNull())
+        return texts->defaultValue;
+    if (!m_owner)
+        throw ParameterException(ParameterException::NoOwningInstanceSet);
+    const ParameterDefinition *definition = m_elements->definition();
+    // Deliberate: a simple parameter answers every element beyond its defined count with the default
+    // of element 0.
+    const bool isBeyond = !m_elements->isRecord() && definition && definition->elementCount() <= element;
+    if (isBeyond && element != 0)
+        return defaultValue(0);
+    checkElement(element);
+    return computeDefault(element);
+}
+
+QString ParameterInstanceData::computeDefault(quint16 element)
+{
+    ValueTextConverter converter(*m_owner);
+    const QString text
+        = converter.adoptDefault(m_elements->definition()->elementDefaultValue(element), element);
+    ParameterFunctionProvider *firmware = provider();
+    // Correcting a default may read this very element; it is answered with the uncorrected text.
+    if (entry(element).isDefaultInProgress)
+        return text;
+    QString corrected = text;
+    if (firmware) {
+        const QPointer<ParameterSetup> owner(m_owner);
+        entry(element).isDefaultInProgress = true;
+        corrected = firmware->correctValue(text, &m_delegate, element);
+        if (!owner)
+            return corrected;
+        entry(element).isDefaultInProgress = false;
+    }
+    setDefaultValue(element, corrected);
+    return corrected;
+}
+
+void ParameterInstanceData::setValue(quint16 element, const QString &nativeText)
+{
+    ElementTexts &texts = entry(element);
+    texts.value = stored(nativeText);
+    texts.valueTag = currentTag();
+}
+
+void ParameterInstanceData::setDefaultValue(quint16 element, const QString &nativeText)
+{
+    ElementTexts &texts = entry(element);
+    texts.defaultValue = stored(nativeText);
+    texts.defaultTag = currentTag();
+}
+
+QString ParameterInstanceData::valueChangeTag(quint16 element) const
+{
+    const ElementTexts *texts = find(element);
+    return texts ? texts->valueTag : QString();
+}
+
+QString ParameterInstanceData::defaultValueChangeTag(quint16 element) const
+{
+    const ElementTexts *texts = find(element);
+    return texts ? texts->defaultTag : QString();
+}
+
+void ParameterInstanceData::setValueChangeTag(quint16 element, const QString &tag)
+{
+    entry(element).valueTag = tag;
+}
+
+void ParameterInstanceData::setDefaultValueChangeTag(quint16 element, const QString &tag)
+{
+    entry(element).defaultTag = tag;
+}
+
+QStringList ParameterInstanceData::changeTags() const
+{
+    QSet<QString> distinct;
+    for (const ElementTexts &texts : m_texts)
+        distinct << texts.valueTag << texts.defaultTag;
+    QStringList tags(distinct.begin(), distinct.end());
+    tags.removeAll(QString());
+    tags.sort();
+    return tags;
+}
+
+void ParameterInstanceData::checkElement(quint16 element) const
+{
+    if (!m_owner)
+        throw ParameterException(ParameterException::NoOwningInstanceSet);
+    if (!m_elements->contains(element))
+        throw ParameterException(ParameterException::ElementNotInParameter);
+}
+
+ParameterAddress ParameterInstanceData::address(quint16 element) const
+{
+    const bool isFirstAxis = m_axisNumber == 0 || m_owner->isGlobalParameter();
+    return ParameterAddress(
+        isFirstAxis ? 0 : quint8(m_axisNumber - 1), m_owner->coordinate(), element);
+}
+
+QString ParameterInstanceData::addressText(quint16 element) const
+{
+    checkElement(element);
+    return address(element).toText(m_owner->isGlobalParameter(), m_elements->isElementNamed());
+}
+
+bool ParameterInstanceData::checkValue(quint16 element, const QString &nativeText)
+{
+    checkElement(element);
+    ParameterFunctionProvider *firmware = provider();
+    if (!firmware)
+        return true;
+    const QPointer<ParameterSetup> owner(m_owner);
+    const quint32 code = firmware->checkValue(nativeText, &m_delegate, element);
+    if (!owner)
+        return false;
+    if (code == 0)
+        return true;
+    firmware = provider();
+    const QString corrected
+        = firmware ? firmware->correctValue(nativeText, &m_delegate, element) : nativeText;
+    if (owner)
+        reportRejection(element, corrected, code);
+    return false;
+}
+
+void ParameterInstanceData::reportRejection(
+    quint16 element, const QString &nativeText, quint32 code)
+{
+    const QPointer<ParameterSetup> owner(m_owner);
+    const QString valueText = toValueText(element, nativeText);
+    if (!owner)
+        return;
+    const QString shown
+        = owner->prepareValueText(valueText, livingSpace(), element, true, nullptr);
+    if (!owner)
+        return;
+    System::addCriticalMessage(
+        container()->domain(), RejectionReport::rejectionMessage(addressText(element), shown, code));
+}
+
+bool ParameterInstanceData::isWritable(quint16 element) const
+{
+    return m_owner->elementProperty(element, eParameterProperty::NoWrite).asUint32() == 0;
+}
+
+QString ParameterInstanceData::toValueText(quint16 element, const QString &nativeText) const
+{
+    ParameterFunctionProvider *firmware = provider();
+    return firmware ? firmware->valueText(nativeText, &m_delegate, element) : nativeText;
+}
+
+QString ParameterInstanceData::toNativeText(quint16 element, const QString &valueText) const
+{
+    ParameterFunctionProvider *firmware = provider();
+    return firmware ? firmware->nativeText(valueText, &m_delegate, element) : valueText;
+}
+
+QString ParameterInstanceData::lowerLimit(quint16 element) const
+{
+    ParameterFunctionProvider *firmware = provider();
+    const QString limit = firmware ? firmware->lowerLimit(&m_delegate, element) : QString();
+    return limit.isEmpty() ? m_delegate.lowerLimitValue(element) : limit;
+}
+
+QString ParameterInstanceData::upperLimit(quint16 element) const
+{
+    ParameterFunctionProvider *firmware = provider();
+    const QString limit = firmware ? firmware->upperLimit(&m_delegate, element) : QString();
+    return limit.isEmpty() ? m_delegate.upperLimitValue(element) : limit;
+}
+
+void ParameterInstanceData::runFunction(eFunctionKind kind, quint16 element)
+{
+    if (ParameterFunctionProvider *firmware = provider())
+        firmware->runFunction(kind, &m_delegate, element);
+}
+
+bool ParameterInstanceData::updateLimits(quint16 element)
+{
+    const QPointer<ParameterSetup> owner(m_owner);
+    const QString lower = lowerLimit(element);
+    const QString upper = owner ? upperLimit(element) : QString();
+    if (!owner)
+        return false;
+    if (!m_told)
+        m_told = std::make_unique<QHash<quint16, Told>>();
+    return remember((*m_told)[element].limits, lower + QChar(QChar::Null) + upper);
+}
+
+bool ParameterInstanceData::updateUnits(quint16 element, const QString &unitTexts)
+{
+    if (!m_told)
+        m_told = std::make_unique<QHash<quint16, Told>>();
+    return remember((*m_told)[element].units, unitTexts);
+}
+
+bool ParameterInstanceData::isHidden(quint16 element)
+{
+    const ElementTexts *texts = find(element);
+    return texts && texts->isHiddenKnown ? texts->isHidden : updateHidden(element);
+}
+
+bool ParameterInstanceData::updateHidden(quint16 element)
+{
+    ParameterFunctionProvider *firmware = provider();
+    const QPointer<ParameterSetup> owner(m_owner);
+    const bool isHidden = firmware && firmware->isHidden(&m_delegate, element);
+    if (!owner)
+        return isHidden;
+    ElementTexts &texts = entry(element);
+    texts.isHidden = isHidden;
+    texts.isHiddenKnown = true;
+    return isHidden;
+}
+
+bool ParameterInstanceData::isHiddenKnown(quint16 element) const
+{
+    const ElementTexts *texts = find(element);
+    return texts && texts->isHiddenKnown;
+}
+
+void ParameterInstanceData::correctUntagged(
+    quint16 element, const QString &tag, const QString &expectedValueText)
+{
+    checkElement(element);
+    const QPointer<ParameterSetup> owner(m_owner);
+    const auto report = [this](const char *text) {
+        System::addInformationMessage(container()->domain(),
+            QCoreApplication::translate("ParameterInstanceData", text)
+                .arg(m_owner->coordinate().toText()));
+    };
+    if (valueChangeTag(element).isEmpty()) {
+        if (toValueText(element, value(element)) != expectedValueText) {
+            owner->setNativeValue(livingSpace(), element, expectedValueText);
+            if (!owner)
+                return;
+            report(QT_TRANSLATE_NOOP("ParameterInstanceData", "Wert von Parameter %1 korrigiert!"));
+        }
+        if (owner)
+            setValueChangeTag(element, tag);
+    }
+    if (!owner || !defaultValueChangeTag(element).isEmpty())
+        return;
+    if (toValueText(element, defaultValue(element)) != expectedValueText) {
+        owner->setDefaultNativeValue(livingSpace(), element, expectedValueText);
+        if (!owner)
+            return;
+        report(
+            QT_TRANSLATE_NOOP("ParameterInstanceData", "Default-Wert von Parameter %1 korrigiert!"));
+    }
+    if (owner)
+        setDefaultValueChangeTag(element, tag);
+}
+
+QString ParameterInstanceData::namedText(const QString &name) const
+{
+    return m_namedTexts ? m_namedTexts->value(name) : QString();
+}
+
+void ParameterInstanceData::setNamedText(const QString &name, const QString &text)
+{
+    if (!m_namedTexts)
+        m_namedTexts = std::make_unique<QHash<QString, QString>>();
+    m_namedTexts->insert(name, text);
+}
+
+ParameterInstanceData::Changes ParameterInstanceData::discard(
+    const QString &name, const QRegularExpression &tagPattern)
+{
+    if (m_namedTexts)
+        m_namedTexts->remove(name);
+    Changes changes;
+    if (!tagPattern.isValid())
+        return changes;
+    const auto isDiscarded = [&tagPattern](const QString &text, const QString &tag) {
+        return !text.isNull() && !tag.isEmpty() && tagPattern.match(tag).hasMatch();
+    };
+    const QList<quint16> elements = m_elements->list();
+    for (size_t i = 0; i < m_texts.size(); ++i) {
+        ElementTexts &texts = m_texts[i];
+        const bool isShown = qsizetype(i) < elements.size();
+        if (isDiscarded(texts.value, texts.valueTag)) {
+            texts.value = QString();
+            if (isShown)
+                changes.values.append(elements.at(qsizetype(i)));
+        }
+        if (isDiscarded(texts.defaultValue, texts.defaultTag)) {
+            texts.defaultValue = QString();
+            if (isShown)
+                changes.defaults.append(elements.at(qsizetype(i)));
+        }
+    }
+    return changes;
+}
+
+ParameterInstanceData::Changes ParameterInstanceData::loadFromSection(
+    const LmIniParser::IniSection &section, bool utf8)
+{
+    Changes changes;
+    const QString tag = currentTag();
+    const QList<quint16> elements = m_elements->list();
+    if (m_texts.size() < size_t(elements.size()))
+        m_texts.resize(size_t(elements.size()));
+    for (qsizetype i = 0; i < elements.size(); ++i) {
+        const SectionKeys keys(m_axisNumber, elements.at(i));
+        ElementTexts &texts = m_texts[size_t(i)];
+        const auto take = [&](QByteArrayView key, QByteArrayView tagKey, QString &text, QString &textTag) {
+            const QString loaded = decoded(section.read(key), utf8);
+            const bool isChanged = text.isNull() || text != loaded;
+            text = loaded;
+            textTag = section.contains(tagKey) ? decoded(section.read(tagKey), utf8) : tag;
+            return isChanged;
+        };
+        if (take(keys.value(), keys.valueTag(), texts.value, texts.valueTag))
+            changes.values.append(elements.at(i));
+        if (take(keys.defaultValue(), keys.defaultTag(), texts.defaultValue, texts.defaultTag))
+            changes.defaults.append(elements.at(i));
+    }
+    return changes;
+}
+
+void ParameterInstanceData::saveToSection(LmIniParser::IniSection &section)
+{
+    for (const quint16 element : m_elements->list()) {
+        const SectionKeys keys(m_axisNumber, element);
+        section.write(keys.value(), value(element).toLatin1());
+        const QString valueTag = valueChangeTag(element);
+        if (!valueTag.isEmpty())
+            section.write(keys.valueTag(), valueTag.toLatin1());
+        section.write(keys.defaultValue(), defaultValue(element).toLatin1());
+        const QString defaultTag = defaultValueChangeTag(element);
+        if (!defaultTag.isEmpty())
+            section.write(keys.defaultTag(), defaultTag.toLatin1());
+    }
+}
+
+const ParameterInstanceData::ElementTexts *ParameterInstanceData::find(quint16 element) const
+{
+    if (!m_elements)
+        return nullptr;
+    const auto position = size_t(m_elements->position(element));
+    return position < m_texts.size() ? &m_texts[position] : nullptr;
+}
+
+ParameterInstanceData::ElementTexts &ParameterInstanceData::entry(quint16 element)
+{
+    checkElement(element);
+    const auto position = size_t(m_elements->position(element));
+    if (position >= m_texts.size())
+        m_texts.resize(position + 1);
+    return m_texts[position];
+}
+
+ParameterContainer *ParameterInstanceData::container() const
+{
+    return m_owner->parameterContainer();
+}
+
+ParameterFunctionProvider *ParameterInstanceData::provider() const
+{
+    return container()->functionProvider();
+}
+
+QString ParameterInstanceData::currentTag() const
+{
+    return container()->parameterChangeTag();
+}
