@@ -1,0 +1,94 @@
+#include "FunctionTables.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+using enum eParameterProperty;
+
+struct FunctionKey {
+    QLatin1StringView key;
+    eParameterProperty property;
+};
+
+constexpr FunctionKey FunctionKeys[] = {
+    {QLatin1StringView("limit"), LimitFunctionIndex},
+    {QLatin1StringView("scaling"), ScalingFunctionIndex},
+    {QLatin1StringView("hiding"), HidingFunctionIndex},
+    {QLatin1StringView("preRead"), PrereadFunctionIndex},
+    {QLatin1StringView("preWrite"), PrewriteFunctionIndex},
+    {QLatin1StringView("postRead"), PostreadFunctionIndex},
+    {QLatin1StringView("postWrite"), PostwriteFunctionIndex},
+};
+
+constexpr eParameterProperty SystemStringProperties[] = {
+    ChoiceMapCommonTextIndex,
+    ScaledMeasuringUnitCommonTextIndex,
+    NativeMeasuringUnitCommonTextIndex,
+    FieldbusMeasuringUnitCommonTextIndex,
+};
+
+constexpr qint32 LastIndex = std::numeric_limits<quint16>::max();
+
+bool namesSystemString(eParameterProperty property)
+{
+    return std::find(std::begin(SystemStringProperties), std::end(SystemStringProperties), property)
+        != std::end(SystemStringProperties);
+}
+
+template <typename Value>
+quint16 lastKey(const QMap<qint32, Value> &table)
+{
+    return table.isEmpty() ? 0 : quint16(table.lastKey());
+}
+
+} // namespace
+
+void FunctionTables::readFunctions(const JsonValue &functions, const DescriptionReader &reader)
+{
+    reader.expectKeys(functions,
+        {FunctionKeys[0].key, FunctionKeys[1].key, FunctionKeys[2].key, FunctionKeys[3].key,
+            FunctionKeys[4].key, FunctionKeys[5].key, FunctionKeys[6].key});
+    for (const FunctionKey &kind : FunctionKeys) {
+        const JsonValue *table = functions.member(kind.key);
+        if (!table)
+            continue;
+        for (const JsonValue::Member &member : reader.object(*table)) {
+            const std::optional<qint32> index = reader.numberKey(member, 1, LastIndex);
+            if (index)
+                m_functions[kind.property].insert(*index, reader.text(member.value));
+        }
+    }
+}
+
+void FunctionTables::readSystemStrings(const JsonValue &strings, const DescriptionReader &reader)
+{
+    for (const JsonValue::Member &member : reader.object(strings)) {
+        const std::optional<qint32> number = reader.numberKey(member, 1, LastIndex);
+        if (number)
+            m_systemStrings.insert(*number, reader.multilingualText(member.value));
+    }
+}
+
+quint16 FunctionTables::maximum(eParameterProperty indexProperty) const
+{
+    if (namesSystemString(indexProperty))
+        return lastKey(m_systemStrings);
+    const auto table = m_functions.find(indexProperty);
+    return table == m_functions.end() ? 0 : lastKey(table->second);
+}
+
+void FunctionTables::checkIndex(eParameterProperty indexProperty, qint64 index, const JsonValue &at,
+    DescriptionFindings &findings) const
+{
+    if (index <= maximum(indexProperty))
+        return;
+    const QString kind = namesSystemString(indexProperty) ? QStringLiteral("system string")
+                                                          : QStringLiteral("function");
+    findings.warn(at,
+        QStringLiteral("there is no %1 %2; the highest is %3")
+            .arg(kind)
+            .arg(index)
+            .arg(maximum(indexProperty)));
+}

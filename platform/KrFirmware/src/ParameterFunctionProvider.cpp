@@ -1,0 +1,3 @@
+#include <KrFirmware/ParameterFunctionProvider.h>
+
+ParameterFunctionProvider::~ParameterFunctionProvider() = default;

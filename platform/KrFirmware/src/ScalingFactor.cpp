@@ -1,0 +1,60 @@
+#include "ScalingFactor.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace {
+
+constexpr size_t TextSize = 32;
+
+} // namespace
+
+ScalingFactor ScalingFactor::fromWidenedFloat(double value)
+{
+    if (value == 0 || !(std::abs(value) <= double(std::numeric_limits<float>::max())))
+        return {};
+
+    std::array<char, TextSize> text;
+    const char *const end = std::to_chars(
+        text.data(), text.data() + text.size(), float(value), std::chars_format::scientific)
+                                .ptr;
+    ScalingFactor result;
+    const char *at = text.data();
+    result.isNegative = *at == '-';
+    if (result.isNegative)
+        ++at;
+
+    bool hasPoint = false;
+    for (; *at != 'e'; ++at) {
+        if (*at == '.') {
+            hasPoint = true;
+            continue;
+        }
+        result.coefficient = result.coefficient * 10 + quint32(*at - '0');
+        result.exponent -= hasPoint ? 1 : 0;
+    }
+    ++at;
+    if (*at == '+')
+        ++at;
+    int written = 0;
+    std::from_chars(at, end, written);
+    result.exponent += written;
+    return result;
+}
+
+double ScalingFactor::toDouble() const
+{
+    std::array<char, TextSize> text;
+    char *at = text.data();
+    char *const end = at + text.size();
+    if (isNegative)
+        *at++ = '-';
+    at = std::to_chars(at, end, coefficient).ptr;
+    *at++ = 'e';
+    at = std::to_chars(at, end, exponent).ptr;
+    double result = 0;
+    std::from_chars(text.data(), at, result);
+    return result;
+}
