@@ -14,7 +14,9 @@ from pathlib import Path
 
 import jsonschema
 
-FOLDER = Path(__file__).resolve().parents[2] / "devices"
+PROJECT = Path(__file__).resolve().parents[2]
+FOLDER = PROJECT / "devices"
+FORMAT_PAGE = PROJECT / "docs" / "formats" / "device-description.md"
 SHIPPED = ("four-axis-controller.json", "two-axis-drive.json")
 SCHEMA = "device-description.schema.json"
 
@@ -278,6 +280,12 @@ class Schema(unittest.TestCase):
             with self.subTest(name):
                 errors = self.validator.iter_errors(read_json(name))
                 self.assertEqual([f"{e.json_path}: {e.message}" for e in errors], [])
+
+    def test_accepts_the_example_of_the_format_page(self):
+        page = FORMAT_PAGE.read_text(encoding="utf-8")
+        examples = re.findall(r"^```json$(.*?)^```$", page, re.DOTALL | re.MULTILINE)
+        self.assertEqual(len(examples), 1)
+        self.assertEqual(list(self.validator.iter_errors(json.loads(examples[0]))), [])
 
     def test_accepts_the_base_of_the_broken_variants(self):
         self.assertEqual(list(self.validator.iter_errors(VALID)), [])
