@@ -226,3 +226,20 @@ QString DisplayForms::choiceEntryText(
         return text;
     return reference->resolve(information.parameterContainer(), livingSpace).value_or(text);
 }
+
+ParameterTextMap DisplayForms::choiceTexts(const Place &place)
+{
+    const ParameterTextMap choice = choiceOf(place);
+    ParameterTextMap texts;
+    for (const qint32 key : choice.keys()) {
+        ParameterText entry = choice.text(key);
+        const QString shown = choiceEntryText(entry, place.information, place.livingSpace);
+        // Only a placeholder shows another text than its own; it does so in every language.
+        if (shown != entry.longText()) {
+            for (const QString &language : entry.languages())
+                entry.setText(language, shown, shown);
+        }
+        texts.insert(key, entry);
+    }
+    return texts;
+}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <KrMultilingual/ParameterTextMap.h>
 #include <KrParameterDefinition/eLivingSpace.h>
 
 #include <QtCore/QString>
@@ -37,6 +38,9 @@ std::optional<QString> read(int kind, const QString &displayText, const Place &p
 /// A definition's default, which is in no display form: "255" stays 255 for a hexadecimal parameter
 /// and the point is "." in every locale. Outer blanks of a decimal number are dropped.
 QString readDefault(int kind, const QString &text, const Place &place);
+
+/// The entries of the element's choice, placeholders replaced; empty where it has none.
+ParameterTextMap choiceTexts(const Place &place);
 
 /// The text of a choice entry in the active language, a placeholder replaced by the display text of
 /// the parameter that it names; one that cannot be resolved stays as it stands.

@@ -165,6 +165,14 @@ char upperCase(char c)
     return c >= 'a' && c <= 'z' ? char(c - 'a' + 'A') : c;
 }
 
+template <typename Number>
+QString shortestOf(Number value)
+{
+    std::array<char, 64> buffer;
+    const auto printed = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
+    return QString::fromLatin1(buffer.data(), printed.ptr - buffer.data());
+}
+
 } // namespace
 
 double NumberText::toDouble(QStringView text)
@@ -193,6 +201,16 @@ void NumberText::appendGeneral(QString &out, double value, int precision)
         std::chars_format::general, printedPrecision(precision));
     std::transform(buffer.data(), printed.ptr, buffer.data(), upperCase);
     appendPrinted(out, buffer.data(), printed.ptr);
+}
+
+QString NumberText::shortest(double value)
+{
+    return shortestOf(value);
+}
+
+QString NumberText::shortest(float value)
+{
+    return shortestOf(value);
 }
 
 std::optional<qint64> NumberText::toInteger(QStringView text)

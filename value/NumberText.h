@@ -25,6 +25,10 @@ void appendFixed(QString &out, double value, int precision);
 /// Appends what C `printf` prints for "%.*G". Precision as above.
 void appendGeneral(QString &out, double value, int precision);
 
+/// The shortest text that reads back as the same number; "inf" and "nan" where it is none.
+QString shortest(double value);
+QString shortest(float value);
+
 /// A whole text that is one decimal integer, blanks around it allowed; empty for any other text and
 /// for a number beyond 64 bits.
 std::optional<qint64> toInteger(QStringView text);

@@ -46,3 +46,8 @@ QString ValueTextConverter::format(
         return {};
     return DisplayForms::show(kind, text, {m_information, livingSpace, element, QString()});
 }
+
+ParameterTextMap ValueTextConverter::choiceTexts(eLivingSpace livingSpace, quint16 element) const
+{
+    return DisplayForms::choiceTexts({m_information, livingSpace, element, QString()});
+}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <KrMultilingual/ParameterTextMap.h>
 #include <KrParameterDefinition/eLivingSpace.h>
 
 #include <QtCore/QString>
@@ -26,6 +27,10 @@ public:
     QString adoptDefault(const QString &text, quint16 element);
     /// A text in the form of a given parameter kind, without unit; an empty text stays empty.
     QString format(const QString &text, eLivingSpace livingSpace, quint16 element, int kind);
+
+    /// The entries of the element's choice, placeholders replaced by what they stand for; empty where
+    /// the element has no choice.
+    ParameterTextMap choiceTexts(eLivingSpace livingSpace, quint16 element) const;
 
     /// Of the last call, one text for each fault; empty: the call succeeded.
     const QStringList &problems() const { return m_problems; }
