@@ -1,6 +1,7 @@
 #include "ElementBuilder.h"
 
 #include "Integer.h"
+#include "NativeTextReader.h"
 #include "RealText.h"
 #include "ValueCheck.h"
 

@@ -1,5 +1,7 @@
 #include "ScalingFactor.h"
 
+#include <QtCore/QByteArray>
+
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -46,15 +48,8 @@ ScalingFactor ScalingFactor::fromWidenedFloat(double value)
 
 double ScalingFactor::toDouble() const
 {
-    std::array<char, TextSize> text;
-    char *at = text.data();
-    char *const end = at + text.size();
-    if (isNegative)
-        *at++ = '-';
-    at = std::to_chars(at, end, coefficient).ptr;
-    *at++ = 'e';
-    at = std::to_chars(at, end, exponent).ptr;
+    const QByteArray text = QByteArray::number(coefficient) + 'e' + QByteArray::number(exponent);
     double result = 0;
-    std::from_chars(text.data(), at, result);
-    return result;
+    std::from_chars(text.constData(), text.constData() + text.size(), result);
+    return isNegative ? -result : result;
 }
