@@ -49,11 +49,10 @@ bool ComparisonSelection::accepts(const ParameterInformation *information) const
     for (const eLivingSpace livingSpace : information->livingSpaces()) {
         if (!m_livingSpaces.contains(livingSpace))
             continue;
-        const bool isAccepted
-            = std::any_of(elements.begin(), elements.end(), [&](quint16 element) {
-                  tested.load(information, livingSpace, element);
-                  return m_filter.testElement(tested);
-              });
+        const bool isAccepted = std::any_of(elements.begin(), elements.end(), [&](quint16 element) {
+            tested.load(information, livingSpace, element);
+            return m_filter.testElement(tested);
+        });
         if (isAccepted)
             return true;
     }
