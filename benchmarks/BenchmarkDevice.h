@@ -1,0 +1,49 @@
+#pragma once
+
+#include <KrFirmware/ServoDriveFirmware.h>
+#include <KrParameterInstance/ParameterContainer.h>
+
+#include <QtCore/QByteArray>
+#include <QtCore/QList>
+#include <QtCore/QString>
+
+#include <memory>
+
+/// A device of any number of equal parameters on four axes: 32-bit values in 0.01 A with limits.
+class BenchmarkDevice {
+public:
+    static constexpr int AxisCount = 4;
+
+    explicit BenchmarkDevice(int parameterCount);
+
+    ServoDriveFirmware *firmware() const { return m_firmware.get(); }
+    qint64 valueCount() const { return qint64(m_coordinates.size()) * AxisCount; }
+    const QList<ParameterCoordinate> &coordinates() const { return m_coordinates; }
+    const QList<ParameterDefinition *> &definitions() const { return m_definitions; }
+    /// One text a parameter and axis.
+    const QList<QString> &locatorTexts() const { return m_locatorTexts; }
+
+    /// Creates every parameter on every axis.
+    void fill(ParameterContainer &container) const;
+
+private:
+    std::unique_ptr<ServoDriveFirmware> m_firmware;
+    QList<ParameterCoordinate> m_coordinates;
+    QList<ParameterDefinition *> m_definitions;
+    QList<QString> m_locatorTexts;
+};
+
+/// A device of one record parameter on one axis.
+class BenchmarkRecord {
+public:
+    explicit BenchmarkRecord(int elementCount);
+
+    ServoDriveFirmware *firmware() const { return m_firmware.get(); }
+    ParameterCoordinate coordinate() const;
+    qint64 valueCount() const { return m_elementCount; }
+    void fill(ParameterContainer &container) const;
+
+private:
+    std::unique_ptr<ServoDriveFirmware> m_firmware;
+    int m_elementCount;
+};

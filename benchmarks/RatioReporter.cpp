@@ -1,0 +1,68 @@
+#include "RatioReporter.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+namespace {
+
+double median(std::vector<double> values)
+{
+    const auto middle = values.begin() + std::ptrdiff_t(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+/// Of the time a value between the smallest and the largest size.
+double growthExponent(const std::map<long long, std::vector<double>> &times)
+{
+    if (times.size() < 2)
+        return 0.0;
+    const double grown = median(times.rbegin()->second) / median(times.begin()->second);
+    return std::log(grown) / std::log(double(times.rbegin()->first) / double(times.begin()->first));
+}
+
+} // namespace
+
+void RatioReporter::ReportRuns(const std::vector<Run> &runs)
+{
+    ConsoleReporter::ReportRuns(runs);
+    for (const Run &run : runs) {
+        if (run.run_type != Run::RT_Iteration || run.error_occurred)
+            continue;
+        const std::string name = run.benchmark_name();
+        const size_t first = name.find('/');
+        const size_t second = name.find('/', first + 1);
+        if (first == std::string::npos || second == std::string::npos)
+            continue;
+        const bool isLimit = name.compare(first + 1, second - first - 1, "limit") == 0;
+        Series &series = m_series[name.substr(0, first)];
+        const long long size = std::atoll(name.c_str() + second + 1);
+        const double perValue = 1e9 / run.counters.at("items_per_second").value;
+        (isLimit ? series.limit : series.library)[size].push_back(perValue);
+    }
+}
+
+void RatioReporter::printRatios(long long referenceSize) const
+{
+    std::printf("\n%-28s %8s %12s %12s %8s %8s\n", "operation", "size", "limit ns", "library ns",
+        "ratio", "bound");
+    for (const auto &[operation, series] : m_series) {
+        for (const auto &[size, times] : series.library) {
+            const auto limit = series.limit.find(size);
+            if (limit == series.limit.end())
+                continue;
+            const double ratio = median(times) / median(limit->second);
+            std::printf("%-28s %8lld %12.1f %12.1f %8.2f", operation.c_str(), size,
+                median(limit->second), median(times), ratio);
+            const auto bound = m_bounds.find(operation);
+            if (bound != m_bounds.end() && size == referenceSize)
+                std::printf(" %8.2f%s", bound->second, ratio > bound->second ? "  over" : "");
+            std::printf("\n");
+        }
+        if (series.library.size() > 1) {
+            std::printf("%-28s growth exponent: limit %+.3f, library %+.3f\n", operation.c_str(),
+                growthExponent(series.limit), growthExponent(series.library));
+        }
+    }
+}
