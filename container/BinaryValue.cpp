@@ -13,8 +13,8 @@ namespace {
 QByteArray packInteger(const QString &text, const SimpleType &type, eByteOrder order)
 {
     ByteArraySupport support(order);
-    const quint64 value = type.kind() == SimpleType::SignedInteger ? quint64(text.toLongLong())
-                                                                   : text.toULongLong();
+    const quint64 value =
+        type.kind() == SimpleType::SignedInteger ? quint64(text.toLongLong()) : text.toULongLong();
     support.appendInteger(value, int(type.sizeInBytes()));
     return support.bytes();
 }
@@ -22,7 +22,7 @@ QByteArray packInteger(const QString &text, const SimpleType &type, eByteOrder o
 QByteArray packFloat(const QString &text, const SimpleType &type, eByteOrder order)
 {
     ByteArraySupport support(order);
-    const double value = NumberText::read(text);
+    const double value = NumberText::toDouble(text);
     if (type.sizeInBytes() == sizeof(double))
         support.appendDouble(value);
     else
@@ -52,8 +52,8 @@ eByteOrder BinaryValue::byteOrder(bool isBigEndian)
 
 const SimpleType *BinaryValue::typeOf(const ParameterInformation &information, quint16 element)
 {
-    const quint32 id
-        = information.elementProperty(element, eParameterProperty::Datatype).asUint32();
+    const quint32 id =
+        information.elementProperty(element, eParameterProperty::Datatype).asUint32();
     return DatatypeProvider::instance()->simpleType(quint8(id));
 }
 

@@ -18,12 +18,12 @@ public:
     ~CallbackProviderDelegate() = default;
     Q_DISABLE_COPY_MOVE(CallbackProviderDelegate)
 
-    QString readValue(int livingSpace, unsigned short coordinate, unsigned short element,
-        bool withUnit) override;
-    QString readValueNative(int livingSpace, unsigned short coordinate, unsigned short element,
-        bool withUnit) override;
-    QString readUndecoratedValue(int livingSpace, unsigned short coordinate,
-        unsigned short element, bool withUnit) override;
+    QString readValue(
+        int livingSpace, unsigned short coordinate, unsigned short element, bool withUnit) override;
+    QString readValueNative(
+        int livingSpace, unsigned short coordinate, unsigned short element, bool withUnit) override;
+    QString readUndecoratedValue(
+        int livingSpace, unsigned short coordinate, unsigned short element, bool withUnit) override;
     void writeValue(int livingSpace, unsigned short coordinate, unsigned short element,
         const QString &text) override;
     void writeValueNative(int livingSpace, unsigned short coordinate, unsigned short element,

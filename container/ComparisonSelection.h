@@ -15,7 +15,7 @@ public:
     explicit ComparisonSelection(eLivingSpace livingSpace);
 
     /// Whether one of the parameter's values passes.
-    bool accepts(ParameterInformation *information) const;
+    bool accepts(const ParameterInformation *information) const;
 
 private:
     QList<eLivingSpace> m_livingSpaces;

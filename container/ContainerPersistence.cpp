@@ -35,8 +35,7 @@ void ContainerPersistence::load(const QByteArray &block, ParameterContainerPriva
     parser.setIniText(block);
     const QPointer<ParameterContainerPrivate> guard(&container);
     for (const QByteArray &name : parser.allSectionNames()) {
-        CoordinateInstanceSet *set
-            = container.find(ParameterCoordinate(QString::fromLatin1(name)));
+        CoordinateInstanceSet *set = container.find(ParameterCoordinate(QString::fromLatin1(name)));
         if (set)
             set->loadFromSection(*parser.section(name), parser.utf8Encoded());
         if (!guard)

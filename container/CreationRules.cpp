@@ -21,8 +21,8 @@ CreationRules::LivingSpaces CreationRules::livingSpaces(
             return {{eLivingSpace::Global}};
         if (hasPhysicalAxes)
             return {{eLivingSpace::Axis1, eLivingSpace::Axis2}};
-        return {{eLivingSpace::Axis1, eLivingSpace::Axis2, eLivingSpace::Axis3,
-            eLivingSpace::Axis4}};
+        return {
+            {eLivingSpace::Axis1, eLivingSpace::Axis2, eLivingSpace::Axis3, eLivingSpace::Axis4}};
     }
     if (!locator.hasLivingSpace())
         return {{}, eProblem::RelativeLocator};

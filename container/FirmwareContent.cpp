@@ -13,7 +13,7 @@ struct IndexKind {
     quint16 (ServoDriveFirmware::*maximum)() const;
 };
 
-constexpr std::array<IndexKind, FirmwareContent::KindCount> Kinds { {
+constexpr std::array<IndexKind, FirmwareContent::KindCount> Kinds {{
     {"SystemStringNumber", eParameterProperty::ChoiceMapCommonTextIndex,
         &ServoDriveFirmware::maximumSystemStringNumber},
     {"ScalingFunctionIndex", eParameterProperty::ScalingFunctionIndex,
@@ -30,7 +30,7 @@ constexpr std::array<IndexKind, FirmwareContent::KindCount> Kinds { {
         &ServoDriveFirmware::maximumPostreadFunctionIndex},
     {"PrewriteFunctionIndex", eParameterProperty::PrewriteFunctionIndex,
         &ServoDriveFirmware::maximumPrewriteFunctionIndex},
-} };
+}};
 
 } // namespace
 
@@ -38,8 +38,7 @@ void FirmwareContent::add(const ParameterInformation &information)
 {
     for (const quint16 element : information.elementList()) {
         for (size_t i = 0; i < Kinds.size(); ++i) {
-            const ParameterProperty value
-                = information.elementProperty(element, Kinds[i].property);
+            const ParameterProperty value = information.elementProperty(element, Kinds[i].property);
             if (!value.isValid())
                 continue;
             if (Kinds[i].property != eParameterProperty::ChoiceMapCommonTextIndex) {

@@ -135,8 +135,8 @@ void ParameterContainer::clear()
 void ParameterContainer::clear(const QString &name)
 {
     // Deliberate: the stores of one device state keep global values, that of state 0 does not.
-    const bool isGlobalExempt
-        = name.startsWith(QLatin1String("ts_")) && !name.startsWith(QLatin1String("ts_0"));
+    const bool isGlobalExempt =
+        name.startsWith(QLatin1String("ts_")) && !name.startsWith(QLatin1String("ts_0"));
     const QRegularExpression tagPattern(name);
     const QPointer<ParameterContainer> guard(this);
     for (const QPointer<CoordinateInstanceSet> &set : d->guardedSets()) {
@@ -163,8 +163,8 @@ QList<QString> ParameterContainer::queryParameterAnchors(
 {
     QString pattern = locatorText;
     pattern.replace(QLatin1Char('.'), QLatin1String("\\."));
-    pattern = QLatin1Char('^') + pattern
-        + (exact ? QLatin1String(";") : QLatin1String("(\\.(\\d+))+;"));
+    pattern =
+        QLatin1Char('^') + pattern + (exact ? QLatin1String(";") : QLatin1String("(\\.(\\d+))+;"));
     const QRegularExpression expression(pattern);
     QList<QString> anchors;
     if (!expression.isValid())
@@ -208,8 +208,7 @@ QList<ParameterCoordinate> ParameterContainer::compareParameterCoordinateList(
     return list;
 }
 
-ActionParameter *ParameterContainer::createAction(
-    QString coordinateText, eLivingSpace livingSpace)
+ActionParameter *ParameterContainer::createAction(QString coordinateText, eLivingSpace livingSpace)
 {
     const QPointer<ParameterSetup> setup = parameterSetup(ParameterCoordinate(coordinateText));
     return setup ? new ActionParameterImplementation(setup, livingSpace) : nullptr;
@@ -244,8 +243,8 @@ QString ParameterContainer::readUndecoratedValue(eLivingSpace livingSpace,
     return set ? set->valueText(livingSpace, element, withUnit) : QString();
 }
 
-void ParameterContainer::writeValue(eLivingSpace livingSpace,
-    const ParameterCoordinate &coordinate, quint16 element, const QString &text)
+void ParameterContainer::writeValue(eLivingSpace livingSpace, const ParameterCoordinate &coordinate,
+    quint16 element, const QString &text)
 {
     if (CoordinateInstanceSet *set = d->find(coordinate))
         set->setValueText(livingSpace, element, text);
@@ -320,9 +319,8 @@ void ParameterContainer::setBlockUsedParameters(const QList<QString> &addressTex
 bool ParameterContainer::isParameterBlockUsed(const ParameterAddress &address) const
 {
     return std::any_of(d->blockUsedAddresses.cbegin(), d->blockUsedAddresses.cend(),
-        [number = address.toNumber()](const ParameterAddress &used) {
-            return used.toNumber() == number;
-        });
+        [number = address.toNumber()](
+            const ParameterAddress &used) { return used.toNumber() == number; });
 }
 
 QList<ParameterAddress> ParameterContainer::parameterAddressList(const QString &name)
@@ -393,14 +391,17 @@ void ParameterContainer::updateParameterChangeTagsIfEmpty(
                 fill(set, d->livingSpace(address), address.element(), it.value());
         }
     };
-    each(valueTags, [](CoordinateInstanceSet *set, eLivingSpace livingSpace, quint16 element,
-                        const QString &tag) {
-        if (set->attribute(livingSpace, element, QStringLiteral("ValueChangeTag")).isEmpty())
-            set->setValueChangeTag(livingSpace, element, tag);
-    });
-    each(defaultTags, [](CoordinateInstanceSet *set, eLivingSpace livingSpace, quint16 element,
-                          const QString &tag) {
-        if (set->attribute(livingSpace, element, QStringLiteral("DefaultValueChangeTag")).isEmpty())
-            set->setDefaultValueChangeTag(livingSpace, element, tag);
-    });
+    each(valueTags,
+        [](CoordinateInstanceSet *set, eLivingSpace livingSpace, quint16 element,
+            const QString &tag) {
+            if (set->attribute(livingSpace, element, QStringLiteral("ValueChangeTag")).isEmpty())
+                set->setValueChangeTag(livingSpace, element, tag);
+        });
+    each(defaultTags,
+        [](CoordinateInstanceSet *set, eLivingSpace livingSpace, quint16 element,
+            const QString &tag) {
+            if (set->attribute(livingSpace, element, QStringLiteral("DefaultValueChangeTag"))
+                    .isEmpty())
+                set->setDefaultValueChangeTag(livingSpace, element, tag);
+        });
 }

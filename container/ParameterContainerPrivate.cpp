@@ -52,8 +52,7 @@ ParameterContainerPrivate::ParameterContainerPrivate(ParameterContainer *contain
         &ParameterContainer::accessLevelUpdateFinished);
     connect(System::information(), &SystemInformation::userAccessLevelParameterChanged, this,
         &ParameterContainerPrivate::updateAllParameterVisibility);
-    connect(owner, &ParameterContainer::onlineChanged, this,
-        &ParameterContainerPrivate::setOnline);
+    connect(owner, &ParameterContainer::onlineChanged, this, &ParameterContainerPrivate::setOnline);
     liveContainers.append(owner);
 }
 
@@ -95,8 +94,8 @@ bool ParameterContainerPrivate::hasPhysicalAxes() const
 {
     if (!firmware)
         return false;
-    const DeviceFamilyInformation *family
-        = HardwareRepository::instance()->deviceFamily(firmware->deviceFamilyIdentifier());
+    const DeviceFamilyInformation *family =
+        HardwareRepository::instance()->deviceFamily(firmware->deviceFamilyIdentifier());
     return family && family->hasPhysicalAxes();
 }
 
@@ -129,8 +128,8 @@ bool ParameterContainerPrivate::createOrUpdate(
     if (known && known->definition())
         return update(known, definition);
 
-    const CreationRules::LivingSpaces spaces
-        = CreationRules::livingSpaces(locator, definition, hasPhysicalAxes());
+    const CreationRules::LivingSpaces spaces =
+        CreationRules::livingSpaces(locator, definition, hasPhysicalAxes());
     if (spaces.problem == CreationRules::eProblem::SystemMultiInstance) {
         System::addWarningMessage(MessageTitle,
             QStringLiteral("no instance for system defined multi instance parameter"));
@@ -229,13 +228,12 @@ void ParameterContainerPrivate::createInstance(ParameterDefinition *definition,
 void ParameterContainerPrivate::noteMapping(CoordinateInstanceSet *set)
 {
     mappingSets.removeOne(set);
-    const QList<quint16> elements = set->isRecordParameter() ? set->elementList()
-                                                             : QList<quint16> {0};
-    const bool isMapping
-        = std::any_of(elements.begin(), elements.end(), [set](quint16 element) {
-              return set->elementProperty(element, eParameterProperty::ParameterKind).asInt32()
-                  == MappingKind;
-          });
+    const QList<quint16> elements =
+        set->isRecordParameter() ? set->elementList() : QList<quint16> {0};
+    const bool isMapping = std::any_of(elements.begin(), elements.end(), [set](quint16 element) {
+        return set->elementProperty(element, eParameterProperty::ParameterKind).asInt32()
+            == MappingKind;
+    });
     if (isMapping)
         mappingSets.append(set);
 }
@@ -450,8 +448,7 @@ QVariant ParameterContainerPrivate::datatypeProperty(quint16 coordinate, const Q
         return {};
     // A record need not have an element 0; its first element stands for it then.
     const quint16 element = elements.contains(0) ? quint16(0) : elements.first();
-    const quint32 id
-        = set->elementProperty(element, eParameterProperty::Datatype).asUint32();
+    const quint32 id = set->elementProperty(element, eParameterProperty::Datatype).asUint32();
     const SimpleType *type = DatatypeProvider::instance()->simpleType(quint8(id));
     if (!type)
         return {};
@@ -480,8 +477,7 @@ void ParameterContainerPrivate::onCoordinateChanged(
 {
     // Comes once for each value of the moved set; the first one moves it.
     const auto found = coordinateSets.find(oldAddress.coordinate());
-    if (found == coordinateSets.end()
-        || found->second.set->coordinate() != newAddress.coordinate())
+    if (found == coordinateSets.end() || found->second.set->coordinate() != newAddress.coordinate())
         return;
     auto node = coordinateSets.extract(found);
     node.key() = newAddress.coordinate();

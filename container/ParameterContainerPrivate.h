@@ -71,8 +71,8 @@ public:
     // What the firmware's functions ask; see CallbackProvider.
     QString readForFirmware(CallbackProviderDelegate::eForm form, int livingSpace,
         quint16 coordinate, quint16 element, bool withUnit);
-    void writeForFirmware(CallbackProviderDelegate::eForm form, int livingSpace,
-        quint16 coordinate, quint16 element, const QString &text);
+    void writeForFirmware(CallbackProviderDelegate::eForm form, int livingSpace, quint16 coordinate,
+        quint16 element, const QString &text);
     QVariant parameterProperty(
         quint16 coordinate, const QString &key, const QVariant &fallback) const;
     QVariant elementProperty(quint16 coordinate, quint16 element, quint32 property) const;

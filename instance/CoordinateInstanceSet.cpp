@@ -121,14 +121,15 @@ CoordinateInstanceSet::Access CoordinateInstanceSet::access(
     const ParameterInstanceData &record, quint16 element) const
 {
     return {
-        .write = {
-            .isReadOnly = m_container->isReadOnly(),
-            .isRecordWritable = record.isWritable(element),
-            .isOnline = m_container->isOnline(),
-            .writeLevel = m_properties.read(element, eParameterProperty::WriteLevel).asInt32(),
-            .kind = m_properties.read(element, eParameterProperty::ParameterKind).asInt32(),
-            .userLevel = System::information()->userAccessLevel(),
-        },
+        .write =
+            {
+                .isReadOnly = m_container->isReadOnly(),
+                .isRecordWritable = record.isWritable(element),
+                .isOnline = m_container->isOnline(),
+                .writeLevel = m_properties.read(element, eParameterProperty::WriteLevel).asInt32(),
+                .kind = m_properties.read(element, eParameterProperty::ParameterKind).asInt32(),
+                .userLevel = System::information()->userAccessLevel(),
+            },
         .isHidden = isHidden(record.livingSpace(), element),
         .readLevel = m_properties.read(element, eParameterProperty::ReadLevel).asUint32(),
     };
@@ -164,10 +165,10 @@ void CoordinateInstanceSet::onAccessLevelChanged(quint32 oldLevel)
         const Access now = access(*record, element);
         Access before = now;
         before.write.userLevel = oldLevel;
-        const bool isVisibilityChanged
-            = now.isVisible(now.write.userLevel) != before.isVisible(oldLevel);
-        const bool isWritabilityChanged
-            = AccessRules::isWritable(now.write) != AccessRules::isWritable(before.write);
+        const bool isVisibilityChanged =
+            now.isVisible(now.write.userLevel) != before.isVisible(oldLevel);
+        const bool isWritabilityChanged =
+            AccessRules::isWritable(now.write) != AccessRules::isWritable(before.write);
         if (isVisibilityChanged && !emitVisibilityChanged(livingSpace, element))
             return;
         if (isWritabilityChanged)
@@ -202,7 +203,8 @@ void CoordinateInstanceSet::loadFromSection(const LmIniParser::IniSection &secti
     }
     QList<std::pair<eLivingSpace, ParameterInstanceData::Changes>> changes;
     for (const eLivingSpace livingSpace : m_instances.livingSpaces())
-        changes.append({livingSpace, m_instances.find(livingSpace)->loadFromSection(section, utf8)});
+        changes.append(
+            {livingSpace, m_instances.find(livingSpace)->loadFromSection(section, utf8)});
     m_properties.replaceOverrides(SectionOverrides::load(section, utf8, m_properties));
 
     const QPointer<CoordinateInstanceSet> guard(this);
@@ -393,8 +395,8 @@ quint32 CoordinateInstanceSet::instanceSerialNumber(eLivingSpace livingSpace) co
 
 ParameterAddress CoordinateInstanceSet::address(eLivingSpace livingSpace, quint16 element) const
 {
-    const bool isFurtherAxis
-        = livingSpace >= eLivingSpace::Axis2 && livingSpace <= eLivingSpace::Axis4;
+    const bool isFurtherAxis =
+        livingSpace >= eLivingSpace::Axis2 && livingSpace <= eLivingSpace::Axis4;
     return ParameterAddress(
         isFurtherAxis ? quint8(qint32(livingSpace) - 1) : quint8(0), m_coordinate, element);
 }
@@ -417,8 +419,8 @@ QStringList CoordinateInstanceSet::sortedChangeTagList() const
 {
     QStringList tags;
     for (const ParameterCoordinate &other : m_container->parameterList()) {
-        const auto *set
-            = qobject_cast<CoordinateInstanceSet *>(m_container->parameterSetup(other).data());
+        const auto *set =
+            qobject_cast<CoordinateInstanceSet *>(m_container->parameterSetup(other).data());
         const bool isRelated = set && m_definition
             && (m_definition->isParameterIdentical(set->m_definition)
                 || m_definition->versionsOfTheSameParameter(set->m_definition));
@@ -483,8 +485,8 @@ QString CoordinateInstanceSet::displayValueText(
     return AccessRules::masked(text,
         {.isOnline = false,
             .isReadOnly = false,
-            .isShownOffline
-            = m_properties.read(element, eParameterProperty::ShownOffline).asUint32() != 0,
+            .isShownOffline =
+                m_properties.read(element, eParameterProperty::ShownOffline).asUint32() != 0,
             .writeLevel = level,
             .userLevel = System::information()->userAccessLevel()});
 }
@@ -553,8 +555,8 @@ QString CoordinateInstanceSet::formattedNativeValueText(
     ParameterInstanceData *found = record(livingSpace, element);
     if (!found)
         return {};
-    const QString text = ValueTextConverter(*this).format(
-        found->value(element), livingSpace, element, kind);
+    const QString text =
+        ValueTextConverter(*this).format(found->value(element), livingSpace, element, kind);
     return withUnit
         ? this->withUnit(text, eParameterProperty::NativeMeasuringUnit, livingSpace, element)
         : text;
@@ -595,9 +597,8 @@ QString CoordinateInstanceSet::adoptValueText(
     if (!m_elements.contains(element))
         return {};
     ValueTextConverter converter(*this);
-    const QString unitText = m_properties
-                                 .read(element, eParameterProperty::ScaledMeasuringUnit)
-                                 .isValid()
+    const QString unitText =
+        m_properties.read(element, eParameterProperty::ScaledMeasuringUnit).isValid()
         ? unit(eParameterProperty::ScaledMeasuringUnit, livingSpace, element).longText()
         : QString();
     const QString text = converter.adopt(displayText, livingSpace, element, unitText);
@@ -605,13 +606,12 @@ QString CoordinateInstanceSet::adoptValueText(
         return text;
     if (ok)
         *ok = false;
-    reportConversion(
-        &RejectionReport::adoptingMessage, converter.problems(), livingSpace, element);
+    reportConversion(&RejectionReport::adoptingMessage, converter.problems(), livingSpace, element);
     return text;
 }
 
-void CoordinateInstanceSet::reportConversion(ConversionMessage message,
-    const QStringList &problems, eLivingSpace livingSpace, quint16 element) const
+void CoordinateInstanceSet::reportConversion(ConversionMessage message, const QStringList &problems,
+    eLivingSpace livingSpace, quint16 element) const
 {
     const ParameterInstanceData *found = record(livingSpace, element);
     const QString place = found ? found->addressText(element) : m_coordinate.toText();
@@ -630,8 +630,8 @@ bool CoordinateInstanceSet::isVisible(eLivingSpace livingSpace, quint16 element)
 {
     if (!m_elements.contains(element) || isHidden(livingSpace, element))
         return false;
-    const ParameterProperty level
-        = m_properties.readReported(element, eParameterProperty::ReadLevel, m_coordinate);
+    const ParameterProperty level =
+        m_properties.readReported(element, eParameterProperty::ReadLevel, m_coordinate);
     return level.isValid()
         && AccessRules::isVisible(
             false, level.asUint32(), System::information()->userAccessLevel());
@@ -656,8 +656,8 @@ quint8 CoordinateInstanceSet::datatype(quint16 element) const
 {
     if (!m_elements.contains(element))
         return 0;
-    return quint8(m_properties.readReported(element, eParameterProperty::Datatype, m_coordinate)
-                      .asUint32());
+    return quint8(
+        m_properties.readReported(element, eParameterProperty::Datatype, m_coordinate).asUint32());
 }
 
 int CoordinateInstanceSet::kind(quint16 element) const
@@ -693,8 +693,7 @@ int CoordinateInstanceSet::decimalPlacesBehind(quint16 element) const
 {
     if (!m_elements.contains(element))
         return 0;
-    return m_properties
-        .readReported(element, eParameterProperty::DecimalPlacesBehind, m_coordinate)
+    return m_properties.readReported(element, eParameterProperty::DecimalPlacesBehind, m_coordinate)
         .asInt32();
 }
 
@@ -733,8 +732,8 @@ ParameterText CoordinateInstanceSet::unit(
     const ParameterProperty value = m_properties.readReported(element, property, m_coordinate);
     if (!value.isValid())
         return {};
-    const MeasuringUnitResolver::Outcome outcome
-        = MeasuringUnitResolver::resolve(value, m_container, livingSpace);
+    const MeasuringUnitResolver::Outcome outcome =
+        MeasuringUnitResolver::resolve(value, m_container, livingSpace);
     if (outcome.problem == MeasuringUnitResolver::eProblem::Unknown)
         PropertyResolver::report(PropertyResolver::eFault::UnknownValue, property, m_coordinate);
     if (outcome.problem == MeasuringUnitResolver::eProblem::Inconvertible)
@@ -816,8 +815,8 @@ QString CoordinateInstanceSet::description(quint16 element) const
             + DescriptionRenderer::html(
                 m_coordinate, name().longText(), m_definition->descriptionText());
     }
-    return DescriptionRenderer::referenceKey(
-        ParameterAddress(0, m_coordinate, element).toTextGlobalInstance(m_elements.isElementNamed()),
+    return DescriptionRenderer::referenceKey(ParameterAddress(0, m_coordinate, element)
+                                                 .toTextGlobalInstance(m_elements.isElementNamed()),
         m_properties.read(element, eParameterProperty::DescriptionReference).asString(),
         elementVersion(element));
 }

@@ -106,7 +106,8 @@ public:
     QString attribute(eLivingSpace livingSpace, quint16 element, const QString &key) const override;
     QString displayValueText(
         eLivingSpace livingSpace, quint16 element, bool withUnit) const override;
-    QString nativeValueText(eLivingSpace livingSpace, quint16 element, bool withUnit) const override;
+    QString nativeValueText(
+        eLivingSpace livingSpace, quint16 element, bool withUnit) const override;
     QString valueText(eLivingSpace livingSpace, quint16 element, bool withUnit) const override;
     QString preparedValueText(
         eLivingSpace livingSpace, quint16 element, bool withUnit) const override;
@@ -162,8 +163,7 @@ public:
         eLivingSpace livingSpace, quint16 element, const QString &valueText) override;
     void setDefaultNativeValueText(
         eLivingSpace livingSpace, quint16 element, const QString &nativeText) override;
-    bool setValueChangeTag(
-        eLivingSpace livingSpace, quint16 element, const QString &tag) override;
+    bool setValueChangeTag(eLivingSpace livingSpace, quint16 element, const QString &tag) override;
     bool setDefaultValueChangeTag(
         eLivingSpace livingSpace, quint16 element, const QString &tag) override;
 
@@ -196,7 +196,8 @@ private:
     eLivingSpace key(eLivingSpace livingSpace) const;
     /// Null for an element that the parameter lacks and where there is no instance.
     ParameterInstanceData *record(eLivingSpace livingSpace, quint16 element) const;
-    ParameterText unit(eParameterProperty property, eLivingSpace livingSpace, quint16 element) const;
+    ParameterText unit(
+        eParameterProperty property, eLivingSpace livingSpace, quint16 element) const;
     QString withUnit(const QString &text, eParameterProperty property, eLivingSpace livingSpace,
         quint16 element) const;
     QString limitText(eParameterProperty property, eLivingSpace livingSpace, quint16 element) const;

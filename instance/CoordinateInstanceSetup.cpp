@@ -19,24 +19,23 @@
 
 namespace {
 
-constexpr std::array<eParameterProperty, 3> UnitProperties {
-    eParameterProperty::ScaledMeasuringUnit, eParameterProperty::NativeMeasuringUnit,
-    eParameterProperty::FieldbusMeasuringUnit};
+constexpr std::array<eParameterProperty, 3> UnitProperties {eParameterProperty::ScaledMeasuringUnit,
+    eParameterProperty::NativeMeasuringUnit, eParameterProperty::FieldbusMeasuringUnit};
 
 } // namespace
 
 void CoordinateInstanceSet::setElementCount(quint16 count)
 {
-    const bool isCount
-        = count >= ElementCatalogue::LeastCount && count <= ElementCatalogue::GreatestCount;
+    const bool isCount =
+        count >= ElementCatalogue::LeastCount && count <= ElementCatalogue::GreatestCount;
     if (!isSimpleParameter() || !isCount || m_container->isOnline() || m_container->isReadOnly())
         return;
     m_elements.setCount(count);
     const QPointer<CoordinateInstanceSet> guard(this);
     if (!emitDefinitionChanged())
         return;
-    const ParameterAddress first
-        = address(isGlobalParameter() ? eLivingSpace::Global : eLivingSpace::Axis1, 0);
+    const ParameterAddress first =
+        address(isGlobalParameter() ? eLivingSpace::Global : eLivingSpace::Axis1, 0);
     Q_EMIT nativeValueChanged(first);
     if (guard)
         Q_EMIT m_container->parameterNativeValueChanged(first);
@@ -47,8 +46,8 @@ void CoordinateInstanceSet::setCoordinate(const ParameterCoordinate &coordinate)
     if (!m_definition || !coordinate.isValid() || coordinate == m_coordinate)
         return;
     const bool isDefault = m_definition->defaultCoordinates().contains(coordinate);
-    const bool isMove
-        = coordinate.isMoveable() && (m_coordinate.isMoveable() || !m_coordinate.isValid());
+    const bool isMove =
+        coordinate.isMoveable() && (m_coordinate.isMoveable() || !m_coordinate.isValid());
     if ((!isDefault && !isMove) || m_container->parameterSetup(coordinate))
         return;
 
@@ -87,8 +86,8 @@ void CoordinateInstanceSet::setProperty(
 QList<CoordinateInstanceSet::PropertyAnswer> CoordinateInstanceSet::answers(
     quint16 element, eParameterProperty property) const
 {
-    const QList<quint16> elements
-        = m_elements.isRecord() ? QList<quint16> {element} : m_elements.list();
+    const QList<quint16> elements =
+        m_elements.isRecord() ? QList<quint16> {element} : m_elements.list();
     QList<PropertyAnswer> list;
     for (const eLivingSpace livingSpace : m_instances.livingSpaces()) {
         for (const quint16 each : elements)
@@ -182,8 +181,7 @@ void CoordinateInstanceSet::storeValueText(ParameterInstanceData *record, quint1
     const QString stored = record->value(element);
     if (!guard)
         return;
-    const bool isSame
-        = stored == nativeText || record->toValueText(element, stored) == valueText;
+    const bool isSame = stored == nativeText || record->toValueText(element, stored) == valueText;
     if (!guard)
         return;
     if (isSame) {
@@ -289,8 +287,8 @@ void CoordinateInstanceSet::setParameterNeedsConsistence(
     const ParameterAddress at = address(instanceKey, element);
     if (!record(livingSpace, element))
         return;
-    const ParameterProperty automatic
-        = elementProperty(element, eParameterProperty::AutomaticOnlineUpdate);
+    const ParameterProperty automatic =
+        elementProperty(element, eParameterProperty::AutomaticOnlineUpdate);
     const QPointer<CoordinateInstanceSet> guard(this);
     if (!automatic.isValid()) {
         System::addWarningMessage(QStringLiteral("CoordinateInstanceSet"),

@@ -32,8 +32,7 @@ constexpr eParameterProperty receiverProperty(eParameterProperty dependency)
 /// the receiver's global instance.
 constexpr bool reaches(eLivingSpace source, eLivingSpace receiver)
 {
-    return source == eLivingSpace::Global || receiver == eLivingSpace::Global
-        || source == receiver;
+    return source == eLivingSpace::Global || receiver == eLivingSpace::Global || source == receiver;
 }
 
 } // namespace DependencyPairs

@@ -26,8 +26,8 @@ struct Outcome {
 
 /// A locator takes the referenced parameter's display text without unit, in the given living space or
 /// in the active axis, as the unit in every language.
-Outcome resolve(const ParameterProperty &property, ParameterContainer *container,
-    eLivingSpace livingSpace);
+Outcome resolve(
+    const ParameterProperty &property, ParameterContainer *container, eLivingSpace livingSpace);
 
 /// The coordinate that a locator names; invalid where the property is none.
 ParameterCoordinate locatedCoordinate(const ParameterProperty &property);

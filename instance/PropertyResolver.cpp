@@ -19,7 +19,7 @@ struct PropertyName {
 };
 
 /// As the reports name them.
-constexpr std::array<PropertyName, 18> Names { {
+constexpr std::array<PropertyName, 18> Names {{
     {eParameterProperty::ReadLevel, "readLevel"},
     {eParameterProperty::WriteLevel, "writeLevel"},
     {eParameterProperty::MemoryAllocation, "memoryAllocation"},
@@ -38,7 +38,7 @@ constexpr std::array<PropertyName, 18> Names { {
     {eParameterProperty::PrewriteDependency, "pre write dependency"},
     {eParameterProperty::HidingDependency, "hiding dependency"},
     {eParameterProperty::MeasuringUnitDependency, "measuring unit dependency"},
-} };
+}};
 
 QLatin1String nameOf(eParameterProperty property)
 {
@@ -48,9 +48,8 @@ QLatin1String nameOf(eParameterProperty property)
 }
 
 /// In the order of PropertyResolver::eFault.
-constexpr std::array<const char *, 4> FaultTexts {
-    "missing property", "unknown property value", "inconvertible property value",
-    "invalid definition"};
+constexpr std::array<const char *, 4> FaultTexts {"missing property", "unknown property value",
+    "inconvertible property value", "invalid definition"};
 
 } // namespace
 
@@ -92,8 +91,8 @@ ParameterProperty PropertyResolver::readReported(
 
 int PropertyResolver::writeLevel(quint16 element, const ParameterCoordinate &coordinate) const
 {
-    const ParameterProperty value
-        = readReported(element, eParameterProperty::WriteLevel, coordinate);
+    const ParameterProperty value =
+        readReported(element, eParameterProperty::WriteLevel, coordinate);
     if (!value.isValid())
         return 0;
     bool isNumber = false;

@@ -38,8 +38,8 @@ public:
     /// Invalid where there is none; silent.
     ParameterProperty read(quint16 element, eParameterProperty property) const;
     /// The same. **Reports** a missing one as warning, naming the coordinate.
-    ParameterProperty readReported(quint16 element, eParameterProperty property,
-        const ParameterCoordinate &coordinate) const;
+    ParameterProperty readReported(
+        quint16 element, eParameterProperty property, const ParameterCoordinate &coordinate) const;
     /// **Reports** a level that is missing or no number from 0 on; it answers 0.
     int writeLevel(quint16 element, const ParameterCoordinate &coordinate) const;
 

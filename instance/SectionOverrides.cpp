@@ -80,8 +80,7 @@ ParameterProperty valueOf(const QString &text, const ParameterProperty &defined)
         const QJsonArray texts = it.value().toArray();
         value.setText(it.key(), texts.at(0).toString(), texts.at(1).toString());
     }
-    return ParameterProperty(
-        object.isEmpty() ? QVariant(text) : QVariant::fromValue(value));
+    return ParameterProperty(object.isEmpty() ? QVariant(text) : QVariant::fromValue(value));
 }
 
 } // namespace

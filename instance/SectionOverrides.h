@@ -15,7 +15,8 @@ class IniSection;
 /// to [short, long] with every character beyond ASCII escaped, so that it survives Latin-1.
 namespace SectionOverrides {
 
-void save(LmIniParser::IniSection &section, const std::vector<PropertyResolver::Override> &overrides);
+void save(
+    LmIniParser::IniSection &section, const std::vector<PropertyResolver::Override> &overrides);
 /// Only for properties that the definition knows; everything else is passed over.
 std::vector<PropertyResolver::Override> load(
     const LmIniParser::IniSection &section, bool utf8, const PropertyResolver &properties);

@@ -95,9 +95,9 @@ bool ActionParameterImplementation::isEnabled() const
     // Deliberate: a running action counts as enabled whatever the drive's state.
     if (!isIdle())
         return true;
-    const qint32 requirement
-        = m_parameter->elementProperty(ControlElement, eParameterProperty::EnableOffRequired)
-              .asInt32();
+    const qint32 requirement =
+        m_parameter->elementProperty(ControlElement, eParameterProperty::EnableOffRequired)
+            .asInt32();
     return requirement != RequiresEnableOff || !isDriveEnabled(deviceState());
 }
 

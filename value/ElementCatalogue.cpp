@@ -51,8 +51,8 @@ qsizetype ElementCatalogue::position(quint16 element) const
     if (!m_positions)
         return element < m_count ? element : NoPosition;
     const auto &entries = m_positions->entries;
-    const auto found = std::lower_bound(
-        entries.begin(), entries.end(), std::pair<quint16, quint16>(element, 0));
+    const auto found =
+        std::lower_bound(entries.begin(), entries.end(), std::pair<quint16, quint16>(element, 0));
     return found != entries.end() && found->first == element ? found->second : NoPosition;
 }
 

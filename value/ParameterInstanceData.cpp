@@ -130,7 +130,8 @@ QString ParameterInstanceData::defaultValue(quint16 element)
     const ParameterDefinition *definition = m_elements->definition();
     // Deliberate: a simple parameter answers every element beyond its defined count with the default
     // of element 0.
-    const bool isBeyond = !m_elements->isRecord() && definition && definition->elementCount() <= element;
+    const bool isBeyond =
+        !m_elements->isRecord() && definition && definition->elementCount() <= element;
     if (isBeyond && element != 0)
         return defaultValue(0);
     checkElement(element);
@@ -140,8 +141,8 @@ QString ParameterInstanceData::defaultValue(quint16 element)
 QString ParameterInstanceData::computeDefault(quint16 element)
 {
     ValueTextConverter converter(*m_owner);
-    const QString text
-        = converter.adoptDefault(m_elements->definition()->elementDefaultValue(element), element);
+    const QString text =
+        converter.adoptDefault(m_elements->definition()->elementDefaultValue(element), element);
     ParameterFunctionProvider *firmware = provider();
     // Correcting a default may read this very element; it is answered with the uncorrected text.
     if (entry(element).isDefaultInProgress)
@@ -240,8 +241,8 @@ bool ParameterInstanceData::checkValue(quint16 element, const QString &nativeTex
     if (code == 0)
         return true;
     firmware = provider();
-    const QString corrected
-        = firmware ? firmware->correctValue(nativeText, &m_delegate, element) : nativeText;
+    const QString corrected =
+        firmware ? firmware->correctValue(nativeText, &m_delegate, element) : nativeText;
     if (owner)
         reportRejection(element, corrected, code);
     return false;
@@ -254,12 +255,11 @@ void ParameterInstanceData::reportRejection(
     const QString valueText = toValueText(element, nativeText);
     if (!owner)
         return;
-    const QString shown
-        = owner->prepareValueText(valueText, livingSpace(), element, true, nullptr);
+    const QString shown = owner->prepareValueText(valueText, livingSpace(), element, true, nullptr);
     if (!owner)
         return;
-    System::addCriticalMessage(
-        container()->domain(), RejectionReport::rejectionMessage(addressText(element), shown, code));
+    System::addCriticalMessage(container()->domain(),
+        RejectionReport::rejectionMessage(addressText(element), shown, code));
 }
 
 bool ParameterInstanceData::isWritable(quint16 element) const
@@ -369,8 +369,8 @@ void ParameterInstanceData::correctUntagged(
         owner->setDefaultNativeValue(livingSpace(), element, expectedValueText);
         if (!owner)
             return;
-        report(
-            QT_TRANSLATE_NOOP("ParameterInstanceData", "Default-Wert von Parameter %1 korrigiert!"));
+        report(QT_TRANSLATE_NOOP(
+            "ParameterInstanceData", "Default-Wert von Parameter %1 korrigiert!"));
     }
     if (owner)
         setDefaultValueChangeTag(element, tag);
@@ -428,7 +428,8 @@ ParameterInstanceData::Changes ParameterInstanceData::loadFromSection(
     for (qsizetype i = 0; i < elements.size(); ++i) {
         const SectionKeys keys(m_axisNumber, elements.at(i));
         ElementTexts &texts = m_texts[size_t(i)];
-        const auto take = [&](QByteArrayView key, QByteArrayView tagKey, QString &text, QString &textTag) {
+        const auto take = [&](QByteArrayView key, QByteArrayView tagKey, QString &text,
+                              QString &textTag) {
             const QString loaded = decoded(section.read(key), utf8);
             const bool isChanged = text.isNull() || text != loaded;
             text = loaded;

@@ -45,7 +45,8 @@ public:
     /// Counts the records of the process from 1.
     quint32 serialNumber() const { return m_serialNumber; }
     /// **Owner** of both is the instance set, which owns the record too.
-    void setOwner(ParameterSetup *owner, const ElementCatalogue *elements, eLivingSpace livingSpace);
+    void setOwner(
+        ParameterSetup *owner, const ElementCatalogue *elements, eLivingSpace livingSpace);
     ParameterSetup *owner() const { return m_owner; }
     /// Number of the record in saved keys and its living space.
     quint32 axisNumber() const { return m_axisNumber; }

@@ -97,8 +97,8 @@ public:
     QByteArray nativeValueBinary(const ParameterAddress &address, bool byteOrder) const;
     /// **Refused** an array shorter than the data type. `fromDevice` is true for bytes that come from
     /// the device, false for a program's own write.
-    void setNativeValueBinary(const ParameterAddress &address, const QByteArray &bytes,
-        bool byteOrder, bool fromDevice);
+    void setNativeValueBinary(
+        const ParameterAddress &address, const QByteArray &bytes, bool byteOrder, bool fromDevice);
 
     /// The living space of the active axis, which "E84" selects.
     /// **Reports** a missing "E84" as warning where the device family has no physical axes.
@@ -130,8 +130,8 @@ public:
     /// Returns the tag that was current before.
     QString setParameterChangeTag(const QString &tag);
     /// Address texts to tags; only tags that are still empty are filled in.
-    void updateParameterChangeTagsIfEmpty(const QMap<QString, QString> &valueTags,
-        const QMap<QString, QString> &defaultTags);
+    void updateParameterChangeTagsIfEmpty(
+        const QMap<QString, QString> &valueTags, const QMap<QString, QString> &defaultTags);
 
 private:
     friend class ParameterContainerPrivate;

@@ -60,7 +60,8 @@ public:
     virtual bool hasElementProperty(quint16 element, eParameterProperty property) const = 0;
     /// The fixed answers (100, 101, 103, 105, 106, 107), else the instance's override, else the
     /// definition's value; invalid where there is none.
-    virtual ParameterProperty elementProperty(quint16 element, eParameterProperty property) const = 0;
+    virtual ParameterProperty elementProperty(
+        quint16 element, eParameterProperty property) const = 0;
     virtual bool isPropertySettable(quint16 element, eParameterProperty property) const = 0;
     virtual bool hasPropertyOverride(quint16 element, eParameterProperty property) const = 0;
     /// For exactly this living space, also of a global parameter.
@@ -107,8 +108,8 @@ public:
         quint16 element, bool withUnit, bool *ok) const = 0;
     /// Display text to value text. `ok` may be null; it is false when the text was refused.
     /// **Reports** critical, titled with the container's domain.
-    virtual QString adoptValueText(const QString &displayText, eLivingSpace livingSpace,
-        quint16 element, bool *ok) const = 0;
+    virtual QString adoptValueText(
+        const QString &displayText, eLivingSpace livingSpace, quint16 element, bool *ok) const = 0;
     virtual bool isHidden(eLivingSpace livingSpace, quint16 element) const = 0;
     virtual bool isVisible(eLivingSpace livingSpace, quint16 element) const = 0;
     virtual bool isWritable(eLivingSpace livingSpace, quint16 element) const = 0;

@@ -44,14 +44,14 @@ public:
     QString elementName(ParameterCoordinate coordinate, quint16 element) const;
     quint32 elementReadLevel(ParameterCoordinate coordinate, quint16 element) const;
     /// The display text, with the scaled unit.
-    QString value(eLivingSpace livingSpace, ParameterCoordinate coordinate, quint16 element,
-        bool withUnit);
+    QString value(
+        eLivingSpace livingSpace, ParameterCoordinate coordinate, quint16 element, bool withUnit);
     /// The native text, with the native unit.
-    QString valueNative(eLivingSpace livingSpace, ParameterCoordinate coordinate, quint16 element,
-        bool withUnit);
+    QString valueNative(
+        eLivingSpace livingSpace, ParameterCoordinate coordinate, quint16 element, bool withUnit);
     /// The value text, with the scaled unit.
-    QString undecoratedValue(eLivingSpace livingSpace, ParameterCoordinate coordinate,
-        quint16 element, bool withUnit);
+    QString undecoratedValue(
+        eLivingSpace livingSpace, ParameterCoordinate coordinate, quint16 element, bool withUnit);
 
     /// Takes over every record of the other. **Refused** while a source container is connected.
     bool unite(ParameterValueSnapshot *other);
@@ -61,8 +61,8 @@ public:
     /// **Encoding** UTF-8 with byte-order mark. **Refused** while disabled, and where the file cannot
     /// be opened: false. Errors while writing are not noticed.
     bool saveToTextFile(QString fileName, QList<ParameterCoordinate> coordinates);
-    bool saveToTextFile(QString fileName, QList<ParameterCoordinate> coordinates,
-        QList<eLivingSpace> livingSpaces);
+    bool saveToTextFile(
+        QString fileName, QList<ParameterCoordinate> coordinates, QList<eLivingSpace> livingSpaces);
 
 private:
     ParameterValueSnapshotPrivate *d;

@@ -12,6 +12,9 @@ from pathlib import Path
 
 TABLE = re.compile(r"^(?:vtable|typeinfo|typeinfo name|VTT) for (.+)$")
 FOREIGN = ("std::", "__gnu_cxx::", "QtPrivate::")
+# The linker's own marks, and an interface of KrFirmware without out-of-line operation, whose type
+# information therefore stands in every library that implements it.
+IGNORED = {"__bss_start", "_edata", "_end", "_init", "_fini", "CallbackProvider"}
 
 
 def owner(name):
@@ -32,8 +35,10 @@ def exported_classes(library):
     for line in output.splitlines():
         kind, name = line[17:].split(" ", 1)
         if kind in "ABDGRST" or TABLE.match(name):
-            if not owner(name).startswith(FOREIGN):
-                classes.add(owner(name))
+            found = owner(name)
+            is_function_type = TABLE.match(name) and "(" in found
+            if not found.startswith(FOREIGN) and found not in IGNORED and not is_function_type:
+                classes.add(found)
     return classes
 
 

@@ -30,6 +30,9 @@ public:
     /// Copies both. They may be views that this section handed out.
     void write(QByteArrayView key, QByteArrayView value);
     QList<QByteArray> keys() const;
+    /// For walks: as many keys as keys() lists, each as a view that lasts like a value's.
+    qsizetype keyCount() const { return qsizetype(m_entries.size()); }
+    QByteArrayView keyAt(qsizetype index) const { return m_entries[std::size_t(index)].key; }
 
 private:
     friend class IniParser;

@@ -1,0 +1,88 @@
+#include "snapshot/ParameterValueSnapshotPrivate.h"
+
+#include "snapshot/SnapshotRecordBuilder.h"
+
+#include <KrParameterInstance/ParameterContainer.h>
+#include <KrParameterInstance/ParameterContainerHostInformation.h>
+#include <KrParameterInstance/ParameterInformation.h>
+#include <KrParameterInstance/ParameterValueSnapshot.h>
+
+ParameterValueSnapshotPrivate::ParameterValueSnapshotPrivate(
+    ParameterContainer *container, ParameterValueSnapshot *owner)
+    : QObject(owner)
+    , sourceContainer(container)
+    , owner(owner)
+{
+}
+
+ParameterValueSnapshotPrivate::~ParameterValueSnapshotPrivate() = default;
+
+const SnapshotRecord *ParameterValueSnapshotPrivate::record(
+    const ParameterCoordinate &coordinate) const
+{
+    const auto found = records.constFind(coordinate);
+    return found == records.cend() ? nullptr : &*found;
+}
+
+const SnapshotValue &ParameterValueSnapshotPrivate::value(
+    eLivingSpace livingSpace, const ParameterCoordinate &coordinate, quint16 element) const
+{
+    const SnapshotRecord *found = record(coordinate);
+    return found ? found->value(livingSpace, element) : SnapshotValue::none();
+}
+
+void ParameterValueSnapshotPrivate::apply(const Filter &usedFilter)
+{
+    const QPointer<ParameterValueSnapshotPrivate> self(this);
+    filter = &usedFilter;
+    rebuild();
+    if (self)
+        filter = nullptr;
+}
+
+/// Filter and firmware may do anything while they are asked, so that the container or this snapshot
+/// may be gone afterwards.
+void ParameterValueSnapshotPrivate::rebuild()
+{
+    records.clear();
+    if (!sourceContainer)
+        return;
+    livingSpaceSet = takenLivingSpaces();
+    const QPointer<ParameterValueSnapshotPrivate> self(this);
+    const QPointer<ParameterContainer> container(sourceContainer);
+    const QList<ParameterCoordinate> coordinates = container->parameterList();
+    SnapshotRecordBuilder builder(livingSpaceSet, filter);
+    SnapshotRecords built;
+    built.reserve(coordinates.size());
+    for (const ParameterCoordinate &coordinate : coordinates) {
+        if (!container)
+            break;
+        if (std::optional<SnapshotRecord> record =
+                builder.build(container->parameterInformation(coordinate)))
+            built.insert(coordinate, *std::move(record));
+    }
+    if (self)
+        records = std::move(built);
+}
+
+bool ParameterValueSnapshotPrivate::unite(const ParameterValueSnapshotPrivate *other)
+{
+    if (sourceContainer)
+        return false;
+    if (!other)
+        return true;
+    records.insert(other->records);
+    livingSpaceSet.unite(other->livingSpaceSet);
+    return true;
+}
+
+/// Living space 0, and what the host offers.
+QSet<eLivingSpace> ParameterValueSnapshotPrivate::takenLivingSpaces() const
+{
+    QSet<eLivingSpace> result {eLivingSpace::Global};
+    const ParameterContainerHostInformation *host = sourceContainer->hostInformation();
+    if (!host)
+        return result;
+    const QList<eLivingSpace> offered = host->livingSpaces();
+    return result.unite(QSet<eLivingSpace>(offered.cbegin(), offered.cend()));
+}

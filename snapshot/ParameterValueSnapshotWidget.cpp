@@ -1,0 +1,36 @@
+#include <KrParameterInstance/ParameterValueSnapshotWidget.h>
+
+#include "snapshot/ParameterValueSnapshotWidgetPrivate.h"
+
+ParameterValueSnapshotWidget::ParameterValueSnapshotWidget(QWidget *parent)
+    : QWidget(parent)
+    , d(new ParameterValueSnapshotWidgetPrivate(this))
+{
+}
+
+ParameterValueSnapshotWidget::~ParameterValueSnapshotWidget() = default;
+
+void ParameterValueSnapshotWidget::appendSnapshot(ParameterValueSnapshot *snapshot, QString title)
+{
+    d->appendSnapshot(snapshot, title);
+}
+
+void ParameterValueSnapshotWidget::setHtmlHeader(QString header)
+{
+    d->setHtmlHeader(header);
+}
+
+void ParameterValueSnapshotWidget::update()
+{
+    d->refill();
+}
+
+bool ParameterValueSnapshotWidget::isEmpty() const
+{
+    return d->isEmpty();
+}
+
+QString ParameterValueSnapshotWidget::report() const
+{
+    return d->report();
+}

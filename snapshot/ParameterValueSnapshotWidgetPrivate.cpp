@@ -1,0 +1,169 @@
+#include "snapshot/ParameterValueSnapshotWidgetPrivate.h"
+
+#include "snapshot/SnapshotHtmlReport.h"
+#include "snapshot/SnapshotRowComparison.h"
+#include "snapshot/SnapshotRowModel.h"
+
+#include <KrParameterInstance/ParameterValueSnapshot.h>
+#include <KrParameterInstance/ParameterValueSnapshotWidget.h>
+#include <KrSystem/System.h>
+#include <LmUtilities/DefaultPathSetting.h>
+
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QTextStream>
+#include <QtWidgets/QBoxLayout>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QPushButton>
+
+namespace {
+
+constexpr char IndexProperty[] = "index";
+constexpr int SpacerSize = 10;
+
+QString saveFileName(
+    QWidget *parent, const QString &caption, const QString &directory, const QString &filter)
+{
+    return QFileDialog::getSaveFileName(parent, caption, directory, filter);
+}
+
+} // namespace
+
+ParameterValueSnapshotWidgetPrivate::ParameterValueSnapshotWidgetPrivate(
+    ParameterValueSnapshotWidget *owner)
+    : QTreeWidget(owner)
+    , chooseSaveFile(saveFileName)
+    , outerLayout(new QVBoxLayout(owner))
+{
+    outerLayout->setContentsMargins(0, 0, 0, 0);
+    outerLayout->addWidget(this);
+    setHeaderItem(new QTreeWidgetItem);
+    setColumnCount(0);
+    setSortingEnabled(false);
+    setRootIsDecorated(true);
+    setAlternatingRowColors(true);
+    setContextMenuPolicy(Qt::ActionsContextMenu);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+}
+
+ParameterValueSnapshotWidgetPrivate::~ParameterValueSnapshotWidgetPrivate() = default;
+
+void ParameterValueSnapshotWidgetPrivate::appendSnapshot(
+    ParameterValueSnapshot *snapshot, const QString &title)
+{
+    QPushButton *button =
+        appendButton(ParameterValueSnapshotWidget::tr("Spalte \"%1\" exportieren").arg(title));
+    button->setProperty(IndexProperty, static_cast<int>(snapshots.size()));
+    connect(button, &QPushButton::clicked, this,
+        &ParameterValueSnapshotWidgetPrivate::onExportButtonClicked);
+    snapshots.append(snapshot);
+    titles.append(title);
+}
+
+/// Deliberate: each call adds one more button.
+void ParameterValueSnapshotWidgetPrivate::setHtmlHeader(const QString &header)
+{
+    htmlHeader = header;
+    connect(appendButton(ParameterValueSnapshotWidget::tr("HTML exportieren")),
+        &QPushButton::clicked, this,
+        &ParameterValueSnapshotWidgetPrivate::onHtmlExportButtonClicked);
+}
+
+void ParameterValueSnapshotWidgetPrivate::refill()
+{
+    clear();
+    coordinateItems.clear();
+    shownRows.clear();
+    shownCoordinates.clear();
+    if (snapshots.isEmpty())
+        return;
+    setColumnCount(static_cast<int>(titles.size()) + 1);
+    setHeaderLabels(QStringList(ParameterValueSnapshotWidget::tr("Parameter")) + titles);
+    const SnapshotRowModel model(livingSnapshots(), System::information()->userAccessLevel());
+    shownCoordinates = model.coordinates();
+    shownRows = model.rows(shownCoordinates);
+    SnapshotRowComparison::hideEqualRows(shownRows, titles.size());
+    coordinateItems = SnapshotTreeFilling::fill(*this, shownRows);
+}
+
+bool ParameterValueSnapshotWidgetPrivate::isEmpty() const
+{
+    return topLevelItemCount() == 0;
+}
+
+QString ParameterValueSnapshotWidgetPrivate::report() const
+{
+    return SnapshotHtmlReport::document(
+        htmlHeader, shownTitles(), shownRows, SnapshotHtmlReport::eCharsetLine::Without);
+}
+
+/// The widget may be gone when the dialog comes back.
+void ParameterValueSnapshotWidgetPrivate::onExportButtonClicked()
+{
+    const QPointer<ParameterValueSnapshotWidgetPrivate> self(this);
+    const QPointer<QObject> button(sender());
+    const QString fileName = chooseSaveFile(System::instance()->mainWindow(),
+        ParameterValueSnapshotWidget::tr("Parameterwerte exportieren"),
+        DefaultPathSetting(DefaultPathSetting::ParameterValueExport).path(),
+        ParameterValueSnapshotWidget::tr("Textdateien (*.txt)"));
+    if (fileName.isEmpty() || !self || !button)
+        return;
+    bool isNumber = false;
+    const int index = button->property(IndexProperty).toInt(&isNumber);
+    if (!isNumber || index < 0 || index >= snapshots.size() || !snapshots.at(index))
+        return;
+    snapshots.at(index)->saveToTextFile(fileName, shownCoordinates);
+}
+
+void ParameterValueSnapshotWidgetPrivate::onHtmlExportButtonClicked()
+{
+    const QPointer<ParameterValueSnapshotWidgetPrivate> self(this);
+    DefaultPathSetting directory(DefaultPathSetting::HtmlReport);
+    const QString fileName = chooseSaveFile(System::instance()->mainWindow(),
+        ParameterValueSnapshotWidget::tr("Änderungen als HTML exportieren"), directory.path(),
+        ParameterValueSnapshotWidget::tr("HTML-dateien (*.html)"));
+    if (fileName.isEmpty() || !self)
+        return;
+    QFile file(fileName);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text))
+        return;
+    QTextStream stream(&file);
+    stream.setEncoding(QStringConverter::Utf8);
+    stream << SnapshotHtmlReport::document(
+        htmlHeader, shownTitles(), shownRows, SnapshotHtmlReport::eCharsetLine::With);
+    directory.setPath(QFileInfo(fileName).absolutePath());
+}
+
+QPushButton *ParameterValueSnapshotWidgetPrivate::appendButton(const QString &text)
+{
+    if (!buttonRow) {
+        buttonRow = new QHBoxLayout;
+        outerLayout->addLayout(buttonRow);
+    } else {
+        delete buttonRow->takeAt(buttonRow->count() - 1);
+    }
+    auto *button = new QPushButton(text);
+    buttonRow->addWidget(button);
+    buttonRow->addItem(
+        new QSpacerItem(SpacerSize, SpacerSize, QSizePolicy::Expanding, QSizePolicy::Fixed));
+    return button;
+}
+
+/// Those of the last filling; a column that was appended since is not among them.
+QStringList ParameterValueSnapshotWidgetPrivate::shownTitles() const
+{
+    QStringList result;
+    for (int column = 0; column < columnCount(); ++column)
+        result.append(headerItem()->text(column));
+    return result;
+}
+
+QList<ParameterValueSnapshot *> ParameterValueSnapshotWidgetPrivate::livingSnapshots() const
+{
+    QList<ParameterValueSnapshot *> result;
+    result.reserve(snapshots.size());
+    for (const QPointer<ParameterValueSnapshot> &snapshot : snapshots)
+        result.append(snapshot);
+    return result;
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "snapshot/SnapshotRow.h"
+#include "snapshot/SnapshotTreeFilling.h"
+
+#include <QtCore/QPointer>
+#include <QtCore/QStringList>
+#include <QtWidgets/QTreeWidget>
+
+#include <functional>
+
+class ParameterValueSnapshot;
+class ParameterValueSnapshotWidget;
+class QHBoxLayout;
+class QPushButton;
+class QVBoxLayout;
+
+/// The tree inside the widget, with the buttons below it. **Owner** the widget.
+class ParameterValueSnapshotWidgetPrivate : public QTreeWidget {
+    Q_OBJECT
+
+public:
+    explicit ParameterValueSnapshotWidgetPrivate(ParameterValueSnapshotWidget *owner);
+    ~ParameterValueSnapshotWidgetPrivate() override;
+
+    void appendSnapshot(ParameterValueSnapshot *snapshot, const QString &title);
+    void setHtmlHeader(const QString &header);
+    void refill();
+    bool isEmpty() const;
+    QString report() const;
+
+    /// Asks for the name of a file to save: dialog parent, caption, start folder and name filter.
+    /// An empty name: nothing is to be saved.
+    std::function<QString(QWidget *, const QString &, const QString &, const QString &)>
+        chooseSaveFile;
+
+private Q_SLOTS:
+    void onExportButtonClicked();
+    void onHtmlExportButtonClicked();
+
+private:
+    QPushButton *appendButton(const QString &text);
+    QStringList shownTitles() const;
+    QList<ParameterValueSnapshot *> livingSnapshots() const;
+
+    QString htmlHeader;
+    QStringList titles;
+    /// In the order of the titles. **Owner** the host; null where it deleted one.
+    QList<QPointer<ParameterValueSnapshot>> snapshots;
+    QList<ParameterCoordinate> shownCoordinates;
+    /// As the tree shows them.
+    QList<SnapshotRow> shownRows;
+    CoordinateItems coordinateItems;
+    QVBoxLayout *outerLayout;
+    /// Null until the first button. Ends with a spacer that keeps the buttons on the left.
+    QHBoxLayout *buttonRow = nullptr;
+};

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <KrParameterDefinition/ParameterCoordinate.h>
+#include <KrParameterDefinition/eLivingSpace.h>
+
+#include <QtCore/QExplicitlySharedDataPointer>
+#include <QtCore/QHash>
+#include <QtCore/QList>
+#include <QtCore/QSharedData>
+#include <QtCore/QString>
+
+/// The two units of a value. One object serves all values of a snapshot that have the same two.
+struct SnapshotUnits : QSharedData {
+    QString scaled;
+    QString native;
+};
+
+/// One value, in its three forms without unit. Default-constructed where a living space has no
+/// value for an element: such a value has neither text nor unit.
+struct SnapshotValue {
+    static const SnapshotValue &none();
+    QString displayWithUnit() const { return withUnit(display, scaledUnit()); }
+    QString nativeWithUnit() const { return withUnit(native, nativeUnit()); }
+    QString undecoratedWithUnit() const { return withUnit(undecorated, scaledUnit()); }
+    QString scaledUnit() const { return units ? units->scaled : QString(); }
+    QString nativeUnit() const { return units ? units->native : QString(); }
+
+    QString display;
+    QString native;
+    QString undecorated;
+    /// Null where both units are empty.
+    QExplicitlySharedDataPointer<const SnapshotUnits> units;
+
+private:
+    static QString withUnit(const QString &text, const QString &unit);
+};
+Q_DECLARE_TYPEINFO(SnapshotValue, Q_RELOCATABLE_TYPE);
+
+/// What a record holds besides texts. Most parameters of a device are alike in this, so that one
+/// object serves many records. All lists are ascending.
+struct SnapshotLayout : QSharedData {
+    friend bool operator==(const SnapshotLayout &a, const SnapshotLayout &b)
+    {
+        return a.livingSpaces == b.livingSpaces && a.elements == b.elements && a.tables == b.tables
+            && a.positions == b.positions && a.readLevels == b.readLevels;
+    }
+
+    /// The living spaces that the snapshot takes and the parameter has.
+    QList<eLivingSpace> livingSpaces;
+    /// The elements that no living space rejected.
+    QList<quint16> elements;
+    /// The living spaces of which values are held, also those that the snapshot does not take.
+    QList<eLivingSpace> tables;
+    /// All elements of the parameter. The index is the element's position in every sequence.
+    QList<quint16> positions;
+    /// By position; 0 for an element of which no value is held.
+    QList<quint32> readLevels;
+};
+
+/// The frozen texts of one parameter: for each living space a sequence of values by element
+/// position. Made by SnapshotRecordBuilder.
+class SnapshotRecord {
+public:
+    const SnapshotLayout &layout() const { return *m_layout; }
+    const QString &name() const { return m_name; }
+    /// Empty where no value of the element is held, and for a simple parameter.
+    QString elementName(quint16 element) const;
+    quint32 elementReadLevel(quint16 element) const;
+    /// The empty value where there is none.
+    const SnapshotValue &value(eLivingSpace livingSpace, quint16 element) const;
+
+private:
+    friend class SnapshotRecordBuilder;
+    SnapshotRecord() = default;
+
+    static constexpr qsizetype NoPosition = -1;
+    qsizetype position(quint16 element) const;
+
+    QString m_name;
+    /// Never null once built.
+    QExplicitlySharedDataPointer<const SnapshotLayout> m_layout;
+    /// By position; empty for a simple parameter.
+    QList<QString> m_elementNames;
+    /// One sequence after the other, in the order of the layout's tables.
+    QList<SnapshotValue> m_values;
+};
+
+using SnapshotRecords = QHash<ParameterCoordinate, SnapshotRecord>;

@@ -1,0 +1,310 @@
+#include "snapshot/SnapshotRecordBuilder.h"
+
+#include <KrFilter/Filter.h>
+#include <KrParameterInstance/ParameterInformation.h>
+
+#include <QtCore/QPointer>
+
+#include <algorithm>
+
+namespace {
+
+/// A parameter of this kind stores no units.
+constexpr int UnitlessKind = 5;
+
+bool isLocator(const ParameterProperty &unit)
+{
+    return unit.asString().startsWith(QLatin1Char('<'));
+}
+
+/// What stands behind a text and the one blank that parts it from its unit.
+QString unitBehind(const QString &text, const QString &textWithUnit)
+{
+    return textWithUnit.startsWith(text) ? textWithUnit.mid(text.size() + 1) : QString();
+}
+
+/// Equal texts share storage, here and with the container.
+void share(QString &text, const QString &other)
+{
+    if (text == other)
+        text = other;
+}
+
+} // namespace
+
+/// The way of one parameter into its record.
+class SnapshotRecordBuilder::Draft {
+public:
+    Draft(SnapshotRecordBuilder &builder, ParameterInformation *information);
+
+    std::optional<SnapshotRecord> record();
+
+private:
+    /// What an element answers for all living spaces at once. A unit that is a locator has no text
+    /// here: it is asked for in every living space.
+    struct Element {
+        QString name;
+        QString scaledUnit;
+        QString nativeUnit;
+        SnapshotPool::Units units;
+        quint32 readLevel = 0;
+        bool isAsked = false;
+        bool hasUnits = false;
+        bool isScaledLocator = false;
+        bool isNativeLocator = false;
+        bool isRejected = false;
+        bool isHeld = false;
+    };
+
+    /// The answer of the parameter; an empty one once it is gone.
+    template <typename Question>
+    auto ask(Question question) const
+    {
+        return m_information ? question(*m_information) : decltype(question(*m_information)) {};
+    }
+
+    bool isAccepted(eLivingSpace livingSpace, qsizetype position) const;
+    void take(eLivingSpace livingSpace);
+    void hold(eLivingSpace livingSpace, const QList<bool> &accepted);
+    SnapshotValue value(eLivingSpace livingSpace, qsizetype position);
+    const Element &element(qsizetype position);
+    void askUnits(Element &element, quint16 number) const;
+    SnapshotPool::Units units(
+        eLivingSpace livingSpace, quint16 number, const Element &element) const;
+    QString scaledUnit(eLivingSpace livingSpace, quint16 number) const;
+    QString nativeUnit(eLivingSpace livingSpace, quint16 number) const;
+    void finishLayout();
+    QList<QString> elementNames() const;
+
+    SnapshotRecordBuilder &m_builder;
+    QPointer<ParameterInformation> m_information;
+    bool m_isRecord;
+    QList<eLivingSpace> m_livingSpaces;
+    QList<Element> m_elements;
+    qsizetype m_rejectedCount = 0;
+    SnapshotLayout m_layout;
+    QList<SnapshotValue> m_values;
+};
+
+SnapshotRecordBuilder::Draft::Draft(
+    SnapshotRecordBuilder &builder, ParameterInformation *information)
+    : m_builder(builder)
+    , m_information(information)
+    , m_isRecord(information->isRecordParameter())
+    , m_livingSpaces(information->livingSpaces())
+{
+    QList<quint16> &positions = m_layout.positions;
+    positions = information->elementList();
+    if (!std::is_sorted(positions.cbegin(), positions.cend()))
+        std::sort(positions.begin(), positions.end());
+    if (!std::is_sorted(m_livingSpaces.cbegin(), m_livingSpaces.cend()))
+        std::sort(m_livingSpaces.begin(), m_livingSpaces.end());
+    m_elements.resize(positions.size());
+    m_values.reserve(positions.size() * m_livingSpaces.size());
+}
+
+std::optional<SnapshotRecord> SnapshotRecordBuilder::Draft::record()
+{
+    for (const eLivingSpace livingSpace : std::as_const(m_livingSpaces))
+        take(livingSpace);
+    const QString name = ask([](auto &information) { return information.name(); }).longText();
+    if (!m_information || m_layout.tables.isEmpty())
+        return std::nullopt;
+    finishLayout();
+    m_values.squeeze();
+    SnapshotRecord record;
+    record.m_name = name;
+    record.m_elementNames = elementNames();
+    record.m_layout = m_builder.m_pool.layout(std::move(m_layout));
+    record.m_values = std::move(m_values);
+    return record;
+}
+
+bool SnapshotRecordBuilder::Draft::isAccepted(eLivingSpace livingSpace, qsizetype position) const
+{
+    const quint16 number = m_layout.positions.at(position);
+    return ask(
+        [&](auto &information) { return m_builder.isAccepted(information, livingSpace, number); });
+}
+
+/// The values of a living space are asked for before it is clear that they are held: only the whole
+/// living space tells whether an element is left.
+void SnapshotRecordBuilder::Draft::take(eLivingSpace livingSpace)
+{
+    const qsizetype begin = m_values.size();
+    QList<bool> accepted(m_elements.size());
+    for (qsizetype i = 0; i < m_elements.size(); ++i) {
+        accepted[i] = isAccepted(livingSpace, i);
+        m_values.append(accepted.at(i) ? value(livingSpace, i) : SnapshotValue());
+        if (accepted.at(i) || m_elements.at(i).isRejected)
+            continue;
+        m_elements[i].isRejected = true;
+        ++m_rejectedCount;
+    }
+    if (m_rejectedCount < m_elements.size())
+        hold(livingSpace, accepted);
+    else
+        m_values.resize(begin);
+}
+
+void SnapshotRecordBuilder::Draft::hold(eLivingSpace livingSpace, const QList<bool> &accepted)
+{
+    m_layout.tables.append(livingSpace);
+    for (qsizetype i = 0; i < m_elements.size(); ++i) {
+        if (accepted.at(i))
+            m_elements[i].isHeld = true;
+    }
+}
+
+SnapshotValue SnapshotRecordBuilder::Draft::value(eLivingSpace livingSpace, qsizetype position)
+{
+    const quint16 number = m_layout.positions.at(position);
+    SnapshotValue value;
+    value.display = ask([&](auto &information) {
+        return information.displayValueText(livingSpace, number, false);
+    });
+    value.native = ask(
+        [&](auto &information) { return information.nativeValueText(livingSpace, number, false); });
+    value.undecorated =
+        ask([&](auto &information) { return information.valueText(livingSpace, number, false); });
+    share(value.undecorated, value.native);
+    share(value.display, value.undecorated);
+    value.units = units(livingSpace, number, element(position));
+    return value;
+}
+
+const SnapshotRecordBuilder::Draft::Element &SnapshotRecordBuilder::Draft::element(
+    qsizetype position)
+{
+    Element &element = m_elements[position];
+    if (element.isAsked)
+        return element;
+    element.isAsked = true;
+    const quint16 number = m_layout.positions.at(position);
+    element.readLevel = ask([&](auto &information) { return information.readLevel(number); });
+    element.hasUnits =
+        ask([&](auto &information) { return information.kind(number); }) != UnitlessKind;
+    if (element.hasUnits)
+        askUnits(element, number);
+    if (m_isRecord) {
+        element.name =
+            ask([&](auto &information) { return information.elementName(number); }).longText();
+    }
+    return element;
+}
+
+void SnapshotRecordBuilder::Draft::askUnits(Element &element, quint16 number) const
+{
+    element.isScaledLocator = isLocator(ask([&](auto &information) {
+        return information.elementProperty(number, eParameterProperty::ScaledMeasuringUnit);
+    }));
+    element.isNativeLocator = isLocator(ask([&](auto &information) {
+        return information.elementProperty(number, eParameterProperty::NativeMeasuringUnit);
+    }));
+    if (!element.isScaledLocator) {
+        element.scaledUnit = ask([&](auto &information) {
+            return information.scaledMeasuringUnit(number);
+        }).longText();
+    }
+    if (!element.isNativeLocator) {
+        element.nativeUnit = ask([&](auto &information) {
+            return information.nativeMeasuringUnit(number);
+        }).longText();
+    }
+    if (!element.isScaledLocator && !element.isNativeLocator)
+        element.units = m_builder.m_pool.units(element.scaledUnit, element.nativeUnit);
+}
+
+SnapshotPool::Units SnapshotRecordBuilder::Draft::units(
+    eLivingSpace livingSpace, quint16 number, const Element &element) const
+{
+    if (!element.hasUnits || (!element.isScaledLocator && !element.isNativeLocator))
+        return element.units;
+    return m_builder.m_pool.units(
+        element.isScaledLocator ? scaledUnit(livingSpace, number) : element.scaledUnit,
+        element.isNativeLocator ? nativeUnit(livingSpace, number) : element.nativeUnit);
+}
+
+/// The unit of a locator for one living space shows in the value texts alone: the unit's own
+/// accessor answers for the parameter's first living space. It is asked only where there is no
+/// value text.
+QString SnapshotRecordBuilder::Draft::scaledUnit(eLivingSpace livingSpace, quint16 number) const
+{
+    const auto text = [&](bool withUnit) {
+        return ask([&](auto &information) {
+            return information.unconvertedValueText(livingSpace, number, withUnit);
+        });
+    };
+    const QString plain = text(false);
+    if (!plain.isEmpty())
+        return unitBehind(plain, text(true));
+    return ask([&](auto &information) {
+        return information.scaledMeasuringUnit(number);
+    }).longText();
+}
+
+QString SnapshotRecordBuilder::Draft::nativeUnit(eLivingSpace livingSpace, quint16 number) const
+{
+    const auto text = [&](bool withUnit) {
+        return ask([&](auto &information) {
+            return information.nativeValueText(livingSpace, number, withUnit);
+        });
+    };
+    const QString plain = text(false);
+    if (!plain.isEmpty())
+        return unitBehind(plain, text(true));
+    return ask([&](auto &information) {
+        return information.nativeMeasuringUnit(number);
+    }).longText();
+}
+
+void SnapshotRecordBuilder::Draft::finishLayout()
+{
+    for (const eLivingSpace livingSpace : std::as_const(m_livingSpaces)) {
+        if (m_builder.m_livingSpaces.contains(livingSpace))
+            m_layout.livingSpaces.append(livingSpace);
+    }
+    m_layout.readLevels.reserve(m_elements.size());
+    for (const Element &element : std::as_const(m_elements))
+        m_layout.readLevels.append(element.isHeld ? element.readLevel : 0);
+    if (m_rejectedCount == 0) {
+        m_layout.elements = m_layout.positions;
+        return;
+    }
+    for (qsizetype i = 0; i < m_elements.size(); ++i) {
+        if (!m_elements.at(i).isRejected)
+            m_layout.elements.append(m_layout.positions.at(i));
+    }
+}
+
+QList<QString> SnapshotRecordBuilder::Draft::elementNames() const
+{
+    QList<QString> names;
+    if (!m_isRecord)
+        return names;
+    names.reserve(m_elements.size());
+    for (const Element &element : m_elements)
+        names.append(element.isHeld ? element.name : QString());
+    return names;
+}
+
+SnapshotRecordBuilder::SnapshotRecordBuilder(
+    const QSet<eLivingSpace> &livingSpaces, const Filter *filter)
+    : m_livingSpaces(livingSpaces)
+    , m_filter(filter)
+{
+}
+
+std::optional<SnapshotRecord> SnapshotRecordBuilder::build(ParameterInformation *information)
+{
+    return information ? Draft(*this, information).record() : std::nullopt;
+}
+
+bool SnapshotRecordBuilder::isAccepted(
+    const ParameterInformation &information, eLivingSpace livingSpace, quint16 element)
+{
+    if (!m_filter)
+        return true;
+    m_filterElement.load(&information, livingSpace, element);
+    return m_filter->testElement(m_filterElement);
+}

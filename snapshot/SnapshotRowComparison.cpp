@@ -1,0 +1,32 @@
+#include "snapshot/SnapshotRowComparison.h"
+
+#include <algorithm>
+
+namespace {
+
+bool isEqualInAllColumns(const SnapshotRow &row)
+{
+    return std::all_of(row.cells.cbegin(), row.cells.cend(), [&](const SnapshotCell &cell) {
+        return cell.undecorated == row.cells.first().undecorated;
+    });
+}
+
+void hideIfEqual(SnapshotRow &row)
+{
+    bool isHidden = row.children.isEmpty() ? isEqualInAllColumns(row) : true;
+    for (SnapshotRow &child : row.children) {
+        child.isHidden = isEqualInAllColumns(child);
+        isHidden = isHidden && child.isHidden;
+    }
+    row.isHidden = isHidden;
+}
+
+} // namespace
+
+void SnapshotRowComparison::hideEqualRows(QList<SnapshotRow> &rows, qsizetype columnCount)
+{
+    if (columnCount < 2)
+        return;
+    for (SnapshotRow &row : rows)
+        hideIfEqual(row);
+}

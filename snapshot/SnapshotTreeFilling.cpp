@@ -1,0 +1,51 @@
+#include "snapshot/SnapshotTreeFilling.h"
+
+#include "snapshot/SnapshotItem.h"
+
+#include <QtWidgets/QTreeWidget>
+
+namespace {
+
+CoordinateItem *coordinateItem(const SnapshotRow &row, const QBrush &missing)
+{
+    auto *item = new CoordinateItem(row, missing);
+    QList<QTreeWidgetItem *> children;
+    children.reserve(row.children.size());
+    for (const SnapshotRow &child : row.children)
+        children.append(new ElementTreeWidgetItem(child, missing));
+    item->addChildren(children);
+    return item;
+}
+
+/// By row number: an item would have to look for itself among its neighbours.
+void hideRows(QTreeWidget &tree, const QList<SnapshotRow> &rows, const QModelIndex &parent)
+{
+    for (int i = 0; i < rows.size(); ++i) {
+        const SnapshotRow &row = rows.at(i);
+        if (row.isHidden)
+            tree.setRowHidden(i, parent, true);
+        if (!row.children.isEmpty())
+            hideRows(tree, row.children, tree.model()->index(i, 0, parent));
+    }
+}
+
+} // namespace
+
+CoordinateItems SnapshotTreeFilling::fill(QTreeWidget &tree, const QList<SnapshotRow> &rows)
+{
+    const QBrush missing(tree.palette().color(QPalette::Disabled, QPalette::ButtonText));
+    CoordinateItems items;
+    items.reserve(rows.size());
+    QList<QTreeWidgetItem *> topLevel;
+    topLevel.reserve(rows.size());
+    for (const SnapshotRow &row : rows) {
+        CoordinateItem *item = coordinateItem(row, missing);
+        items.insert({row.livingSpace, row.coordinate}, item);
+        topLevel.append(item);
+    }
+    tree.addTopLevelItems(topLevel);
+    hideRows(tree, rows, QModelIndex());
+    for (int column = 0; column < tree.columnCount(); ++column)
+        tree.resizeColumnToContents(column);
+    return items;
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "snapshot/SnapshotRow.h"
+
+#include <QtCore/QHash>
+#include <QtCore/QList>
+
+class CoordinateItem;
+class QTreeWidget;
+
+/// Names the item of a parameter in one living space.
+struct CoordinateItemKey {
+    friend bool operator==(const CoordinateItemKey &, const CoordinateItemKey &) = default;
+    friend size_t qHash(const CoordinateItemKey &key, size_t seed = 0) noexcept
+    {
+        return qHashMulti(seed, static_cast<qint32>(key.livingSpace), key.coordinate);
+    }
+
+    eLivingSpace livingSpace;
+    ParameterCoordinate coordinate;
+};
+
+/// **Owner** of the items the tree.
+using CoordinateItems = QHash<CoordinateItemKey, CoordinateItem *>;
+
+/// Fills an empty tree with rows.
+class SnapshotTreeFilling {
+public:
+    /// The rows stand in the order in which they are shown; column widths follow the contents.
+    /// The items are made detached and inserted at once: a tree that is told of each cell takes
+    /// several times as long.
+    static CoordinateItems fill(QTreeWidget &tree, const QList<SnapshotRow> &rows);
+};

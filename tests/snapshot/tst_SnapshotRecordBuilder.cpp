@@ -1,0 +1,455 @@
+#include "snapshot/SnapshotRecordBuilder.h"
+
+#include "tests/snapshot/FakeParameterInformation.h"
+
+#include <KrFilter/Filter.h>
+#include <KrFilter/FilterElement.h>
+
+#include <QtTest/QTest>
+
+#include <memory>
+
+/// What a parameter becomes when it is frozen, with and without a filter.
+class tst_SnapshotRecordBuilder : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void nothingWithoutParameter();
+    void nothingWithoutLivingSpace();
+    void nothingWithoutElement();
+    void simpleParameter();
+    void recordParameter();
+    void listsAreAscending();
+    void livingSpacesAreThoseThatTheSnapshotTakes();
+    void valuesOfUntakenLivingSpacesAreHeld();
+    void missingPlacesAreEmpty();
+    void parameterKeptWithoutTakenLivingSpace();
+
+    void unitsOfEachForm();
+    void emptyTextKeepsItsUnit();
+    void kindFiveHasNoUnits();
+    void kindIsAskedForEachElement();
+    void locatorUnitIsThatOfTheLivingSpace();
+    void locatorUnitOfAnEmptyText();
+    void oneLocatorOnePlainUnit();
+
+    void rejectedEverywhere();
+    void rejectedInOneLivingSpace();
+    void rejectedInTheFirstLivingSpace();
+    void lastElementRejectedLater();
+    void onlyElementRejectedFirst();
+    void namesOfElementsThatAreNotHeld();
+    void filterSeesEveryPlaceOnce();
+
+    void namesAndUnitsAreAskedOnce();
+    void equalTextsAreShared();
+    void equalLayoutsAndUnitsAreShared();
+    void parameterGoesAwayMeanwhile();
+};
+
+namespace {
+
+constexpr eLivingSpace Global = eLivingSpace::Global;
+constexpr eLivingSpace Axis1 = eLivingSpace::Axis1;
+constexpr eLivingSpace Axis2 = eLivingSpace::Axis2;
+const QSet<eLivingSpace> AllSpaces {Global, Axis1, Axis2};
+
+/// Rejects the sortable addresses in its list and keeps those it was asked for.
+class AddressFilter : public Filter {
+public:
+    explicit AddressFilter(const QStringList &rejected)
+        : rejected(rejected)
+    {
+    }
+
+    bool testElement(const FilterElement &element) const override
+    {
+        const QString address = element.stringProperty(QStringLiteral("Address"));
+        asked.append(address);
+        return !rejected.contains(address);
+    }
+
+    QStringList rejected;
+    mutable QStringList asked;
+};
+
+std::optional<SnapshotRecord> frozen(ParameterInformation &information,
+    const Filter *filter = nullptr, const QSet<eLivingSpace> &livingSpaces = AllSpaces)
+{
+    SnapshotRecordBuilder builder(livingSpaces, filter);
+    return builder.build(&information);
+}
+
+/// A12 on axes 1 and 2 with elements 0 and 1; the text of a value is "<axis>-<element>".
+std::unique_ptr<FakeParameterInformation> twoByTwo()
+{
+    auto information =
+        std::make_unique<FakeParameterInformation>(QStringLiteral("A12"), QStringLiteral("Name"));
+    information->isRecord = true;
+    information->elements = {0, 1};
+    information->spaces = {Axis1, Axis2};
+    for (const eLivingSpace livingSpace : {Axis1, Axis2}) {
+        for (const quint16 element : {0, 1}) {
+            information->setValue(livingSpace, element,
+                QStringLiteral("%1-%2").arg(static_cast<int>(livingSpace)).arg(element));
+        }
+    }
+    information->elementNames = {{0, QStringLiteral("Zero")}, {1, QStringLiteral("One")}};
+    information->readLevels = {{0, 3}, {1, 4}};
+    return information;
+}
+
+const QString Axis1Element0 = QStringLiteral("1.A012[00000]");
+const QString Axis1Element1 = QStringLiteral("1.A012[00001]");
+const QString Axis2Element0 = QStringLiteral("2.A012[00000]");
+const QString Axis2Element1 = QStringLiteral("2.A012[00001]");
+
+} // namespace
+
+void tst_SnapshotRecordBuilder::nothingWithoutParameter()
+{
+    SnapshotRecordBuilder builder(AllSpaces, nullptr);
+    QVERIFY(!builder.build(nullptr));
+}
+
+void tst_SnapshotRecordBuilder::nothingWithoutLivingSpace()
+{
+    FakeParameterInformation information(QStringLiteral("A00"));
+    information.spaces.clear();
+    QVERIFY(!frozen(information));
+}
+
+void tst_SnapshotRecordBuilder::nothingWithoutElement()
+{
+    FakeParameterInformation information(QStringLiteral("A00"));
+    information.elements.clear();
+    QVERIFY(!frozen(information));
+}
+
+void tst_SnapshotRecordBuilder::simpleParameter()
+{
+    FakeParameterInformation information(QStringLiteral("A00"), QStringLiteral("Speed"));
+    information.setValue(
+        Global, 0, {QStringLiteral("01h"), QStringLiteral("1"), QStringLiteral("1.0")});
+    information.readLevels = {{0, 2}};
+
+    const auto record = frozen(information);
+    QVERIFY(record);
+    QCOMPARE(record->name(), QStringLiteral("Speed"));
+    QCOMPARE(record->layout().livingSpaces, QList {Global});
+    QCOMPARE(record->layout().elements, QList<quint16> {0});
+    QCOMPARE(record->value(Global, 0).display, QStringLiteral("01h"));
+    QCOMPARE(record->value(Global, 0).native, QStringLiteral("1"));
+    QCOMPARE(record->value(Global, 0).undecorated, QStringLiteral("1.0"));
+    QCOMPARE(record->elementReadLevel(0), 2U);
+    // Only a record's elements have names of their own.
+    QCOMPARE(record->elementName(0), QString());
+}
+
+void tst_SnapshotRecordBuilder::recordParameter()
+{
+    const auto information = twoByTwo();
+    const auto record = frozen(*information);
+    QVERIFY(record);
+    QCOMPARE(record->layout().livingSpaces, (QList {Axis1, Axis2}));
+    QCOMPARE(record->layout().elements, (QList<quint16> {0, 1}));
+    QCOMPARE(record->elementName(0), QStringLiteral("Zero"));
+    QCOMPARE(record->elementName(1), QStringLiteral("One"));
+    QCOMPARE(record->elementReadLevel(0), 3U);
+    QCOMPARE(record->elementReadLevel(1), 4U);
+    QCOMPARE(record->value(Axis1, 0).display, QStringLiteral("1-0"));
+    QCOMPARE(record->value(Axis1, 1).display, QStringLiteral("1-1"));
+    QCOMPARE(record->value(Axis2, 0).display, QStringLiteral("2-0"));
+    QCOMPARE(record->value(Axis2, 1).display, QStringLiteral("2-1"));
+}
+
+void tst_SnapshotRecordBuilder::listsAreAscending()
+{
+    FakeParameterInformation information(QStringLiteral("A12"));
+    information.isRecord = true;
+    information.elements = {900, 0, 16000};
+    information.elementNames = {{900, QStringLiteral("Middle")}};
+    information.spaces = {Axis2, Global, Axis1};
+    information.setValue(Axis2, 900, QStringLiteral("2-900"));
+    information.setValue(Global, 16000, QStringLiteral("0-16000"));
+
+    const auto record = frozen(information);
+    QVERIFY(record);
+    QCOMPARE(record->layout().livingSpaces, (QList {Global, Axis1, Axis2}));
+    QCOMPARE(record->layout().elements, (QList<quint16> {0, 900, 16000}));
+    QCOMPARE(record->value(Axis2, 900).display, QStringLiteral("2-900"));
+    QCOMPARE(record->value(Global, 16000).display, QStringLiteral("0-16000"));
+    QCOMPARE(record->elementName(900), QStringLiteral("Middle"));
+}
+
+void tst_SnapshotRecordBuilder::livingSpacesAreThoseThatTheSnapshotTakes()
+{
+    const auto information = twoByTwo();
+    const auto record = frozen(*information, nullptr, {Global, Axis2});
+    QVERIFY(record);
+    QCOMPARE(record->layout().livingSpaces, QList {Axis2});
+}
+
+void tst_SnapshotRecordBuilder::valuesOfUntakenLivingSpacesAreHeld()
+{
+    const auto information = twoByTwo();
+    const auto record = frozen(*information, nullptr, {Global, Axis2});
+    QVERIFY(record);
+    QCOMPARE(record->value(Axis1, 1).display, QStringLiteral("1-1"));
+}
+
+void tst_SnapshotRecordBuilder::missingPlacesAreEmpty()
+{
+    const auto information = twoByTwo();
+    information->setUnits(QStringLiteral("rpm"), QStringLiteral("inc"));
+    const auto record = frozen(*information);
+    QVERIFY(record);
+    QCOMPARE(record->value(Global, 0).displayWithUnit(), QString());
+    QCOMPARE(record->value(Axis1, 2).displayWithUnit(), QString());
+    QCOMPARE(record->value(Axis1, 65535).nativeWithUnit(), QString());
+    QCOMPARE(record->value(static_cast<eLivingSpace>(-1), 0).displayWithUnit(), QString());
+    QCOMPARE(record->elementName(2), QString());
+    QCOMPARE(record->elementReadLevel(2), 0U);
+}
+
+void tst_SnapshotRecordBuilder::parameterKeptWithoutTakenLivingSpace()
+{
+    const auto information = twoByTwo();
+    const auto record = frozen(*information, nullptr, {Global});
+    QVERIFY(record);
+    QCOMPARE(record->layout().livingSpaces, QList<eLivingSpace>());
+    QCOMPARE(record->value(Axis1, 0).display, QStringLiteral("1-0"));
+}
+
+void tst_SnapshotRecordBuilder::unitsOfEachForm()
+{
+    FakeParameterInformation information(QStringLiteral("A00"));
+    information.setValue(
+        Global, 0, {QStringLiteral("01h"), QStringLiteral("1"), QStringLiteral("1.0")});
+    information.setUnits(QStringLiteral("rpm"), QStringLiteral("inc"));
+    const auto record = frozen(information);
+    QVERIFY(record);
+    QCOMPARE(record->value(Global, 0).displayWithUnit(), QStringLiteral("01h rpm"));
+    QCOMPARE(record->value(Global, 0).nativeWithUnit(), QStringLiteral("1 inc"));
+    QCOMPARE(record->value(Global, 0).undecoratedWithUnit(), QStringLiteral("1.0 rpm"));
+}
+
+void tst_SnapshotRecordBuilder::emptyTextKeepsItsUnit()
+{
+    FakeParameterInformation information(QStringLiteral("A00"));
+    information.setValue(Global, 0, QString());
+    information.setUnits(QStringLiteral("rpm"), QString());
+    const auto record = frozen(information);
+    QVERIFY(record);
+    QCOMPARE(record->value(Global, 0).displayWithUnit(), QStringLiteral(" rpm"));
+    QCOMPARE(record->value(Global, 0).nativeWithUnit(), QString());
+}
+
+void tst_SnapshotRecordBuilder::kindFiveHasNoUnits()
+{
+    FakeParameterInformation information(QStringLiteral("A00"));
+    information.setValue(Global, 0, QStringLiteral("5"));
+    information.setUnits(QStringLiteral("rpm"), QStringLiteral("inc"));
+    information.kinds = {{0, 5}};
+    const auto record = frozen(information);
+    QVERIFY(record);
+    QCOMPARE(record->value(Global, 0).displayWithUnit(), QStringLiteral("5"));
+    QCOMPARE(record->value(Global, 0).nativeWithUnit(), QStringLiteral("5"));
+    QCOMPARE(record->value(Global, 0).undecoratedWithUnit(), QStringLiteral("5"));
+    QCOMPARE(information.unitCount, 0);
+}
+
+void tst_SnapshotRecordBuilder::kindIsAskedForEachElement()
+{
+    const auto information = twoByTwo();
+    information->setUnits(QStringLiteral("rpm"), QString());
+    information->kinds = {{0, 5}, {1, 0}};
+    const auto record = frozen(*information);
+    QVERIFY(record);
+    QCOMPARE(record->value(Axis1, 0).displayWithUnit(), QStringLiteral("1-0"));
+    QCOMPARE(record->value(Axis1, 1).displayWithUnit(), QStringLiteral("1-1 rpm"));
+}
+
+void tst_SnapshotRecordBuilder::locatorUnitIsThatOfTheLivingSpace()
+{
+    const auto information = twoByTwo();
+    information->setUnits(QStringLiteral("<localAxis:A76>"), QStringLiteral("<activeAxis:A77>"));
+    information->localScaledUnits = {
+        {Axis1, QStringLiteral("mm")}, {Axis2, QStringLiteral("Grad C")}};
+    information->localNativeUnits = {{Axis1, QStringLiteral("inc")}};
+    const auto record = frozen(*information);
+    QVERIFY(record);
+    QCOMPARE(record->value(Axis1, 0).displayWithUnit(), QStringLiteral("1-0 mm"));
+    QCOMPARE(record->value(Axis2, 1).displayWithUnit(), QStringLiteral("2-1 Grad C"));
+    QCOMPARE(record->value(Axis2, 1).undecoratedWithUnit(), QStringLiteral("2-1 Grad C"));
+    QCOMPARE(record->value(Axis1, 1).nativeWithUnit(), QStringLiteral("1-1 inc"));
+    QCOMPARE(record->value(Axis2, 1).nativeWithUnit(), QStringLiteral("2-1"));
+}
+
+void tst_SnapshotRecordBuilder::locatorUnitOfAnEmptyText()
+{
+    FakeParameterInformation information(QStringLiteral("A00"));
+    information.setUnits(QStringLiteral("<localAxis:A76>"), QStringLiteral("<localAxis:A77>"));
+    information.scaledUnits = {{0, QStringLiteral("mm")}};
+    information.nativeUnits = {{0, QStringLiteral("inc")}};
+    information.localScaledUnits = {{Global, QStringLiteral("unused")}};
+    information.setValue(Global, 0, QString());
+    const auto record = frozen(information);
+    QVERIFY(record);
+    QCOMPARE(record->value(Global, 0).displayWithUnit(), QStringLiteral(" mm"));
+    QCOMPARE(record->value(Global, 0).nativeWithUnit(), QStringLiteral(" inc"));
+}
+
+void tst_SnapshotRecordBuilder::oneLocatorOnePlainUnit()
+{
+    const auto information = twoByTwo();
+    information->setUnits(QStringLiteral("<localAxis:A76>"), QStringLiteral("inc"));
+    information->localScaledUnits = {{Axis1, QStringLiteral("mm")}, {Axis2, QStringLiteral("rad")}};
+    const auto record = frozen(*information);
+    QVERIFY(record);
+    QCOMPARE(record->value(Axis1, 0).displayWithUnit(), QStringLiteral("1-0 mm"));
+    QCOMPARE(record->value(Axis2, 0).displayWithUnit(), QStringLiteral("2-0 rad"));
+    QCOMPARE(record->value(Axis2, 0).nativeWithUnit(), QStringLiteral("2-0 inc"));
+}
+
+void tst_SnapshotRecordBuilder::rejectedEverywhere()
+{
+    const auto information = twoByTwo();
+    const AddressFilter filter({Axis1Element0, Axis1Element1, Axis2Element0, Axis2Element1});
+    QVERIFY(!frozen(*information, &filter));
+}
+
+void tst_SnapshotRecordBuilder::rejectedInOneLivingSpace()
+{
+    const auto information = twoByTwo();
+    information->setUnits(QStringLiteral("rpm"), QString());
+    const AddressFilter filter({Axis2Element0});
+    const auto record = frozen(*information, &filter);
+    QVERIFY(record);
+    QCOMPARE(record->layout().elements, QList<quint16> {1});
+    QCOMPARE(record->value(Axis1, 0).displayWithUnit(), QStringLiteral("1-0 rpm"));
+    QCOMPARE(record->value(Axis2, 0).displayWithUnit(), QString());
+    QCOMPARE(record->value(Axis2, 1).displayWithUnit(), QStringLiteral("2-1 rpm"));
+    QCOMPARE(record->elementReadLevel(0), 3U);
+    QCOMPARE(record->elementName(0), QStringLiteral("Zero"));
+}
+
+void tst_SnapshotRecordBuilder::rejectedInTheFirstLivingSpace()
+{
+    const auto information = twoByTwo();
+    const AddressFilter filter({Axis1Element0});
+    const auto record = frozen(*information, &filter);
+    QVERIFY(record);
+    QCOMPARE(record->layout().elements, QList<quint16> {1});
+    QCOMPARE(record->value(Axis1, 0).display, QString());
+    QCOMPARE(record->value(Axis2, 0).display, QStringLiteral("2-0"));
+}
+
+/// The first living space is held, the second one leaves no element.
+void tst_SnapshotRecordBuilder::lastElementRejectedLater()
+{
+    const auto information = twoByTwo();
+    const AddressFilter filter({Axis2Element0, Axis2Element1});
+    const auto record = frozen(*information, &filter);
+    QVERIFY(record);
+    QCOMPARE(record->layout().elements, QList<quint16>());
+    QCOMPARE(record->layout().livingSpaces, (QList {Axis1, Axis2}));
+    QCOMPARE(record->value(Axis1, 1).display, QStringLiteral("1-1"));
+    QCOMPARE(record->value(Axis2, 1).display, QString());
+}
+
+/// No element is left when the accepting living space comes.
+void tst_SnapshotRecordBuilder::onlyElementRejectedFirst()
+{
+    const auto information = twoByTwo();
+    information->elements = {0};
+    const AddressFilter filter({Axis1Element0});
+    QVERIFY(!frozen(*information, &filter));
+}
+
+/// Element 0 is accepted only where the living space is not held any more.
+void tst_SnapshotRecordBuilder::namesOfElementsThatAreNotHeld()
+{
+    const auto information = twoByTwo();
+    const AddressFilter filter({Axis1Element0, Axis2Element1});
+    const auto record = frozen(*information, &filter);
+    QVERIFY(record);
+    QCOMPARE(record->layout().elements, QList<quint16>());
+    QCOMPARE(record->value(Axis1, 1).display, QStringLiteral("1-1"));
+    QCOMPARE(record->value(Axis2, 0).display, QString());
+    QCOMPARE(record->elementName(0), QString());
+    QCOMPARE(record->elementReadLevel(0), 0U);
+    QCOMPARE(record->elementName(1), QStringLiteral("One"));
+    QCOMPARE(record->elementReadLevel(1), 4U);
+}
+
+void tst_SnapshotRecordBuilder::filterSeesEveryPlaceOnce()
+{
+    const auto information = twoByTwo();
+    const AddressFilter filter({Axis1Element0});
+    // Also in a living space that the snapshot does not take.
+    frozen(*information, &filter, {Global});
+    QCOMPARE(
+        filter.asked, (QStringList {Axis1Element0, Axis1Element1, Axis2Element0, Axis2Element1}));
+}
+
+void tst_SnapshotRecordBuilder::namesAndUnitsAreAskedOnce()
+{
+    const auto information = twoByTwo();
+    information->setUnits(QStringLiteral("rpm"), QStringLiteral("inc"));
+    frozen(*information);
+    QCOMPARE(information->nameCount, 1);
+    QCOMPARE(information->elementNameCount, 2);
+    // Two elements, two units each.
+    QCOMPARE(information->unitCount, 4);
+}
+
+void tst_SnapshotRecordBuilder::equalTextsAreShared()
+{
+    FakeParameterInformation information(QStringLiteral("A00"));
+    information.setValue(Global, 0,
+        {QString::fromLatin1("15"), QString::fromLatin1("15"), QString::fromLatin1("15")});
+    const auto record = frozen(information);
+    QVERIFY(record);
+    const SnapshotValue &value = record->value(Global, 0);
+    QVERIFY(value.display.constData() == value.native.constData());
+    QVERIFY(value.undecorated.constData() == value.native.constData());
+    const QString stored = information.values.value({Global, 0}).native;
+    QVERIFY(value.native.constData() == stored.constData());
+}
+
+void tst_SnapshotRecordBuilder::equalLayoutsAndUnitsAreShared()
+{
+    FakeParameterInformation first(QStringLiteral("A00"), QStringLiteral("First"));
+    FakeParameterInformation other(QStringLiteral("A01"), QStringLiteral("Other"));
+    first.setUnits(QStringLiteral("rpm"), QString());
+    other.setUnits(QStringLiteral("rpm"), QString());
+    SnapshotRecordBuilder builder(AllSpaces, nullptr);
+    const auto firstRecord = builder.build(&first);
+    const auto otherRecord = builder.build(&other);
+    QVERIFY(&firstRecord->layout() == &otherRecord->layout());
+    QVERIFY(firstRecord->value(Global, 0).units == otherRecord->value(Global, 0).units);
+
+    other.readLevels = {{0, 1}};
+    other.setUnits(QString(), QStringLiteral("rpm"));
+    const auto different = builder.build(&other);
+    QVERIFY(&firstRecord->layout() != &different->layout());
+    QCOMPARE(different->value(Global, 0).scaledUnit(), QString());
+    QCOMPARE(different->value(Global, 0).nativeUnit(), QStringLiteral("rpm"));
+}
+
+void tst_SnapshotRecordBuilder::parameterGoesAwayMeanwhile()
+{
+    auto information = twoByTwo();
+    int count = 0;
+    information->onDisplayText = [&] {
+        if (++count == 3)
+            information.reset();
+    };
+    SnapshotRecordBuilder builder(AllSpaces, nullptr);
+    QVERIFY(!builder.build(information.get()));
+    QCOMPARE(count, 3);
+}
+
+QTEST_GUILESS_MAIN(tst_SnapshotRecordBuilder)
+#include "tst_SnapshotRecordBuilder.moc"

@@ -1,0 +1,184 @@
+#include "snapshot/SnapshotTextExport.h"
+
+#include "snapshot/SnapshotRecordBuilder.h"
+#include "tests/snapshot/FakeParameterInformation.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QTest>
+
+/// The semicolon text, byte by byte.
+class tst_SnapshotTextExport : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void goldenFile();
+    void selection_data();
+    void selection();
+    void replacesAnEarlierFile();
+    void cannotBeOpened_data();
+    void cannotBeOpened();
+    void fullDisk();
+
+private:
+    QByteArray exported(
+        const QStringList &coordinates, const QList<eLivingSpace> &livingSpaces) const;
+
+    SnapshotRecords m_records;
+    QTemporaryDir m_directory;
+};
+
+namespace {
+
+constexpr eLivingSpace Global = eLivingSpace::Global;
+constexpr eLivingSpace Axis1 = eLivingSpace::Axis1;
+constexpr eLivingSpace Axis2 = eLivingSpace::Axis2;
+const QList<eLivingSpace> AllSpaces {Axis2, Axis1, Global};
+const QByteArray Begin = QByteArrayLiteral("\xEF\xBB\xBF\r\n");
+
+QList<ParameterCoordinate> coordinates(const QStringList &texts)
+{
+    QList<ParameterCoordinate> result;
+    for (const QString &text : texts)
+        result.append(ParameterCoordinate(text));
+    return result;
+}
+
+} // namespace
+
+void tst_SnapshotTextExport::initTestCase()
+{
+    SnapshotRecordBuilder builder({Global, Axis1, Axis2}, nullptr);
+    const auto insert = [&](FakeParameterInformation &information) {
+        m_records.insert(information.coordinateAnswer, *builder.build(&information));
+    };
+    FakeParameterInformation simple(QStringLiteral("A00"), QStringLiteral("Drehzahl"));
+    simple.spaces = {Global, Axis1};
+    simple.setUnits(QStringLiteral("1/min"), QStringLiteral("inc"));
+    simple.setValue(
+        Global, 0, {QStringLiteral("1.5"), QStringLiteral("15"), QStringLiteral("1.50")});
+    simple.setValue(Axis1, 0, QStringLiteral("-2"));
+    insert(simple);
+
+    FakeParameterInformation record(QStringLiteral("A12"), QStringLiteral("Übersicht"));
+    record.isRecord = true;
+    record.elements = {2, 0};
+    record.elementNames = {{2, QStringLiteral("Zweites")}};
+    record.spaces = {Axis1, Axis2};
+    record.setValue(Axis1, 0, QStringLiteral("10"));
+    record.setValue(Axis1, 2, QStringLiteral("12"));
+    record.setValue(Axis2, 0, QStringLiteral("20"));
+    record.setValue(Axis2, 2, QStringLiteral("22"));
+    insert(record);
+
+    FakeParameterInformation special(QStringLiteral("G245"), QStringLiteral("\"%1\" %2;"));
+    special.setUnits(QStringLiteral("µm"), QString());
+    special.setValue(Global, 0, QStringLiteral("a\"b;c\nd \U0001F600"));
+    insert(special);
+
+    FakeParameterInformation single(QStringLiteral("B03"), QStringLiteral("Nur Element 1"));
+    single.isRecord = true;
+    single.elements = {1};
+    single.setValue(Global, 1, QString());
+    insert(single);
+}
+
+QByteArray tst_SnapshotTextExport::exported(
+    const QStringList &texts, const QList<eLivingSpace> &livingSpaces) const
+{
+    const QString fileName = m_directory.filePath(QStringLiteral("export.txt"));
+    if (!SnapshotTextExport::write(fileName, m_records, coordinates(texts), livingSpaces))
+        return {};
+    QFile file(fileName);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void tst_SnapshotTextExport::goldenFile()
+{
+    QFile golden(QFINDTESTDATA("../data/snapshot/export.txt"));
+    QVERIFY(golden.open(QIODevice::ReadOnly));
+    QCOMPARE(exported({QStringLiteral("G245"), QStringLiteral("B03"), QStringLiteral("A12"),
+                          QStringLiteral("A00"), QStringLiteral("C99")},
+                 AllSpaces),
+        golden.readAll());
+}
+
+void tst_SnapshotTextExport::selection_data()
+{
+    QTest::addColumn<QStringList>("texts");
+    QTest::addColumn<QList<eLivingSpace>>("livingSpaces");
+    QTest::addColumn<QByteArray>("lines");
+    const QStringList simple {QStringLiteral("A00")};
+    const QStringList record {QStringLiteral("A12")};
+    QTest::newRow("no coordinate") << QStringList() << AllSpaces << QByteArray();
+    QTest::newRow("no living space") << simple << QList<eLivingSpace>() << QByteArray();
+    QTest::newRow("unknown coordinate")
+        << QStringList {QStringLiteral("Z99")} << AllSpaces << QByteArray();
+    QTest::newRow("invalid coordinate") << QStringList {QString()} << AllSpaces << QByteArray();
+    QTest::newRow("simple, both living spaces")
+        << simple << AllSpaces
+        << QByteArrayLiteral("\"A00\";\"Drehzahl\";\"1.5 1/min\"\n"
+                             "\"1.A00\";\"Drehzahl\";\"-2 1/min\"\n");
+    QTest::newRow("one living space of two")
+        << simple << QList {Axis1} << QByteArrayLiteral("\"1.A00\";\"Drehzahl\";\"-2 1/min\"\n");
+    QTest::newRow("living space that the parameter lacks")
+        << simple << QList {Axis2} << QByteArray();
+    QTest::newRow("living space named twice")
+        << simple << QList {Axis1, Axis1}
+        << QByteArrayLiteral("\"1.A00\";\"Drehzahl\";\"-2 1/min\"\n");
+    QTest::newRow("record: element 0 first, parameter name for the unnamed one")
+        << record << QList {Axis2}
+        << QByteArrayLiteral("\"2.A12[0]\";\"\xC3\x9C"
+                             "bersicht\";\"20\"\n\"2.A12[2]\";\"Zweites\";\"22\"\n");
+    QTest::newRow("one element other than 0 is shown with its number")
+        << QStringList {QStringLiteral("B03")} << AllSpaces
+        << QByteArrayLiteral("\"B03[1]\";\"Nur Element 1\";\"\"\n");
+    QTest::newRow("coordinate named twice")
+        << QStringList {QStringLiteral("B03"), QStringLiteral("B03")} << AllSpaces
+        << QByteArrayLiteral("\"B03[1]\";\"Nur Element 1\";\"\"\n"
+                             "\"B03[1]\";\"Nur Element 1\";\"\"\n");
+}
+
+void tst_SnapshotTextExport::selection()
+{
+    QFETCH(QStringList, texts);
+    QFETCH(QList<eLivingSpace>, livingSpaces);
+    QFETCH(QByteArray, lines);
+    QCOMPARE(exported(texts, livingSpaces), Begin + lines);
+}
+
+void tst_SnapshotTextExport::replacesAnEarlierFile()
+{
+    QVERIFY(exported({QStringLiteral("A00"), QStringLiteral("A12")}, AllSpaces).size() > 100);
+    QCOMPARE(exported({}, AllSpaces), Begin);
+}
+
+void tst_SnapshotTextExport::cannotBeOpened_data()
+{
+    QTest::addColumn<QString>("fileName");
+    QTest::newRow("no name") << QString();
+    QTest::newRow("folder is missing") << m_directory.filePath(QStringLiteral("missing/a.txt"));
+    QTest::newRow("is a folder") << m_directory.path();
+}
+
+void tst_SnapshotTextExport::cannotBeOpened()
+{
+    QFETCH(QString, fileName);
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    QVERIFY(!SnapshotTextExport::write(
+        fileName, m_records, coordinates({QStringLiteral("A00")}), AllSpaces));
+}
+
+/// What cannot be written is not noticed.
+void tst_SnapshotTextExport::fullDisk()
+{
+    const QString fullDevice = QStringLiteral("/dev/full");
+    if (!QFile::exists(fullDevice))
+        return;
+    QVERIFY(SnapshotTextExport::write(
+        fullDevice, m_records, coordinates({QStringLiteral("A00")}), AllSpaces));
+}
+
+QTEST_GUILESS_MAIN(tst_SnapshotTextExport)
+#include "tst_SnapshotTextExport.moc"

@@ -1,0 +1,115 @@
+#include "value/AxisReference.h"
+
+#include "value/ChoiceForm.h"
+#include "value/DisplayForms.h"
+
+#include <KrParameterInstance/ParameterContainer.h>
+#include <KrParameterInstance/ParameterInformation.h>
+
+#include <QtCore/QScopedValueRollback>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace {
+
+constexpr qsizetype MaximumDigits = 3;
+/// More references in a row than any device has; deep enough that none is missed, flat enough for
+/// any stack.
+constexpr int MaximumDepth = 32;
+/// Asks the container for the active axis.
+constexpr auto ActiveAxisRequest = eLivingSpace(-1);
+
+/// The references being resolved. Each parameter on the way formats its own value, so the chain is
+/// kept beside the calls and not handed through them.
+struct Link {
+    const ParameterInformation *information;
+    eLivingSpace livingSpace;
+    const Link *outer;
+    int depth;
+};
+
+thread_local const Link *innermost = nullptr;
+
+bool isBeingResolved(const ParameterInformation *information, eLivingSpace livingSpace)
+{
+    for (const Link *link = innermost; link; link = link->outer) {
+        if (link->information == information && link->livingSpace == livingSpace)
+            return true;
+    }
+    return false;
+}
+
+bool takeStart(QStringView &text, QLatin1StringView start)
+{
+    if (!text.startsWith(start))
+        return false;
+    text = text.sliced(start.size());
+    return true;
+}
+
+bool isCoordinate(QStringView text)
+{
+    if (text.size() < 2 || text.size() > 1 + MaximumDigits || text[0] < QLatin1Char('A')
+        || text[0] > QLatin1Char('Z'))
+        return false;
+    const QStringView digits = text.sliced(1);
+    return std::all_of(digits.begin(), digits.end(),
+        [](QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); });
+}
+
+/// Of "3: Torque control" only "Torque control".
+QString withoutKey(
+    const QString &displayText, const ParameterInformation &information, eLivingSpace livingSpace)
+{
+    const ParameterProperty kind =
+        information.elementProperty(0, eParameterProperty::ParameterKind);
+    if (!DisplayForms::isChoice(kind.asInt32()))
+        return displayText;
+    const std::optional<QString> key =
+        ChoiceForm::readNumber(information.valueText(livingSpace, 0, false));
+    const QString start = key.value_or(QString()) + QLatin1StringView(": ");
+    return displayText.startsWith(start) ? displayText.sliced(start.size()) : displayText;
+}
+
+} // namespace
+
+AxisReference::AxisReference(eAxis axis, const ParameterCoordinate &coordinate)
+    : m_axis(axis)
+    , m_coordinate(coordinate)
+{
+}
+
+std::optional<AxisReference> AxisReference::parse(QStringView text)
+{
+    const bool isLocal = takeStart(text, QLatin1StringView("<localAxis:"));
+    if (!isLocal && !takeStart(text, QLatin1StringView("<activeAxis:")))
+        return {};
+    if (!text.endsWith(QLatin1Char('>')) || !isCoordinate(text.chopped(1)))
+        return {};
+    return AxisReference(
+        isLocal ? eAxis::Local : eAxis::Active, ParameterCoordinate(text.chopped(1).toString()));
+}
+
+std::optional<QString> AxisReference::resolve(
+    ParameterContainer *container, eLivingSpace livingSpace) const
+{
+    if (!container)
+        return {};
+    if (m_axis == eAxis::Active)
+        livingSpace = eLivingSpace(std::abs(int(container->activeLivingSpace(ActiveAxisRequest))));
+    const QPointer<ParameterInformation> information =
+        container->parameterInformation(m_coordinate);
+    if (!information)
+        return {};
+    if (information->isGlobalParameter())
+        livingSpace = eLivingSpace::Global;
+
+    const Link link {information, livingSpace, innermost, innermost ? innermost->depth + 1 : 1};
+    if (!information->hasInstance(livingSpace) || link.depth > MaximumDepth
+        || isBeingResolved(information, livingSpace))
+        return {};
+    const QScopedValueRollback guard(innermost, &link);
+    const QString text = information->displayValueText(livingSpace, 0, false);
+    return information ? withoutKey(text, *information, livingSpace) : text;
+}

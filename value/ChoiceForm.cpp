@@ -1,0 +1,52 @@
+#include "value/ChoiceForm.h"
+
+#include "value/NumberText.h"
+
+#include <limits>
+
+std::optional<qint32> ChoiceForm::keyOf(const QString &valueText, const ParameterTextMap &choice)
+{
+    const std::optional<qint64> key = NumberText::toInteger(valueText);
+    if (!key || *key < std::numeric_limits<qint32>::min()
+        || *key > std::numeric_limits<qint32>::max() || !choice.contains(qint32(*key)))
+        return {};
+    return qint32(*key);
+}
+
+QString ChoiceForm::show(
+    const QString &valueText, const ParameterTextMap &choice, const EntryText &entryText)
+{
+    const std::optional<qint32> key = keyOf(valueText, choice);
+    if (!key)
+        return valueText;
+    const QString entry = entryText(choice.text(*key));
+    QString text = QString::number(*key);
+    text.reserve(text.size() + 2 + entry.size());
+    text.append(QLatin1StringView(": "));
+    return text.append(entry);
+}
+
+std::optional<QString> ChoiceForm::readNumber(const QString &text)
+{
+    const qsizetype colon = text.indexOf(QLatin1Char(':'));
+    const QStringView number = QStringView(text).first(colon < 0 ? text.size() : colon);
+    if (const std::optional<qint64> value = NumberText::toInteger(number))
+        return QString::number(*value);
+    if (const std::optional<quint64> value = NumberText::toUnsigned(number))
+        return QString::number(*value);
+    return {};
+}
+
+QString ChoiceForm::readText(
+    const QString &text, const ParameterTextMap &choice, const EntryText &entryText)
+{
+    const QStringView typed = QStringView(text).trimmed();
+    if (typed.isEmpty())
+        return text;
+    const QList<qint32> keys = choice.keys();
+    for (const qint32 key : keys) {
+        if (QStringView(entryText(choice.text(key))).trimmed() == typed)
+            return QString::number(key);
+    }
+    return text;
+}

@@ -1,0 +1,50 @@
+#include "value/SuffixRule.h"
+
+#include <QtCore/QLatin1StringView>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+struct Suffix {
+    QLatin1StringView text;
+    SuffixRule::eFormat format;
+};
+
+constexpr std::array<Suffix, 3> Suffixes {{
+    {QLatin1StringView("hex"), SuffixRule::eFormat::Hexadecimal},
+    {QLatin1StringView("bin"), SuffixRule::eFormat::Binary},
+    {QLatin1StringView("dec"), SuffixRule::eFormat::Decimal},
+}};
+
+/// Takes the first line off the text. Only a line feed ends a line.
+QStringView takeLine(QStringView &text)
+{
+    const qsizetype end = text.indexOf(QLatin1Char('\n'));
+    const QStringView line = end < 0 ? text : text.first(end);
+    text = end < 0 ? QStringView() : text.sliced(end + 1);
+    return line;
+}
+
+} // namespace
+
+SuffixRule::Number SuffixRule::apply(QStringView text, eFormat requested)
+{
+    QStringView rest = text;
+    while (!rest.isEmpty()) {
+        const QStringView line = takeLine(rest);
+        qsizetype last = -1;
+        eFormat format = requested;
+        for (const Suffix &suffix : Suffixes) {
+            const qsizetype position = line.lastIndexOf(suffix.text);
+            if (position > last) {
+                last = position;
+                format = suffix.format;
+            }
+        }
+        if (last >= 0)
+            return {format, line.first(last)};
+    }
+    return {requested, text};
+}

@@ -1,0 +1,69 @@
+#include "value/TimeForm.h"
+
+#include "value/NumberText.h"
+
+namespace {
+
+constexpr int HoursShift = 12;
+constexpr int MinutesShift = 6;
+constexpr quint32 SixtiesMask = 0x3F;
+constexpr quint32 HoursEnd = 1U << 20;
+constexpr qsizetype HoursDigits = 5;
+constexpr qsizetype SixtiesDigits = 2;
+
+static_assert(99999 + (99 + 99 / 60) / 60 < HoursEnd, "the typed hours fit their field");
+
+void appendTwoDigits(QString &text, quint32 number)
+{
+    text.append(QLatin1Char(char('0' + number / 10)));
+    text.append(QLatin1Char(char('0' + number % 10)));
+}
+
+/// Takes a part like "05m" off the text; 0 where the text does not begin with one.
+quint32 takePart(QStringView &text, qsizetype maximumDigits, char16_t letter)
+{
+    quint32 number = 0;
+    qsizetype used = 0;
+    while (used < text.size() && used < maximumDigits && text[used] >= QLatin1Char('0')
+        && text[used] <= QLatin1Char('9')) {
+        number = number * 10 + (text[used].unicode() - u'0');
+        ++used;
+    }
+    if (used == text.size() || text[used] != QChar(letter))
+        return 0;
+    text = text.sliced(used + 1);
+    return number;
+}
+
+void takeBlank(QStringView &text)
+{
+    if (text.startsWith(QLatin1Char(' ')))
+        text = text.sliced(1);
+}
+
+} // namespace
+
+QString TimeForm::show(const QString &valueText)
+{
+    const quint32 value = NumberText::toUnsigned32(valueText);
+    QString text = QString::number(value >> HoursShift);
+    text.reserve(text.size() + 9);
+    text.append(QLatin1StringView("h "));
+    appendTwoDigits(text, value >> MinutesShift & SixtiesMask);
+    text.append(QLatin1StringView("m "));
+    appendTwoDigits(text, value & SixtiesMask);
+    return text.append(QLatin1Char('s'));
+}
+
+QString TimeForm::read(QStringView text)
+{
+    // Deliberate: a text without any part is the time 0.
+    quint32 hours = takePart(text, HoursDigits, u'h');
+    takeBlank(text);
+    quint32 minutes = takePart(text, SixtiesDigits, u'm');
+    takeBlank(text);
+    const quint32 seconds = takePart(text, SixtiesDigits, u's');
+    minutes += seconds / 60;
+    hours += minutes / 60;
+    return QString::number(hours << HoursShift | minutes % 60 << MinutesShift | seconds % 60);
+}
