@@ -103,7 +103,6 @@ void DescriptionLoader::readRoot(const JsonValue &root)
 
 void DescriptionLoader::readHeader(const JsonValue &root)
 {
-    m_reader.object(root);
     const JsonValue *format = m_reader.required(root, FormatKey);
     if (format && m_reader.text(*format) != Format)
         m_findings.refuse(*format, QStringLiteral("expected \"%1\"").arg(Format));

@@ -43,6 +43,7 @@ void DescriptionReader::expectKeys(
 
 const JsonValue *DescriptionReader::required(const JsonValue &object, QLatin1StringView key) const
 {
+    this->object(object);
     const JsonValue *value = object.member(key);
     if (!value)
         m_findings.refuseMissing(object, key, QStringLiteral("is missing"));
