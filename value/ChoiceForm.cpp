@@ -4,6 +4,13 @@
 
 #include <limits>
 
+namespace {
+
+/// "-2147483648: ".
+constexpr qsizetype LongestKey = 13;
+
+} // namespace
+
 std::optional<qint32> ChoiceForm::keyOf(const QString &valueText, const ParameterTextMap &choice)
 {
     const std::optional<qint64> key = NumberText::toInteger(valueText);
@@ -20,8 +27,9 @@ QString ChoiceForm::show(
     if (!key)
         return valueText;
     const QString entry = entryText(choice.text(*key));
-    QString text = QString::number(*key);
-    text.reserve(text.size() + 2 + entry.size());
+    QString text;
+    text.reserve(LongestKey + entry.size());
+    NumberText::appendInteger(text, *key);
     text.append(QLatin1StringView(": "));
     return text.append(entry);
 }

@@ -20,6 +20,8 @@ constexpr double HighestPlain = 9999999.4;
 constexpr int DigitsOfDouble = 15;
 constexpr int DigitsOfFloat = 7;
 constexpr quint32 SizeOfDouble = 8;
+/// Of a text without unit; longer ones are rare.
+constexpr qsizetype UsualSize = 24;
 
 int precisionOf(quint32 digits)
 {
@@ -42,14 +44,14 @@ bool isPlain(Real magnitude)
         || (double(magnitude) >= LowestPlain && double(magnitude) <= HighestPlain);
 }
 
+/// `out` is empty.
 template <typename Real>
-QString engineeringText(Real value, int digits)
+void appendEngineering(QString &out, Real value, int digits)
 {
-    QString text;
     const Real magnitude = std::fabs(value);
     if (isPlain(magnitude)) {
-        NumberText::appendGeneral(text, double(value), digits);
-        return text;
+        NumberText::appendGeneral(out, double(value), digits);
+        return;
     }
 
     // Conversion and division of integers truncate toward zero, as the form asks for.
@@ -60,11 +62,10 @@ QString engineeringText(Real value, int digits)
         exponent -= 3;
     }
     const int decimals = std::max(0, digits - int(std::log10(mantissa)) - 1);
-    NumberText::appendFixed(text, double(value < 0 ? -mantissa : mantissa), decimals);
-    cutZeros(text);
-    text.append(QLatin1Char('E'));
-    text.append(QLatin1Char(exponent < 0 ? '-' : '+'));
-    return text.append(QString::number(std::abs(exponent)));
+    NumberText::appendFixed(out, double(value < 0 ? -mantissa : mantissa), decimals);
+    cutZeros(out);
+    out.append(QLatin1StringView(exponent < 0 ? "E" : "E+"));
+    NumberText::appendInteger(out, exponent);
 }
 
 double numberOf(const QString &valueText, const QString &decimalPoint)
@@ -74,29 +75,26 @@ double numberOf(const QString &valueText, const QString &decimalPoint)
     return NumberText::toDouble(QString(valueText).replace(decimalPoint, QString(Point)));
 }
 
-QString fixedText(double value, int precision)
+/// `out` is empty.
+void appendFloatingPoint(
+    QString &out, double value, bool isDouble, const DecimalForm::Places &places)
 {
-    QString text;
-    NumberText::appendFixed(text, value, precision);
-    return text;
-}
-
-QString numberText(double value, const SimpleType &type, const DecimalForm::Places &places)
-{
-    if (type.kind() != SimpleType::FloatingPoint)
-        return fixedText(value, places.behind);
-
-    const bool isDouble = type.sizeInBytes() == SizeOfDouble;
     if (places.significant != 0) {
-        return isDouble ? DecimalForm::engineering(value, places.significant)
-                        : DecimalForm::engineering(float(value), places.significant);
+        const int digits = precisionOf(places.significant);
+        if (isDouble)
+            appendEngineering(out, value, digits);
+        else
+            appendEngineering(out, float(value), digits);
+        return;
     }
 
+    NumberText::appendFixed(out, value, places.behind);
     const int limit = isDouble ? DigitsOfDouble : DigitsOfFloat;
-    const QString text = fixedText(value, places.behind);
     // The point is taken for granted, also where nothing stands behind it.
-    const qsizetype digits = text.size() - 1 - (value < 0 ? 1 : 0);
-    return digits > limit ? engineeringText(value, limit) : text;
+    if (out.size() - 1 - (value < 0 ? 1 : 0) <= limit)
+        return;
+    out.truncate(0);
+    appendEngineering(out, value, limit);
 }
 
 /// The text without a unit at its end; unchanged where no blank precedes it.
@@ -122,25 +120,34 @@ QString DecimalForm::show(const QString &valueText, const SimpleType *type, cons
     if (!type)
         return {};
     // Deliberate: a 64-bit integer goes through a double too and keeps 53 bits.
-    QString text = numberText(numberOf(valueText, decimalPoint), *type, places);
+    const double value = numberOf(valueText, decimalPoint);
+    QString text;
+    text.reserve(UsualSize + unit.size());
+    if (type->kind() == SimpleType::FloatingPoint)
+        appendFloatingPoint(text, value, type->sizeInBytes() == SizeOfDouble, places);
+    else
+        NumberText::appendFixed(text, value, places.behind);
     if (decimalPoint != Point)
         text.replace(Point, decimalPoint);
     if (unit.isEmpty())
         return text;
 
-    text.reserve(text.size() + 1 + unit.size());
     text.append(QLatin1Char(' '));
     return text.append(unit);
 }
 
 QString DecimalForm::engineering(double value, quint32 digits)
 {
-    return engineeringText(value, precisionOf(digits));
+    QString text;
+    appendEngineering(text, value, precisionOf(digits));
+    return text;
 }
 
 QString DecimalForm::engineering(float value, quint32 digits)
 {
-    return engineeringText(value, precisionOf(digits));
+    QString text;
+    appendEngineering(text, value, precisionOf(digits));
+    return text;
 }
 
 QString DecimalForm::read(QStringView text, const QString &unit, const QString &decimalPoint)

@@ -43,7 +43,7 @@ QString Ipv4Form::show(const QString &valueText)
     QString text;
     text.reserve(LongestText);
     for (int shift = FirstShift; shift >= 0; shift -= BitsOfPart) {
-        text.append(QString::number(value >> shift & PartMask));
+        NumberText::appendInteger(text, value >> shift & PartMask);
         if (shift > 0)
             text.append(QLatin1Char('.'));
     }

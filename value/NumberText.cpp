@@ -213,6 +213,13 @@ QString NumberText::shortest(float value)
     return shortestOf(value);
 }
 
+void NumberText::appendInteger(QString &out, qint64 value)
+{
+    std::array<char, std::numeric_limits<qint64>::digits10 + 2> buffer;
+    const auto printed = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
+    appendPrinted(out, buffer.data(), printed.ptr);
+}
+
 std::optional<qint64> NumberText::toInteger(QStringView text)
 {
     return integerOf<qint64>(text);

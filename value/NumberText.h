@@ -29,6 +29,9 @@ void appendGeneral(QString &out, double value, int precision);
 QString shortest(double value);
 QString shortest(float value);
 
+/// Appends the number in decimal.
+void appendInteger(QString &out, qint64 value);
+
 /// A whole text that is one decimal integer, blanks around it allowed; empty for any other text and
 /// for a number beyond 64 bits.
 std::optional<qint64> toInteger(QStringView text);

@@ -10,6 +10,8 @@ constexpr quint32 SixtiesMask = 0x3F;
 constexpr quint32 HoursEnd = 1U << 20;
 constexpr qsizetype HoursDigits = 5;
 constexpr qsizetype SixtiesDigits = 2;
+/// "1048575h 63m 63s".
+constexpr qsizetype LongestText = 16;
 
 static_assert(99999 + (99 + 99 / 60) / 60 < HoursEnd, "the typed hours fit their field");
 
@@ -46,8 +48,9 @@ void takeBlank(QStringView &text)
 QString TimeForm::show(const QString &valueText)
 {
     const quint32 value = NumberText::toUnsigned32(valueText);
-    QString text = QString::number(value >> HoursShift);
-    text.reserve(text.size() + 9);
+    QString text;
+    text.reserve(LongestText);
+    NumberText::appendInteger(text, value >> HoursShift);
     text.append(QLatin1StringView("h "));
     appendTwoDigits(text, value >> MinutesShift & SixtiesMask);
     text.append(QLatin1StringView("m "));

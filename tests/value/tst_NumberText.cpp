@@ -18,6 +18,8 @@ private Q_SLOTS:
     void appendFixed();
     void appendGeneral_data();
     void appendGeneral();
+    void appendInteger_data();
+    void appendInteger();
     void toInteger_data();
     void toInteger();
     void toIntegerRefuses_data();
@@ -213,6 +215,27 @@ void tst_NumberText::appendGeneral()
     QFETCH(int, precision);
     QString printed = QStringLiteral("x");
     NumberText::appendGeneral(printed, value, precision);
+    QFETCH(QString, text);
+    QCOMPARE(printed, QStringLiteral("x") + text);
+}
+
+void tst_NumberText::appendInteger_data()
+{
+    QTest::addColumn<qint64>("value");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("0") << qint64(0) << QStringLiteral("0");
+    QTest::newRow("negative") << qint64(-5) << QStringLiteral("-5");
+    QTest::newRow("lowest") << std::numeric_limits<qint64>::min()
+                            << QStringLiteral("-9223372036854775808");
+    QTest::newRow("greatest") << std::numeric_limits<qint64>::max()
+                              << QStringLiteral("9223372036854775807");
+}
+
+void tst_NumberText::appendInteger()
+{
+    QFETCH(qint64, value);
+    QString printed = QStringLiteral("x");
+    NumberText::appendInteger(printed, value);
     QFETCH(QString, text);
     QCOMPARE(printed, QStringLiteral("x") + text);
 }
