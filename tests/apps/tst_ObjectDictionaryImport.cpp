@@ -1,6 +1,10 @@
 #include "apps/import/ObjectDictionaryImport.h"
 #include "apps/import/WholeFile.h"
 
+#include <KrFirmware/ServoDriveFirmware.h>
+#include <KrParameterDefinition/ParameterDefinition.h>
+#include <KrParameterDefinition/RecordParameterDefinition.h>
+
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QJsonArray>
@@ -21,6 +25,8 @@ private Q_SLOTS:
     void reportText();
     void reportJson();
     void configuredValues();
+    void firmwareLoadsEveryType();
+    void firmwareLoadsDamagedSheets();
     void twice();
     void eitherOrderOfFiles();
     void storedCoordinatesStay();
@@ -41,6 +47,7 @@ private:
     void put(const QString &name, const QByteArray &bytes) const;
     QByteArray get(const QString &name) const;
     ImportResult import(const QString &source) const;
+    std::unique_ptr<ServoDriveFirmware> load(const QString &source, QString &error) const;
 
     std::unique_ptr<QTemporaryDir> m_folder;
 };
@@ -93,6 +100,15 @@ ImportResult tst_ObjectDictionaryImport::import(const QString &source) const
 {
     return importObjectDictionary(
         {path(source), path(u"table.txt"_s), path(source + u".json"_s), std::nullopt});
+}
+
+std::unique_ptr<ServoDriveFirmware> tst_ObjectDictionaryImport::load(
+    const QString &source, QString &error) const
+{
+    DescriptionError found;
+    auto firmware = ServoDriveFirmware::loadFromFile(path(source + u".json"_s), &found);
+    error = found.toText();
+    return firmware;
 }
 
 void tst_ObjectDictionaryImport::wholeImport()
@@ -162,6 +178,84 @@ void tst_ObjectDictionaryImport::configuredValues()
     QCOMPARE(result.configuredValues.list().first().coordinate.toText(), u"P64"_s);
     QCOMPARE(result.configuredValues.list().first().element, quint16(0));
     QCOMPARE(result.configuredValues.list().first().nativeText, u"15"_s);
+}
+
+void tst_ObjectDictionaryImport::firmwareLoadsEveryType()
+{
+    QByteArray text = "[DeviceInfo]\nVendorName=V\nProductName=Every type\n"
+                      "[2000]\nParameterName=Record\nObjectType=9\n"_ba;
+    QByteArrayList defaults(0x1C, "1");
+    defaults[0x04] = "-2147483648";
+    defaults[0x08] = "3.4028235e38";
+    defaults[0x09] = "a \"text\" \xC3\xBC";
+    defaults[0x0A] = "00 FF";
+    defaults[0x11] = "5e-324";
+    defaults[0x15] = "0x8000000000000000";
+    defaults[0x1B] = "18446744073709551615";
+    for (qsizetype type = 0; type < defaults.size(); ++type) {
+        const QByteArray keys = "DataType=" + QByteArray::number(type)
+            + "\nAccessType=rw\nDefaultValue=" + defaults.at(type) + "\n";
+        text += "[2000sub" + QByteArray::number(type, 16) + "]\n" + keys;
+        text += "[" + QByteArray::number(0x3000 + type, 16) + "]\n" + keys;
+    }
+    put(u"a.eds"_s, text);
+    const ImportResult result = import(u"a.eds"_s);
+    QCOMPARE(result.report.objectsRead, 23);
+    QCOMPARE(result.report.elementsRead, 44);
+
+    QString error;
+    const auto firmware = load(u"a.eds"_s, error);
+    QCOMPARE(error, QString());
+    QVERIFY(firmware != nullptr);
+    QCOMPARE(firmware->warnings(), QStringList());
+    QCOMPARE(firmware->deviceFamilyIdentifier(), result.report.familyIdentifier);
+    QCOMPARE(firmware->deviceFamilyName(), u"V Every type"_s);
+    QCOMPARE(firmware->parameterNumbers().size(), 23);
+    ParameterDefinition *record = firmware->parameterDefinition(0x2000);
+    QVERIFY(record != nullptr);
+    QVERIFY(record->isRecordParameterDefinition());
+    QVERIFY(record->isGlobalParameter());
+    QCOMPARE(record->elementCount(), quint16(22));
+    QCOMPARE(record->elementDefaultValue(0x1B), u"18446744073709551615"_s);
+    const auto defaultOf = [&firmware](quint32 number) {
+        return firmware->parameterDefinition(number)->elementDefaultValue(0);
+    };
+    QCOMPARE(defaultOf(0x3004), u"-2147483648"_s);
+    QCOMPARE(defaultOf(0x3009), u"a \"text\" \u00FC"_s);
+    QCOMPARE(defaultOf(0x300A), u"00ff"_s);
+    QCOMPARE(defaultOf(0x3015), u"-9223372036854775808"_s);
+}
+
+void tst_ObjectDictionaryImport::firmwareLoadsDamagedSheets()
+{
+    QRandomGenerator random(20);
+    const QByteArrayList values {"", "0", "1", "-1", "0x7F", "0xFF", "0xFFFFFFFF", "256", "1.5",
+        "x", "$NODEID+1", "18446744073709551615", "true", "\xE9", "01 02"};
+    const QByteArrayList keys {"DefaultValue", "LowLimit", "HighLimit", "DataType",
+        "ParameterValue", "ParameterName", "AccessType", "PDOMapping", "CompactSubObj",
+        "ObjectType"};
+    int loaded = 0;
+    for (int run = 0; run < 100; ++run) {
+        QByteArray text = simpleObjects({"6040"});
+        for (int object = 0x2000; object < 0x2010; ++object) {
+            text += "[" + QByteArray::number(object, 16) + (random.bounded(3) == 0 ? "sub1" : "")
+                + "]\nDataType=" + QByteArray::number(random.bounded(0x1C)) + "\n";
+            for (int count = random.bounded(6); count > 0; --count) {
+                text += keys.at(random.bounded(int(keys.size()))) + "="
+                    + values.at(random.bounded(int(values.size()))) + "\n";
+            }
+        }
+        put(u"a.eds"_s, text);
+        const ImportResult result = import(u"a.eds"_s);
+        QCOMPARE(result.error, QString());
+        QString error;
+        const auto firmware = load(u"a.eds"_s, error);
+        QVERIFY2(firmware != nullptr, qPrintable(error + u'\n' + QString::fromLatin1(text)));
+        QCOMPARE(firmware->warnings(), QStringList());
+        QCOMPARE(firmware->parameterNumbers().size(), result.report.objectsRead);
+        ++loaded;
+    }
+    QCOMPARE(loaded, 100);
 }
 
 void tst_ObjectDictionaryImport::twice()
