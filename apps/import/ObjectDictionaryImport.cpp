@@ -1,0 +1,164 @@
+#include "apps/import/ObjectDictionaryImport.h"
+
+#include "apps/import/CoordinateTable.h"
+#include "apps/import/DescriptionWriter.h"
+#include "apps/import/EdsReader.h"
+#include "apps/import/ObjectDictionaryReader.h"
+#include "apps/import/ParameterConversion.h"
+#include "apps/import/WholeFile.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+
+#include <algorithm>
+
+namespace {
+
+constexpr quint8 LastNodeId = 127;
+
+using eStatus = ImportResult::eStatus;
+
+/// The same for two names of one file, also of one that does not exist yet.
+QString locationOf(const QString &fileName)
+{
+    const QFileInfo file(fileName);
+    if (file.exists())
+        return file.canonicalFilePath();
+    const QString folder = QFileInfo(file.absolutePath()).canonicalFilePath();
+    return QDir::cleanPath(folder + QLatin1Char('/') + file.fileName());
+}
+
+/// One import, step by step; the first step that fails ends it.
+class Import {
+public:
+    explicit Import(const ImportRequest &request)
+        : m_request(request)
+    {
+        m_result.report.fileName = request.sourceFile;
+    }
+
+    ImportResult run()
+    {
+        if (checkRequest() && readTable() && readSource() && placeParameters())
+            writeFiles();
+        return m_result;
+    }
+
+private:
+    bool checkRequest()
+    {
+        const QString files[] = {
+            m_request.sourceFile, m_request.coordinateTable, m_request.outputFile};
+        if (std::any_of(std::begin(files), std::end(files),
+                [](const QString &name) { return name.isEmpty(); }))
+            return fail(eStatus::BadRequest, {}, QStringLiteral("a file name is missing"));
+        const QString table = locationOf(m_request.coordinateTable);
+        const QString output = locationOf(m_request.outputFile);
+        if (table == output)
+            return fail(eStatus::BadRequest, output, QStringLiteral("is both table and output"));
+        const QString source = locationOf(m_request.sourceFile);
+        if (source == table || source == output)
+            return fail(eStatus::BadRequest, source, QStringLiteral("would be overwritten"));
+        if (m_request.nodeId && (*m_request.nodeId == 0 || *m_request.nodeId > LastNodeId))
+            return fail(
+                eStatus::BadRequest, {}, QStringLiteral("the node id is none from 1 to 127"));
+        return true;
+    }
+
+    bool readTable()
+    {
+        if (!QFileInfo::exists(m_request.coordinateTable))
+            return true;
+        QString error;
+        const auto bytes = WholeFile::read(m_request.coordinateTable, error);
+        if (!bytes)
+            return fail(eStatus::UnreadableInput, m_request.coordinateTable, error);
+        const auto table = CoordinateTable::read(*bytes, error);
+        if (!table)
+            return fail(eStatus::UnreadableInput, m_request.coordinateTable, error);
+        m_table = *table;
+        return true;
+    }
+
+    bool readSource()
+    {
+        QString error;
+        const auto bytes = WholeFile::read(m_request.sourceFile, error);
+        if (!bytes)
+            return fail(eStatus::UnreadableInput, m_request.sourceFile, error);
+        ImportReport &report = m_result.report;
+        const ObjectDictionary dictionary =
+            ObjectDictionaryReader::read(EdsReader::read(*bytes, report.remarks), report.remarks);
+        const auto converted =
+            ParameterConversion::convert(dictionary, m_request.nodeId, report.remarks);
+        m_parameters = converted.parameters;
+        m_family = DeviceFamily::of(dictionary.device);
+        report.familyName = m_family.name;
+        report.familyIdentifier = m_family.identifier;
+        report.nodeId = m_request.nodeId ? m_request.nodeId : dictionary.device.nodeId;
+        report.skipped = dictionary.skipped + converted.skipped;
+        return true;
+    }
+
+    bool placeParameters()
+    {
+        QList<quint16> indices;
+        for (const ImportedParameter &parameter : m_parameters)
+            indices.append(parameter.index);
+        ImportReport &report = m_result.report;
+        report.newCoordinates = m_table.extend(indices);
+        m_parameters.removeIf([this, &report](const ImportedParameter &parameter) {
+            const bool hasPlace = m_table.coordinate(parameter.index).isValid();
+            if (!hasPlace)
+                report.skipped.append({parameter.index, std::nullopt, 0,
+                    QStringLiteral("the coordinate table is full")});
+            return !hasPlace;
+        });
+        std::stable_sort(report.skipped.begin(), report.skipped.end(),
+            [](const SkippedObject &a, const SkippedObject &b) { return a.index < b.index; });
+        for (const ImportedParameter &parameter : m_parameters)
+            report.elementsRead += parameter.elements.size();
+        report.objectsRead = m_parameters.size();
+        m_result.configuredValues = ConfiguredValues(m_parameters, m_table);
+        report.configuredValues = m_result.configuredValues.list().size();
+        if (m_parameters.isEmpty())
+            return fail(eStatus::UnreadableInput, m_request.sourceFile,
+                QStringLiteral("holds no object with a value"));
+        return true;
+    }
+
+    void writeFiles()
+    {
+        if (m_result.report.newCoordinates > 0
+            && !write(m_request.coordinateTable, m_table.toBytes()))
+            return;
+        write(m_request.outputFile, DescriptionWriter::write(m_family, m_parameters, m_table));
+    }
+
+    bool write(const QString &fileName, const QByteArray &bytes)
+    {
+        const QString error = WholeFile::replace(fileName, bytes);
+        return error.isEmpty() || fail(eStatus::WriteFailed, fileName, error);
+    }
+
+    /// False, so that a step can end with it.
+    bool fail(eStatus status, const QString &fileName, const QString &reason)
+    {
+        m_result.status = status;
+        m_result.error = fileName.isEmpty() ? reason : fileName + QLatin1String(": ") + reason;
+        return false;
+    }
+
+    const ImportRequest &m_request;
+    ImportResult m_result;
+    CoordinateTable m_table;
+    DeviceFamily m_family;
+    QList<ImportedParameter> m_parameters;
+};
+
+} // namespace
+
+ImportResult importObjectDictionary(const ImportRequest &request)
+{
+    return Import(request).run();
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "apps/import/ConfiguredValues.h"
+#include "apps/import/ImportReport.h"
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+
+#include <optional>
+
+/// What is to be imported into where.
+struct ImportRequest {
+    /// Electronic data sheet or device configuration file.
+    QString sourceFile;
+    /// Coordinate table; made when it is missing, extended where an index is new.
+    QString coordinateTable;
+    /// Device description; replaced where it exists.
+    QString outputFile;
+    /// **Range** 1 to 127. Goes before the file's own.
+    std::optional<quint8> nodeId;
+};
+
+/// What came of an import.
+struct ImportResult {
+    enum class eStatus {
+        Good,
+        /// The request contradicts itself.
+        BadRequest,
+        /// The source or the table cannot be read or used.
+        UnreadableInput,
+        WriteFailed,
+    };
+
+    eStatus status = eStatus::Good;
+    /// English, with the name of the file; empty when good.
+    QString error;
+    /// Filled as far as the import came.
+    ImportReport report;
+    /// Empty for a file that configures nothing.
+    ConfiguredValues configuredValues;
+};
+
+/// Turns a CiA 306 object dictionary into a device description.
+///
+/// Nothing is written unless the source and the table could be used. The table is written before
+/// the description, so that no description names a coordinate that the table does not hold; each
+/// file is replaced as a whole or stays as it was.
+/// **Refused** a source without a single object that has a value, a table with a bad line, and
+/// requests whose files are one and the same.
+ImportResult importObjectDictionary(const ImportRequest &request);
