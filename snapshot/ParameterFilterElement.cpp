@@ -95,14 +95,6 @@ ParameterFilterElement::ParameterFilterElement() = default;
 
 ParameterFilterElement::~ParameterFilterElement() = default;
 
-void ParameterFilterElement::load(
-    const ParameterInformation *information, eLivingSpace livingSpace, quint16 element)
-{
-    m_information = information;
-    m_livingSpace = livingSpace;
-    m_element = element;
-}
-
 eParameterProperty ParameterFilterElement::property(const QString &propertyName)
 {
     const auto found = std::find_if(std::begin(PropertyNames), std::end(PropertyNames),
@@ -112,42 +104,42 @@ eParameterProperty ParameterFilterElement::property(const QString &propertyName)
 
 QString ParameterFilterElement::stringProperty(QString propertyName) const
 {
-    if (!m_information)
+    if (!information)
         return {};
     const eParameterProperty id = property(propertyName);
     if (isComputed(id))
         return computedText(id);
-    return m_information->elementProperty(m_element, id).asString();
+    return information->elementProperty(element, id).asString();
 }
 
 quint32 ParameterFilterElement::uint32Property(QString propertyName) const
 {
-    if (!m_information)
+    if (!information)
         return 0;
     const eParameterProperty id = property(propertyName);
     if (isComputed(id))
         return computedText(id).toUInt();
-    return m_information->elementProperty(m_element, id).asUint32();
+    return information->elementProperty(element, id).asUint32();
 }
 
 qint32 ParameterFilterElement::int32Property(QString propertyName) const
 {
-    if (!m_information)
+    if (!information)
         return 0;
     const eParameterProperty id = property(propertyName);
     if (isComputed(id))
         return computedText(id).toInt();
-    return m_information->elementProperty(m_element, id).asInt32();
+    return information->elementProperty(element, id).asInt32();
 }
 
 double ParameterFilterElement::doubleProperty(QString propertyName) const
 {
-    if (!m_information)
+    if (!information)
         return 0.0;
     const eParameterProperty id = property(propertyName);
     if (isComputed(id))
         return computedText(id).toDouble();
-    return m_information->elementProperty(m_element, id).asDouble();
+    return information->elementProperty(element, id).asDouble();
 }
 
 QString ParameterFilterElement::computedText(eParameterProperty property) const
@@ -156,26 +148,24 @@ QString ParameterFilterElement::computedText(eParameterProperty property) const
     case eParameterProperty::LivingSpace:
         return livingSpaceText();
     case eParameterProperty::Address:
-        return m_information->address(m_livingSpace, m_element).toSortableText();
+        return information->address(livingSpace, element).toSortableText();
     case eParameterProperty::ValueNative:
-        return m_information->nativeValueText(m_livingSpace, m_element, false);
+        return information->nativeValueText(livingSpace, element, false);
     case eParameterProperty::ValueScaled:
-        return m_information->displayValueText(m_livingSpace, m_element, false);
+        return information->displayValueText(livingSpace, element, false);
     case eParameterProperty::DefaultvalueNative:
-        return m_information->defaultNativeValueText(m_livingSpace, m_element);
+        return information->defaultNativeValueText(livingSpace, element);
     case eParameterProperty::DefaultvalueScaled:
-        return m_information->defaultValueText(m_livingSpace, m_element);
+        return defaultDisplayText();
     case eParameterProperty::ChangeTagValue:
-        return m_information->attribute(m_livingSpace, m_element, QStringLiteral("ValueChangeTag"));
+        return information->attribute(livingSpace, element, QStringLiteral("ValueChangeTag"));
     case eParameterProperty::ChangeTagDefaultValue:
-        return m_information->attribute(
-            m_livingSpace, m_element, QStringLiteral("DefaultValueChangeTag"));
+        return information->attribute(
+            livingSpace, element, QStringLiteral("DefaultValueChangeTag"));
     case eParameterProperty::ChangeTagReadLevel:
-        return m_information->attribute(
-            m_livingSpace, m_element, QStringLiteral("ReadLevelChangeTag"));
+        return information->attribute(livingSpace, element, QStringLiteral("ReadLevelChangeTag"));
     case eParameterProperty::ChangeTagWriteLevel:
-        return m_information->attribute(
-            m_livingSpace, m_element, QStringLiteral("WriteLevelChangeTag"));
+        return information->attribute(livingSpace, element, QStringLiteral("WriteLevelChangeTag"));
     default:
         return {};
     }
@@ -185,11 +175,19 @@ QString ParameterFilterElement::computedText(eParameterProperty property) const
 QString ParameterFilterElement::livingSpaceText() const
 {
     QString text;
-    const QList<eLivingSpace> livingSpaces = m_information->livingSpaces();
-    for (const eLivingSpace livingSpace : livingSpaces) {
+    const QList<eLivingSpace> livingSpaces = information->livingSpaces();
+    for (const eLivingSpace each : livingSpaces) {
         if (!text.isEmpty())
             text += QLatin1Char(';');
-        text += QString::number(static_cast<qint32>(livingSpace));
+        text += QString::number(static_cast<qint32>(each));
     }
     return text;
+}
+
+/// The parameter offers the default's value text alone.
+QString ParameterFilterElement::defaultDisplayText() const
+{
+    const QString text = information->defaultValueText(livingSpace, element);
+    return information ? information->prepareValueText(text, livingSpace, element, false, nullptr)
+                       : QString();
 }

@@ -305,6 +305,8 @@ bool SnapshotRecordBuilder::isAccepted(
 {
     if (!m_filter)
         return true;
-    m_filterElement.load(&information, livingSpace, element);
+    m_filterElement.information = &information;
+    m_filterElement.livingSpace = livingSpace;
+    m_filterElement.element = element;
     return m_filter->testElement(m_filterElement);
 }

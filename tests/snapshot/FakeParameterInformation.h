@@ -72,6 +72,8 @@ public:
     QMap<eLivingSpace, QString> localScaledUnits;
     QMap<eLivingSpace, QString> localNativeUnits;
     QMap<QString, QString> attributes;
+    /// Value texts to display texts.
+    QMap<QString, QString> preparedTexts;
     QMap<quint16, int> kinds;
     QMap<quint16, quint32> readLevels;
     /// Runs inside every question for a display text.
@@ -157,9 +159,10 @@ public:
     }
     QString formattedValueText(eLivingSpace, quint16, int) const override { return {}; }
     QString formattedNativeValueText(eLivingSpace, quint16, int, bool) const override { return {}; }
-    QString prepareValueText(const QString &, eLivingSpace, quint16, bool, bool *) const override
+    QString prepareValueText(
+        const QString &text, eLivingSpace, quint16, bool, bool *) const override
     {
-        return {};
+        return preparedTexts.value(text);
     }
     QString adoptValueText(const QString &, eLivingSpace, quint16, bool *) const override
     {
@@ -203,7 +206,7 @@ public:
     }
     QString defaultValueText(eLivingSpace livingSpace, quint16 element) const override
     {
-        return defaults.value({livingSpace, element}).display;
+        return defaults.value({livingSpace, element}).value;
     }
     void setParameterNeedsConsistence(eLivingSpace, quint16, bool) override { }
     void startAllElementsConsistenceOnce(eLivingSpace) override { }
