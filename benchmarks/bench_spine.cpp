@@ -21,6 +21,8 @@ constexpr int Sizes[] = {400, 4000, 20000};
 constexpr int ReferenceSize = 4000;
 constexpr int RecordElements = 16000;
 constexpr int Rounds = 9;
+/// Of one repetition.
+constexpr double MinimumSeconds = 0.02;
 
 const QString Tag = QStringLiteral("da_2026");
 
@@ -378,7 +380,7 @@ void add(const char *name, int size, void (*function)(benchmark::State &, int))
         [function, size](benchmark::State &state) { function(state, size); })
         ->UseManualTime()
         ->Unit(benchmark::kMillisecond)
-        ->MinTime(0.02);
+        ->MinTime(MinimumSeconds);
 }
 
 void addRecord(const char *name, void (*function)(benchmark::State &))
@@ -386,7 +388,7 @@ void addRecord(const char *name, void (*function)(benchmark::State &))
     benchmark::RegisterBenchmark(name, function)
         ->UseManualTime()
         ->Unit(benchmark::kMillisecond)
-        ->MinTime(0.02);
+        ->MinTime(MinimumSeconds);
 }
 
 } // namespace
@@ -427,7 +429,7 @@ int main(int argc, char **argv)
             name, [function](benchmark::State &state) { function(state, ReferenceSize); })
             ->UseManualTime()
             ->Unit(benchmark::kMillisecond)
-            ->MinTime(0.02);
+            ->MinTime(MinimumSeconds);
     };
     plain("record-write/limit/16000", writeLibrary);
     plain("record-read/limit/16000", readLibrary);

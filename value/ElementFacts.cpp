@@ -17,9 +17,8 @@ constexpr std::array<eParameterProperty, 7> FunctionProperties {
     eParameterProperty::HidingFunctionIndex, eParameterProperty::LimitFunctionIndex,
     eParameterProperty::ScalingFunctionIndex};
 
-constexpr std::array<eParameterProperty, 3> UnitProperties {
-    eParameterProperty::ScaledMeasuringUnit, eParameterProperty::NativeMeasuringUnit,
-    eParameterProperty::FieldbusMeasuringUnit};
+constexpr std::array<eParameterProperty, 3> UnitProperties {eParameterProperty::ScaledMeasuringUnit,
+    eParameterProperty::NativeMeasuringUnit, eParameterProperty::FieldbusMeasuringUnit};
 
 using Pool = QHash<const IParameterElementInformation *, std::weak_ptr<const ElementFacts>>;
 
@@ -61,8 +60,8 @@ ElementFacts::ElementFacts(const Reader &read)
     for (size_t i = 0; i < m_units.size(); ++i)
         m_units[i] = read(UnitProperties[i]);
     for (size_t i = 0; i < m_dependencies.size(); ++i) {
-        const auto property
-            = eParameterProperty(quint32(eParameterProperty::LimitDependency) + quint32(i));
+        const auto property =
+            eParameterProperty(quint32(eParameterProperty::LimitDependency) + quint32(i));
         m_dependencies[i] = read(property).asInt32();
         m_isIndependent = m_isIndependent && has(property) && m_dependencies[i] == 0;
     }
