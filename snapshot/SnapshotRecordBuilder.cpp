@@ -305,8 +305,6 @@ bool SnapshotRecordBuilder::isAccepted(
 {
     if (!m_filter)
         return true;
-    m_filterElement.information = &information;
-    m_filterElement.livingSpace = livingSpace;
-    m_filterElement.element = element;
+    m_filterElement.load(&information, livingSpace, element);
     return m_filter->testElement(m_filterElement);
 }
