@@ -396,11 +396,17 @@ void tst_SnapshotRecordBuilder::filterSeesEveryPlaceOnce()
 void tst_SnapshotRecordBuilder::namesAndUnitsAreAskedOnce()
 {
     const auto information = twoByTwo();
-    information->setUnits(QStringLiteral("rpm"), QStringLiteral("inc"));
-    frozen(*information);
+    for (const quint16 element : {0, 1}) {
+        information->setProperty(element, eParameterProperty::ScaledMeasuringUnit,
+            QVariant::fromValue(FakeParameterInformation::text(QStringLiteral("rpm"))));
+        information->scaledUnits[element] = QStringLiteral("rpm");
+    }
+    const auto record = frozen(*information);
+    QVERIFY(record);
+    QCOMPARE(record->value(Axis2, 1).displayWithUnit(), QStringLiteral("2-1 rpm"));
     QCOMPARE(information->nameCount, 1);
     QCOMPARE(information->elementNameCount, 2);
-    // Two elements, two units each.
+    // Two elements, two units each, whatever the number of living spaces.
     QCOMPARE(information->unitCount, 4);
 }
 
