@@ -204,16 +204,19 @@ const SnapshotRecordBuilder::Draft::Element &SnapshotRecordBuilder::Draft::eleme
     return element;
 }
 
-/// Only a plain text can be a locator. One that is none is the unit as it stands, which spares the
-/// accessor's text in every language.
+/// Only a plain text can be a locator. Texts are the unit as they stand; the accessor knows, and
+/// reports, what else there may be.
 SnapshotRecordBuilder::Draft::Unit SnapshotRecordBuilder::Draft::unit(
     quint16 number, const UnitPlace &place) const
 {
     const ParameterProperty property =
         ask([&](auto &information) { return information.elementProperty(number, place.property); });
-    if (property.asVariant().typeId() != QMetaType::QString)
+    const QVariant &value = property.asVariant();
+    if (value.metaType() == QMetaType::fromType<ParameterText>())
+        return {static_cast<const ParameterText *>(value.constData())->longText(), false};
+    if (value.metaType() != QMetaType::fromType<QString>())
         return {accessorUnit(number, place), false};
-    const QString text = property.asVariant().toString();
+    const QString text = value.toString();
     const bool isLocator = text.startsWith(QLatin1Char('<'));
     return {isLocator ? QString() : text, isLocator};
 }
