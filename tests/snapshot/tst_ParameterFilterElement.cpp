@@ -54,7 +54,8 @@ void tst_ParameterFilterElement::init()
     }
     m_information->setValue(
         Space, Element, {QStringLiteral("1.5"), QStringLiteral("-15"), QStringLiteral("bad")});
-    m_information->defaults[{Space, Element}] = {QStringLiteral("bad"), QStringLiteral("4294967295"), QStringLiteral("0.7")};
+    m_information->defaults[{Space, Element}] = {
+        QStringLiteral("bad"), QStringLiteral("4294967295"), QStringLiteral("0.7")};
     m_information->preparedTexts = {{QStringLiteral("0.7"), QStringLiteral("7")}};
     m_information->attributes = {{QStringLiteral("ValueChangeTag"), QStringLiteral("12 ")},
         {QStringLiteral("DefaultValueChangeTag"), QStringLiteral("fw_1")},

@@ -66,6 +66,14 @@ bool Integer::isExactInDouble() const
         || (magnitude >> std::countr_zero(magnitude)) <= highestUnsigned(DoubleMantissaBits);
 }
 
+std::optional<qint32> Integer::toInt32() const
+{
+    using Limits = std::numeric_limits<qint32>;
+    if (*this < fromNumber(Limits::min()) || *this > fromNumber(Limits::max()))
+        return std::nullopt;
+    return qint32(toNumber());
+}
+
 QString Integer::toText() const
 {
     const QString digits = QString::number(magnitude);
