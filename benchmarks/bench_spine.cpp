@@ -131,7 +131,8 @@ void createLimit(benchmark::State &state, int size)
     check(state, store->size() == used.valueCount());
 }
 
-void createLibrary(benchmark::State &state, int size)
+void createLibraryWith(
+    benchmark::State &state, int size, void (BenchmarkDevice::*fill)(ParameterContainer &) const)
 {
     const BenchmarkDevice &used = device(size);
     std::unique_ptr<ParameterContainer> container;
@@ -141,8 +142,18 @@ void createLibrary(benchmark::State &state, int size)
             container.reset();
             container = makeContainer(used.firmware());
         },
-        [&] { used.fill(*container); });
+        [&] { (used.*fill)(*container); });
     check(state, container->parameterList().size() == size);
+}
+
+void createLibrary(benchmark::State &state, int size)
+{
+    createLibraryWith(state, size, &BenchmarkDevice::fill);
+}
+
+void createByAxisLibrary(benchmark::State &state, int size)
+{
+    createLibraryWith(state, size, &BenchmarkDevice::fillByAxis);
 }
 
 void writeLimit(benchmark::State &state, int size)
@@ -411,6 +422,8 @@ int main(int argc, char **argv)
     for (const int size : Sizes) {
         add("create/limit", size, createLimit);
         add("create/library", size, createLibrary);
+        add("create-by-axis/limit", size, createLimit);
+        add("create-by-axis/library", size, createByAxisLibrary);
         add("write/limit", size, writeLimit);
         add("write/library", size, writeLibrary);
         add("read/limit", size, readLimit);

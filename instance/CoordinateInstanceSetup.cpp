@@ -157,9 +157,13 @@ void CoordinateInstanceSet::setValueText(
     if (!found)
         return;
     const QString native = found->toNativeText(element, adopted);
-    if (!guard || !found->checkValue(element, native) || !guard)
+    const quint32 code = guard ? found->checkCode(element, native) : 0;
+    if (!guard)
         return;
-    storeValueText(guard, found, element, adopted, native);
+    if (code == 0)
+        storeValueText(guard, found, element, adopted, native);
+    else
+        found->rejectValue(element, native, code);
 }
 
 void CoordinateInstanceSet::setNativeValue(

@@ -115,7 +115,7 @@ ParameterProperty PropertyResolver::read(quint16 element, eParameterProperty pro
     return found ? found->value : readDefined(element, property);
 }
 
-const ElementFacts &PropertyResolver::facts(quint16 element) const
+const ElementFacts &PropertyResolver::soughtFacts(quint16 element) const
 {
     static const ElementFacts empty([](eParameterProperty) { return ParameterProperty(); });
     if (!m_elements.contains(element))

@@ -32,8 +32,7 @@ std::optional<ShortDecimal> shortDecimal(QStringView text)
         text = text.sliced(1);
     }
     bool hasPoint = false;
-    if (text.isEmpty() || text.size() > LargestPower || text.front() == u'.'
-        || text.back() == u'.')
+    if (text.isEmpty() || text.size() > LargestPower || text.front() == u'.' || text.back() == u'.')
         return std::nullopt;
     for (const QChar c : text) {
         if (c == u'.' && !hasPoint) {
@@ -104,6 +103,5 @@ std::optional<QString> ShortScaling::unscaled(QStringView text, const ScalingFac
     }
     const quint64 remainder = dividend % divisor;
     const quint64 quotient = dividend / divisor + (remainder * 2 >= divisor ? 1 : 0);
-    return plainText(
-        quotient != 0 && number->isNegative != factor.isNegative, quotient, 0);
+    return plainText(quotient != 0 && number->isNegative != factor.isNegative, quotient, 0);
 }
