@@ -1,0 +1,137 @@
+#include "apps/krparameter/ImportEdsCommand.h"
+
+#include "apps/host/DriveProject.h"
+#include "apps/host/ProjectStorage.h"
+#include "apps/krparameter/CommandLine.h"
+#include "apps/krparameter/CommonOptions.h"
+#include "apps/krparameter/Console.h"
+
+#include <KrParameterInstance/ParameterSetup.h>
+
+namespace {
+
+constexpr QLatin1StringView Coordinates("coordinates");
+constexpr QLatin1StringView Output("output");
+constexpr QLatin1StringView NodeId("node-id");
+constexpr uint GreatestNodeId = 127;
+
+eExitCode codeOf(ImportResult::eStatus status)
+{
+    switch (status) {
+    case ImportResult::eStatus::Good:
+        return eExitCode::Good;
+    case ImportResult::eStatus::BadRequest:
+        return eExitCode::Usage;
+    case ImportResult::eStatus::UnreadableInput:
+        return eExitCode::UnreadableInput;
+    case ImportResult::eStatus::WriteFailed:
+        return eExitCode::WriteFailed;
+    }
+    return eExitCode::Usage;
+}
+
+/// As they come from a device: the file says what the device holds, allowed or not.
+void store(const ConfiguredValues &values, ParameterContainer &container)
+{
+    for (const ConfiguredValue &value : values.list()) {
+        const auto parameter = container.parameterSetup(value.coordinate);
+        if (parameter && !parameter->livingSpaces().isEmpty()) {
+            parameter->setOnlineValueText(
+                parameter->livingSpaces().constFirst(), value.element, value.nativeText);
+        }
+    }
+}
+
+} // namespace
+
+QString ImportEdsCommand::details() const
+{
+    return tr(
+        "Liest ein Objektverzeichnis nach CiA 306 und schreibt eine Gerätebeschreibung. Welche\n"
+        "Koordinate ein Objekt hat, steht in der Tabelle; sie wird angelegt, wo sie fehlt, und\n"
+        "nur erweitert. Die konfigurierten Werte einer DCF-Datei kommen nach --project.\n");
+}
+
+QList<Option> ImportEdsCommand::options() const
+{
+    return {
+        {Coordinates, tr("TABELLE"), tr("Tabelle der Koordinaten")},
+        {Output, tr("DATEI"), tr("Gerätebeschreibung, die geschrieben wird"), u'o'},
+        {NodeId, QStringLiteral("N"), tr("Knotennummer von 1 bis 127 statt der in der Datei")},
+    };
+}
+
+eExitCode ImportEdsCommand::run(const CommandLine &line, Console &console)
+{
+    const std::optional<ImportRequest> request = requestOf(line, console);
+    if (!request)
+        return eExitCode::Usage;
+    const ImportResult result = importObjectDictionary(*request);
+    if (result.status != ImportResult::eStatus::Good)
+        return fail(codeOf(result.status), result.error, console);
+    if (line.has(OptionName::Json))
+        console.writeLine(result.report.toJson());
+    else
+        console.write(result.report.toText());
+    if (line.has(OptionName::Project))
+        return saveProject(*request, result, line, console);
+    if (!result.configuredValues.isEmpty()) {
+        console.report(tr("Die %1 konfigurierten Werte speichert --project ORDNER.")
+                           .arg(result.configuredValues.list().size()));
+    }
+    return eExitCode::Good;
+}
+
+std::optional<ImportRequest> ImportEdsCommand::requestOf(const CommandLine &line, Console &console)
+{
+    const auto refuse = [&console](const QString &reason) {
+        fail(eExitCode::Usage, reason, console);
+        return std::nullopt;
+    };
+    if (line.arguments().size() != 1)
+        return refuse(tr("import-eds braucht genau eine Datei"));
+    if (!line.has(Coordinates) || !line.has(Output))
+        return refuse(tr("import-eds braucht --coordinates TABELLE und -o DATEI"));
+    ImportRequest request {
+        line.arguments().constFirst(), line.value(Coordinates), line.value(Output), std::nullopt};
+    if (line.has(NodeId)) {
+        bool isNumber = false;
+        const uint number = line.value(NodeId).toUInt(&isNumber);
+        if (!isNumber || number < 1 || number > GreatestNodeId)
+            return refuse(tr("--node-id nimmt eine Zahl von 1 bis 127"));
+        request.nodeId = quint8(number);
+    }
+    const bool isTaken = line.has(OptionName::Project)
+        && ProjectFolder(line.value(OptionName::Project)).holdsProject();
+    if (isTaken && !line.has(OptionName::Force)) {
+        return refuse(tr("in %1 liegt schon ein Projekt; --force ersetzt es")
+                          .arg(line.value(OptionName::Project)));
+    }
+    return request;
+}
+
+eExitCode ImportEdsCommand::saveProject(const ImportRequest &request, const ImportResult &result,
+    const CommandLine &line, Console &console)
+{
+    QString error;
+    const std::unique_ptr<DriveProject> project = DriveProject::open(request.outputFile, error);
+    if (!project)
+        return fail(eExitCode::UnreadableInput, error, console);
+    store(result.configuredValues, project->container());
+    const QString folder = line.value(OptionName::Project);
+    const auto loss = line.has(OptionName::AllowLoss) ? ProjectStorage::eLoss::Allow
+                                                      : ProjectStorage::eLoss::Refuse;
+    const ProjectStorage::SaveResult saved = ProjectStorage(folder).save(*project, loss);
+    for (const QString &text : saved.losses.toText().split(u'\n', Qt::SkipEmptyParts))
+        console.report(text);
+    if (saved.status != ProjectStorage::SaveResult::eStatus::Saved)
+        return fail(eExitCode::WriteFailed, saved.error, console);
+    console.report(tr("Projekt %1: gespeichert und zurückgelesen").arg(folder));
+    return eExitCode::Good;
+}
+
+eExitCode ImportEdsCommand::fail(eExitCode code, const QString &reason, Console &console)
+{
+    console.report(tr("krparameter: %1").arg(reason));
+    return code;
+}
