@@ -53,9 +53,9 @@ eExitCode Demonstration::run()
     m_console.writeLine(QString());
     m_console.writeLine(tr("Fertig. Das Projekt liegt in %1.").arg(m_storage.folder().path()));
     m_console.writeLine(tr("Weiter zum Beispiel mit:"));
-    m_console.writeLine(QStringLiteral("  %1 --device two-axis-drive --project %2 get H00")
-                            .arg(QCoreApplication::arguments().constFirst(),
-                                m_storage.folder().path()));
+    m_console.writeLine(
+        QStringLiteral("  %1 --device two-axis-drive --project %2 get H00")
+            .arg(QCoreApplication::arguments().constFirst(), m_storage.folder().path()));
     return eExitCode::Good;
 }
 
@@ -90,7 +90,6 @@ eExitCode Demonstration::read()
 eExitCode Demonstration::write()
 {
     startStep(tr("Schreiben, in der Form, in der man liest"));
-    m_project->container().setParameterChangeTag(ChangeTag);
     const bool isWritten = writeAndTell(CurrentLimit, QStringLiteral("15.5 A"))
         && writeAndTell(LowerSwitch, QStringLiteral("-250"))
         && writeAndTell(Direction, QStringLiteral("1"))
@@ -117,7 +116,8 @@ eExitCode Demonstration::beRefused()
         return fail(eExitCode::ValueRejected, tr("der Wert wurde nicht abgewiesen"));
     tell(tr("%1 = %2 geschrieben; Meldung:").arg(ValueView(*limit, CurrentLimit).address(), text));
     tell(QLatin1String("  ") + messages.constLast().text);
-    tell(tr("genannt ist der nächste zulässige Wert; es bleibt bei %1").arg(ValueView(*limit, CurrentLimit).display()));
+    tell(tr("genannt ist der nächste zulässige Wert; es bleibt bei %1")
+             .arg(ValueView(*limit, CurrentLimit).display()));
     return eExitCode::Good;
 }
 
@@ -141,7 +141,6 @@ eExitCode Demonstration::switchAxis()
 eExitCode Demonstration::save()
 {
     startStep(tr("Speichern"));
-    m_project->container().setParameterChangeTag({});
     const ProjectStorage::SaveResult result =
         m_storage.save(*m_project, ProjectStorage::eLoss::Refuse);
     if (result.status != ProjectStorage::SaveResult::eStatus::Saved)
@@ -218,7 +217,9 @@ bool Demonstration::writeAndTell(const ValuePlace &place, const QString &text)
         return false;
     const ValueView view(*written, place);
     const QString before = view.display();
+    const QString tag = m_project->container().setParameterChangeTag(ChangeTag);
     written->setValueText(place.livingSpace, place.element, text);
+    m_project->container().setParameterChangeTag(tag);
     const QString after = view.display();
     tell(QStringLiteral("%1 %2 %3 -> %4")
              .arg(view.address().leftJustified(8), view.name().leftJustified(36), before, after));

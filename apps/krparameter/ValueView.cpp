@@ -53,12 +53,13 @@ QString ValueView::unit() const
 QString ValueView::readBackNote(TrialCopy &trial) const
 {
     const QString shown = display();
-    if (isMasked(trial))
+    const QString stored = native();
+    if ((shown.isEmpty() && stored.isEmpty()) || isMasked(trial))
         return {};
     const std::optional<QString> back = trial.nativeText(m_place, shown);
     if (!back)
         return tr("dieser Text wird als Eingabe nicht angenommen");
-    if (*back == native())
+    if (*back == stored)
         return {};
     return tr("als Eingabe ergibt dieser Text nativ \"%1\"").arg(*back);
 }
@@ -152,7 +153,9 @@ QString ValueView::toFullText(TrialCopy &trial) const
     for (qsizetype i = 0; i < entries.size(); ++i)
         append(i == 0 ? tr("Auswahl") : QString(), entries.at(i));
     append(tr("Zugriff"), access());
-    append(tr("Hinweis"), readBackNote(trial));
+    append(tr("Hinweis"),
+        isMasked(trial) ? tr("offline verdeckt; Stufe 5 zeigt den Wert in Klammern")
+                        : readBackNote(trial));
     return text;
 }
 

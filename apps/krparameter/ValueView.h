@@ -27,7 +27,7 @@ public:
     QString unit() const;
 
     /// Why the display text, typed in again, would not give the same native text; empty where it
-    /// would, and for a masked value, whose text stands for none.
+    /// would, for no text at all, and for a masked value, whose text stands for none.
     QString readBackNote(TrialCopy &trial) const;
     /// "0.100 A bis 40.000 A", or "0: Aus, 1: Ein"; empty where nothing is known.
     QString accepted(TrialCopy &trial) const;
