@@ -74,7 +74,11 @@ QByteArray LimitStore::save() const
         const auto line = [&](const char *prefix, const QString &text) {
             char bytes[64];
             const char *end = latin1(text, bytes);
-            block.append(prefix).append(keyText).append('=').append(bytes, end - bytes).append("\r\n");
+            block.append(prefix)
+                .append(keyText)
+                .append('=')
+                .append(bytes, end - bytes)
+                .append("\r\n");
         };
         line("V_", value.text);
         line("VC_", value.tag);
@@ -91,8 +95,8 @@ void LimitStore::load(const QByteArray &block)
     while (at < end) {
         const auto *lineEnd = static_cast<const char *>(std::memchr(at, '\n', size_t(end - at)));
         const auto *equals = static_cast<const char *>(std::memchr(at, '=', size_t(lineEnd - at)));
-        const auto *underscore
-            = static_cast<const char *>(std::memchr(at, '_', size_t(equals - at)));
+        const auto *underscore =
+            static_cast<const char *>(std::memchr(at, '_', size_t(equals - at)));
         quint32 address = 0;
         std::from_chars(underscore + 1, equals, address);
         const QString text = QString::fromLatin1(equals + 1, lineEnd - 1 - (equals + 1));

@@ -191,8 +191,8 @@ QList<ParameterCoordinate> ParameterContainer::parameterList()
 {
     QList<ParameterCoordinate> list;
     list.reserve(qsizetype(d->coordinateSets.size()));
-    for (const auto &[coordinate, kept] : d->coordinateSets)
-        list.append(coordinate);
+    d->coordinateSets.forEach(
+        [&list](const CoordinateInstanceSet &set) { list.append(set.coordinate()); });
     return list;
 }
 
@@ -217,8 +217,7 @@ ActionParameter *ParameterContainer::createAction(QString coordinateText, eLivin
 QList<QString> ParameterContainer::contentIssuesForFirmware(ServoDriveFirmware *firmware) const
 {
     FirmwareContent content;
-    for (const auto &[coordinate, kept] : d->coordinateSets)
-        content.add(*kept.set);
+    d->coordinateSets.forEach([&content](const CoordinateInstanceSet &set) { content.add(set); });
     return firmware ? content.issues(*firmware) : QList<QString>();
 }
 

@@ -70,8 +70,8 @@ QList<ParameterContainer *> ParameterContainerPrivate::instances()
 
 CoordinateInstanceSet *ParameterContainerPrivate::find(const ParameterCoordinate &coordinate) const
 {
-    const auto found = coordinateSets.find(coordinate);
-    return found != coordinateSets.end() ? found->second.set.get() : nullptr;
+    const CoordinateTable::Entry *entry = coordinateSets.find(coordinate);
+    return entry ? entry->set.get() : nullptr;
 }
 
 CoordinateInstanceSet *ParameterContainerPrivate::find(const QString &locatorText) const
@@ -83,10 +83,7 @@ QList<QPointer<CoordinateInstanceSet>> ParameterContainerPrivate::guardedSets() 
 {
     QList<QPointer<CoordinateInstanceSet>> sets;
     sets.reserve(qsizetype(coordinateSets.size()));
-    for (const auto &[coordinate, kept] : coordinateSets)
-        sets.append(kept.set.get());
-    std::sort(sets.begin(), sets.end(),
-        [](const auto &a, const auto &b) { return a->coordinate() < b->coordinate(); });
+    coordinateSets.forEach([&sets](CoordinateInstanceSet &set) { sets.append(&set); });
     return sets;
 }
 
@@ -204,16 +201,20 @@ bool ParameterContainerPrivate::isTaken(const ParameterCoordinate &candidate,
 void ParameterContainerPrivate::createInstance(ParameterDefinition *definition,
     const QString &locatorText, const ParameterCoordinate &coordinate, eLivingSpace livingSpace)
 {
-    KeptSet &kept = coordinateSets[coordinate];
-    if (!kept.set) {
-        kept.set = std::make_unique<CoordinateInstanceSet>(owner, this, clock ? &clock : nullptr);
-        kept.set->initialize(definition, coordinate);
-        noteMapping(kept.set.get());
+    CoordinateTable::Entry *entry = coordinateSets.find(coordinate);
+    if (!entry) {
+        auto created = std::make_unique<CoordinateTable::Entry>();
+        created->set =
+            std::make_unique<CoordinateInstanceSet>(owner, this, clock ? &clock : nullptr);
+        created->set->initialize(definition, coordinate);
+        entry = coordinateSets.insert(coordinate, std::move(created));
+        noteMapping(entry->set.get());
     }
-    if (!kept.locatorTexts.contains(locatorText))
-        kept.locatorTexts.append(locatorText);
-    const QPointer<CoordinateInstanceSet> set(kept.set.get());
-    locatorSets.insert(locatorText, set);
+    const QPointer<CoordinateInstanceSet> set(entry->set.get());
+    CoordinateInstanceSet *&located = locatorSets[locatorText];
+    if (located != set)
+        entry->locatorTexts.append(locatorText);
+    located = set;
 
     const QPointer<ParameterContainerPrivate> guard(this);
     if (!set->hasInstance(livingSpace)) {
@@ -241,14 +242,12 @@ void ParameterContainerPrivate::noteMapping(CoordinateInstanceSet *set)
 void ParameterContainerPrivate::remove(CoordinateInstanceSet *set)
 {
     const ParameterCoordinate coordinate = set->coordinate();
-    const auto found = coordinateSets.find(coordinate);
-    if (found == coordinateSets.end() || found->second.set.get() != set)
+    if (find(coordinate) != set)
         return;
     set->disconnect();
-    // Out of both hashes before anyone hears of it, and alive until everyone has.
-    const KeptSet removed = std::move(found->second);
-    coordinateSets.erase(found);
-    for (const QString &locatorText : removed.locatorTexts) {
+    // Out of both tables before anyone hears of it, and alive until everyone has.
+    const std::unique_ptr<CoordinateTable::Entry> removed = coordinateSets.take(coordinate);
+    for (const QString &locatorText : removed->locatorTexts) {
         if (locatorSets.value(locatorText) == set)
             locatorSets.remove(locatorText);
     }
@@ -357,13 +356,13 @@ bool ParameterContainerPrivate::isMapped(const ParameterAddress &address) const
 QList<ParameterAddress> ParameterContainerPrivate::addresses() const
 {
     QList<ParameterAddress> list;
-    for (const auto &[coordinate, kept] : coordinateSets) {
-        const QList<quint16> elements = kept.set->elementList();
-        for (const eLivingSpace livingSpace : kept.set->livingSpaces()) {
+    coordinateSets.forEach([&list](const CoordinateInstanceSet &set) {
+        const QList<quint16> elements = set.elementList();
+        for (const eLivingSpace livingSpace : set.livingSpaces()) {
             for (const quint16 element : elements)
-                list.append(kept.set->address(livingSpace, element));
+                list.append(set.address(livingSpace, element));
         }
-    }
+    });
     std::sort(list.begin(), list.end());
     return list;
 }
@@ -476,12 +475,10 @@ void ParameterContainerPrivate::onCoordinateChanged(
     ParameterAddress oldAddress, ParameterAddress newAddress)
 {
     // Comes once for each value of the moved set; the first one moves it.
-    const auto found = coordinateSets.find(oldAddress.coordinate());
-    if (found == coordinateSets.end() || found->second.set->coordinate() != newAddress.coordinate())
+    const CoordinateInstanceSet *set = find(oldAddress.coordinate());
+    if (!set || set->coordinate() != newAddress.coordinate())
         return;
-    auto node = coordinateSets.extract(found);
-    node.key() = newAddress.coordinate();
-    coordinateSets.insert(std::move(node));
+    coordinateSets.insert(newAddress.coordinate(), coordinateSets.take(oldAddress.coordinate()));
     addressLists.clear();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "container/CallbackProviderDelegate.h"
+#include "container/CoordinateTable.h"
 #include "instance/CoordinateInstanceSet.h"
 #include "instance/CoordinateRegistry.h"
 
@@ -18,7 +19,6 @@
 #include <QtCore/QVariant>
 
 #include <memory>
-#include <unordered_map>
 
 class ParameterContainer;
 class ParameterContainerHostInformation;
@@ -31,18 +31,6 @@ class ParameterContainerPrivate final : public QObject, public CoordinateRegistr
     Q_OBJECT
 
 public:
-    struct CoordinateHash {
-        size_t operator()(const ParameterCoordinate &coordinate) const
-        {
-            return coordinate.toNumber();
-        }
-    };
-    struct KeptSet {
-        std::unique_ptr<CoordinateInstanceSet> set;
-        /// The keys of locatorSets that lead to the set.
-        QStringList locatorTexts;
-    };
-
     explicit ParameterContainerPrivate(ParameterContainer *owner);
     ~ParameterContainerPrivate() override;
 
@@ -82,12 +70,13 @@ public:
     void onCoordinateChanged(ParameterAddress oldAddress, ParameterAddress newAddress) override;
 
     ParameterContainer *owner;
-    std::unordered_map<ParameterCoordinate, KeptSet, CoordinateHash> coordinateSets;
+    CoordinateTable coordinateSets;
     /// The sets with an element of kind 11 (parameter address).
     QList<CoordinateInstanceSet *> mappingSets;
     /// **Owner** the host. Null: none.
     ParameterContainerHostInformation *host = nullptr;
-    QHash<QString, QPointer<CoordinateInstanceSet>> locatorSets;
+    /// Every removal of a set takes its locator texts along, so that none leads to a set that is gone.
+    QHash<QString, CoordinateInstanceSet *> locatorSets;
     QList<ParameterAddress> blockUsedAddresses;
     QString domain;
     QString parameterChangeTag;

@@ -71,6 +71,7 @@ void CoordinateInstanceSet::initialize(
 {
     m_definition = definition;
     m_elements.setDefinition(definition);
+    m_properties.onDefinitionChanged();
     m_coordinate = coordinate;
 }
 
@@ -81,6 +82,7 @@ void CoordinateInstanceSet::takeDefinition(ParameterDefinition *definition)
     for (const eLivingSpace livingSpace : m_instances.livingSpaces())
         m_instances.find(livingSpace)->rearrange(m_elements, elements);
     m_elements = std::move(elements);
+    m_properties.onDefinitionChanged();
     m_definition = definition;
     emitDefinitionChanged();
 }
@@ -94,7 +96,7 @@ bool CoordinateInstanceSet::attachInstance(
             QStringLiteral("Unable to attach new Instance due to already existing instance"));
         return false;
     }
-    attached->setOwner(this, &m_elements, livingSpace);
+    attached->setOwner(this, &m_properties, livingSpace);
     return true;
 }
 
@@ -120,18 +122,19 @@ void CoordinateInstanceSet::createInstancesFromAnchors()
 CoordinateInstanceSet::Access CoordinateInstanceSet::access(
     const ParameterInstanceData &record, quint16 element) const
 {
+    const ElementFacts &facts = m_properties.facts(element);
     return {
         .write =
             {
                 .isReadOnly = m_container->isReadOnly(),
                 .isRecordWritable = record.isWritable(element),
                 .isOnline = m_container->isOnline(),
-                .writeLevel = m_properties.read(element, eParameterProperty::WriteLevel).asInt32(),
-                .kind = m_properties.read(element, eParameterProperty::ParameterKind).asInt32(),
+                .writeLevel = facts.writeLevel,
+                .kind = facts.kind,
                 .userLevel = System::information()->userAccessLevel(),
             },
         .isHidden = isHidden(record.livingSpace(), element),
-        .readLevel = m_properties.read(element, eParameterProperty::ReadLevel).asUint32(),
+        .readLevel = facts.readLevel,
     };
 }
 
@@ -160,7 +163,7 @@ void CoordinateInstanceSet::onReadOnlyChanged(bool wasReadOnly)
 void CoordinateInstanceSet::onAccessLevelChanged(quint32 oldLevel)
 {
     forEachValue([this, oldLevel](ParameterInstanceData *record, quint16 element) {
-        const QPointer<CoordinateInstanceSet> guard(this);
+        const Guard guard(this);
         const eLivingSpace livingSpace = record->livingSpace();
         const Access now = access(*record, element);
         Access before = now;
@@ -186,7 +189,7 @@ void CoordinateInstanceSet::onFunctionProviderChanged()
 
 void CoordinateInstanceSet::clearStore(const QString &name, const QRegularExpression &tagPattern)
 {
-    const QPointer<CoordinateInstanceSet> guard(this);
+    const Guard guard(this);
     for (const eLivingSpace livingSpace : m_instances.livingSpaces()) {
         emitChanges(livingSpace, m_instances.find(livingSpace)->discard(name, tagPattern));
         if (!guard)
@@ -207,7 +210,7 @@ void CoordinateInstanceSet::loadFromSection(const LmIniParser::IniSection &secti
             {livingSpace, m_instances.find(livingSpace)->loadFromSection(section, utf8)});
     m_properties.replaceOverrides(SectionOverrides::load(section, utf8, m_properties));
 
-    const QPointer<CoordinateInstanceSet> guard(this);
+    const Guard guard(this);
     if (m_elements.count() != before && !emitDefinitionChanged())
         return;
     for (const auto &[livingSpace, changed] : changes) {
@@ -454,7 +457,7 @@ QString CoordinateInstanceSet::attribute(
         return double(m_properties.read(element, property).asFloat());
     };
     const auto unitText = [&](eParameterProperty property) {
-        return unit(property, livingSpace, element).longText();
+        return this->unitText(property, livingSpace, element);
     };
     const double scaling = factor(eParameterProperty::ScalingFactor);
     const double fieldbus = factor(eParameterProperty::FieldbusScalingFactor);
@@ -475,8 +478,7 @@ QString CoordinateInstanceSet::displayValueText(
     ParameterInstanceData *found = record(livingSpace, element);
     if (!found)
         return {};
-    const QString text = prepareValueText(found->toValueText(element, found->value(element)),
-        livingSpace, element, withUnit, nullptr);
+    const QString text = prepared(*found, element, withUnit);
     if (m_container->isOnline() || m_container->isReadOnly())
         return text;
     const int level = writeLevel(element);
@@ -485,10 +487,17 @@ QString CoordinateInstanceSet::displayValueText(
     return AccessRules::masked(text,
         {.isOnline = false,
             .isReadOnly = false,
-            .isShownOffline =
-                m_properties.read(element, eParameterProperty::ShownOffline).asUint32() != 0,
+            .isShownOffline = m_properties.facts(element).isShownOffline,
             .writeLevel = level,
             .userLevel = System::information()->userAccessLevel()});
+}
+
+/// The display text of the stored value.
+QString CoordinateInstanceSet::prepared(
+    ParameterInstanceData &record, quint16 element, bool withUnit) const
+{
+    const QString text = record.toValueText(element, record.value(element));
+    return text.isEmpty() ? QString() : prepare(text, record, element, withUnit, nullptr);
 }
 
 QString CoordinateInstanceSet::nativeValueText(
@@ -521,8 +530,7 @@ QString CoordinateInstanceSet::preparedValueText(
     ParameterInstanceData *found = record(livingSpace, element);
     if (!found || memoryAllocation(element) == NoStorage)
         return {};
-    return prepareValueText(found->toValueText(element, found->value(element)), livingSpace,
-        element, withUnit, nullptr);
+    return prepared(*found, element, withUnit);
 }
 
 QString CoordinateInstanceSet::unconvertedNativeValueText(
@@ -569,23 +577,27 @@ QString CoordinateInstanceSet::prepareValueText(const QString &valueText, eLivin
         *ok = false;
     if (!m_elements.contains(element) || valueText.isEmpty())
         return {};
-    if (!record(livingSpace, element)) {
-        if (ok)
-            *ok = true;
-        return valueText;
-    }
+    if (const ParameterInstanceData *found = record(livingSpace, element))
+        return prepare(valueText, *found, element, withUnit, ok);
+    if (ok)
+        *ok = true;
+    return valueText;
+}
+
+QString CoordinateInstanceSet::prepare(const QString &valueText,
+    const ParameterInstanceData &record, quint16 element, bool withUnit, bool *ok) const
+{
+    const eLivingSpace livingSpace = record.livingSpace();
     const QString unitText = withUnit
-        ? unit(eParameterProperty::ScaledMeasuringUnit, livingSpace, element).longText()
+        ? this->unitText(eParameterProperty::ScaledMeasuringUnit, livingSpace, element)
         : QString();
     ValueTextConverter converter(*this);
     const QString text = converter.prepare(valueText, livingSpace, element, unitText);
-    if (converter.problems().isEmpty()) {
-        if (ok)
-            *ok = true;
-        return text;
-    }
-    reportConversion(
-        &RejectionReport::preparingMessage, converter.problems(), livingSpace, element);
+    if (ok)
+        *ok = converter.problems().isEmpty();
+    if (!converter.problems().isEmpty())
+        reportConversion(
+            &RejectionReport::preparingMessage, converter.problems(), livingSpace, element);
     return text;
 }
 
@@ -598,8 +610,8 @@ QString CoordinateInstanceSet::adoptValueText(
         return {};
     ValueTextConverter converter(*this);
     const QString unitText =
-        m_properties.read(element, eParameterProperty::ScaledMeasuringUnit).isValid()
-        ? unit(eParameterProperty::ScaledMeasuringUnit, livingSpace, element).longText()
+        m_properties.facts(element).has(eParameterProperty::ScaledMeasuringUnit)
+        ? this->unitText(eParameterProperty::ScaledMeasuringUnit, livingSpace, element)
         : QString();
     const QString text = converter.adopt(displayText, livingSpace, element, unitText);
     if (converter.problems().isEmpty())
@@ -630,11 +642,10 @@ bool CoordinateInstanceSet::isVisible(eLivingSpace livingSpace, quint16 element)
 {
     if (!m_elements.contains(element) || isHidden(livingSpace, element))
         return false;
-    const ParameterProperty level =
-        m_properties.readReported(element, eParameterProperty::ReadLevel, m_coordinate);
-    return level.isValid()
+    const ElementFacts *facts = reportedFacts(element, eParameterProperty::ReadLevel);
+    return facts
         && AccessRules::isVisible(
-            false, level.asUint32(), System::information()->userAccessLevel());
+            false, facts->readLevel, System::information()->userAccessLevel());
 }
 
 bool CoordinateInstanceSet::isWritable(eLivingSpace livingSpace, quint16 element) const
@@ -654,56 +665,61 @@ bool CoordinateInstanceSet::isWritable(eLivingSpace livingSpace, quint16 element
 
 quint8 CoordinateInstanceSet::datatype(quint16 element) const
 {
-    if (!m_elements.contains(element))
-        return 0;
-    return quint8(
-        m_properties.readReported(element, eParameterProperty::Datatype, m_coordinate).asUint32());
+    const ElementFacts *facts = reportedFacts(element, eParameterProperty::Datatype);
+    return facts ? facts->datatype : quint8(0);
 }
 
 int CoordinateInstanceSet::kind(quint16 element) const
 {
-    if (!m_elements.contains(element))
-        return 0;
-    return m_properties.readReported(element, eParameterProperty::ParameterKind, m_coordinate)
-        .asInt32();
+    const ElementFacts *facts = reportedFacts(element, eParameterProperty::ParameterKind);
+    return facts ? facts->kind : 0;
 }
 
 int CoordinateInstanceSet::memoryAllocation(quint16 element) const
 {
-    if (!m_elements.contains(element))
-        return 0;
-    return m_properties.readReported(element, eParameterProperty::MemoryAllocation, m_coordinate)
-        .asInt32();
+    const ElementFacts *facts = reportedFacts(element, eParameterProperty::MemoryAllocation);
+    return facts ? facts->memoryAllocation : 0;
 }
 
 int CoordinateInstanceSet::writeLevel(quint16 element) const
 {
-    return m_elements.contains(element) ? m_properties.writeLevel(element, m_coordinate) : 0;
+    const ElementFacts *facts = reportedFacts(element, eParameterProperty::WriteLevel);
+    if (facts && !facts->isWriteLevelUsable) {
+        PropertyResolver::report(PropertyResolver::eFault::InvalidDefinition,
+            eParameterProperty::WriteLevel, m_coordinate);
+    }
+    return facts ? facts->writeLevel : 0;
 }
 
 quint32 CoordinateInstanceSet::readLevel(quint16 element) const
 {
-    if (!m_elements.contains(element))
-        return 0;
-    return m_properties.readReported(element, eParameterProperty::ReadLevel, m_coordinate)
-        .asUint32();
+    const ElementFacts *facts = reportedFacts(element, eParameterProperty::ReadLevel);
+    return facts ? facts->readLevel : 0;
 }
 
 int CoordinateInstanceSet::decimalPlacesBehind(quint16 element) const
 {
-    if (!m_elements.contains(element))
-        return 0;
-    return m_properties.readReported(element, eParameterProperty::DecimalPlacesBehind, m_coordinate)
-        .asInt32();
+    const ElementFacts *facts = reportedFacts(element, eParameterProperty::DecimalPlacesBehind);
+    return facts ? facts->decimalPlacesBehind : 0;
 }
 
 quint32 CoordinateInstanceSet::decimalPlacesSignificant(quint16 element) const
 {
+    const ElementFacts *facts =
+        reportedFacts(element, eParameterProperty::DecimalPlacesSignificant);
+    return facts ? facts->decimalPlacesSignificant : 0;
+}
+
+const ElementFacts *CoordinateInstanceSet::reportedFacts(
+    quint16 element, eParameterProperty property) const
+{
     if (!m_elements.contains(element))
-        return 0;
-    return m_properties
-        .readReported(element, eParameterProperty::DecimalPlacesSignificant, m_coordinate)
-        .asUint32();
+        return nullptr;
+    const ElementFacts &facts = m_properties.facts(element);
+    if (facts.has(property))
+        return &facts;
+    PropertyResolver::report(PropertyResolver::eFault::Missing, property, m_coordinate);
+    return nullptr;
 }
 
 ParameterText CoordinateInstanceSet::scaledMeasuringUnit(quint16 element) const
@@ -727,13 +743,11 @@ ParameterText CoordinateInstanceSet::fieldbusMeasuringUnit(quint16 element) cons
 ParameterText CoordinateInstanceSet::unit(
     eParameterProperty property, eLivingSpace livingSpace, quint16 element) const
 {
-    if (!m_elements.contains(element))
-        return {};
-    const ParameterProperty value = m_properties.readReported(element, property, m_coordinate);
-    if (!value.isValid())
+    const ElementFacts *facts = reportedFacts(element, property);
+    if (!facts)
         return {};
     const MeasuringUnitResolver::Outcome outcome =
-        MeasuringUnitResolver::resolve(value, m_container, livingSpace);
+        MeasuringUnitResolver::resolve(facts->unit(property), m_container, livingSpace);
     if (outcome.problem == MeasuringUnitResolver::eProblem::Unknown)
         PropertyResolver::report(PropertyResolver::eFault::UnknownValue, property, m_coordinate);
     if (outcome.problem == MeasuringUnitResolver::eProblem::Inconvertible)
@@ -742,12 +756,22 @@ ParameterText CoordinateInstanceSet::unit(
     return outcome.unit;
 }
 
+QString CoordinateInstanceSet::unitText(
+    eParameterProperty property, eLivingSpace livingSpace, quint16 element) const
+{
+    // A plain unit, as most are, is told without a copy of its texts.
+    const QVariant &value = m_properties.facts(element).unit(property).asVariant();
+    if (value.metaType() == QMetaType::fromType<ParameterText>())
+        return static_cast<const ParameterText *>(value.constData())->longText();
+    return unit(property, livingSpace, element).longText();
+}
+
 QString CoordinateInstanceSet::withUnit(const QString &text, eParameterProperty property,
     eLivingSpace livingSpace, quint16 element) const
 {
     if (text.isEmpty())
         return text;
-    const QString unitText = unit(property, livingSpace, element).longText();
+    const QString unitText = this->unitText(property, livingSpace, element);
     return unitText.isEmpty() ? text : text + QLatin1Char(' ') + unitText;
 }
 

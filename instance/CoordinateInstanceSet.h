@@ -3,11 +3,12 @@
 #include "instance/AccessRules.h"
 #include "instance/ConsistenceTracker.h"
 #include "instance/InstanceTable.h"
-#include "instance/PropertyResolver.h"
+#include "value/PropertyResolver.h"
 #include "value/ElementCatalogue.h"
 
 #include <KrParameterInstance/ParameterSetup.h>
 
+#include <QtCore/QPointer>
 #include <QtCore/QTime>
 #include <QtCore/QTimer>
 
@@ -175,6 +176,8 @@ public Q_SLOTS:
     void onSuppressedHidingTimerTimedout();
 
 private:
+    /// Null once the set is gone.
+    using Guard = QPointer<CoordinateInstanceSet>;
     using ConversionMessage = QString (*)(const QString &addressText, const QString &problem);
     struct Access {
         AccessRules::WriteFacts write;
@@ -196,6 +199,12 @@ private:
     eLivingSpace key(eLivingSpace livingSpace) const;
     /// Null for an element that the parameter lacks and where there is no instance.
     ParameterInstanceData *record(eLivingSpace livingSpace, quint16 element) const;
+    /// Null, and **reported**, where the element lacks the property; silent for no element.
+    const ElementFacts *reportedFacts(quint16 element, eParameterProperty property) const;
+    QString prepared(ParameterInstanceData &record, quint16 element, bool withUnit) const;
+    QString prepare(const QString &valueText, const ParameterInstanceData &record, quint16 element,
+        bool withUnit, bool *ok) const;
+    QString unitText(eParameterProperty property, eLivingSpace livingSpace, quint16 element) const;
     ParameterText unit(
         eParameterProperty property, eLivingSpace livingSpace, quint16 element) const;
     QString withUnit(const QString &text, eParameterProperty property, eLivingSpace livingSpace,
@@ -216,11 +225,12 @@ private:
     void emitAnswerChanged(eParameterProperty property, eLivingSpace livingSpace, quint16 element);
 
     /// Stores what differs from the stored text; what does not only receives the change tag.
-    void storeValueText(ParameterInstanceData *record, quint16 element, const QString &valueText,
+    void storeValueText(const Guard &guard, ParameterInstanceData *record, quint16 element,
+        const QString &valueText, const QString &nativeText);
+    void storeNative(const Guard &guard, ParameterInstanceData *record, quint16 element,
         const QString &nativeText);
-    void storeNative(ParameterInstanceData *record, quint16 element, const QString &nativeText);
     /// False, like the other emitting functions, when the set is gone.
-    bool emitValueChanged(eLivingSpace key, quint16 element);
+    bool emitValueChanged(const Guard &guard, eLivingSpace key, quint16 element);
     bool emitDefaultChanged(eLivingSpace key, quint16 element);
     bool emitDefinitionChanged();
     bool emitVisibilityChanged(eLivingSpace key, quint16 element);

@@ -31,7 +31,7 @@ void CoordinateInstanceSet::setElementCount(quint16 count)
     if (!isSimpleParameter() || !isCount || m_container->isOnline() || m_container->isReadOnly())
         return;
     m_elements.setCount(count);
-    const QPointer<CoordinateInstanceSet> guard(this);
+    const Guard guard(this);
     if (!emitDefinitionChanged())
         return;
     const ParameterAddress first =
@@ -54,7 +54,7 @@ void CoordinateInstanceSet::setCoordinate(const ParameterCoordinate &coordinate)
     const ParameterCoordinate before = m_coordinate;
     m_coordinate = coordinate;
     forEachValue([this, before](ParameterInstanceData *record, quint16 element) {
-        const QPointer<CoordinateInstanceSet> guard(this);
+        const Guard guard(this);
         const ParameterAddress newAddress = address(record->livingSpace(), element);
         ParameterAddress oldAddress = newAddress;
         oldAddress.setCoordinate(before);
@@ -120,7 +120,7 @@ QString CoordinateInstanceSet::answer(
 void CoordinateInstanceSet::emitAnswerChanges(const QList<PropertyAnswer> &before,
     const QList<PropertyAnswer> &after, eParameterProperty property)
 {
-    const QPointer<CoordinateInstanceSet> guard(this);
+    const Guard guard(this);
     for (qsizetype i = 0; i < qMin(before.size(), after.size()) && guard; ++i) {
         const PropertyAnswer &now = after.at(i);
         if (now.text != before.at(i).text)
@@ -150,7 +150,7 @@ void CoordinateInstanceSet::emitAnswerChanged(
 void CoordinateInstanceSet::setValueText(
     eLivingSpace livingSpace, quint16 element, const QString &displayText)
 {
-    const QPointer<CoordinateInstanceSet> guard(this);
+    const Guard guard(this);
     bool ok = false;
     const QString adopted = adoptValueText(displayText, livingSpace, element, &ok);
     ParameterInstanceData *found = ok && guard ? record(livingSpace, element) : nullptr;
@@ -159,51 +159,50 @@ void CoordinateInstanceSet::setValueText(
     const QString native = found->toNativeText(element, adopted);
     if (!guard || !found->checkValue(element, native) || !guard)
         return;
-    storeValueText(found, element, adopted, native);
+    storeValueText(guard, found, element, adopted, native);
 }
 
 void CoordinateInstanceSet::setNativeValue(
     eLivingSpace livingSpace, quint16 element, const QString &valueText)
 {
-    const QPointer<CoordinateInstanceSet> guard(this);
+    const Guard guard(this);
     ParameterInstanceData *found = record(livingSpace, element);
     if (!found)
         return;
     const QString native = found->toNativeText(element, valueText);
     if (guard)
-        storeValueText(found, element, valueText, native);
+        storeValueText(guard, found, element, valueText, native);
 }
 
-void CoordinateInstanceSet::storeValueText(ParameterInstanceData *record, quint16 element,
-    const QString &valueText, const QString &nativeText)
+void CoordinateInstanceSet::storeValueText(const Guard &guard, ParameterInstanceData *record,
+    quint16 element, const QString &valueText, const QString &nativeText)
 {
-    const QPointer<CoordinateInstanceSet> guard(this);
     const QString stored = record->value(element);
     if (!guard)
         return;
     const bool isSame = stored == nativeText || record->toValueText(element, stored) == valueText;
     if (!guard)
         return;
-    if (isSame) {
+    if (isSame)
         record->setValueChangeTag(element, m_container->parameterChangeTag());
-        return;
-    }
-    storeNative(record, element, nativeText);
+    else
+        storeNative(guard, record, element, nativeText);
 }
 
 void CoordinateInstanceSet::storeNative(
-    ParameterInstanceData *record, quint16 element, const QString &nativeText)
+    const Guard &guard, ParameterInstanceData *record, quint16 element, const QString &nativeText)
 {
     const eLivingSpace livingSpace = record->livingSpace();
     record->setValue(element, nativeText);
-    if (emitValueChanged(livingSpace, element))
+    if (emitValueChanged(guard, livingSpace, element)
+        && !m_properties.facts(element).isIndependent())
         dispatchDependencies(livingSpace, element);
 }
 
 void CoordinateInstanceSet::setNativeText(
     eLivingSpace livingSpace, quint16 element, const QString &nativeText)
 {
-    const QPointer<CoordinateInstanceSet> guard(this);
+    const Guard guard(this);
     ParameterInstanceData *found = record(livingSpace, element);
     if (!found)
         return;
@@ -211,7 +210,7 @@ void CoordinateInstanceSet::setNativeText(
     if (guard && isSame)
         found->setValueChangeTag(element, m_container->parameterChangeTag());
     else if (guard)
-        storeNative(found, element, nativeText);
+        storeNative(guard, found, element, nativeText);
 }
 
 void CoordinateInstanceSet::setOnlineValueText(
@@ -219,11 +218,11 @@ void CoordinateInstanceSet::setOnlineValueText(
 {
     if (!m_elements.contains(element))
         return;
-    const QPointer<CoordinateInstanceSet> guard(this);
+    const Guard guard(this);
     const eLivingSpace instanceKey = key(livingSpace);
     ParameterInstanceData *found = m_instances.find(instanceKey);
     if (found && found->value(element) != nativeText && guard)
-        storeNative(found, element, nativeText);
+        storeNative(guard, found, element, nativeText);
     if (guard && m_consistence.arrived(instanceKey, element))
         Q_EMIT allElementsConsistenceOnceDone(m_coordinate, livingSpace);
 }
@@ -231,7 +230,7 @@ void CoordinateInstanceSet::setOnlineValueText(
 void CoordinateInstanceSet::setDefaultValueText(
     eLivingSpace livingSpace, quint16 element, const QString &displayText)
 {
-    const QPointer<CoordinateInstanceSet> guard(this);
+    const Guard guard(this);
     bool ok = false;
     const QString adopted = adoptValueText(displayText, livingSpace, element, &ok);
     if (ok && guard)
@@ -241,7 +240,7 @@ void CoordinateInstanceSet::setDefaultValueText(
 void CoordinateInstanceSet::setDefaultNativeValue(
     eLivingSpace livingSpace, quint16 element, const QString &valueText)
 {
-    const QPointer<CoordinateInstanceSet> guard(this);
+    const Guard guard(this);
     const ParameterInstanceData *found = record(livingSpace, element);
     if (!found)
         return;
@@ -289,7 +288,7 @@ void CoordinateInstanceSet::setParameterNeedsConsistence(
         return;
     const ParameterProperty automatic =
         elementProperty(element, eParameterProperty::AutomaticOnlineUpdate);
-    const QPointer<CoordinateInstanceSet> guard(this);
+    const Guard guard(this);
     if (!automatic.isValid()) {
         System::addWarningMessage(QStringLiteral("CoordinateInstanceSet"),
             QLatin1String("Missing property \"automatic online update\" at parameter ")
@@ -312,7 +311,7 @@ void CoordinateInstanceSet::startAllElementsConsistenceOnce(eLivingSpace livingS
     QList<quint16> elements = m_elements.list();
     std::sort(elements.begin(), elements.end());
     const quint32 run = m_consistence.start(instanceKey, elements);
-    const QPointer<CoordinateInstanceSet> guard(this);
+    const Guard guard(this);
     for (const quint16 element : elements) {
         m_container->dispatchParameterOnlineConsistenceNeedOnce(address(instanceKey, element));
         // A listener may cancel the run or start another while it is being asked for.
@@ -330,7 +329,7 @@ void CoordinateInstanceSet::cancelAllElementsConsistenceOnce(eLivingSpace living
 bool CoordinateInstanceSet::forEachValue(
     const std::function<void(ParameterInstanceData *, quint16)> &function)
 {
-    const QPointer<CoordinateInstanceSet> guard(this);
+    const Guard guard(this);
     const QList<quint16> elements = m_elements.list();
     for (const eLivingSpace livingSpace : m_instances.livingSpaces()) {
         for (const quint16 element : elements) {
@@ -344,9 +343,8 @@ bool CoordinateInstanceSet::forEachValue(
     return true;
 }
 
-bool CoordinateInstanceSet::emitValueChanged(eLivingSpace key, quint16 element)
+bool CoordinateInstanceSet::emitValueChanged(const Guard &guard, eLivingSpace key, quint16 element)
 {
-    const QPointer<CoordinateInstanceSet> guard(this);
     const ParameterAddress at = address(key, element);
     Q_EMIT valueChanged(at);
     if (guard)
@@ -360,7 +358,7 @@ bool CoordinateInstanceSet::emitValueChanged(eLivingSpace key, quint16 element)
 
 bool CoordinateInstanceSet::emitDefaultChanged(eLivingSpace key, quint16 element)
 {
-    const QPointer<CoordinateInstanceSet> guard(this);
+    const Guard guard(this);
     const ParameterAddress at = address(key, element);
     Q_EMIT defaultValueChanged(at);
     if (guard)
@@ -371,7 +369,7 @@ bool CoordinateInstanceSet::emitDefaultChanged(eLivingSpace key, quint16 element
 bool CoordinateInstanceSet::emitDefinitionChanged()
 {
     return forEachValue([this](ParameterInstanceData *record, quint16 element) {
-        const QPointer<CoordinateInstanceSet> guard(this);
+        const Guard guard(this);
         const ParameterAddress at = address(record->livingSpace(), element);
         Q_EMIT definitionChanged(at);
         if (guard)
@@ -381,7 +379,7 @@ bool CoordinateInstanceSet::emitDefinitionChanged()
 
 bool CoordinateInstanceSet::emitVisibilityChanged(eLivingSpace key, quint16 element)
 {
-    const QPointer<CoordinateInstanceSet> guard(this);
+    const Guard guard(this);
     const ParameterAddress at = address(key, element);
     Q_EMIT visibilityChanged(at);
     if (guard)
@@ -391,7 +389,7 @@ bool CoordinateInstanceSet::emitVisibilityChanged(eLivingSpace key, quint16 elem
 
 bool CoordinateInstanceSet::emitMeasuringUnitChanged(eLivingSpace key, quint16 element)
 {
-    const QPointer<CoordinateInstanceSet> guard(this);
+    const Guard guard(this);
     const ParameterAddress at = address(key, element);
     Q_EMIT measuringUnitChanged(at);
     if (guard)
@@ -402,8 +400,9 @@ bool CoordinateInstanceSet::emitMeasuringUnitChanged(eLivingSpace key, quint16 e
 bool CoordinateInstanceSet::emitChanges(
     eLivingSpace key, const ParameterInstanceData::Changes &changes)
 {
+    const Guard guard(this);
     for (const quint16 element : changes.values) {
-        if (!emitValueChanged(key, element))
+        if (!emitValueChanged(guard, key, element))
             return false;
     }
     for (const quint16 element : changes.defaults) {
@@ -432,7 +431,7 @@ bool CoordinateInstanceSet::dependsOn(eParameterProperty property, qint32 refere
 {
     if (property != eParameterProperty::MeasuringUnitDependency) {
         const eParameterProperty own = DependencyPairs::receiverProperty(property);
-        return m_properties.read(element, own).asInt32() == reference;
+        return qint32(m_properties.facts(element).functionIndex(own)) == reference;
     }
     return std::any_of(UnitProperties.begin(), UnitProperties.end(), [&](eParameterProperty each) {
         return MeasuringUnitResolver::locatedCoordinate(m_properties.read(element, each))
@@ -443,7 +442,7 @@ bool CoordinateInstanceSet::dependsOn(eParameterProperty property, qint32 refere
 void CoordinateInstanceSet::followDependency(
     eParameterProperty property, ParameterInstanceData *record, quint16 element)
 {
-    const QPointer<CoordinateInstanceSet> guard(this);
+    const Guard guard(this);
     const eLivingSpace livingSpace = record->livingSpace();
     switch (property) {
     case eParameterProperty::LimitDependency:
@@ -479,7 +478,7 @@ void CoordinateInstanceSet::followDependency(
 
 void CoordinateInstanceSet::askHiddenAnew(ParameterInstanceData *record, quint16 element)
 {
-    const QPointer<CoordinateInstanceSet> guard(this);
+    const Guard guard(this);
     const quint32 userLevel = System::information()->userAccessLevel();
     const bool wasVisible = access(*record, element).isVisible(userLevel);
     if (guard)
@@ -498,7 +497,7 @@ QString CoordinateInstanceSet::unitTexts(eLivingSpace livingSpace, quint16 eleme
 
 void CoordinateInstanceSet::dispatchDependencies(eLivingSpace key, quint16 element)
 {
-    const QPointer<CoordinateInstanceSet> guard(this);
+    const Guard guard(this);
     for (const eParameterProperty property : DependencyOrder) {
         const ParameterProperty reference = elementProperty(element, property);
         if (!reference.isValid())
@@ -524,7 +523,7 @@ void CoordinateInstanceSet::dispatchHiding(eLivingSpace key, quint16 element)
             eParameterProperty::HidingDependency, key, m_coordinate, element);
         return;
     }
-    const QPointer<CoordinateInstanceSet> guard(this);
+    const Guard guard(this);
     if (decision == HidingThrottle::eDecision::SuppressAndReport
         && System::information()->userAccessLevel() == HidingState::ReportedUserLevel) {
         System::addCriticalMessage(m_container->domain(),
@@ -551,7 +550,7 @@ void CoordinateInstanceSet::onSuppressedHidingTimerTimedout()
 {
     if (!m_hiding || !m_hiding->timer)
         return;
-    const QPointer<CoordinateInstanceSet> guard(this);
+    const Guard guard(this);
     m_container->dispatchDependencyChange(eParameterProperty::HidingDependency,
         eLivingSpace::Global, m_coordinate, m_hiding->deferredElement);
     if (!guard)

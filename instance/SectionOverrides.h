@@ -1,6 +1,6 @@
 #pragma once
 
-#include "instance/PropertyResolver.h"
+#include "value/PropertyResolver.h"
 
 #include <vector>
 

@@ -1,8 +1,8 @@
 #include "value/ParameterDataDelegate.h"
 
+#include "value/ElementFacts.h"
 #include "value/ParameterInstanceData.h"
 
-#include <KrDatatype/DatatypeProvider.h>
 #include <KrMultilingual/ParameterTextMap.h>
 #include <KrParameterInstance/ParameterSetup.h>
 
@@ -24,87 +24,87 @@ quint32 ParameterDataDelegate::addressNumber(quint16 element) const
 
 quint8 ParameterDataDelegate::datatype(quint16 element) const
 {
-    return quint8(read(element, eParameterProperty::Datatype).asUint32());
+    return m_record->facts(element).datatype;
 }
 
 const SimpleType *ParameterDataDelegate::simpleType(quint16 element) const
 {
-    return DatatypeProvider::instance()->simpleType(datatype(element));
+    return m_record->facts(element).type;
 }
 
 qint32 ParameterDataDelegate::kind(quint16 element) const
 {
-    return read(element, eParameterProperty::ParameterKind).asInt32();
+    return m_record->facts(element).kind;
 }
 
 qint32 ParameterDataDelegate::decimalPlacesBehind(quint16 element) const
 {
-    return read(element, eParameterProperty::DecimalPlacesBehind).asInt32();
+    return m_record->facts(element).decimalPlacesBehind;
 }
 
 quint32 ParameterDataDelegate::decimalPlacesSignificant(quint16 element) const
 {
-    return read(element, eParameterProperty::DecimalPlacesSignificant).asUint32();
+    return m_record->facts(element).decimalPlacesSignificant;
 }
 
 quint32 ParameterDataDelegate::fullScaleValue(quint16 element) const
 {
-    return read(element, eParameterProperty::FullScaleValue).asUint32();
+    return m_record->facts(element).fullScaleValue;
 }
 
 double ParameterDataDelegate::scalingFactor(quint16 element) const
 {
-    return double(read(element, eParameterProperty::ScalingFactor).asFloat());
+    return m_record->facts(element).scalingFactor;
 }
 
 double ParameterDataDelegate::editStartStepSize(quint16 element) const
 {
-    return double(read(element, eParameterProperty::EditStartStepSize).asFloat());
+    return m_record->facts(element).editStartStepSize;
 }
 
 QString ParameterDataDelegate::lowerLimitValue(quint16 element) const
 {
-    return read(element, eParameterProperty::LowerLimitValue).asString();
+    return m_record->facts(element).lowerLimit;
 }
 
 QString ParameterDataDelegate::upperLimitValue(quint16 element) const
 {
-    return read(element, eParameterProperty::UpperLimitValue).asString();
+    return m_record->facts(element).upperLimit;
 }
 
 quint16 ParameterDataDelegate::hidingFunctionIndex(quint16 element) const
 {
-    return read(element, eParameterProperty::HidingFunctionIndex).asUint16();
+    return m_record->facts(element).functionIndex(eParameterProperty::HidingFunctionIndex);
 }
 
 quint16 ParameterDataDelegate::limitFunctionIndex(quint16 element) const
 {
-    return read(element, eParameterProperty::LimitFunctionIndex).asUint16();
+    return m_record->facts(element).functionIndex(eParameterProperty::LimitFunctionIndex);
 }
 
 quint16 ParameterDataDelegate::scalingFunctionIndex(quint16 element) const
 {
-    return read(element, eParameterProperty::ScalingFunctionIndex).asUint16();
+    return m_record->facts(element).functionIndex(eParameterProperty::ScalingFunctionIndex);
 }
 
 quint16 ParameterDataDelegate::prereadFunctionIndex(quint16 element) const
 {
-    return read(element, eParameterProperty::PrereadFunctionIndex).asUint16();
+    return m_record->facts(element).functionIndex(eParameterProperty::PrereadFunctionIndex);
 }
 
 quint16 ParameterDataDelegate::prewriteFunctionIndex(quint16 element) const
 {
-    return read(element, eParameterProperty::PrewriteFunctionIndex).asUint16();
+    return m_record->facts(element).functionIndex(eParameterProperty::PrewriteFunctionIndex);
 }
 
 quint16 ParameterDataDelegate::postreadFunctionIndex(quint16 element) const
 {
-    return read(element, eParameterProperty::PostreadFunctionIndex).asUint16();
+    return m_record->facts(element).functionIndex(eParameterProperty::PostreadFunctionIndex);
 }
 
 quint16 ParameterDataDelegate::postwriteFunctionIndex(quint16 element) const
 {
-    return read(element, eParameterProperty::PostwriteFunctionIndex).asUint16();
+    return m_record->facts(element).functionIndex(eParameterProperty::PostwriteFunctionIndex);
 }
 
 QList<qint32> ParameterDataDelegate::choiceMapKeys(quint16 element) const
@@ -126,10 +126,5 @@ bool ParameterDataDelegate::hasProperty(quint16 element, eParameterProperty prop
 
 QVariant ParameterDataDelegate::property(quint16 element, eParameterProperty property) const
 {
-    return read(element, property).asVariant();
-}
-
-ParameterProperty ParameterDataDelegate::read(quint16 element, eParameterProperty property) const
-{
-    return m_record->owner()->elementProperty(element, property);
+    return m_record->owner()->elementProperty(element, property).asVariant();
 }

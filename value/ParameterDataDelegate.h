@@ -3,7 +3,6 @@
 #include <KrParameterInstance/ParameterData.h>
 
 class ParameterInstanceData;
-class ParameterProperty;
 
 /// Shows one value record to the firmware's functions.
 class ParameterDataDelegate final : public ParameterData {
@@ -41,8 +40,5 @@ public:
     QVariant property(quint16 element, eParameterProperty property) const override;
 
 private:
-    /// Invalid, and silent, where the element lacks the property.
-    ParameterProperty read(quint16 element, eParameterProperty property) const;
-
     ParameterInstanceData *m_record;
 };

@@ -1,6 +1,6 @@
 #include "value/ParameterInstanceData.h"
 
-#include "value/ElementCatalogue.h"
+#include "value/PropertyResolver.h"
 #include "value/RejectionReport.h"
 #include "value/ValueTextConverter.h"
 
@@ -15,6 +15,7 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QPointer>
 #include <QtCore/QRegularExpression>
+#include <QtCore/QVarLengthArray>
 
 #include <algorithm>
 #include <array>
@@ -70,6 +71,15 @@ QString decoded(QByteArrayView bytes, bool utf8)
     return stored(utf8 ? QString::fromUtf8(bytes) : QString::fromLatin1(bytes));
 }
 
+/// Writes without a byte array of its own; what Latin-1 lacks becomes "?".
+void writeLatin1(LmIniParser::IniSection &section, QByteArrayView key, const QString &text)
+{
+    QVarLengthArray<char, 64> bytes(text.size());
+    std::transform(text.cbegin(), text.cend(), bytes.begin(),
+        [](QChar c) { return c.unicode() > 0xFF ? '?' : char(uchar(c.unicode())); });
+    section.write(key, QByteArrayView(bytes.constData(), bytes.size()));
+}
+
 } // namespace
 
 ParameterInstanceData::ParameterInstanceData()
@@ -81,10 +91,10 @@ ParameterInstanceData::ParameterInstanceData()
 ParameterInstanceData::~ParameterInstanceData() = default;
 
 void ParameterInstanceData::setOwner(
-    ParameterSetup *owner, const ElementCatalogue *elements, eLivingSpace livingSpace)
+    ParameterSetup *owner, const PropertyResolver *properties, eLivingSpace livingSpace)
 {
     m_owner = owner;
-    m_elements = elements;
+    m_properties = properties;
     m_axisNumber = quint32(livingSpace);
 }
 
@@ -92,15 +102,12 @@ void ParameterInstanceData::rearrange(const ElementCatalogue &before, const Elem
 {
     if (!before.isRecord() && !after.isRecord())
         return;
-    std::vector<ElementTexts> texts;
-    const QList<quint16> elements = before.list();
-    for (qsizetype i = 0; i < elements.size() && size_t(i) < m_texts.size(); ++i) {
-        const qsizetype position = after.position(elements.at(i));
-        if (position == ElementCatalogue::NoPosition)
-            continue;
-        if (texts.size() <= size_t(position))
-            texts.resize(size_t(position) + 1);
-        texts[size_t(position)] = std::move(m_texts[size_t(i)]);
+    ElementStore texts;
+    const QList<quint16> list = before.list();
+    for (qsizetype i = 0; i < list.size() && size_t(i) < m_texts.size(); ++i) {
+        const qsizetype position = after.position(list.at(i));
+        if (position != ElementCatalogue::NoPosition)
+            texts.at(size_t(position)) = std::move(m_texts.at(size_t(i)));
     }
     m_texts = std::move(texts);
 }
@@ -127,11 +134,11 @@ QString ParameterInstanceData::defaultValue(quint16 element)
         return texts->defaultValue;
     if (!m_owner)
         throw ParameterException(ParameterException::NoOwningInstanceSet);
-    const ParameterDefinition *definition = m_elements->definition();
+    const ParameterDefinition *definition = elements().definition();
     // Deliberate: a simple parameter answers every element beyond its defined count with the default
     // of element 0.
     const bool isBeyond =
-        !m_elements->isRecord() && definition && definition->elementCount() <= element;
+        !elements().isRecord() && definition && definition->elementCount() <= element;
     if (isBeyond && element != 0)
         return defaultValue(0);
     checkElement(element);
@@ -142,7 +149,7 @@ QString ParameterInstanceData::computeDefault(quint16 element)
 {
     ValueTextConverter converter(*m_owner);
     const QString text =
-        converter.adoptDefault(m_elements->definition()->elementDefaultValue(element), element);
+        converter.adoptDefault(elements().definition()->elementDefaultValue(element), element);
     ParameterFunctionProvider *firmware = provider();
     // Correcting a default may read this very element; it is answered with the uncorrected text.
     if (entry(element).isDefaultInProgress)
@@ -177,30 +184,32 @@ void ParameterInstanceData::setDefaultValue(quint16 element, const QString &nati
 QString ParameterInstanceData::valueChangeTag(quint16 element) const
 {
     const ElementTexts *texts = find(element);
-    return texts ? texts->valueTag : QString();
+    return texts ? texts->valueTag.text() : QString();
 }
 
 QString ParameterInstanceData::defaultValueChangeTag(quint16 element) const
 {
     const ElementTexts *texts = find(element);
-    return texts ? texts->defaultTag : QString();
+    return texts ? texts->defaultTag.text() : QString();
 }
 
 void ParameterInstanceData::setValueChangeTag(quint16 element, const QString &tag)
 {
-    entry(element).valueTag = tag;
+    entry(element).valueTag = ChangeTag(tag);
 }
 
 void ParameterInstanceData::setDefaultValueChangeTag(quint16 element, const QString &tag)
 {
-    entry(element).defaultTag = tag;
+    entry(element).defaultTag = ChangeTag(tag);
 }
 
 QStringList ParameterInstanceData::changeTags() const
 {
     QSet<QString> distinct;
-    for (const ElementTexts &texts : m_texts)
-        distinct << texts.valueTag << texts.defaultTag;
+    for (size_t i = 0; i < m_texts.size(); ++i) {
+        const ElementTexts &texts = *m_texts.find(i);
+        distinct << texts.valueTag.text() << texts.defaultTag.text();
+    }
     QStringList tags(distinct.begin(), distinct.end());
     tags.removeAll(QString());
     tags.sort();
@@ -211,7 +220,7 @@ void ParameterInstanceData::checkElement(quint16 element) const
 {
     if (!m_owner)
         throw ParameterException(ParameterException::NoOwningInstanceSet);
-    if (!m_elements->contains(element))
+    if (!elements().contains(element))
         throw ParameterException(ParameterException::ElementNotInParameter);
 }
 
@@ -225,7 +234,7 @@ ParameterAddress ParameterInstanceData::address(quint16 element) const
 QString ParameterInstanceData::addressText(quint16 element) const
 {
     checkElement(element);
-    return address(element).toText(m_owner->isGlobalParameter(), m_elements->isElementNamed());
+    return address(element).toText(m_owner->isGlobalParameter(), elements().isElementNamed());
 }
 
 bool ParameterInstanceData::checkValue(quint16 element, const QString &nativeText)
@@ -264,7 +273,7 @@ void ParameterInstanceData::reportRejection(
 
 bool ParameterInstanceData::isWritable(quint16 element) const
 {
-    return m_owner->elementProperty(element, eParameterProperty::NoWrite).asUint32() == 0;
+    return !facts(element).isNeverWritten;
 }
 
 QString ParameterInstanceData::toValueText(quint16 element, const QString &nativeText) const
@@ -283,14 +292,14 @@ QString ParameterInstanceData::lowerLimit(quint16 element) const
 {
     ParameterFunctionProvider *firmware = provider();
     const QString limit = firmware ? firmware->lowerLimit(&m_delegate, element) : QString();
-    return limit.isEmpty() ? m_delegate.lowerLimitValue(element) : limit;
+    return limit.isEmpty() ? facts(element).lowerLimit : limit;
 }
 
 QString ParameterInstanceData::upperLimit(quint16 element) const
 {
     ParameterFunctionProvider *firmware = provider();
     const QString limit = firmware ? firmware->upperLimit(&m_delegate, element) : QString();
-    return limit.isEmpty() ? m_delegate.upperLimitValue(element) : limit;
+    return limit.isEmpty() ? facts(element).upperLimit : limit;
 }
 
 void ParameterInstanceData::runFunction(eFunctionKind kind, quint16 element)
@@ -306,16 +315,12 @@ bool ParameterInstanceData::updateLimits(quint16 element)
     const QString upper = owner ? upperLimit(element) : QString();
     if (!owner)
         return false;
-    if (!m_told)
-        m_told = std::make_unique<QHash<quint16, Told>>();
-    return remember((*m_told)[element].limits, lower + QChar(QChar::Null) + upper);
+    return remember(rare().told[element].limits, lower + QChar(QChar::Null) + upper);
 }
 
 bool ParameterInstanceData::updateUnits(quint16 element, const QString &unitTexts)
 {
-    if (!m_told)
-        m_told = std::make_unique<QHash<quint16, Told>>();
-    return remember((*m_told)[element].units, unitTexts);
+    return remember(rare().told[element].units, unitTexts);
 }
 
 bool ParameterInstanceData::isHidden(quint16 element)
@@ -378,40 +383,38 @@ void ParameterInstanceData::correctUntagged(
 
 QString ParameterInstanceData::namedText(const QString &name) const
 {
-    return m_namedTexts ? m_namedTexts->value(name) : QString();
+    return m_rare ? m_rare->namedTexts.value(name) : QString();
 }
 
 void ParameterInstanceData::setNamedText(const QString &name, const QString &text)
 {
-    if (!m_namedTexts)
-        m_namedTexts = std::make_unique<QHash<QString, QString>>();
-    m_namedTexts->insert(name, text);
+    rare().namedTexts.insert(name, text);
 }
 
 ParameterInstanceData::Changes ParameterInstanceData::discard(
     const QString &name, const QRegularExpression &tagPattern)
 {
-    if (m_namedTexts)
-        m_namedTexts->remove(name);
+    if (m_rare)
+        m_rare->namedTexts.remove(name);
     Changes changes;
     if (!tagPattern.isValid())
         return changes;
-    const auto isDiscarded = [&tagPattern](const QString &text, const QString &tag) {
-        return !text.isNull() && !tag.isEmpty() && tagPattern.match(tag).hasMatch();
+    const auto isDiscarded = [&tagPattern](const QString &text, const ChangeTag &tag) {
+        return !text.isNull() && !tag.isEmpty() && tagPattern.match(tag.text()).hasMatch();
     };
-    const QList<quint16> elements = m_elements->list();
+    const QList<quint16> list = elements().list();
     for (size_t i = 0; i < m_texts.size(); ++i) {
-        ElementTexts &texts = m_texts[i];
-        const bool isShown = qsizetype(i) < elements.size();
+        ElementTexts &texts = m_texts.at(i);
+        const bool isShown = qsizetype(i) < list.size();
         if (isDiscarded(texts.value, texts.valueTag)) {
             texts.value = QString();
             if (isShown)
-                changes.values.append(elements.at(qsizetype(i)));
+                changes.values.append(list.at(qsizetype(i)));
         }
         if (isDiscarded(texts.defaultValue, texts.defaultTag)) {
             texts.defaultValue = QString();
             if (isShown)
-                changes.defaults.append(elements.at(qsizetype(i)));
+                changes.defaults.append(list.at(qsizetype(i)));
         }
     }
     return changes;
@@ -421,59 +424,72 @@ ParameterInstanceData::Changes ParameterInstanceData::loadFromSection(
     const LmIniParser::IniSection &section, bool utf8)
 {
     Changes changes;
-    const QString tag = currentTag();
-    const QList<quint16> elements = m_elements->list();
-    if (m_texts.size() < size_t(elements.size()))
-        m_texts.resize(size_t(elements.size()));
-    for (qsizetype i = 0; i < elements.size(); ++i) {
-        const SectionKeys keys(m_axisNumber, elements.at(i));
-        ElementTexts &texts = m_texts[size_t(i)];
+    const ChangeTag current = currentTag();
+    const QList<quint16> list = elements().list();
+    m_texts.reserve(size_t(list.size()));
+    for (qsizetype i = 0; i < list.size(); ++i) {
+        const SectionKeys keys(m_axisNumber, list.at(i));
+        ElementTexts &texts = m_texts.at(size_t(i));
         const auto take = [&](QByteArrayView key, QByteArrayView tagKey, QString &text,
-                              QString &textTag) {
-            const QString loaded = decoded(section.read(key), utf8);
+                              ChangeTag &tag) {
+            QString loaded = decoded(section.read(key), utf8);
             const bool isChanged = text.isNull() || text != loaded;
-            text = loaded;
-            textTag = section.contains(tagKey) ? decoded(section.read(tagKey), utf8) : tag;
+            text = std::move(loaded);
+            tag =
+                section.contains(tagKey) ? ChangeTag(decoded(section.read(tagKey), utf8)) : current;
             return isChanged;
         };
         if (take(keys.value(), keys.valueTag(), texts.value, texts.valueTag))
-            changes.values.append(elements.at(i));
+            changes.values.append(list.at(i));
         if (take(keys.defaultValue(), keys.defaultTag(), texts.defaultValue, texts.defaultTag))
-            changes.defaults.append(elements.at(i));
+            changes.defaults.append(list.at(i));
     }
     return changes;
 }
 
 void ParameterInstanceData::saveToSection(LmIniParser::IniSection &section)
 {
-    for (const quint16 element : m_elements->list()) {
+    for (const quint16 element : elements().list()) {
         const SectionKeys keys(m_axisNumber, element);
-        section.write(keys.value(), value(element).toLatin1());
-        const QString valueTag = valueChangeTag(element);
-        if (!valueTag.isEmpty())
-            section.write(keys.valueTag(), valueTag.toLatin1());
-        section.write(keys.defaultValue(), defaultValue(element).toLatin1());
-        const QString defaultTag = defaultValueChangeTag(element);
-        if (!defaultTag.isEmpty())
-            section.write(keys.defaultTag(), defaultTag.toLatin1());
+        writeLatin1(section, keys.value(), value(element));
+        const ElementTexts &texts = entry(element);
+        if (!texts.valueTag.isEmpty())
+            writeLatin1(section, keys.valueTag(), texts.valueTag.text());
+        writeLatin1(section, keys.defaultValue(), defaultValue(element));
+        if (!entry(element).defaultTag.isEmpty())
+            writeLatin1(section, keys.defaultTag(), entry(element).defaultTag.text());
     }
 }
 
-const ParameterInstanceData::ElementTexts *ParameterInstanceData::find(quint16 element) const
+const ElementTexts *ParameterInstanceData::find(quint16 element) const
 {
-    if (!m_elements)
+    if (!m_properties)
         return nullptr;
-    const auto position = size_t(m_elements->position(element));
-    return position < m_texts.size() ? &m_texts[position] : nullptr;
+    const qsizetype position = elements().position(element);
+    return position == ElementCatalogue::NoPosition ? nullptr : m_texts.find(size_t(position));
 }
 
-ParameterInstanceData::ElementTexts &ParameterInstanceData::entry(quint16 element)
+ElementTexts &ParameterInstanceData::entry(quint16 element)
 {
     checkElement(element);
-    const auto position = size_t(m_elements->position(element));
-    if (position >= m_texts.size())
-        m_texts.resize(position + 1);
-    return m_texts[position];
+    return m_texts.at(size_t(elements().position(element)));
+}
+
+ParameterInstanceData::Rare &ParameterInstanceData::rare()
+{
+    if (!m_rare)
+        m_rare = std::make_unique<Rare>();
+    return *m_rare;
+}
+
+const ElementFacts &ParameterInstanceData::facts(quint16 element) const
+{
+    return m_properties->facts(element);
+}
+
+const ElementCatalogue &ParameterInstanceData::elements() const
+{
+    return m_properties->elements();
 }
 
 ParameterContainer *ParameterInstanceData::container() const
@@ -486,7 +502,7 @@ ParameterFunctionProvider *ParameterInstanceData::provider() const
     return container()->functionProvider();
 }
 
-QString ParameterInstanceData::currentTag() const
+ChangeTag ParameterInstanceData::currentTag() const
 {
-    return container()->parameterChangeTag();
+    return ChangeTag(container()->parameterChangeTag());
 }

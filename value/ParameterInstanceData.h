@@ -1,5 +1,6 @@
 #pragma once
 
+#include "value/ElementStore.h"
 #include "value/ParameterDataDelegate.h"
 
 #include <KrFirmware/eFunctionKind.h>
@@ -12,13 +13,13 @@
 #include <QtCore/QStringList>
 
 #include <memory>
-#include <optional>
-#include <vector>
 
 class ElementCatalogue;
+class ElementFacts;
 class ParameterContainer;
 class ParameterFunctionProvider;
 class ParameterSetup;
+class PropertyResolver;
 class QRegularExpression;
 
 namespace LmIniParser {
@@ -46,12 +47,14 @@ public:
     quint32 serialNumber() const { return m_serialNumber; }
     /// **Owner** of both is the instance set, which owns the record too.
     void setOwner(
-        ParameterSetup *owner, const ElementCatalogue *elements, eLivingSpace livingSpace);
+        ParameterSetup *owner, const PropertyResolver *properties, eLivingSpace livingSpace);
     ParameterSetup *owner() const { return m_owner; }
     /// Number of the record in saved keys and its living space.
     quint32 axisNumber() const { return m_axisNumber; }
     eLivingSpace livingSpace() const { return eLivingSpace(m_axisNumber); }
     const ParameterData *delegate() const { return &m_delegate; }
+    /// Empty for an element that the parameter lacks.
+    const ElementFacts &facts(quint16 element) const;
     /// Reaches the same element's texts under a new order of elements. Texts of elements that the new
     /// order lacks go.
     void rearrange(const ElementCatalogue &before, const ElementCatalogue &after);
@@ -123,36 +126,32 @@ public:
     void saveToSection(LmIniParser::IniSection &section);
 
 private:
-    /// A text is null where there is none; a stored empty text is not null.
-    struct ElementTexts {
-        QString value;
-        QString defaultValue;
-        QString valueTag;
-        QString defaultTag;
-        bool isHiddenKnown = false;
-        bool isHidden = false;
-        bool isDefaultInProgress = false;
-    };
-
     /// Null where nothing is stored for the element.
     const ElementTexts *find(quint16 element) const;
     ElementTexts &entry(quint16 element);
+    const ElementCatalogue &elements() const;
     ParameterContainer *container() const;
     ParameterFunctionProvider *provider() const;
-    QString currentTag() const;
+    ChangeTag currentTag() const;
     QString computeDefault(quint16 element);
     void reportRejection(quint16 element, const QString &nativeText, quint32 code);
 
-    std::vector<ElementTexts> m_texts;
+    ElementStore m_texts;
     ParameterSetup *m_owner = nullptr;
-    const ElementCatalogue *m_elements = nullptr;
-    std::unique_ptr<QHash<QString, QString>> m_namedTexts;
-    /// What listeners were told last of elements that follow other values. Null: nothing yet.
+    const PropertyResolver *m_properties = nullptr;
     struct Told {
         QString limits;
         QString units;
     };
-    std::unique_ptr<QHash<quint16, Told>> m_told;
+    /// What few records have. Null: nothing of it.
+    struct Rare {
+        QHash<QString, QString> namedTexts;
+        /// What listeners were told last of elements that follow other values.
+        QHash<quint16, Told> told;
+    };
+    Rare &rare();
+
+    std::unique_ptr<Rare> m_rare;
     ParameterDataDelegate m_delegate;
     quint32 m_serialNumber;
     quint32 m_axisNumber = 0;

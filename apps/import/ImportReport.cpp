@@ -41,8 +41,9 @@ QString ImportReport::toText() const
     text += QStringLiteral("  %1 new coordinates\n").arg(newCoordinates);
     text += QStringLiteral("  %1 configured values\n").arg(configuredValues);
     for (const SkippedObject &object : skipped) {
-        text += QStringLiteral("  skipped %1 (line %2): %3\n")
-                    .arg(object.place(), QString::number(object.line), object.reason);
+        const QString line =
+            object.line > 0 ? QStringLiteral(" (line %1)").arg(object.line) : QString();
+        text += QStringLiteral("  skipped %1%2: %3\n").arg(object.place(), line, object.reason);
     }
     for (const ImportRemark &remark : remarks.sorted())
         text += QStringLiteral("  line %1: ").arg(remark.line) + remark.text + QLatin1Char('\n');

@@ -9,7 +9,7 @@ struct SkippedObject {
     quint16 index = 0;
     /// Empty for a whole object.
     std::optional<quint8> subIndex;
-    /// Counted from 1.
+    /// Counted from 1; 0 where no line is to blame.
     int line = 0;
     /// English.
     QString reason;

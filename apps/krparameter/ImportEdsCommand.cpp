@@ -2,18 +2,19 @@
 
 #include "apps/host/DriveProject.h"
 #include "apps/host/ProjectStorage.h"
+#include "apps/import/EdsNumber.h"
 #include "apps/krparameter/CommandLine.h"
 #include "apps/krparameter/CommonOptions.h"
 #include "apps/krparameter/Console.h"
 
-#include <KrParameterInstance/ParameterSetup.h>
+#include <KrParameterInstance/ParameterContainer.h>
 
 namespace {
 
 constexpr QLatin1StringView Coordinates("coordinates");
 constexpr QLatin1StringView Output("output");
 constexpr QLatin1StringView NodeId("node-id");
-constexpr uint GreatestNodeId = 127;
+constexpr quint32 LastNodeId = 127;
 
 eExitCode codeOf(ImportResult::eStatus status)
 {
@@ -30,15 +31,13 @@ eExitCode codeOf(ImportResult::eStatus status)
     return eExitCode::Usage;
 }
 
-/// As they come from a device: the file says what the device holds, allowed or not.
+/// As they come from a device: the file says what the device holds, allowed or not. Imported
+/// parameters are global.
 void store(const ConfiguredValues &values, ParameterContainer &container)
 {
     for (const ConfiguredValue &value : values.list()) {
-        const auto parameter = container.parameterSetup(value.coordinate);
-        if (parameter && !parameter->livingSpaces().isEmpty()) {
-            parameter->setOnlineValueText(
-                parameter->livingSpaces().constFirst(), value.element, value.nativeText);
-        }
+        container.writeValueNative(
+            eLivingSpace::Global, value.coordinate, value.element, value.nativeText);
     }
 }
 
@@ -95,11 +94,10 @@ std::optional<ImportRequest> ImportEdsCommand::requestOf(const CommandLine &line
     ImportRequest request {
         line.arguments().constFirst(), line.value(Coordinates), line.value(Output), std::nullopt};
     if (line.has(NodeId)) {
-        bool isNumber = false;
-        const uint number = line.value(NodeId).toUInt(&isNumber);
-        if (!isNumber || number < 1 || number > GreatestNodeId)
-            return refuse(tr("--node-id nimmt eine Zahl von 1 bis 127"));
-        request.nodeId = quint8(number);
+        const auto number = EdsNumber::parse(line.value(NodeId)).unsignedValue(LastNodeId);
+        if (!number || *number == 0)
+            return refuse(tr("--node-id nimmt eine Zahl von 1 bis 127 oder 0x1 bis 0x7F"));
+        request.nodeId = quint8(*number);
     }
     const bool isTaken = line.has(OptionName::Project)
         && ProjectFolder(line.value(OptionName::Project)).holdsProject();

@@ -125,7 +125,7 @@ class Usage(CommandLineTest):
             (["import-eds", "x.eds"],
              "import-eds braucht --coordinates TABELLE und -o DATEI"),
             (["import-eds", "x.eds", "--coordinates", "t", "-o", "o", "--node-id", "128"],
-             "--node-id nimmt eine Zahl von 1 bis 127"),
+             "--node-id nimmt eine Zahl von 1 bis 127 oder 0x1 bis 0x7F"),
         ):
             run = Run(*words)
             self.check(run, USAGE, out="")

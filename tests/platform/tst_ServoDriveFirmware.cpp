@@ -69,6 +69,8 @@ class tst_ServoDriveFirmware : public QObject {
 private Q_SLOTS:
     void family();
     void fileOfTheFormatPage();
+    void shippedDescriptions_data();
+    void shippedDescriptions();
     void parameterDefaults();
     void parameterComplete();
     void systemParameters();
@@ -93,6 +95,7 @@ private Q_SLOTS:
     void refused_data();
     void refused();
     void familyThatContradicts();
+    void languagesAndDataTypes();
     void nothingIsRegisteredWhenRefused();
     void fileThatIsNotThere();
     void errorMayBeNull();
@@ -143,6 +146,30 @@ void tst_ServoDriveFirmware::fileOfTheFormatPage()
     QCOMPARE(element->property(ScalingFactor).asVariant(), QVariant(0.001F));
     QCOMPARE(element->property(ScaledMeasuringUnit).asString(), QStringLiteral("A"));
     QCOMPARE(element->property(WriteLevel).asUint32(), 2U);
+}
+
+void tst_ServoDriveFirmware::shippedDescriptions_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::newRow("two-axis drive") << QStringLiteral("../../devices/two-axis-drive.json");
+    QTest::newRow("four-axis controller")
+        << QStringLiteral("../../devices/four-axis-controller.json");
+}
+
+void tst_ServoDriveFirmware::shippedDescriptions()
+{
+    QFETCH(QString, file);
+    // Their families are real ones, which the other tests describe otherwise.
+    const QString name = QFINDTESTDATA(file);
+    QFile description(name);
+    QVERIFY(description.open(QIODevice::ReadOnly));
+    QByteArray json = description.readAll();
+    json.replace("\"identifier\": 4096", "\"identifier\": 14096");
+    json.replace("\"identifier\": 8192", "\"identifier\": 18192");
+    const auto firmware = load(json);
+    QVERIFY(firmware);
+    QCOMPARE(firmware->warnings(), QStringList());
+    QVERIFY(firmware->parameterNumbers().size() >= 250);
 }
 
 void tst_ServoDriveFirmware::parameterDefaults()
@@ -428,14 +455,15 @@ void tst_ServoDriveFirmware::unitForms()
 void tst_ServoDriveFirmware::textForms()
 {
     const auto firmware = load(withElement(R"("dataType": "UINT16", "choices": {
-        "0": {"de": {"short": "k"}}, "1": {"de": {"long": "l"}}, "2": {}, "3": "\u00fc\ud83d\ude00"})"));
+        "0": {"de": {"short": "k", "long": "l"}}, "1": {"en": "e"}, "3": "\u00fc\ud83d\ude00"})"));
     QVERIFY(firmware);
     const auto choices =
         elementOf(*firmware)->property(ChoiceMap).asVariant().value<ParameterTextMap>();
     const QString german = QStringLiteral("de");
-    QCOMPARE(choices.text(0).longText(german), QStringLiteral("k"));
-    QCOMPARE(choices.text(1).shortText(german), QStringLiteral("l"));
-    QVERIFY(choices.text(2).isEmpty());
+    QCOMPARE(choices.text(0).shortText(german), QStringLiteral("k"));
+    QCOMPARE(choices.text(0).longText(german), QStringLiteral("l"));
+    // Without a text in the language: the first that there is.
+    QCOMPARE(choices.text(1).longText(german), QStringLiteral("e"));
     QCOMPARE(choices.text(3).longText(german), QStringLiteral("\u00fc\U0001F600"));
 }
 
@@ -676,6 +704,11 @@ void tst_ServoDriveFirmware::refused_data()
         "parameters[0].coordinates[1]: expected a coordinate: a letter from A to Z and one to "
         "three "
         "digits");
+    row("coordinate of its own twice",
+        description(R"("parameters": [
+            {"number": 1, "name": "a", "coordinates": ["A01", "A1"], )"
+            + element + "}]"),
+        "parameters[0].coordinates[1]: is listed twice");
     row("single-instance without coordinate",
         description(R"("parameters": [
             {"number": 1, "name": "a", "coordinates": [], )"
@@ -761,7 +794,9 @@ void tst_ServoDriveFirmware::refused_data()
         "parameters[0].elements[0].choices.1.fr: expected one of the languages de, en");
     row("text without short and long",
         withElement(R"("dataType": "INT8", "choices": {"1": {"de": {}}})"),
-        "parameters[0].elements[0].choices.1.de.long: is missing");
+        "parameters[0].elements[0].choices.1.de.short: is missing");
+    row("text without any language", withElement(R"("dataType": "INT8", "choices": {"1": {}})"),
+        "parameters[0].elements[0].choices.1: expected a text for at least one language");
     row("absent data type", withElement(R"("dataType": "INT8", "absent": [16])"),
         "parameters[0].elements[0].absent: the data type (16) must not be absent");
     row("absent number that is no property",
@@ -825,8 +860,10 @@ void tst_ServoDriveFirmware::refused_data()
         "profiles.a.profile: expected the name of a profile");
     row("unknown profile", withElement(R"("profile": "b")"),
         "parameters[0].elements[0].profile: expected the name of a profile");
+    row("name of a profile", description(R"("profiles": {"a": {"name": "n"}})"),
+        "profiles.a.name: is for elements of a record only");
     row("number of a profile", description(R"("profiles": {"a": {"number": 1}})"),
-        "profiles.a.number: a profile has no number of its own");
+        "profiles.a.number: is for elements of a record only");
     row("profile that no element uses", description(R"("profiles": {"a": {"kind": 12}})"),
         "profiles.a.kind: expected a whole number from 0 to 11");
     row("limit of a profile outside of the element's type",
@@ -878,6 +915,32 @@ void tst_ServoDriveFirmware::familyThatContradicts()
     QCOMPARE(errorOf(withFamily(
                  R"({"identifier": 1, "name": "a", "hasPhysicalAxes": false, "axes": [5]})")),
         QStringLiteral("d.json: family.axes[0]: expected a whole number from 1 to 4"));
+}
+
+void tst_ServoDriveFirmware::languagesAndDataTypes()
+{
+    const auto withLists = [](const QByteArray &languages, const QByteArray &dataTypes) {
+        return R"({"format": "kr-device-description", "version": 1, "family": {"identifier": 5003,
+            "name": "a", "hasPhysicalAxes": true, "axes": [1]}, "languages": )"
+            + languages + R"(, "dataTypes": )" + dataTypes + R"(, "parameters": []})";
+    };
+    QByteArray most = "\"l1\"";
+    for (int i = 2; i <= 32; ++i)
+        most += ", \"l" + QByteArray::number(i) + '"';
+    QVERIFY(load(withLists('[' + most + ']', "[]")));
+    QCOMPARE(errorOf(withLists('[' + most + ", \"l33\"]", "[]")),
+        QStringLiteral("d.json: languages: expected 1 to 32 languages"));
+    QCOMPARE(errorOf(withLists("[]", "[]")),
+        QStringLiteral("d.json: languages: expected 1 to 32 languages"));
+    QCOMPARE(errorOf(withLists(R"(["de", "de"])", "[]")),
+        QStringLiteral("d.json: languages[1]: is listed twice"));
+    QCOMPARE(errorOf(withLists(R"(["de", ""])", "[]")),
+        QStringLiteral("d.json: languages[1]: expected a text that is not empty"));
+    QCOMPARE(errorOf(withLists(R"(["de"])", R"(["INT8", "INT8"])")),
+        QStringLiteral("d.json: dataTypes[1]: is listed twice"));
+    QCOMPARE(errorOf(withLists(R"(["de"])", R"(["INT8", "int8"])")),
+        QStringLiteral("d.json: dataTypes[1]: expected the short name of a data type, such as "
+                       "\"UINT16\""));
 }
 
 void tst_ServoDriveFirmware::nothingIsRegisteredWhenRefused()

@@ -54,15 +54,14 @@ void tst_ParameterFilterElement::init()
     }
     m_information->setValue(
         Space, Element, {QStringLiteral("1.5"), QStringLiteral("-15"), QStringLiteral("bad")});
-    m_information->defaults[{Space, Element}] = {QStringLiteral("bad"), QStringLiteral("4294967295"), QStringLiteral("0.7")};
+    m_information->defaults[{Space, Element}] = {
+        QStringLiteral("bad"), QStringLiteral("4294967295"), QStringLiteral("0.7")};
     m_information->preparedTexts = {{QStringLiteral("0.7"), QStringLiteral("7")}};
     m_information->attributes = {{QStringLiteral("ValueChangeTag"), QStringLiteral("12 ")},
         {QStringLiteral("DefaultValueChangeTag"), QStringLiteral("fw_1")},
         {QStringLiteral("ReadLevelChangeTag"), QStringLiteral("0x10")},
         {QStringLiteral("WriteLevelChangeTag"), QStringLiteral("1e3")}};
-    m_element.information = m_information.get();
-    m_element.livingSpace = Space;
-    m_element.element = Element;
+    m_element.load(m_information.get(), Space, Element);
 }
 
 void tst_ParameterFilterElement::property_data()
@@ -211,7 +210,7 @@ void tst_ParameterFilterElement::negativeNumbers()
 
 void tst_ParameterFilterElement::emptyWithoutInformation()
 {
-    m_element.information.clear();
+    m_element.load(nullptr, Space, Element);
     for (const char *name : {"ReadLevel", "ValueNative", "Colour"}) {
         QCOMPARE(m_element.stringProperty(QString::fromLatin1(name)), QString());
         QCOMPARE(m_element.uint32Property(QString::fromLatin1(name)), 0U);
@@ -229,7 +228,7 @@ void tst_ParameterFilterElement::emptyWhenInformationIsGone()
 
 void tst_ParameterFilterElement::lookUpTakesTheElement()
 {
-    m_element.element = 0;
+    m_element.load(m_information.get(), Space, 0);
     QCOMPARE(m_element.stringProperty(QStringLiteral("ReadLevel")), QString());
     QCOMPARE(m_element.stringProperty(QStringLiteral("ValueNative")), QString());
     QCOMPARE(m_element.stringProperty(QStringLiteral("Address")), QStringLiteral("2.A012[00000]"));

@@ -28,6 +28,8 @@ constexpr QLatin1StringView AxesKey("axes");
 constexpr QLatin1StringView Format("kr-device-description");
 constexpr qint64 FormatVersion = 1;
 constexpr int LastAxis = 4;
+/// A plain text is kept once for each language.
+constexpr size_t MostLanguages = 32;
 
 } // namespace
 
@@ -140,8 +142,11 @@ void DescriptionLoader::readAxes(const JsonValue &axes)
 void DescriptionLoader::readLanguages(const JsonValue &languages)
 {
     const JsonValue::List &list = m_reader.list(languages);
-    if (list.empty())
-        m_findings.refuse(languages, QStringLiteral("expected at least one language"));
+    if (list.empty() || list.size() > MostLanguages) {
+        m_findings.refuse(
+            languages, QStringLiteral("expected 1 to %1 languages").arg(MostLanguages));
+        return;
+    }
     for (const JsonValue &entry : list) {
         const QString language = m_reader.filledText(entry);
         if (m_data->languages.contains(language))
@@ -160,6 +165,9 @@ void DescriptionLoader::readDataTypes(const JsonValue &dataTypes)
                 QStringLiteral("expected the short name of a data type, such as \"UINT16\""));
         if (m_dataTypes.contains(name))
             m_findings.refuse(entry, QStringLiteral("is listed twice"));
+        // What is listed twice or unknown ends the list, which so stays as short as the table.
+        if (m_findings.hasError())
+            return;
         m_dataTypes.append(name);
     }
 }

@@ -35,9 +35,11 @@ void DescriptionReader::expectKeys(
     for (const JsonValue::Member &member : object(value)) {
         const bool isKnown = std::any_of(keys.begin(), keys.end(),
             [&member](QLatin1StringView key) { return member.key == key; });
-        if (!isKnown)
+        if (!isKnown) {
             m_findings.refuse(
                 member.value, QStringLiteral("unknown key; known are %1").arg(joined(keys)));
+            return;
+        }
     }
 }
 
@@ -152,6 +154,8 @@ ParameterText DescriptionReader::multilingualText(const JsonValue &value) const
     }
 
     const JsonValue::Object &object = *value.toObject();
+    if (object.empty())
+        m_findings.refuse(value, QStringLiteral("expected a text for at least one language"));
     for (const JsonValue::Member &member : object) {
         if (!m_languages.contains(member.key))
             m_findings.refuse(member.value,
@@ -183,12 +187,8 @@ void DescriptionReader::addLanguage(
     constexpr QLatin1StringView ShortKey("short");
     constexpr QLatin1StringView LongKey("long");
     expectKeys(value, {ShortKey, LongKey});
-    const JsonValue *shortText = value.member(ShortKey);
-    const JsonValue *longText = value.member(LongKey);
-    if (!shortText && !longText) {
-        required(value, LongKey);
-        return;
-    }
-    text.setText(language, this->text(shortText ? *shortText : *longText),
-        this->text(longText ? *longText : *shortText));
+    const JsonValue *shortText = required(value, ShortKey);
+    const JsonValue *longText = required(value, LongKey);
+    if (shortText && longText)
+        text.setText(language, this->text(*shortText), this->text(*longText));
 }

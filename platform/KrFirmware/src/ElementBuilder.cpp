@@ -49,17 +49,19 @@ bool isChoice(const ElementInformation &information)
     return kind == 1 || kind == 2;
 }
 
-ValueBounds boundsOf(const ElementInformation &information)
+ValueBounds limitsOf(const ElementInformation &information)
 {
-    ValueBounds bounds;
-    bounds.lowerLimit = information.property(eParameterProperty::LowerLimitValue).asString();
-    bounds.upperLimit = information.property(eParameterProperty::UpperLimitValue).asString();
-    if (isChoice(information))
-        bounds.choiceKeys = information.property(eParameterProperty::ChoiceMap)
-                                .asVariant()
-                                .value<ParameterTextMap>()
-                                .keys();
-    return bounds;
+    return {information.property(eParameterProperty::LowerLimitValue).asString(),
+        information.property(eParameterProperty::UpperLimitValue).asString(), {}};
+}
+
+ParameterTextMap choicesOf(const ElementInformation &information)
+{
+    if (!isChoice(information))
+        return {};
+    return information.property(eParameterProperty::ChoiceMap)
+        .asVariant()
+        .value<ParameterTextMap>();
 }
 
 } // namespace
@@ -68,12 +70,6 @@ void ElementBuilder::checkProfile(const ElementSource &profile)
 {
     const ElementSource::Entry &type = profile.fact(positionOf(eParameterProperty::Datatype));
     make(profile, type.value ? m_facts.dataType(*type.value) : nullptr);
-    if (profile.name().value)
-        m_reader.multilingualText(*profile.name().value);
-    if (profile.nameCommonText().value)
-        m_reader.systemStringNumber(*profile.nameCommonText().value);
-    if (profile.version().value)
-        m_reader.version(*profile.version().value);
     const JsonValue *defaultValue = profile.defaultValue().value;
     if (defaultValue && !defaultValue->toNumber() && !defaultValue->toText())
         m_reader.findings().refuse(*defaultValue, QStringLiteral("expected a number or a text"));
@@ -100,9 +96,7 @@ QString ElementBuilder::defaultText(const JsonValue &value, const Built &built) 
     if (!built.type)
         return {};
     const QString text = NativeTextReader::read(value, *built.type, m_reader);
-    if (ValueCheck::result(text, *built.type, built.bounds) != eCheckResult::Acceptable)
-        m_reader.findings().warn(
-            value, QStringLiteral("the default lies outside of the limits or choices"));
+    checkDefault(text, built, value);
     return text;
 }
 
@@ -124,7 +118,7 @@ ElementBuilder::Built ElementBuilder::make(const ElementSource &source, const Si
         information->setPropertySettable(fact.property, settable[size_t(fact.property)]);
     }
 
-    Built result {information, type, boundsOf(*information)};
+    Built result {information, type, limitsOf(*information), choicesOf(*information)};
     checkLimits(source, result);
     return result;
 }
@@ -165,9 +159,21 @@ void ElementBuilder::checkIndices(
         m_tables.checkIndex(fact.property, index, at, m_reader.findings());
 }
 
+void ElementBuilder::checkDefault(
+    const QString &text, const Built &built, const JsonValue &at) const
+{
+    const std::optional<Integer> number = Integer::fromText(text);
+    const std::optional<qint32> key = number ? number->toInt32() : std::nullopt;
+    const bool isChoice = built.choices.isEmpty() || (key && built.choices.contains(*key));
+    if (!isChoice
+        || ValueCheck::result(text, *built.type, built.limits) != eCheckResult::Acceptable)
+        m_reader.findings().warn(
+            at, QStringLiteral("the default lies outside of the limits or choices"));
+}
+
 void ElementBuilder::checkLimits(const ElementSource &source, const Built &built) const
 {
-    const ValueBounds &bounds = built.bounds;
+    const ValueBounds &bounds = built.limits;
     if (!built.type || isString(*built.type) || bounds.lowerLimit.isEmpty()
         || bounds.upperLimit.isEmpty()
         || isAscending(bounds.lowerLimit, bounds.upperLimit, *built.type))

@@ -5,6 +5,7 @@
 #include "FunctionTables.h"
 #include "ValueBounds.h"
 
+#include <KrMultilingual/ParameterTextMap.h>
 #include <KrParameterDefinition/ElementInformation.h>
 
 #include <bitset>
@@ -17,7 +18,10 @@ public:
         std::shared_ptr<const ElementInformation> information;
         /// Null where refused.
         const SimpleType *type = nullptr;
-        ValueBounds bounds;
+        /// Without choice keys, which would cost a list for each element.
+        ValueBounds limits;
+        /// Empty where the value is no choice. Shared with the information.
+        ParameterTextMap choices;
     };
 
     ElementBuilder(
@@ -43,6 +47,7 @@ private:
     const SimpleType *typeOf(const ElementSource &source) const;
     QVariant factValue(size_t position, const ElementSource::Entry &entry, const SimpleType *type);
     void checkIndices(const ElementFact &fact, const QVariant &value, const JsonValue &at) const;
+    void checkDefault(const QString &text, const Built &built, const JsonValue &at) const;
     void checkLimits(const ElementSource &source, const Built &built) const;
     Properties properties(const ElementSource::Entry &list) const;
     static QString signature(const ElementSource &source);

@@ -31,11 +31,16 @@ void ElementSource::inherit(const ElementSource &profile)
     for (size_t position = 0; position < m_facts.size(); ++position)
         inheritEntry(m_facts[position], profile.m_facts[position]);
     inheritEntry(m_defaultValue, profile.m_defaultValue);
-    inheritEntry(m_name, profile.m_name);
-    inheritEntry(m_nameCommonText, profile.m_nameCommonText);
-    inheritEntry(m_version, profile.m_version);
     inheritEntry(m_settable, profile.m_settable);
     inheritEntry(m_absent, profile.m_absent);
+}
+
+void ElementSource::refuseIdentity(DescriptionFindings &findings) const
+{
+    for (const JsonValue *value : {number(), name(), nameCommonText(), version()}) {
+        if (value)
+            findings.refuse(*value, QStringLiteral("is for elements of a record only"));
+    }
 }
 
 void ElementSource::readMember(const JsonValue::Member &member, const DescriptionReader &reader)

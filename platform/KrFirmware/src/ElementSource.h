@@ -26,14 +26,16 @@ public:
     /// By position in elementFacts().
     const Entry &fact(size_t position) const { return m_facts[position]; }
     const Entry &defaultValue() const { return m_defaultValue; }
-    const Entry &name() const { return m_name; }
-    const Entry &nameCommonText() const { return m_nameCommonText; }
-    const Entry &version() const { return m_version; }
     const Entry &settable() const { return m_settable; }
     const Entry &absent() const { return m_absent; }
     /// Never inherited; null where there is none.
-    const JsonValue *number() const { return m_number.value; }
     const JsonValue *profile() const { return m_profile.value; }
+    const JsonValue *number() const { return m_number.value; }
+    const JsonValue *name() const { return m_name.value; }
+    const JsonValue *nameCommonText() const { return m_nameCommonText.value; }
+    const JsonValue *version() const { return m_version.value; }
+    /// Refuses number, name, nameCommonText and version, which only an element of a record has.
+    void refuseIdentity(DescriptionFindings &findings) const;
 
 private:
     Entry *entry(const QString &group, const QString &key);

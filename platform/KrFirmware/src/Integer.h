@@ -27,7 +27,9 @@ struct Integer {
     /// Whether a double holds it exactly.
     bool isExactInDouble() const;
     /// **Range** -(2^63 - 1) to 2^63 - 1.
-    qint64 toNumber() const { return isNegative ? -qint64(magnitude) : qint64(magnitude); }
+    qint64 toNumber() const { return qint64(isNegative ? 0 - magnitude : magnitude); }
+    /// Nothing where 32 bits do not hold it.
+    std::optional<qint32> toInt32() const;
     /// No "+", no leading zeros. **Range** not beyond.
     QString toText() const;
 

@@ -108,6 +108,10 @@ void ParameterBuilder::readPlaces(Content &content, const JsonValue &parameter) 
             m_reader.findings().refuse(entry,
                 QStringLiteral(
                     "expected a coordinate: a letter from A to Z and one to three digits"));
+        if (content.defaultCoordinates.contains(coordinate))
+            m_reader.findings().refuse(entry, QStringLiteral("is listed twice"));
+        if (m_reader.findings().hasError())
+            return;
         content.defaultCoordinates.append(coordinate);
     }
     if (content.defaultCoordinates.isEmpty() && content.isSingleInstance)
@@ -143,15 +147,11 @@ void ParameterBuilder::readElements(Content &content, const JsonValue &parameter
 void ParameterBuilder::readSimple(
     Content &content, const JsonValue &parameter, const JsonValue &element) const
 {
-    for (const QLatin1StringView key : {NumberKey, NameKey, NameCommonTextKey, VersionKey}) {
-        if (const JsonValue *misplaced = element.member(key))
-            m_reader.findings().refuse(
-                *misplaced, QStringLiteral("is for elements of a record only"));
-    }
     if (const JsonValue *count = parameter.member(ElementCountKey))
         content.elementCount = quint16(m_reader.wholeNumber(*count, 1, MostElements));
 
     const ElementSource source = m_profiles.resolved(element);
+    source.refuseIdentity(m_reader.findings());
     const ElementBuilder::Built built = m_elements.built(source);
     ParameterDefinition::Element result;
     result.information = built.information;
@@ -197,11 +197,10 @@ ParameterDefinition::Element ParameterBuilder::recordElement(
     result.number = source.number()
         ? quint16(m_reader.wholeNumber(*source.number(), 0, ParameterAddress::LastElement))
         : quint16(position);
-    result.name = source.name().value ? name(*source.name().value) : content.name;
-    if (const JsonValue *index = source.nameCommonText().value)
+    result.name = source.name() ? name(*source.name()) : content.name;
+    if (const JsonValue *index = source.nameCommonText())
         result.nameCommonTextIndex = m_reader.systemStringNumber(*index);
-    result.version =
-        source.version().value ? m_reader.version(*source.version().value) : content.version;
+    result.version = source.version() ? m_reader.version(*source.version()) : content.version;
     result.information = built.information;
     result.defaultValue = m_elements.defaultText(source, built);
     return result;

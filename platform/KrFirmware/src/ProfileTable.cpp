@@ -4,10 +4,7 @@ void ProfileTable::read(const JsonValue &profiles)
 {
     for (const JsonValue::Member &member : m_reader.object(profiles)) {
         m_positions.insert(member.key, m_profiles.size());
-        const ElementSource &profile = m_profiles.emplace_back(member.value, m_reader);
-        if (profile.number())
-            m_reader.findings().refuse(
-                *profile.number(), QStringLiteral("a profile has no number of its own"));
+        m_profiles.emplace_back(member.value, m_reader).refuseIdentity(m_reader.findings());
     }
     m_states.assign(m_profiles.size(), eState::Untouched);
     for (size_t position = 0; position < m_profiles.size(); ++position)

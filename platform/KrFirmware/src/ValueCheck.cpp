@@ -83,22 +83,11 @@ eCheckResult typeResult(const QString &text, const SimpleType &type, const Value
     return eCheckResult::Acceptable;
 }
 
-const Integer &asInteger(const Integer &value)
-{
-    return value;
-}
-
-Integer asInteger(qint32 key)
-{
-    return Integer::fromNumber(key);
-}
-
 bool isChoiceKey(const QString &text, const QList<qint32> &keys)
 {
-    const std::optional<Integer> value = Integer::fromText(text);
-    return value
-        && std::binary_search(keys.cbegin(), keys.cend(), *value,
-            [](const auto &a, const auto &b) { return asInteger(a) < asInteger(b); });
+    const std::optional<Integer> number = Integer::fromText(text);
+    const std::optional<qint32> key = number ? number->toInt32() : std::nullopt;
+    return key && std::binary_search(keys.cbegin(), keys.cend(), *key);
 }
 
 } // namespace

@@ -1,14 +1,16 @@
 #pragma once
 
+#include "value/ElementCatalogue.h"
+#include "value/ElementFacts.h"
+
 #include <KrParameterDefinition/ParameterCoordinate.h>
 #include <KrParameterDefinition/ParameterProperty.h>
 #include <KrParameterDefinition/eParameterProperty.h>
 
 #include <QtCore/QString>
 
+#include <memory>
 #include <vector>
-
-class ElementCatalogue;
 
 /// Answers the properties of a parameter's elements: an override of the instance first, then the
 /// definition.
@@ -25,10 +27,13 @@ public:
     };
 
     /// **Owner** the instance set owns both.
-    explicit PropertyResolver(const ElementCatalogue &elements)
-        : m_elements(elements)
-    {
-    }
+    explicit PropertyResolver(const ElementCatalogue &elements);
+    ~PropertyResolver();
+    Q_DISABLE_COPY_MOVE(PropertyResolver)
+
+    const ElementCatalogue &elements() const { return m_elements; }
+    /// The elements have another definition now; overrides stay.
+    void onDefinitionChanged();
 
     /// Whether the definition knows the property for the element.
     bool isDefined(quint16 element, eParameterProperty property) const;
@@ -37,18 +42,16 @@ public:
     ParameterProperty readDefined(quint16 element, eParameterProperty property) const;
     /// Invalid where there is none; silent.
     ParameterProperty read(quint16 element, eParameterProperty property) const;
-    /// The same. **Reports** a missing one as warning, naming the coordinate.
-    ParameterProperty readReported(
-        quint16 element, eParameterProperty property, const ParameterCoordinate &coordinate) const;
-    /// **Reports** a level that is missing or no number from 0 on; it answers 0.
-    int writeLevel(quint16 element, const ParameterCoordinate &coordinate) const;
+    /// The typed properties; empty for an element that the parameter lacks. Valid until an override
+    /// or the definition changes.
+    const ElementFacts &facts(quint16 element) const;
 
     /// Null where there is none.
     const Override *find(quint16 element, eParameterProperty property) const;
     void setOverride(quint16 element, eParameterProperty property, const ParameterProperty &value,
         const QString &changeTag);
     /// By element, then by property.
-    const std::vector<Override> &overrides() const { return m_overrides; }
+    std::vector<Override> overrides() const;
     void replaceOverrides(std::vector<Override> overrides);
 
     /// **Reports** a warning titled "CoordinateInstanceSet" that names property and coordinate.
@@ -56,9 +59,16 @@ public:
         eFault fault, eParameterProperty property, const ParameterCoordinate &coordinate);
 
 private:
-    std::vector<Override>::const_iterator lowerBound(
-        quint16 element, eParameterProperty property) const;
+    struct Overrides;
+    struct RecordFacts;
+
+    std::shared_ptr<const ElementFacts> factsOf(quint16 element) const;
 
     const ElementCatalogue &m_elements;
-    std::vector<Override> m_overrides;
+    /// Null where there are none, as in most parameters.
+    std::unique_ptr<Overrides> m_overrides;
+    /// Of a simple parameter; null until asked for.
+    mutable std::shared_ptr<const ElementFacts> m_facts;
+    /// Of a record; null until asked for.
+    mutable std::unique_ptr<RecordFacts> m_recordFacts;
 };

@@ -1,0 +1,303 @@
+#include "instance/PropertyResolver.h"
+
+#include "tests/support/DefinitionBuilder.h"
+#include "tests/support/MessageRecorder.h"
+#include "value/ElementCatalogue.h"
+
+#include <QtTest/QTest>
+
+using namespace Qt::StringLiterals;
+using enum eParameterProperty;
+using eFault = PropertyResolver::eFault;
+
+class tst_PropertyResolver : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void definedPropertiesOfASimpleParameter();
+    void definedPropertiesOfARecord();
+    void settableAsDefined();
+    void withoutDefinition();
+    void overrideComesFirst();
+    void overrideOfASimpleParameterServesEveryElement();
+    void overrideOfARecordServesItsElement();
+    void overridesAreOrdered();
+    void replaceOverrides();
+    void writeLevel_data();
+    void writeLevel();
+    void missingPropertyIsReported_data();
+    void missingPropertyIsReported();
+    void faultTexts_data();
+    void faultTexts();
+};
+
+namespace {
+
+ParameterProperty number(uint value)
+{
+    return ParameterProperty(QVariant(value));
+}
+
+const ParameterCoordinate A12(u"A12"_s);
+
+} // namespace
+
+void tst_PropertyResolver::definedPropertiesOfASimpleParameter()
+{
+    const MessageRecorder messages;
+    const auto definition = DefinitionBuilder().levels(2, 3).elementCount(2).build();
+    ElementCatalogue elements;
+    elements.setDefinition(definition.get());
+    const PropertyResolver resolver(elements);
+    QVERIFY(resolver.isDefined(0, ReadLevel));
+    QVERIFY(resolver.isDefined(1, ReadLevel));
+    QVERIFY(!resolver.isDefined(0, ShownOffline));
+    QVERIFY(!resolver.isDefined(0, ElementCount));
+    QCOMPARE(resolver.read(1, WriteLevel).asUint32(), 3U);
+    QCOMPARE(resolver.readDefined(1, ReadLevel).asUint32(), 2U);
+    QVERIFY(!resolver.read(0, ShownOffline).isValid());
+}
+
+void tst_PropertyResolver::definedPropertiesOfARecord()
+{
+    const MessageRecorder messages;
+    const auto definition = DefinitionBuilder()
+                                .element(2, u"zwei"_s)
+                                .levels(1, 1)
+                                .element(5, u"fünf"_s)
+                                .levels(4, 4)
+                                .build();
+    ElementCatalogue elements;
+    elements.setDefinition(definition.get());
+    const PropertyResolver resolver(elements);
+    QCOMPARE(resolver.read(2, ReadLevel).asUint32(), 1U);
+    QCOMPARE(resolver.read(5, ReadLevel).asUint32(), 4U);
+    QVERIFY(!resolver.isDefined(0, ReadLevel));
+    QVERIFY(!resolver.read(0, ReadLevel).isValid());
+}
+
+void tst_PropertyResolver::settableAsDefined()
+{
+    const auto definition = DefinitionBuilder().settable(ReadLevel).build();
+    ElementCatalogue elements;
+    elements.setDefinition(definition.get());
+    const PropertyResolver resolver(elements);
+    QVERIFY(resolver.isSettable(0, ReadLevel));
+    QVERIFY(!resolver.isSettable(0, WriteLevel));
+    QVERIFY(!resolver.isSettable(0, Name));
+}
+
+void tst_PropertyResolver::withoutDefinition()
+{
+    const MessageRecorder messages;
+    const ElementCatalogue elements;
+    const PropertyResolver resolver(elements);
+    QVERIFY(!resolver.isDefined(0, ReadLevel));
+    QVERIFY(!resolver.isSettable(0, ReadLevel));
+    QVERIFY(!resolver.read(0, ReadLevel).isValid());
+    QVERIFY(!resolver.find(0, ReadLevel));
+}
+
+void tst_PropertyResolver::overrideComesFirst()
+{
+    const auto definition = DefinitionBuilder().levels(2, 3).build();
+    ElementCatalogue elements;
+    elements.setDefinition(definition.get());
+    PropertyResolver resolver(elements);
+    resolver.setOverride(0, ReadLevel, number(5), u"tag"_s);
+    QCOMPARE(resolver.read(0, ReadLevel).asUint32(), 5U);
+    QCOMPARE(resolver.readDefined(0, ReadLevel).asUint32(), 2U);
+    QCOMPARE(resolver.read(0, WriteLevel).asUint32(), 3U);
+    QCOMPARE(resolver.find(0, ReadLevel)->changeTag, u"tag"_s);
+
+    resolver.setOverride(0, ReadLevel, number(6), QString());
+    QCOMPARE(resolver.read(0, ReadLevel).asUint32(), 6U);
+    QCOMPARE(resolver.find(0, ReadLevel)->changeTag, QString());
+    QCOMPARE(resolver.overrides().size(), size_t(1));
+}
+
+void tst_PropertyResolver::overrideOfASimpleParameterServesEveryElement()
+{
+    const auto definition = DefinitionBuilder().elementCount(3).build();
+    ElementCatalogue elements;
+    elements.setDefinition(definition.get());
+    PropertyResolver resolver(elements);
+    resolver.setOverride(2, ReadLevel, number(5), QString());
+    QCOMPARE(resolver.overrides().front().element, quint16(0));
+    QCOMPARE(resolver.read(0, ReadLevel).asUint32(), 5U);
+    QCOMPARE(resolver.read(1, ReadLevel).asUint32(), 5U);
+    QVERIFY(resolver.find(1, ReadLevel));
+}
+
+void tst_PropertyResolver::overrideOfARecordServesItsElement()
+{
+    const auto definition = DefinitionBuilder().element(2, u"a"_s).element(5, u"b"_s).build();
+    ElementCatalogue elements;
+    elements.setDefinition(definition.get());
+    PropertyResolver resolver(elements);
+    resolver.setOverride(5, ReadLevel, number(3), QString());
+    QCOMPARE(resolver.read(5, ReadLevel).asUint32(), 3U);
+    QCOMPARE(resolver.read(2, ReadLevel).asUint32(), 0U);
+    QVERIFY(!resolver.find(2, ReadLevel));
+}
+
+void tst_PropertyResolver::overridesAreOrdered()
+{
+    const auto definition = DefinitionBuilder().element(2, u"a"_s).element(5, u"b"_s).build();
+    ElementCatalogue elements;
+    elements.setDefinition(definition.get());
+    PropertyResolver resolver(elements);
+    resolver.setOverride(5, ReadLevel, number(1), QString());
+    resolver.setOverride(2, WriteLevel, number(2), QString());
+    resolver.setOverride(2, ReadLevel, number(3), QString());
+    QStringList order;
+    for (const PropertyResolver::Override &entry : resolver.overrides())
+        order.append(u"%1_%2"_s.arg(entry.element).arg(quint32(entry.property)));
+    QCOMPARE(order, (QStringList {u"2_5"_s, u"2_6"_s, u"5_5"_s}));
+}
+
+void tst_PropertyResolver::replaceOverrides()
+{
+    const auto definition = DefinitionBuilder().build();
+    ElementCatalogue elements;
+    elements.setDefinition(definition.get());
+    PropertyResolver resolver(elements);
+    resolver.setOverride(0, ReadLevel, number(1), QString());
+    resolver.replaceOverrides({{0, WriteLevel, number(2), u"b"_s}, {0, Datatype, number(1), {}},
+        {0, MemoryAllocation, number(1), u"a"_s}});
+    QCOMPARE(resolver.read(0, ReadLevel).asUint32(), 0U);
+    QCOMPARE(resolver.read(0, WriteLevel).asUint32(), 2U);
+    QCOMPARE(resolver.read(0, MemoryAllocation).asUint32(), 1U);
+    QCOMPARE(resolver.find(0, WriteLevel)->changeTag, u"b"_s);
+    resolver.replaceOverrides({});
+    QVERIFY(resolver.overrides().empty());
+}
+
+void tst_PropertyResolver::writeLevel_data()
+{
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<int>("expected");
+    QTest::addColumn<QString>("warning");
+
+    const QString invalid = u"invalid definition \"writeLevel\" at parameter A12\""_s;
+    QTest::newRow("lowest") << QVariant(0U) << 0 << QString();
+    QTest::newRow("six") << QVariant(6U) << 6 << QString();
+    QTest::newRow("number as text") << QVariant(u"4"_s) << 4 << QString();
+    QTest::newRow("missing") << QVariant() << 0
+                             << u"missing property \"writeLevel\" at parameter A12\""_s;
+    QTest::newRow("negative") << QVariant(-1) << 0 << invalid;
+    QTest::newRow("no number") << QVariant(u"hoch"_s) << 0 << invalid;
+    QTest::newRow("list") << QVariant(QVariantList {1}) << 0 << invalid;
+}
+
+void tst_PropertyResolver::writeLevel()
+{
+    QFETCH(QVariant, value);
+    QFETCH(int, expected);
+    QFETCH(QString, warning);
+
+    MessageRecorder messages;
+    DefinitionBuilder builder;
+    if (value.isValid())
+        builder.property(WriteLevel, value);
+    else
+        builder.without(WriteLevel);
+    const auto definition = builder.build();
+    ElementCatalogue elements;
+    elements.setDefinition(definition.get());
+    const PropertyResolver resolver(elements);
+    if (!warning.isEmpty()) {
+        messages.expect(SystemMessage::eSeverity::Warning, u"CoordinateInstanceSet"_s, warning);
+    }
+    QCOMPARE(resolver.writeLevel(0, A12), expected);
+}
+
+void tst_PropertyResolver::missingPropertyIsReported_data()
+{
+    QTest::addColumn<quint32>("property");
+    QTest::addColumn<QString>("warning");
+
+    const auto row = [](quint32 property, const char *name) {
+        QTest::addRow("property %u", property)
+            << property
+            << u"missing property \""_s + QLatin1String(name) + u"\" at parameter A12\""_s;
+    };
+    row(5, "readLevel");
+    row(6, "writeLevel");
+    row(10, "memoryAllocation");
+    row(11, "kind");
+    row(16, "datatype");
+    row(18, "scaled measuring unit");
+    row(19, "native measuring unit");
+    row(23, "decimalPlacesBehind");
+    row(24, "decimalPlacesSignificant");
+    row(26, "fieldbus measuring unit");
+    row(32, "limit dependency");
+    row(33, "scaling dependency");
+    row(34, "post write dependency");
+    row(35, "pre read dependency");
+    row(36, "post read dependency");
+    row(37, "pre write dependency");
+    row(38, "hiding dependency");
+    row(39, "measuring unit dependency");
+}
+
+void tst_PropertyResolver::missingPropertyIsReported()
+{
+    QFETCH(quint32, property);
+    QFETCH(QString, warning);
+
+    MessageRecorder messages;
+    const auto definition = DefinitionBuilder().without(eParameterProperty(property)).build();
+    ElementCatalogue elements;
+    elements.setDefinition(definition.get());
+    const PropertyResolver resolver(elements);
+    QVERIFY(!resolver.read(0, eParameterProperty(property)).isValid());
+    messages.expect(SystemMessage::eSeverity::Warning, u"CoordinateInstanceSet"_s, warning);
+    QVERIFY(!resolver.readReported(0, eParameterProperty(property), A12).isValid());
+}
+
+void tst_PropertyResolver::faultTexts_data()
+{
+    QTest::addColumn<int>("fault");
+    QTest::addColumn<quint32>("property");
+    QTest::addColumn<QString>("text");
+
+    QTest::newRow("missing") << int(eFault::Missing) << 5U
+                             << u"missing property \"readLevel\" at parameter A12\""_s;
+    QTest::newRow("invalid") << int(eFault::InvalidDefinition) << 6U
+                             << u"invalid definition \"writeLevel\" at parameter A12\""_s;
+    QTest::newRow("unknown scaled unit")
+        << int(eFault::UnknownValue) << 18U
+        << u"unknown property value \"scaled measuring unit\" at parameter A12\""_s;
+    QTest::newRow("unknown native unit")
+        << int(eFault::UnknownValue) << 19U
+        << u"unknown property value \"native measuring unit\" at parameter A12\""_s;
+    QTest::newRow("unknown fieldbus unit")
+        << int(eFault::UnknownValue) << 26U
+        << u"unknown property value \"fieldbus measuring unit\" at parameter A12\""_s;
+    QTest::newRow("inconvertible scaled unit")
+        << int(eFault::InconvertibleValue) << 18U
+        << u"inconvertible property value \"scaled measuring unit\" at parameter A12\""_s;
+    QTest::newRow("inconvertible native unit")
+        << int(eFault::InconvertibleValue) << 19U
+        << u"inconvertible property value \"native measuring unit\" at parameter A12\""_s;
+    QTest::newRow("inconvertible fieldbus unit")
+        << int(eFault::InconvertibleValue) << 26U
+        << u"inconvertible property value \"fieldbus measuring unit\" at parameter A12\""_s;
+}
+
+void tst_PropertyResolver::faultTexts()
+{
+    QFETCH(int, fault);
+    QFETCH(quint32, property);
+    QFETCH(QString, text);
+
+    MessageRecorder messages;
+    messages.expect(SystemMessage::eSeverity::Warning, u"CoordinateInstanceSet"_s, text);
+    PropertyResolver::report(eFault(fault), eParameterProperty(property), A12);
+}
+
+QTEST_GUILESS_MAIN(tst_PropertyResolver)
+
+#include "tst_PropertyResolver.moc"

@@ -1,0 +1,308 @@
+#include "value/ActionParameterImplementation.h"
+
+#include "tests/instance/InstanceStand.h"
+
+#include <QtTest/QTest>
+
+using namespace Qt::StringLiterals;
+using enum eLivingSpace;
+using enum eParameterProperty;
+
+class tst_ActionParameterImplementation : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void constructionSwitchesOnlineUpdateOn();
+    void constructionWithoutDeviceState();
+    void start_data();
+    void start();
+    void runningActionIsEnabled();
+    void isIdle_data();
+    void isIdle();
+    void texts();
+    void stateTextIsMaskedOffline();
+    void changesOfElements_data();
+    void changesOfElements();
+    void progress_data();
+    void progress();
+    void deviceStateChanges();
+    void deviceStateOfItsAxis();
+    void vanishedParameter();
+    void vanishedDeviceState();
+    void vanishesInsideASignal_data();
+    void vanishesInsideASignal();
+    void vanishesWhileBeingConstructed();
+};
+
+namespace {
+
+DefinitionBuilder action(quint32 enableOffRequired = 0)
+{
+    return DefinitionBuilder()
+        .name(u"Referenzfahrt"_s)
+        .property(EnableOffRequired, enableOffRequired)
+        .element(0, u"Steuerung"_s)
+        .element(1, u"Fortschritt"_s)
+        .element(2, u"Ergebnis"_s)
+        .element(3, u"Weiteres"_s);
+}
+
+DefinitionBuilder deviceState()
+{
+    return DefinitionBuilder().defaultValue(u"0"_s);
+}
+
+} // namespace
+
+void tst_ActionParameterImplementation::constructionSwitchesOnlineUpdateOn()
+{
+    InstanceStand stand;
+    stand.add(deviceState(), u"E48"_s);
+    auto *set = stand.add(action(), u"A12"_s, {1, 2});
+    stand.listen(set);
+    const ActionParameterImplementation object(set, Axis2);
+    QCOMPARE(stand.log.take(),
+        (QStringList {u"container.parameterNeedsOnlineConsistence(2.A012[00000], true)"_s,
+            u"container.parameterNeedsOnlineConsistence(2.A012[00001], true)"_s,
+            u"container.parameterNeedsOnlineConsistence(2.A012[00002], true)"_s}));
+}
+
+void tst_ActionParameterImplementation::constructionWithoutDeviceState()
+{
+    InstanceStand stand;
+    ActionParameterImplementation object(stand.add(action(1), u"A12"_s), Axis1);
+    // Without device state the drive counts as not enabled.
+    QVERIFY(object.start());
+    QCOMPARE(stand.set(u"A12"_s)->valueText(Axis1, 0, false), u"1"_s);
+}
+
+void tst_ActionParameterImplementation::start_data()
+{
+    QTest::addColumn<quint32>("enableOffRequired");
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<bool>("isStarted");
+
+    for (const char *state : {"0", "1", "2", "5", "8", "9", "-3", "kein", ""}) {
+        QTest::addRow("enable off required, state \"%s\"", state)
+            << 1U << QString::fromLatin1(state) << true;
+    }
+    for (const char *state : {"3", "4", "6", "7"}) {
+        QTest::addRow("enable off required, state \"%s\" is enabled", state)
+            << 1U << QString::fromLatin1(state) << false;
+        QTest::addRow("enable off not required, state \"%s\"", state)
+            << 0U << QString::fromLatin1(state) << true;
+        QTest::addRow("requirement 2, state \"%s\"", state)
+            << 2U << QString::fromLatin1(state) << true;
+    }
+}
+
+void tst_ActionParameterImplementation::start()
+{
+    QFETCH(quint32, enableOffRequired);
+    QFETCH(QString, state);
+    QFETCH(bool, isStarted);
+
+    InstanceStand stand;
+    stand.add(deviceState(), u"E48"_s)->setNativeValue(Axis1, 0, state);
+    auto *set = stand.add(action(enableOffRequired), u"A12"_s);
+    ActionParameterImplementation object(set, Axis1);
+    stand.log.attach(set, u"set"_s);
+    QCOMPARE(object.start(), isStarted);
+    QCOMPARE(set->valueText(Axis1, 0, false), isStarted ? u"1"_s : u"0"_s);
+    QCOMPARE(stand.log.count(u"valueChanged"_s), isStarted ? 1 : 0);
+}
+
+void tst_ActionParameterImplementation::runningActionIsEnabled()
+{
+    InstanceStand stand;
+    stand.add(deviceState(), u"E48"_s)->setNativeValue(Axis1, 0, u"4"_s);
+    auto *set = stand.add(action(1), u"A12"_s);
+    set->setNativeValue(Axis1, 0, u"3"_s);
+    ActionParameterImplementation object(set, Axis1);
+    QVERIFY(!object.isIdle());
+    QVERIFY(object.start());
+    QCOMPARE(set->valueText(Axis1, 0, false), u"1"_s);
+}
+
+void tst_ActionParameterImplementation::isIdle_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("expected");
+    QTest::newRow("0") << u"0"_s << true;
+    QTest::newRow("1") << u"1"_s << false;
+    QTest::newRow("-1") << u"-1"_s << false;
+    QTest::newRow("no number") << u"läuft"_s << true;
+    QTest::newRow("empty") << QString() << true;
+    QTest::newRow("fraction") << u"1.5"_s << true;
+    QTest::newRow("beyond the range") << u"4294967296"_s << true;
+}
+
+void tst_ActionParameterImplementation::isIdle()
+{
+    QFETCH(QString, text);
+    QFETCH(bool, expected);
+    InstanceStand stand;
+    auto *set = stand.add(action(), u"A12"_s);
+    set->setNativeValue(Axis1, 0, text);
+    QCOMPARE(ActionParameterImplementation(set, Axis1).isIdle(), expected);
+}
+
+void tst_ActionParameterImplementation::texts()
+{
+    InstanceStand stand;
+    auto *set = stand.add(action(), u"A12"_s, {1, 2});
+    set->setNativeValue(Axis2, 2, u"17"_s);
+    const ActionParameterImplementation object(set, Axis2);
+    QCOMPARE(object.name(), u"Referenzfahrt"_s);
+    QCOMPARE(object.stateText(), u"Ergebnis: 17"_s);
+    QCOMPARE(object.description(), u"A12[0]__1"_s);
+}
+
+void tst_ActionParameterImplementation::stateTextIsMaskedOffline()
+{
+    InstanceStand stand;
+    auto *set = stand.add(action(), u"A12"_s);
+    set->setProperty(2, WriteLevel, ParameterProperty(QVariant(6U)));
+    const ActionParameterImplementation object(set, Axis1);
+    QCOMPARE(object.stateText(), u"Ergebnis: <offline>"_s);
+    stand.container->setOnline(true);
+    QCOMPARE(object.stateText(), u"Ergebnis: 0"_s);
+}
+
+void tst_ActionParameterImplementation::changesOfElements_data()
+{
+    QTest::addColumn<quint16>("element");
+    QTest::addColumn<QStringList>("expected");
+    QTest::newRow("control") << quint16(0) << QStringList {u"action.stateChanged()"_s};
+    QTest::newRow("progress") << quint16(1) << QStringList {u"action.progressChanged(12)"_s};
+    QTest::newRow("result") << quint16(2) << QStringList();
+    QTest::newRow("any other") << quint16(3) << QStringList();
+}
+
+void tst_ActionParameterImplementation::changesOfElements()
+{
+    QFETCH(quint16, element);
+    QFETCH(QStringList, expected);
+    InstanceStand stand;
+    auto *set = stand.add(action(), u"A12"_s);
+    ActionParameterImplementation object(set, Axis1);
+    stand.log.attach(&object, u"action"_s);
+    set->setOnlineValueText(Axis1, element, u"12"_s);
+    QCOMPARE(stand.log.entries(), expected);
+}
+
+void tst_ActionParameterImplementation::progress_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("percent");
+    QTest::newRow("percent") << u"100"_s << 100;
+    QTest::newRow("negative") << u"-5"_s << -5;
+    QTest::newRow("no number") << u"viel"_s << 0;
+    QTest::newRow("empty") << QString() << 0;
+}
+
+void tst_ActionParameterImplementation::progress()
+{
+    QFETCH(QString, text);
+    QFETCH(int, percent);
+    InstanceStand stand;
+    auto *set = stand.add(action(), u"A12"_s);
+    ActionParameterImplementation object(set, Axis1);
+    stand.log.attach(&object, u"action"_s);
+    set->setOnlineValueText(Axis1, 1, text);
+    QCOMPARE(stand.log.entries(), QStringList {u"action.progressChanged(%1)"_s.arg(percent)});
+}
+
+void tst_ActionParameterImplementation::deviceStateChanges()
+{
+    InstanceStand stand;
+    auto *state = stand.add(deviceState(), u"E48"_s);
+    auto *set = stand.add(action(1), u"A12"_s);
+    ActionParameterImplementation object(set, Axis1);
+    stand.log.attach(&object, u"action"_s);
+    for (const char *text : {"2", "3", "4", "5", "6", "7", "8"})
+        state->setOnlineValueText(Axis1, 0, QString::fromLatin1(text));
+    QCOMPARE(stand.log.entries(),
+        (QStringList {u"action.enableChanged(true)"_s, u"action.enableChanged(false)"_s,
+            u"action.enableChanged(false)"_s, u"action.enableChanged(true)"_s,
+            u"action.enableChanged(false)"_s, u"action.enableChanged(false)"_s,
+            u"action.enableChanged(true)"_s}));
+}
+
+void tst_ActionParameterImplementation::deviceStateOfItsAxis()
+{
+    InstanceStand stand;
+    auto *state = stand.add(deviceState(), u"E48"_s, {1, 2});
+    auto *set = stand.add(action(1), u"A12"_s, {1, 2});
+    state->setNativeValue(Axis1, 0, u"4"_s);
+    ActionParameterImplementation first(set, Axis1);
+    ActionParameterImplementation second(set, Axis2);
+    QVERIFY(!first.start());
+    QVERIFY(second.start());
+}
+
+void tst_ActionParameterImplementation::vanishedParameter()
+{
+    InstanceStand stand;
+    auto *state = stand.add(deviceState(), u"E48"_s);
+    ActionParameterImplementation object(stand.add(action(1), u"A12"_s), Axis1);
+    stand.log.attach(&object, u"action"_s);
+    stand.container->deleteParameter(u"D.1;A12"_s);
+    QVERIFY(!object.start());
+    QVERIFY(object.isIdle());
+    QCOMPARE(object.name(), QString());
+    QCOMPARE(object.stateText(), QString());
+    QCOMPARE(object.description(), QString());
+    state->setNativeValue(Axis1, 0, u"4"_s);
+    QCOMPARE(stand.log.entries(), QStringList {u"action.enableChanged(false)"_s});
+    stand.container.reset();
+    QVERIFY(!object.start());
+}
+
+void tst_ActionParameterImplementation::vanishedDeviceState()
+{
+    InstanceStand stand;
+    stand.add(deviceState(), u"E48"_s)->setNativeValue(Axis1, 0, u"4"_s);
+    ActionParameterImplementation object(stand.add(action(1), u"A12"_s), Axis1);
+    QVERIFY(!object.start());
+    stand.container->deleteParameter(u"D.1;E48"_s);
+    QVERIFY(object.start());
+}
+
+void tst_ActionParameterImplementation::vanishesInsideASignal_data()
+{
+    QTest::addColumn<bool>("isContainer");
+    QTest::newRow("the parameter") << false;
+    QTest::newRow("the container") << true;
+}
+
+void tst_ActionParameterImplementation::vanishesInsideASignal()
+{
+    QFETCH(bool, isContainer);
+    InstanceStand stand;
+    auto *set = stand.add(action(), u"A12"_s);
+    ActionParameterImplementation object(set, Axis1);
+    connect(&object, &ActionParameter::stateChanged, this, [&] {
+        if (isContainer)
+            stand.container.reset();
+        else
+            stand.container->clear();
+    });
+    QVERIFY(object.start());
+    QVERIFY(object.isIdle());
+    QVERIFY(!object.start());
+}
+
+void tst_ActionParameterImplementation::vanishesWhileBeingConstructed()
+{
+    InstanceStand stand;
+    auto *set = stand.add(action(), u"A12"_s);
+    connect(stand.container.get(), &ParameterProvider::parameterNeedsOnlineConsistence, this,
+        [&] { stand.container->clear(); });
+    ActionParameterImplementation object(set, Axis1);
+    QVERIFY(!object.start());
+}
+
+QTEST_GUILESS_MAIN(tst_ActionParameterImplementation)
+
+#include "tst_ActionParameterImplementation.moc"

@@ -1,0 +1,207 @@
+#include "value/PropertyResolver.h"
+
+#include "value/ElementCatalogue.h"
+
+#include <KrParameterDefinition/IParameterElementInformation.h>
+#include <KrSystem/System.h>
+
+#include <QtCore/QHash>
+#include <QtCore/QLatin1String>
+
+#include <algorithm>
+#include <array>
+#include <tuple>
+
+namespace {
+
+struct PropertyName {
+    eParameterProperty property;
+    const char *name;
+};
+
+/// As the reports name them.
+constexpr std::array<PropertyName, 18> Names {{
+    {eParameterProperty::ReadLevel, "readLevel"},
+    {eParameterProperty::WriteLevel, "writeLevel"},
+    {eParameterProperty::MemoryAllocation, "memoryAllocation"},
+    {eParameterProperty::ParameterKind, "kind"},
+    {eParameterProperty::Datatype, "datatype"},
+    {eParameterProperty::DecimalPlacesBehind, "decimalPlacesBehind"},
+    {eParameterProperty::DecimalPlacesSignificant, "decimalPlacesSignificant"},
+    {eParameterProperty::ScaledMeasuringUnit, "scaled measuring unit"},
+    {eParameterProperty::NativeMeasuringUnit, "native measuring unit"},
+    {eParameterProperty::FieldbusMeasuringUnit, "fieldbus measuring unit"},
+    {eParameterProperty::LimitDependency, "limit dependency"},
+    {eParameterProperty::ScalingDependency, "scaling dependency"},
+    {eParameterProperty::PostwriteDependency, "post write dependency"},
+    {eParameterProperty::PrereadDependency, "pre read dependency"},
+    {eParameterProperty::PostreadDependency, "post read dependency"},
+    {eParameterProperty::PrewriteDependency, "pre write dependency"},
+    {eParameterProperty::HidingDependency, "hiding dependency"},
+    {eParameterProperty::MeasuringUnitDependency, "measuring unit dependency"},
+}};
+
+QLatin1String nameOf(eParameterProperty property)
+{
+    const auto *found = std::find_if(Names.begin(), Names.end(),
+        [property](const PropertyName &entry) { return entry.property == property; });
+    return found != Names.end() ? QLatin1String(found->name) : QLatin1String("unknown");
+}
+
+/// In the order of PropertyResolver::eFault.
+constexpr std::array<const char *, 4> FaultTexts {"missing property", "unknown property value",
+    "inconvertible property value", "invalid definition"};
+
+} // namespace
+
+/// Overrides, and the facts of the elements that have any.
+struct PropertyResolver::Overrides {
+    std::vector<Override> entries;
+    QHash<quint16, std::shared_ptr<const ElementFacts>> facts;
+
+    std::vector<Override>::const_iterator lowerBound(
+        quint16 element, eParameterProperty property) const
+    {
+        return std::lower_bound(entries.begin(), entries.end(), std::tuple(element, property),
+            [](const Override &entry, const std::tuple<quint16, eParameterProperty> &wanted) {
+                return std::tie(entry.element, entry.property) < wanted;
+            });
+    }
+};
+
+/// Elements with one information share their facts; the one asked for last is found at once.
+struct PropertyResolver::RecordFacts {
+    QHash<const IParameterElementInformation *, std::shared_ptr<const ElementFacts>> held;
+    const IParameterElementInformation *lastInformation = nullptr;
+    const ElementFacts *last = nullptr;
+};
+
+PropertyResolver::PropertyResolver(const ElementCatalogue &elements)
+    : m_elements(elements)
+{
+}
+
+PropertyResolver::~PropertyResolver() = default;
+
+void PropertyResolver::onDefinitionChanged()
+{
+    m_facts.reset();
+    m_recordFacts.reset();
+    if (m_overrides)
+        replaceOverrides(std::move(m_overrides->entries));
+}
+
+bool PropertyResolver::isDefined(quint16 element, eParameterProperty property) const
+{
+    const IParameterElementInformation *information = m_elements.information(element);
+    return information && information->hasProperty(property);
+}
+
+bool PropertyResolver::isSettable(quint16 element, eParameterProperty property) const
+{
+    const IParameterElementInformation *information = m_elements.information(element);
+    return information && information->isPropertySettable(property);
+}
+
+ParameterProperty PropertyResolver::readDefined(quint16 element, eParameterProperty property) const
+{
+    const IParameterElementInformation *information = m_elements.information(element);
+    return information ? information->property(property) : ParameterProperty();
+}
+
+ParameterProperty PropertyResolver::read(quint16 element, eParameterProperty property) const
+{
+    const Override *found = m_overrides ? find(element, property) : nullptr;
+    return found ? found->value : readDefined(element, property);
+}
+
+const ElementFacts &PropertyResolver::facts(quint16 element) const
+{
+    static const ElementFacts empty([](eParameterProperty) { return ParameterProperty(); });
+    if (!m_elements.contains(element))
+        return empty;
+    if (m_overrides) {
+        const auto found = m_overrides->facts.constFind(m_elements.informationKey(element));
+        if (found != m_overrides->facts.constEnd())
+            return **found;
+    }
+    if (!m_elements.isRecord()) {
+        if (!m_facts)
+            m_facts = ElementFacts::of(m_elements.information(element));
+        return *m_facts;
+    }
+    const IParameterElementInformation *information = m_elements.information(element);
+    if (!m_recordFacts)
+        m_recordFacts = std::make_unique<RecordFacts>();
+    if (!m_recordFacts->last || m_recordFacts->lastInformation != information) {
+        std::shared_ptr<const ElementFacts> &held = m_recordFacts->held[information];
+        if (!held)
+            held = ElementFacts::of(information);
+        m_recordFacts->lastInformation = information;
+        m_recordFacts->last = held.get();
+    }
+    return *m_recordFacts->last;
+}
+
+const PropertyResolver::Override *PropertyResolver::find(
+    quint16 element, eParameterProperty property) const
+{
+    if (!m_overrides)
+        return nullptr;
+    const quint16 key = m_elements.informationKey(element);
+    const auto found = m_overrides->lowerBound(key, property);
+    const bool isFound = found != m_overrides->entries.cend() && found->property == property
+        && found->element == key;
+    return isFound ? &*found : nullptr;
+}
+
+void PropertyResolver::setOverride(quint16 element, eParameterProperty property,
+    const ParameterProperty &value, const QString &changeTag)
+{
+    if (!m_overrides)
+        m_overrides = std::make_unique<Overrides>();
+    const quint16 key = m_elements.informationKey(element);
+    const auto place = m_overrides->lowerBound(key, property);
+    Override entry {key, property, value, changeTag};
+    if (find(element, property))
+        m_overrides->entries[size_t(place - m_overrides->entries.cbegin())] = std::move(entry);
+    else
+        m_overrides->entries.insert(place, std::move(entry));
+    m_overrides->facts.insert(key, factsOf(key));
+}
+
+std::vector<PropertyResolver::Override> PropertyResolver::overrides() const
+{
+    return m_overrides ? m_overrides->entries : std::vector<Override>();
+}
+
+void PropertyResolver::replaceOverrides(std::vector<Override> overrides)
+{
+    if (overrides.empty()) {
+        m_overrides.reset();
+        return;
+    }
+    std::sort(overrides.begin(), overrides.end(), [](const Override &a, const Override &b) {
+        return std::tie(a.element, a.property) < std::tie(b.element, b.property);
+    });
+    m_overrides = std::make_unique<Overrides>();
+    m_overrides->entries = std::move(overrides);
+    for (const Override &entry : m_overrides->entries) {
+        if (!m_overrides->facts.contains(entry.element))
+            m_overrides->facts.insert(entry.element, factsOf(entry.element));
+    }
+}
+
+std::shared_ptr<const ElementFacts> PropertyResolver::factsOf(quint16 element) const
+{
+    return std::make_shared<const ElementFacts>(
+        [this, element](eParameterProperty property) { return read(element, property); });
+}
+
+void PropertyResolver::report(
+    eFault fault, eParameterProperty property, const ParameterCoordinate &coordinate)
+{
+    System::addWarningMessage(QStringLiteral("CoordinateInstanceSet"),
+        QLatin1String(FaultTexts.at(size_t(fault))) + QLatin1String(" \"") + nameOf(property)
+            + QLatin1String("\" at parameter ") + coordinate.toText() + QLatin1Char('"'));
+}
