@@ -57,28 +57,34 @@ eExitCode SetCommand::run(const CommandLine &line, Console &console)
     if (const eExitCode code = save(line, session, console); code != eExitCode::Good)
         return code;
 
+    const bool asJson = line.has(OptionName::Json);
     TrialCopy trial(session.project());
     for (qsizetype i = 0; i < writes.size(); ++i) {
         const auto parameter = container.parameterInformation(writes.at(i).place.coordinate);
-        const ValueView view(*parameter, writes.at(i).place);
-        const QString note = view.readBackNote(trial);
-        if (line.has(OptionName::Json)) {
-            QJsonObject object = view.toJson();
-            object.insert(QStringLiteral("before"), forms(before.at(i)));
-            if (!note.isEmpty())
-                object.insert(QStringLiteral("note"), note);
-            console.writeLine(object);
-            continue;
-        }
-        console.writeLine(
-            QStringLiteral("%1  %2: %3 -> %4")
-                .arg(view.address(), ValueView::singleLine(view.name()),
-                    ValueView::singleLine(before.at(i).value(QLatin1String("display")).toString()),
-                    ValueView::singleLine(view.display())));
-        if (!note.isEmpty())
-            console.writeLine(tr("  Hinweis: %1").arg(note));
+        show(ValueView(*parameter, writes.at(i).place), before.at(i), trial, asJson, console);
     }
     return eExitCode::Good;
+}
+
+void SetCommand::show(const ValueView &view, const QJsonObject &before, TrialCopy &trial,
+    bool asJson, Console &console)
+{
+    const QString note = view.readBackNote(trial);
+    if (asJson) {
+        QJsonObject object = view.toJson();
+        object.insert(QStringLiteral("before"), forms(before));
+        if (!note.isEmpty())
+            object.insert(QStringLiteral("note"), note);
+        console.writeLine(object);
+        return;
+    }
+    console.writeLine(
+        QStringLiteral("%1  %2: %3 -> %4")
+            .arg(view.address(), ValueView::singleLine(view.name()),
+                ValueView::singleLine(before.value(QLatin1String("display")).toString()),
+                ValueView::singleLine(view.display())));
+    if (!note.isEmpty())
+        console.writeLine(tr("  Hinweis: %1").arg(note));
 }
 
 eExitCode SetCommand::writesOf(const CommandLine &line, Session &session, QList<Write> &writes)

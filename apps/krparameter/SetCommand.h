@@ -7,6 +7,8 @@
 #include <QtCore/QJsonObject>
 
 class Session;
+class TrialCopy;
+class ValueView;
 
 /// Writes values and saves the project when all of them were taken.
 class SetCommand final : public Command {
@@ -27,5 +29,7 @@ private:
 
     static eExitCode writesOf(const CommandLine &line, Session &session, QList<Write> &writes);
     static eExitCode write(const Write &write, Session &session);
+    static void show(const ValueView &view, const QJsonObject &before, TrialCopy &trial,
+        bool asJson, Console &console);
     static eExitCode save(const CommandLine &line, Session &session, Console &console);
 };
