@@ -68,6 +68,7 @@ public:
     QString containerText(const QString &key) const;
 
     void onCoordinateChanged(ParameterAddress oldAddress, ParameterAddress newAddress) override;
+    void onElementsChanged() override { addressLists.clear(); }
 
     ParameterContainer *owner;
     CoordinateTable coordinateSets;
