@@ -340,8 +340,8 @@ void ParameterContainerPrivate::setReadOnly(bool isReadOnly)
 eLivingSpace ParameterContainerPrivate::activeLivingSpace(eLivingSpace requested) const
 {
     const CoordinateInstanceSet *set = find(activeAxisCoordinate());
-    if (ParameterInstanceData *record = set ? set->record(eLivingSpace::Global) : nullptr)
-        return eLivingSpace(record->value(0).toInt() % AxisCount + 1);
+    if (const ParameterInstanceData *record = set ? set->record(eLivingSpace::Global) : nullptr)
+        return eLivingSpace(record->valueWithoutFirmware(0).toInt() % AxisCount + 1);
     if (hasPhysicalAxes())
         return requested;
     System::addWarningMessage(
