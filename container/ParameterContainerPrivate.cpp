@@ -12,7 +12,9 @@
 #include <KrSystem/System.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
+#include <utility>
 
 namespace {
 
@@ -421,7 +423,9 @@ eLivingSpace ParameterContainerPrivate::resolveForFirmware(int livingSpace) cons
 {
     if (livingSpace >= 0)
         return eLivingSpace(livingSpace);
-    return eLivingSpace(std::abs(qint32(activeLivingSpace(eLivingSpace(livingSpace)))));
+    // In 64 bits: the lowest number has no absolute value of its own size.
+    const qint64 active = qint32(activeLivingSpace(eLivingSpace(livingSpace)));
+    return eLivingSpace(qint32(std::min(std::abs(active), qint64(INT32_MAX))));
 }
 
 QVariant ParameterContainerPrivate::parameterProperty(
