@@ -63,6 +63,11 @@ ParameterContainerPrivate::~ParameterContainerPrivate()
     liveContainers.removeOne(owner);
     if (functionProvider)
         functionProvider->setCallbackProvider(nullptr);
+    // Whoever hears that a set goes finds none any more.
+    mappingSets.clear();
+    locatorSets.clear();
+    addressLists.clear();
+    const auto going = std::exchange(coordinateSets, {});
 }
 
 QList<ParameterContainer *> ParameterContainerPrivate::instances()
