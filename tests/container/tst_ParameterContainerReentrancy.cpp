@@ -325,6 +325,8 @@ private Q_SLOTS:
     void destroyedWhileGoingOnline();
     void destroyedWhileTheLevelChanges();
     void deletedWhileBeingAdded();
+    void updatedWhileBeingAdded();
+    void destroyedByAMessage();
     void clearedWhileBeingRemoved();
     void firmwareChangedWhileSystemParametersGo();
     void firmwareChangedWhileSystemParametersCome();
@@ -500,6 +502,39 @@ void tst_ParameterContainerReentrancy::deletedWhileBeingAdded()
     QCOMPARE(log.take(), (QStringList {u"c.parameterAdded(A12)"_s, u"c.parameterRemoved(A12)"_s}));
     QVERIFY(container.coordinates().isEmpty());
     QVERIFY(!container->queryParameterInstance(u"D.1;a"_s));
+}
+
+void tst_ParameterContainerReentrancy::updatedWhileBeingAdded()
+{
+    MessageRecorder messages;
+    TestContainer container;
+    QVERIFY(container.create(at(u"A12"_s).version(1), u"D.1;a"_s));
+    ParameterDefinition *newer = container.define(at(u"A12"_s).version(2));
+    ParameterDefinition *newest = container.define(at(u"A12"_s).version(3));
+    connect(container.get(), &ParameterContainer::parameterAdded, this,
+        [&] { container->createOrUpdateParameter(newest, u"D.1;a"_s); });
+    QVERIFY(container->createOrUpdateParameter(newer, u"D.2;a"_s));
+    QCOMPARE(container->queryParameter(u"D.2;a"_s), newest);
+}
+
+void tst_ParameterContainerReentrancy::destroyedByAMessage()
+{
+    MessageRecorder messages;
+    for (const QString &locator :
+        {u"D;relative"_s, u"S;multi"_s, u"S;invalid"_s, u"D.1;nowhere"_s}) {
+        TestContainer container;
+        DefinitionBuilder builder;
+        if (locator == "S;multi"_L1)
+            builder.multiInstance();
+        if (locator == "S;invalid"_L1)
+            builder.identifier(QString());
+        QObject listener;
+        connect(System::instance(), &System::messageAdded, &listener, [&] { container.destroy(); });
+        ParameterContainer *going = container.get();
+        QVERIFY(!going->createOrUpdateParameter(container.define(builder), locator));
+        QVERIFY(!container.get());
+        QCOMPARE(messages.take().size(), 1);
+    }
 }
 
 void tst_ParameterContainerReentrancy::clearedWhileBeingRemoved()
