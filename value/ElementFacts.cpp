@@ -17,11 +17,16 @@ constexpr std::array<eParameterProperty, 7> FunctionProperties {
     eParameterProperty::HidingFunctionIndex, eParameterProperty::LimitFunctionIndex,
     eParameterProperty::ScalingFunctionIndex};
 
-constexpr std::array<eParameterProperty, 3> UnitProperties {
-    eParameterProperty::ScaledMeasuringUnit, eParameterProperty::NativeMeasuringUnit,
-    eParameterProperty::FieldbusMeasuringUnit};
+constexpr std::array<eParameterProperty, 3> UnitProperties {eParameterProperty::ScaledMeasuringUnit,
+    eParameterProperty::NativeMeasuringUnit, eParameterProperty::FieldbusMeasuringUnit};
 
 using Pool = QHash<const IParameterElementInformation *, std::weak_ptr<const ElementFacts>>;
+
+/// Present and not 0, whatever the type of the number.
+bool isSet(const ParameterProperty &property)
+{
+    return property.asDouble() != 0.0;
+}
 
 /// Never destroyed: containers may outlive the end of main().
 Pool &pool()
@@ -49,8 +54,8 @@ ElementFacts::ElementFacts(const Reader &read)
     decimalPlacesSignificant = read(eParameterProperty::DecimalPlacesSignificant).asUint32();
     memoryAllocation = read(eParameterProperty::MemoryAllocation).asInt32();
     readLevel = read(eParameterProperty::ReadLevel).asUint32();
-    isNeverWritten = read(eParameterProperty::NoWrite).asUint32() != 0;
-    isShownOffline = read(eParameterProperty::ShownOffline).asUint32() != 0;
+    isNeverWritten = isSet(read(eParameterProperty::NoWrite));
+    isShownOffline = isSet(read(eParameterProperty::ShownOffline));
 
     const int level = read(eParameterProperty::WriteLevel).asVariant().toInt(&isWriteLevelUsable);
     isWriteLevelUsable = isWriteLevelUsable && level >= 0;
@@ -61,8 +66,8 @@ ElementFacts::ElementFacts(const Reader &read)
     for (size_t i = 0; i < m_units.size(); ++i)
         m_units[i] = read(UnitProperties[i]);
     for (size_t i = 0; i < m_dependencies.size(); ++i) {
-        const auto property
-            = eParameterProperty(quint32(eParameterProperty::LimitDependency) + quint32(i));
+        const auto property =
+            eParameterProperty(quint32(eParameterProperty::LimitDependency) + quint32(i));
         m_dependencies[i] = read(property).asInt32();
         m_isIndependent = m_isIndependent && has(property) && m_dependencies[i] == 0;
     }
