@@ -107,12 +107,16 @@ std::vector<PropertyResolver::Override> SectionOverrides::load(
         if (!key.startsWith(ValuePrefix))
             continue;
         const std::optional<Place> place = placeOf(key.sliced(ValuePrefix.size()));
-        if (!place || !properties.isDefined(place->element, place->property))
+        if (!place || properties.elements().informationKey(place->element) != place->element
+            || !properties.isDefined(place->element, place->property))
             continue;
         PropertyResolver::Override entry {place->element, place->property,
             valueOf(decoded(section.read(key)),
                 properties.readDefined(place->element, place->property)),
             {}};
+        // A key that would not be written so is no second name for the override.
+        if (keyOf(ValuePrefix, entry) != key)
+            continue;
         entry.changeTag = decoded(section.read(keyOf(TagPrefix, entry)));
         overrides.push_back(std::move(entry));
     }
