@@ -123,6 +123,7 @@ CoordinateInstanceSet::Access CoordinateInstanceSet::access(
     const ParameterInstanceData &record, quint16 element) const
 {
     const ElementFacts &facts = m_properties.facts(element);
+    const quint32 readLevel = facts.readLevel;
     return {
         .write =
             {
@@ -134,7 +135,7 @@ CoordinateInstanceSet::Access CoordinateInstanceSet::access(
                 .userLevel = System::information()->userAccessLevel(),
             },
         .isHidden = isHidden(record.livingSpace(), element),
-        .readLevel = facts.readLevel,
+        .readLevel = readLevel,
     };
 }
 
@@ -808,7 +809,7 @@ bool CoordinateInstanceSet::isValueTextAcceptable(
     if (!found)
         return false;
     const QString native = found->toNativeText(element, adopted);
-    return guard && found->checkValue(element, native);
+    return guard && m_elements.contains(element) && found->checkValue(element, native);
 }
 
 ParameterTextMap CoordinateInstanceSet::selectionTexts(

@@ -224,6 +224,9 @@ private:
         eParameterProperty property);
     void emitAnswerChanged(eParameterProperty property, eLivingSpace livingSpace, quint16 element);
 
+    /// Whether set and element are still there after a signal or a function of the firmware.
+    static bool has(const Guard &guard, quint16 element);
+
     /// Stores what differs from the stored text; what does not only receives the change tag.
     void storeValueText(const Guard &guard, ParameterInstanceData *record, quint16 element,
         const QString &valueText, const QString &nativeText);

@@ -147,6 +147,11 @@ void CoordinateInstanceSet::emitAnswerChanged(
     }
 }
 
+bool CoordinateInstanceSet::has(const Guard &guard, quint16 element)
+{
+    return guard && guard->m_elements.contains(element);
+}
+
 void CoordinateInstanceSet::setValueText(
     eLivingSpace livingSpace, quint16 element, const QString &displayText)
 {
@@ -157,7 +162,7 @@ void CoordinateInstanceSet::setValueText(
     if (!found)
         return;
     const QString native = found->toNativeText(element, adopted);
-    if (!guard || !found->checkValue(element, native) || !guard)
+    if (!has(guard, element) || !found->checkValue(element, native) || !has(guard, element))
         return;
     storeValueText(guard, found, element, adopted, native);
 }
@@ -170,7 +175,7 @@ void CoordinateInstanceSet::setNativeValue(
     if (!found)
         return;
     const QString native = found->toNativeText(element, valueText);
-    if (guard)
+    if (has(guard, element))
         storeValueText(guard, found, element, valueText, native);
 }
 
@@ -178,10 +183,10 @@ void CoordinateInstanceSet::storeValueText(const Guard &guard, ParameterInstance
     quint16 element, const QString &valueText, const QString &nativeText)
 {
     const QString stored = record->value(element);
-    if (!guard)
+    if (!has(guard, element))
         return;
     const bool isSame = stored == nativeText || record->toValueText(element, stored) == valueText;
-    if (!guard)
+    if (!has(guard, element))
         return;
     if (isSame)
         record->setValueChangeTag(element, m_container->parameterChangeTag());
@@ -194,7 +199,7 @@ void CoordinateInstanceSet::storeNative(
 {
     const eLivingSpace livingSpace = record->livingSpace();
     record->setValue(element, nativeText);
-    if (emitValueChanged(guard, livingSpace, element)
+    if (emitValueChanged(guard, livingSpace, element) && has(guard, element)
         && !m_properties.facts(element).isIndependent())
         dispatchDependencies(livingSpace, element);
 }
@@ -207,9 +212,11 @@ void CoordinateInstanceSet::setNativeText(
     if (!found)
         return;
     const bool isSame = found->value(element) == nativeText;
-    if (guard && isSame)
+    if (!has(guard, element))
+        return;
+    if (isSame)
         found->setValueChangeTag(element, m_container->parameterChangeTag());
-    else if (guard)
+    else
         storeNative(guard, found, element, nativeText);
 }
 
@@ -221,7 +228,7 @@ void CoordinateInstanceSet::setOnlineValueText(
     const Guard guard(this);
     const eLivingSpace instanceKey = key(livingSpace);
     ParameterInstanceData *found = m_instances.find(instanceKey);
-    if (found && found->value(element) != nativeText && guard)
+    if (found && found->value(element) != nativeText && has(guard, element))
         storeNative(guard, found, element, nativeText);
     if (guard && m_consistence.arrived(instanceKey, element))
         Q_EMIT allElementsConsistenceOnceDone(m_coordinate, livingSpace);
@@ -402,11 +409,11 @@ bool CoordinateInstanceSet::emitChanges(
 {
     const Guard guard(this);
     for (const quint16 element : changes.values) {
-        if (!emitValueChanged(guard, key, element))
+        if (m_elements.contains(element) && !emitValueChanged(guard, key, element))
             return false;
     }
     for (const quint16 element : changes.defaults) {
-        if (!emitDefaultChanged(key, element))
+        if (m_elements.contains(element) && !emitDefaultChanged(key, element))
             return false;
     }
     return true;
@@ -508,7 +515,7 @@ void CoordinateInstanceSet::dispatchDependencies(eLivingSpace key, quint16 eleme
             dispatchHiding(key, element);
         else
             m_container->dispatchDependencyChange(property, key, m_coordinate, element);
-        if (!guard)
+        if (!has(guard, element))
             return;
     }
 }
