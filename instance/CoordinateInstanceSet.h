@@ -60,8 +60,9 @@ public:
     void onReadOnlyChanged(bool wasReadOnly);
     /// **Emits** visibilityChanged and writabilityChanged where the answer differs.
     void onAccessLevelChanged(quint32 oldLevel);
-    /// Hidden flags that were known are asked anew; differences are signalled.
-    void onFunctionProviderChanged();
+    /// The functions or the values behind them changed: hidden flags that were known are asked anew;
+    /// differences are signalled.
+    void askKnownFlagsAnew();
 
     /// A value changed on which this parameter may depend: tests each value and acts on those that do.
     /// **Emits** what the kind of dependency changes: limitsChanged, valueChanged, visibilityChanged,
@@ -75,7 +76,8 @@ public:
 
     /// Clears the value store of that name. **Emits** for each text that went.
     void clearStore(const QString &name, const QRegularExpression &tagPattern);
-    /// **Emits** for each text that changed; dispatches no dependency.
+    /// **Emits** for each text that changed; dispatches no dependency. askKnownFlagsAnew() is due when
+    /// all parameters are loaded.
     void loadFromSection(const LmIniParser::IniSection &section, bool utf8);
     void saveToSection(LmIniParser::IniSection &section) const;
 

@@ -300,7 +300,7 @@ void CoordinateInstanceSet::setParameterNeedsConsistence(
         System::addWarningMessage(QStringLiteral("CoordinateInstanceSet"),
             QLatin1String("Missing property \"automatic online update\" at parameter ")
                 + m_coordinate.toText() + QLatin1Char('"'));
-    } else if (automatic.asUint32() != 0 && !m_container->isParameterMapped(at)
+    } else if (automatic.asDouble() != 0.0 && !m_container->isParameterMapped(at)
         && !m_container->isParameterBlockUsed(at)) {
         return;
     }
