@@ -663,7 +663,7 @@ void tst_CoordinateInstanceSetDependencies::cyclicHidingIsReported()
     TestClock clock(stand);
     auto *source = stand.add(DefinitionBuilder().property(HidingDependency, 5U), u"A12"_s);
     stand.setUserLevel(userLevel);
-    const auto write = [&, value = 0](int times) mutable {
+    auto write = [&, value = 0](int times) mutable {
         for (int i = 0; i < times; ++i) {
             source->setOnlineValueText(Axis1, 0, QString::number(++value));
             clock.now = clock.now.addMSecs(1);
