@@ -75,12 +75,20 @@ BenchmarkDevice::BenchmarkDevice(int parameterCount)
     m_firmware = load(parameters);
     for (int i = 0; i < parameterCount; ++i) {
         m_definitions.append(m_firmware->parameterDefinition(quint32(i + 1)));
+        m_systemLocatorTexts.append(QStringLiteral("S;{P%1}").arg(i + 1));
         for (int axis = 1; axis <= AxisCount; ++axis)
             m_locatorTexts.append(QStringLiteral("Drive.%1;{P%2}").arg(axis).arg(i + 1));
     }
 }
 
 void BenchmarkDevice::fill(ParameterContainer &container) const
+{
+    auto locatorText = m_systemLocatorTexts.cbegin();
+    for (ParameterDefinition *definition : m_definitions)
+        container.createOrUpdateParameter(definition, *locatorText++);
+}
+
+void BenchmarkDevice::fillByAxis(ParameterContainer &container) const
 {
     auto locatorText = m_locatorTexts.cbegin();
     for (ParameterDefinition *definition : m_definitions) {

@@ -23,14 +23,17 @@ public:
     /// One text a parameter and axis.
     const QList<QString> &locatorTexts() const { return m_locatorTexts; }
 
-    /// Creates every parameter on every axis.
+    /// Creates every parameter on its four axes with one call.
     void fill(ParameterContainer &container) const;
+    /// The same with one call an axis, as a project that names every axis does.
+    void fillByAxis(ParameterContainer &container) const;
 
 private:
     std::unique_ptr<ServoDriveFirmware> m_firmware;
     QList<ParameterCoordinate> m_coordinates;
     QList<ParameterDefinition *> m_definitions;
     QList<QString> m_locatorTexts;
+    QList<QString> m_systemLocatorTexts;
 };
 
 /// A device of one record parameter on one axis.

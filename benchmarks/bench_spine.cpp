@@ -21,6 +21,8 @@ constexpr int Sizes[] = {400, 4000, 20000};
 constexpr int ReferenceSize = 4000;
 constexpr int RecordElements = 16000;
 constexpr int Rounds = 9;
+/// Of one repetition.
+constexpr double MinimumSeconds = 0.02;
 
 const QString Tag = QStringLiteral("da_2026");
 
@@ -129,7 +131,8 @@ void createLimit(benchmark::State &state, int size)
     check(state, store->size() == used.valueCount());
 }
 
-void createLibrary(benchmark::State &state, int size)
+void createLibraryWith(
+    benchmark::State &state, int size, void (BenchmarkDevice::*fill)(ParameterContainer &) const)
 {
     const BenchmarkDevice &used = device(size);
     std::unique_ptr<ParameterContainer> container;
@@ -139,8 +142,18 @@ void createLibrary(benchmark::State &state, int size)
             container.reset();
             container = makeContainer(used.firmware());
         },
-        [&] { used.fill(*container); });
+        [&] { (used.*fill)(*container); });
     check(state, container->parameterList().size() == size);
+}
+
+void createLibrary(benchmark::State &state, int size)
+{
+    createLibraryWith(state, size, &BenchmarkDevice::fill);
+}
+
+void createByAxisLibrary(benchmark::State &state, int size)
+{
+    createLibraryWith(state, size, &BenchmarkDevice::fillByAxis);
 }
 
 void writeLimit(benchmark::State &state, int size)
@@ -378,7 +391,7 @@ void add(const char *name, int size, void (*function)(benchmark::State &, int))
         [function, size](benchmark::State &state) { function(state, size); })
         ->UseManualTime()
         ->Unit(benchmark::kMillisecond)
-        ->MinTime(0.02);
+        ->MinTime(MinimumSeconds);
 }
 
 void addRecord(const char *name, void (*function)(benchmark::State &))
@@ -386,7 +399,7 @@ void addRecord(const char *name, void (*function)(benchmark::State &))
     benchmark::RegisterBenchmark(name, function)
         ->UseManualTime()
         ->Unit(benchmark::kMillisecond)
-        ->MinTime(0.02);
+        ->MinTime(MinimumSeconds);
 }
 
 } // namespace
@@ -409,6 +422,8 @@ int main(int argc, char **argv)
     for (const int size : Sizes) {
         add("create/limit", size, createLimit);
         add("create/library", size, createLibrary);
+        add("create-by-axis/limit", size, createLimit);
+        add("create-by-axis/library", size, createByAxisLibrary);
         add("write/limit", size, writeLimit);
         add("write/library", size, writeLibrary);
         add("read/limit", size, readLimit);
@@ -427,7 +442,7 @@ int main(int argc, char **argv)
             name, [function](benchmark::State &state) { function(state, ReferenceSize); })
             ->UseManualTime()
             ->Unit(benchmark::kMillisecond)
-            ->MinTime(0.02);
+            ->MinTime(MinimumSeconds);
     };
     plain("record-write/limit/16000", writeLibrary);
     plain("record-read/limit/16000", readLibrary);

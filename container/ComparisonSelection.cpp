@@ -45,14 +45,12 @@ ComparisonSelection::ComparisonSelection(eLivingSpace livingSpace)
 bool ComparisonSelection::accepts(const ParameterInformation *information) const
 {
     ParameterFilterElement tested;
-    tested.information = information;
     const QList<quint16> elements = information->elementList();
     for (const eLivingSpace livingSpace : information->livingSpaces()) {
         if (!m_livingSpaces.contains(livingSpace))
             continue;
-        tested.livingSpace = livingSpace;
         const bool isAccepted = std::any_of(elements.begin(), elements.end(), [&](quint16 element) {
-            tested.element = element;
+            tested.load(information, livingSpace, element);
             return m_filter.testElement(tested);
         });
         if (isAccepted)

@@ -210,20 +210,32 @@ void ParameterContainerPrivate::createInstance(ParameterDefinition *definition,
         entry = coordinateSets.insert(coordinate, std::move(created));
         noteMapping(entry->set.get());
     }
-    const QPointer<CoordinateInstanceSet> set(entry->set.get());
+    CoordinateInstanceSet *set = entry->set.get();
     CoordinateInstanceSet *&located = locatorSets[locatorText];
     if (located != set)
         entry->locatorTexts.append(locatorText);
     located = set;
 
-    const QPointer<ParameterContainerPrivate> guard(this);
-    if (!set->hasInstance(livingSpace)) {
-        set->attachInstance(livingSpace, std::make_unique<ParameterInstanceData>());
-        addressLists.clear();
-        Q_EMIT parameterAdded(coordinate);
+    const bool isNewer =
+        set->definition() != definition && set->definition()->version() < definition->version();
+    if (!isNewer) {
+        addInstance(set, livingSpace);
+        return;
     }
-    if (guard && set && set->definition()->version() < definition->version())
+    const QPointer<ParameterContainerPrivate> guard(this);
+    const QPointer<CoordinateInstanceSet> guardedSet(set);
+    addInstance(set, livingSpace);
+    if (guard && guardedSet)
         update(set, definition);
+}
+
+void ParameterContainerPrivate::addInstance(CoordinateInstanceSet *set, eLivingSpace livingSpace)
+{
+    if (set->hasInstance(livingSpace))
+        return;
+    set->attachInstance(livingSpace, std::make_unique<ParameterInstanceData>());
+    addressLists.clear();
+    Q_EMIT parameterAdded(set->coordinate());
 }
 
 void ParameterContainerPrivate::noteMapping(CoordinateInstanceSet *set)

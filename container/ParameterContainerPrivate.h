@@ -112,6 +112,8 @@ private:
         eLivingSpace livingSpace) const;
     void createInstance(ParameterDefinition *definition, const QString &locatorText,
         const ParameterCoordinate &coordinate, eLivingSpace livingSpace);
+    /// Where there is none yet. **Emits** parameterAdded.
+    void addInstance(CoordinateInstanceSet *set, eLivingSpace livingSpace);
     void noteMapping(CoordinateInstanceSet *set);
     void createSystemParameters();
     /// A negative number asks for the active axis.

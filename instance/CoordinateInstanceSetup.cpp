@@ -162,9 +162,13 @@ void CoordinateInstanceSet::setValueText(
     if (!found)
         return;
     const QString native = found->toNativeText(element, adopted);
-    if (!has(guard, element) || !found->checkValue(element, native) || !has(guard, element))
+    const quint32 code = has(guard, element) ? found->checkCode(element, native) : 0;
+    if (!has(guard, element))
         return;
-    storeValueText(guard, found, element, adopted, native);
+    if (code == 0)
+        storeValueText(guard, found, element, adopted, native);
+    else
+        found->rejectValue(element, native, code);
 }
 
 void CoordinateInstanceSet::setNativeValue(

@@ -95,6 +95,14 @@ ParameterFilterElement::ParameterFilterElement() = default;
 
 ParameterFilterElement::~ParameterFilterElement() = default;
 
+void ParameterFilterElement::load(
+    const ParameterInformation *information, eLivingSpace livingSpace, quint16 element)
+{
+    m_information = information;
+    m_livingSpace = livingSpace;
+    m_element = element;
+}
+
 eParameterProperty ParameterFilterElement::property(const QString &propertyName)
 {
     const auto found = std::find_if(std::begin(PropertyNames), std::end(PropertyNames),
@@ -104,42 +112,42 @@ eParameterProperty ParameterFilterElement::property(const QString &propertyName)
 
 QString ParameterFilterElement::stringProperty(QString propertyName) const
 {
-    if (!information)
+    if (!m_information)
         return {};
     const eParameterProperty id = property(propertyName);
     if (isComputed(id))
         return computedText(id);
-    return information->elementProperty(element, id).asString();
+    return m_information->elementProperty(m_element, id).asString();
 }
 
 quint32 ParameterFilterElement::uint32Property(QString propertyName) const
 {
-    if (!information)
+    if (!m_information)
         return 0;
     const eParameterProperty id = property(propertyName);
     if (isComputed(id))
         return computedText(id).toUInt();
-    return information->elementProperty(element, id).asUint32();
+    return m_information->elementProperty(m_element, id).asUint32();
 }
 
 qint32 ParameterFilterElement::int32Property(QString propertyName) const
 {
-    if (!information)
+    if (!m_information)
         return 0;
     const eParameterProperty id = property(propertyName);
     if (isComputed(id))
         return computedText(id).toInt();
-    return information->elementProperty(element, id).asInt32();
+    return m_information->elementProperty(m_element, id).asInt32();
 }
 
 double ParameterFilterElement::doubleProperty(QString propertyName) const
 {
-    if (!information)
+    if (!m_information)
         return 0.0;
     const eParameterProperty id = property(propertyName);
     if (isComputed(id))
         return computedText(id).toDouble();
-    return information->elementProperty(element, id).asDouble();
+    return m_information->elementProperty(m_element, id).asDouble();
 }
 
 QString ParameterFilterElement::computedText(eParameterProperty property) const
@@ -148,24 +156,26 @@ QString ParameterFilterElement::computedText(eParameterProperty property) const
     case eParameterProperty::LivingSpace:
         return livingSpaceText();
     case eParameterProperty::Address:
-        return information->address(livingSpace, element).toSortableText();
+        return m_information->address(m_livingSpace, m_element).toSortableText();
     case eParameterProperty::ValueNative:
-        return information->nativeValueText(livingSpace, element, false);
+        return m_information->nativeValueText(m_livingSpace, m_element, false);
     case eParameterProperty::ValueScaled:
-        return information->displayValueText(livingSpace, element, false);
+        return m_information->displayValueText(m_livingSpace, m_element, false);
     case eParameterProperty::DefaultvalueNative:
-        return information->defaultNativeValueText(livingSpace, element);
+        return m_information->defaultNativeValueText(m_livingSpace, m_element);
     case eParameterProperty::DefaultvalueScaled:
         return defaultDisplayText();
     case eParameterProperty::ChangeTagValue:
-        return information->attribute(livingSpace, element, QStringLiteral("ValueChangeTag"));
+        return m_information->attribute(m_livingSpace, m_element, QStringLiteral("ValueChangeTag"));
     case eParameterProperty::ChangeTagDefaultValue:
-        return information->attribute(
-            livingSpace, element, QStringLiteral("DefaultValueChangeTag"));
+        return m_information->attribute(
+            m_livingSpace, m_element, QStringLiteral("DefaultValueChangeTag"));
     case eParameterProperty::ChangeTagReadLevel:
-        return information->attribute(livingSpace, element, QStringLiteral("ReadLevelChangeTag"));
+        return m_information->attribute(
+            m_livingSpace, m_element, QStringLiteral("ReadLevelChangeTag"));
     case eParameterProperty::ChangeTagWriteLevel:
-        return information->attribute(livingSpace, element, QStringLiteral("WriteLevelChangeTag"));
+        return m_information->attribute(
+            m_livingSpace, m_element, QStringLiteral("WriteLevelChangeTag"));
     default:
         return {};
     }
@@ -175,19 +185,20 @@ QString ParameterFilterElement::computedText(eParameterProperty property) const
 QString ParameterFilterElement::livingSpaceText() const
 {
     QString text;
-    const QList<eLivingSpace> livingSpaces = information->livingSpaces();
-    for (const eLivingSpace each : livingSpaces) {
+    const QList<eLivingSpace> livingSpaces = m_information->livingSpaces();
+    for (const eLivingSpace livingSpace : livingSpaces) {
         if (!text.isEmpty())
             text += QLatin1Char(';');
-        text += QString::number(static_cast<qint32>(each));
+        text += QString::number(static_cast<qint32>(livingSpace));
     }
     return text;
 }
 
-/// The parameter offers the default's value text alone.
+/// The parameter itself offers the default's value text alone.
 QString ParameterFilterElement::defaultDisplayText() const
 {
-    const QString text = information->defaultValueText(livingSpace, element);
-    return information ? information->prepareValueText(text, livingSpace, element, false, nullptr)
-                       : QString();
+    const QString text = m_information->defaultValueText(m_livingSpace, m_element);
+    if (!m_information)
+        return {};
+    return m_information->prepareValueText(text, m_livingSpace, m_element, false, nullptr);
 }

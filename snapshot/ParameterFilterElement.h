@@ -22,6 +22,9 @@ public:
     ParameterFilterElement();
     ~ParameterFilterElement() override;
 
+    /// Null, and an information that is gone: every answer is empty. **Owner** the caller.
+    void load(const ParameterInformation *information, eLivingSpace livingSpace, quint16 element);
+
     /// The number behind a property name; that of "Coordinate" for an unknown one.
     static eParameterProperty property(const QString &propertyName);
 
@@ -30,13 +33,12 @@ public:
     qint32 int32Property(QString propertyName) const override;
     double doubleProperty(QString propertyName) const override;
 
-    /// The parameter under test. Null: every answer is empty. **Owner** the caller.
-    QPointer<const ParameterInformation> information;
-    eLivingSpace livingSpace = eLivingSpace::Global;
-    quint16 element = 0;
-
 private:
     QString computedText(eParameterProperty property) const;
     QString livingSpaceText() const;
     QString defaultDisplayText() const;
+
+    QPointer<const ParameterInformation> m_information;
+    eLivingSpace m_livingSpace = eLivingSpace::Global;
+    quint16 m_element = 0;
 };

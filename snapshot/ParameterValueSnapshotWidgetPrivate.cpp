@@ -98,12 +98,13 @@ QString ParameterValueSnapshotWidgetPrivate::report() const
         htmlHeader, shownTitles(), shownRows, SnapshotHtmlReport::eCharsetLine::Without);
 }
 
-/// The widget may be gone when the dialog comes back.
+/// The widget may be gone when the dialog comes back, and with it the function that asked.
 void ParameterValueSnapshotWidgetPrivate::onExportButtonClicked()
 {
     const QPointer<ParameterValueSnapshotWidgetPrivate> self(this);
     const QPointer<QObject> button(sender());
-    const QString fileName = chooseSaveFile(System::instance()->mainWindow(),
+    const auto choose = chooseSaveFile;
+    const QString fileName = choose(System::instance()->mainWindow(),
         ParameterValueSnapshotWidget::tr("Parameterwerte exportieren"),
         DefaultPathSetting(DefaultPathSetting::ParameterValueExport).path(),
         ParameterValueSnapshotWidget::tr("Textdateien (*.txt)"));
@@ -120,7 +121,8 @@ void ParameterValueSnapshotWidgetPrivate::onHtmlExportButtonClicked()
 {
     const QPointer<ParameterValueSnapshotWidgetPrivate> self(this);
     DefaultPathSetting directory(DefaultPathSetting::HtmlReport);
-    const QString fileName = chooseSaveFile(System::instance()->mainWindow(),
+    const auto choose = chooseSaveFile;
+    const QString fileName = choose(System::instance()->mainWindow(),
         ParameterValueSnapshotWidget::tr("Änderungen als HTML exportieren"), directory.path(),
         ParameterValueSnapshotWidget::tr("HTML-dateien (*.html)"));
     if (fileName.isEmpty() || !self)

@@ -12,10 +12,18 @@ namespace {
 /// A parameter of this kind stores no units.
 constexpr int UnitlessKind = 5;
 
-bool isLocator(const ParameterProperty &unit)
-{
-    return unit.asString().startsWith(QLatin1Char('<'));
-}
+/// Where a unit stands: the property, the accessor that answers for the parameter's first living
+/// space, and the value text that shows the unit of the living space at hand.
+struct UnitPlace {
+    eParameterProperty property;
+    ParameterText (ParameterInformation::*unit)(quint16) const;
+    QString (ParameterInformation::*valueText)(eLivingSpace, quint16, bool) const;
+};
+
+constexpr UnitPlace ScaledUnit {eParameterProperty::ScaledMeasuringUnit,
+    &ParameterInformation::scaledMeasuringUnit, &ParameterInformation::unconvertedValueText};
+constexpr UnitPlace NativeUnit {eParameterProperty::NativeMeasuringUnit,
+    &ParameterInformation::nativeMeasuringUnit, &ParameterInformation::nativeValueText};
 
 /// What stands behind a text and the one blank that parts it from its unit.
 QString unitBehind(const QString &text, const QString &textWithUnit)
@@ -40,18 +48,20 @@ public:
     std::optional<SnapshotRecord> record();
 
 private:
-    /// What an element answers for all living spaces at once. A unit that is a locator has no text
-    /// here: it is asked for in every living space.
+    /// A locator has no text here: it is asked for in every living space.
+    struct Unit {
+        QString text;
+        bool isLocator = false;
+    };
+
+    /// What an element answers for all living spaces at once.
     struct Element {
         QString name;
-        QString scaledUnit;
-        QString nativeUnit;
+        Unit scaled;
+        Unit native;
         SnapshotPool::Units units;
         quint32 readLevel = 0;
         bool isAsked = false;
-        bool hasUnits = false;
-        bool isScaledLocator = false;
-        bool isNativeLocator = false;
         bool isRejected = false;
         bool isHeld = false;
     };
@@ -68,11 +78,11 @@ private:
     void hold(eLivingSpace livingSpace, const QList<bool> &accepted);
     SnapshotValue value(eLivingSpace livingSpace, qsizetype position);
     const Element &element(qsizetype position);
-    void askUnits(Element &element, quint16 number) const;
+    Unit unit(quint16 number, const UnitPlace &place) const;
     SnapshotPool::Units units(
         eLivingSpace livingSpace, quint16 number, const Element &element) const;
-    QString scaledUnit(eLivingSpace livingSpace, quint16 number) const;
-    QString nativeUnit(eLivingSpace livingSpace, quint16 number) const;
+    QString localUnit(eLivingSpace livingSpace, quint16 number, const UnitPlace &place) const;
+    QString accessorUnit(quint16 number, const UnitPlace &place) const;
     void finishLayout();
     QList<QString> elementNames() const;
 
@@ -182,10 +192,11 @@ const SnapshotRecordBuilder::Draft::Element &SnapshotRecordBuilder::Draft::eleme
     element.isAsked = true;
     const quint16 number = m_layout.positions.at(position);
     element.readLevel = ask([&](auto &information) { return information.readLevel(number); });
-    element.hasUnits =
-        ask([&](auto &information) { return information.kind(number); }) != UnitlessKind;
-    if (element.hasUnits)
-        askUnits(element, number);
+    if (ask([&](auto &information) { return information.kind(number); }) != UnitlessKind) {
+        element.scaled = unit(number, ScaledUnit);
+        element.native = unit(number, NativeUnit);
+        element.units = m_builder.m_pool.units(element.scaled.text, element.native.text);
+    }
     if (m_isRecord) {
         element.name =
             ask([&](auto &information) { return information.elementName(number); }).longText();
@@ -193,69 +204,53 @@ const SnapshotRecordBuilder::Draft::Element &SnapshotRecordBuilder::Draft::eleme
     return element;
 }
 
-void SnapshotRecordBuilder::Draft::askUnits(Element &element, quint16 number) const
+/// Only a plain text can be a locator. Texts are the unit as they stand; the accessor knows, and
+/// reports, what else there may be.
+SnapshotRecordBuilder::Draft::Unit SnapshotRecordBuilder::Draft::unit(
+    quint16 number, const UnitPlace &place) const
 {
-    element.isScaledLocator = isLocator(ask([&](auto &information) {
-        return information.elementProperty(number, eParameterProperty::ScaledMeasuringUnit);
-    }));
-    element.isNativeLocator = isLocator(ask([&](auto &information) {
-        return information.elementProperty(number, eParameterProperty::NativeMeasuringUnit);
-    }));
-    if (!element.isScaledLocator) {
-        element.scaledUnit = ask([&](auto &information) {
-            return information.scaledMeasuringUnit(number);
-        }).longText();
-    }
-    if (!element.isNativeLocator) {
-        element.nativeUnit = ask([&](auto &information) {
-            return information.nativeMeasuringUnit(number);
-        }).longText();
-    }
-    if (!element.isScaledLocator && !element.isNativeLocator)
-        element.units = m_builder.m_pool.units(element.scaledUnit, element.nativeUnit);
+    const ParameterProperty property =
+        ask([&](auto &information) { return information.elementProperty(number, place.property); });
+    const QVariant &value = property.asVariant();
+    if (value.metaType() == QMetaType::fromType<ParameterText>())
+        return {static_cast<const ParameterText *>(value.constData())->longText(), false};
+    if (value.metaType() != QMetaType::fromType<QString>())
+        return {accessorUnit(number, place), false};
+    const QString text = value.toString();
+    const bool isLocator = text.startsWith(QLatin1Char('<'));
+    return {isLocator ? QString() : text, isLocator};
 }
 
 SnapshotPool::Units SnapshotRecordBuilder::Draft::units(
     eLivingSpace livingSpace, quint16 number, const Element &element) const
 {
-    if (!element.hasUnits || (!element.isScaledLocator && !element.isNativeLocator))
+    if (!element.scaled.isLocator && !element.native.isLocator)
         return element.units;
     return m_builder.m_pool.units(
-        element.isScaledLocator ? scaledUnit(livingSpace, number) : element.scaledUnit,
-        element.isNativeLocator ? nativeUnit(livingSpace, number) : element.nativeUnit);
+        element.scaled.isLocator ? localUnit(livingSpace, number, ScaledUnit) : element.scaled.text,
+        element.native.isLocator ? localUnit(livingSpace, number, NativeUnit)
+                                 : element.native.text);
 }
 
-/// The unit of a locator for one living space shows in the value texts alone: the unit's own
-/// accessor answers for the parameter's first living space. It is asked only where there is no
-/// value text.
-QString SnapshotRecordBuilder::Draft::scaledUnit(eLivingSpace livingSpace, quint16 number) const
+/// The unit of a locator for one living space shows in the value texts alone; where there is no value
+/// text, the accessor answers.
+QString SnapshotRecordBuilder::Draft::localUnit(
+    eLivingSpace livingSpace, quint16 number, const UnitPlace &place) const
 {
     const auto text = [&](bool withUnit) {
         return ask([&](auto &information) {
-            return information.unconvertedValueText(livingSpace, number, withUnit);
+            return (information.*place.valueText)(livingSpace, number, withUnit);
         });
     };
     const QString plain = text(false);
-    if (!plain.isEmpty())
-        return unitBehind(plain, text(true));
-    return ask([&](auto &information) {
-        return information.scaledMeasuringUnit(number);
-    }).longText();
+    return plain.isEmpty() ? accessorUnit(number, place) : unitBehind(plain, text(true));
 }
 
-QString SnapshotRecordBuilder::Draft::nativeUnit(eLivingSpace livingSpace, quint16 number) const
+QString SnapshotRecordBuilder::Draft::accessorUnit(quint16 number, const UnitPlace &place) const
 {
-    const auto text = [&](bool withUnit) {
-        return ask([&](auto &information) {
-            return information.nativeValueText(livingSpace, number, withUnit);
-        });
-    };
-    const QString plain = text(false);
-    if (!plain.isEmpty())
-        return unitBehind(plain, text(true));
-    return ask([&](auto &information) {
-        return information.nativeMeasuringUnit(number);
-    }).longText();
+    const ParameterText unit =
+        ask([&](auto &information) { return (information.*place.unit)(number); });
+    return unit.longText();
 }
 
 void SnapshotRecordBuilder::Draft::finishLayout()
@@ -305,8 +300,6 @@ bool SnapshotRecordBuilder::isAccepted(
 {
     if (!m_filter)
         return true;
-    m_filterElement.information = &information;
-    m_filterElement.livingSpace = livingSpace;
-    m_filterElement.element = element;
+    m_filterElement.load(&information, livingSpace, element);
     return m_filter->testElement(m_filterElement);
 }

@@ -98,11 +98,13 @@ QList<ParameterCoordinate> SnapshotRowModel::coordinates() const
     return result.values();
 }
 
-QList<SnapshotRow> SnapshotRowModel::rows(const QList<ParameterCoordinate> &coordinates) const
+QList<SnapshotRow> SnapshotRowModel::rows(QList<ParameterCoordinate> coordinates) const
 {
+    // Neighbours lie together in memory, and titles come almost in order.
+    std::sort(coordinates.begin(), coordinates.end());
     QList<SnapshotRow> result;
     result.reserve(coordinates.size());
-    for (const ParameterCoordinate &coordinate : coordinates)
+    for (const ParameterCoordinate &coordinate : std::as_const(coordinates))
         appendRows(result, coordinate);
     sortByTitle(result);
     return result;

@@ -17,7 +17,7 @@ public:
     /// particular order.
     QList<ParameterCoordinate> coordinates() const;
     /// The rows of the coordinates, ascending by title on both levels, none hidden.
-    QList<SnapshotRow> rows(const QList<ParameterCoordinate> &coordinates) const;
+    QList<SnapshotRow> rows(QList<ParameterCoordinate> coordinates) const;
 
 private:
     void appendRows(QList<SnapshotRow> &rows, const ParameterCoordinate &coordinate) const;

@@ -75,6 +75,30 @@ double numberOf(const QString &valueText, const QString &decimalPoint)
     return NumberText::toDouble(QString(valueText).replace(decimalPoint, QString(Point)));
 }
 
+/// Appends a plain decimal of few digits with zeros up to the precision: what reading it as a double
+/// and printing that gives, because a double carries fifteen digits unchanged. False, with nothing
+/// appended, for every other text.
+bool appendPadded(QString &out, QStringView text, int precision)
+{
+    const QStringView digits = text.startsWith(QLatin1Char('-')) ? text.sliced(1) : text;
+    const qsizetype point = digits.indexOf(Point);
+    const qsizetype whole = point < 0 ? digits.size() : point;
+    const qsizetype behind = point < 0 ? 0 : digits.size() - point - 1;
+    const bool isShort = precision >= 0 && behind <= precision && whole > 0
+        && whole + precision <= DigitsOfDouble && (point < 0 || behind > 0)
+        && (whole == 1 || digits.front() != QLatin1Char('0'));
+    const auto isDigit = [](QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); };
+    if (!isShort || !std::all_of(digits.begin(), digits.begin() + whole, isDigit)
+        || !std::all_of(digits.end() - behind, digits.end(), isDigit))
+        return false;
+    out.append(text);
+    if (point < 0 && precision > 0)
+        out.append(Point);
+    for (qsizetype place = behind; place < precision; ++place)
+        out.append(QLatin1Char('0'));
+    return true;
+}
+
 /// `out` is empty.
 void appendFloatingPoint(
     QString &out, double value, bool isDouble, const DecimalForm::Places &places)
@@ -119,14 +143,14 @@ QString DecimalForm::show(const QString &valueText, const SimpleType *type, cons
 {
     if (!type)
         return {};
-    // Deliberate: a 64-bit integer goes through a double too and keeps 53 bits.
-    const double value = numberOf(valueText, decimalPoint);
     QString text;
     text.reserve(UsualSize + unit.size());
+    // Deliberate: a 64-bit integer goes through a double too and keeps 53 bits.
     if (type->kind() == SimpleType::FloatingPoint)
-        appendFloatingPoint(text, value, type->sizeInBytes() == SizeOfDouble, places);
-    else
-        NumberText::appendFixed(text, value, places.behind);
+        appendFloatingPoint(
+            text, numberOf(valueText, decimalPoint), type->sizeInBytes() == SizeOfDouble, places);
+    else if (!appendPadded(text, valueText, places.behind))
+        NumberText::appendFixed(text, numberOf(valueText, decimalPoint), places.behind);
     if (decimalPoint != Point)
         text.replace(Point, decimalPoint);
     if (unit.isEmpty())

@@ -46,10 +46,8 @@ void ElementCatalogue::setCount(quint16 count)
     m_count = count;
 }
 
-qsizetype ElementCatalogue::position(quint16 element) const
+qsizetype ElementCatalogue::soughtPosition(quint16 element) const
 {
-    if (!m_positions)
-        return element < m_count ? element : NoPosition;
     const auto &entries = m_positions->entries;
     const auto found =
         std::lower_bound(entries.begin(), entries.end(), std::pair<quint16, quint16>(element, 0));

@@ -36,7 +36,12 @@ public:
     void setCount(quint16 count);
     bool contains(quint16 element) const { return position(element) != NoPosition; }
     /// Place of the element in list().
-    qsizetype position(quint16 element) const;
+    qsizetype position(quint16 element) const
+    {
+        if (m_positions)
+            return soughtPosition(element);
+        return element < m_count ? element : NoPosition;
+    }
     /// In the order of the definition.
     QList<quint16> list() const;
     QSet<quint16> set() const;
@@ -49,6 +54,8 @@ public:
 
 private:
     struct Positions;
+
+    qsizetype soughtPosition(quint16 element) const;
 
     const ParameterDefinition *m_definition = nullptr;
     const RecordParameterDefinition *m_record = nullptr;

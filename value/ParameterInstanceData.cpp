@@ -282,22 +282,28 @@ QString ParameterInstanceData::addressText(quint16 element) const
 
 bool ParameterInstanceData::checkValue(quint16 element, const QString &nativeText)
 {
+    const QPointer<ParameterSetup> owner(m_owner);
+    const quint32 code = checkCode(element, nativeText);
+    if (owner && code != 0)
+        rejectValue(element, nativeText, code);
+    return owner && code == 0;
+}
+
+quint32 ParameterInstanceData::checkCode(quint16 element, const QString &nativeText)
+{
     checkElement(element);
     ParameterFunctionProvider *firmware = provider();
-    if (!firmware)
-        return true;
+    return firmware ? firmware->checkValue(nativeText, &m_delegate, element) : 0;
+}
+
+void ParameterInstanceData::rejectValue(quint16 element, const QString &nativeText, quint32 code)
+{
     const QPointer<ParameterSetup> owner(m_owner);
-    const quint32 code = firmware->checkValue(nativeText, &m_delegate, element);
-    if (!owner)
-        return false;
-    if (code == 0)
-        return true;
-    firmware = provider();
+    ParameterFunctionProvider *firmware = provider();
     const QString corrected =
         firmware ? firmware->correctValue(nativeText, &m_delegate, element) : nativeText;
     if (owner && elements().contains(element))
         reportRejection(element, corrected, code);
-    return false;
 }
 
 void ParameterInstanceData::reportRejection(

@@ -87,6 +87,10 @@ public:
     /// Whether the firmware accepts the native text; everything is accepted without firmware.
     /// **Reports** a refused text critical, titled with the container's domain.
     bool checkValue(quint16 element, const QString &nativeText);
+    /// The firmware's answer alone; 0 is acceptable.
+    quint32 checkCode(quint16 element, const QString &nativeText);
+    /// **Reports** why a native text was refused.
+    void rejectValue(quint16 element, const QString &nativeText, quint32 code);
     /// False where the definition forbids writing at all.
     bool isWritable(quint16 element) const;
 

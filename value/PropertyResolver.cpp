@@ -115,7 +115,7 @@ ParameterProperty PropertyResolver::read(quint16 element, eParameterProperty pro
     return found ? found->value : readDefined(element, property);
 }
 
-const ElementFacts &PropertyResolver::facts(quint16 element) const
+const ElementFacts &PropertyResolver::soughtFacts(quint16 element) const
 {
     static const ElementFacts empty([](eParameterProperty) { return ParameterProperty(); });
     if (!m_elements.contains(element))
@@ -125,12 +125,12 @@ const ElementFacts &PropertyResolver::facts(quint16 element) const
         if (found != m_overrides->facts.constEnd())
             return **found;
     }
-    const IParameterElementInformation *information = m_elements.information(element);
     if (!m_elements.isRecord()) {
         if (!m_facts)
-            m_facts = ElementFacts::of(information);
+            m_facts = ElementFacts::of(m_elements.information(element));
         return *m_facts;
     }
+    const IParameterElementInformation *information = m_elements.information(element);
     if (!m_recordFacts)
         m_recordFacts = std::make_unique<RecordFacts>();
     if (!m_recordFacts->last || m_recordFacts->lastInformation != information) {

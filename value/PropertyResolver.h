@@ -44,7 +44,11 @@ public:
     ParameterProperty read(quint16 element, eParameterProperty property) const;
     /// The typed properties; empty for an element that the parameter lacks. Valid until an override
     /// or the definition changes.
-    const ElementFacts &facts(quint16 element) const;
+    const ElementFacts &facts(quint16 element) const
+    {
+        return m_facts && !m_overrides && m_elements.contains(element) ? *m_facts
+                                                                       : soughtFacts(element);
+    }
 
     /// Null where there is none.
     const Override *find(quint16 element, eParameterProperty property) const;
@@ -62,6 +66,7 @@ private:
     struct Overrides;
     struct RecordFacts;
 
+    const ElementFacts &soughtFacts(quint16 element) const;
     std::shared_ptr<const ElementFacts> factsOf(quint16 element) const;
 
     const ElementCatalogue &m_elements;

@@ -31,7 +31,10 @@ QStringView takeLine(QStringView &text)
 
 SuffixRule::Number SuffixRule::apply(QStringView text, eFormat requested)
 {
-    QStringView rest = text;
+    // A text without the last letter of any suffix, as nearly every typed number is, has none.
+    const bool mayHaveSuffix = std::any_of(
+        text.cbegin(), text.cend(), [](QChar c) { return c == u'x' || c == u'n' || c == u'c'; });
+    QStringView rest = mayHaveSuffix ? text : QStringView();
     while (!rest.isEmpty()) {
         const QStringView line = takeLine(rest);
         qsizetype last = -1;

@@ -1,44 +1,135 @@
 #include "apps/krparameter/ImportEdsCommand.h"
 
+#include "apps/host/DriveProject.h"
+#include "apps/host/ProjectStorage.h"
 #include "apps/import/EdsNumber.h"
+#include "apps/krparameter/CommandLine.h"
+#include "apps/krparameter/CommonOptions.h"
+#include "apps/krparameter/Console.h"
 
-#include <KrParameterDefinition/eLivingSpace.h>
 #include <KrParameterInstance/ParameterContainer.h>
 
 namespace {
 
+constexpr QLatin1StringView Coordinates("coordinates");
+constexpr QLatin1StringView Output("output");
+constexpr QLatin1StringView NodeId("node-id");
 constexpr quint32 LastNodeId = 127;
 
-} // namespace
-
-int ImportEdsCommand::exitCode(ImportResult::eStatus status)
+eExitCode codeOf(ImportResult::eStatus status)
 {
     switch (status) {
     case ImportResult::eStatus::Good:
-        return 0;
+        return eExitCode::Good;
     case ImportResult::eStatus::BadRequest:
-        return 2;
+        return eExitCode::Usage;
     case ImportResult::eStatus::UnreadableInput:
-        return 3;
+        return eExitCode::UnreadableInput;
     case ImportResult::eStatus::WriteFailed:
-        return 6;
+        return eExitCode::WriteFailed;
     }
-    return 3;
+    return eExitCode::Usage;
 }
 
-std::optional<quint8> ImportEdsCommand::nodeIdOf(const QString &text)
+/// As they come from a device: the file says what the device holds, allowed or not. Imported
+/// parameters are global.
+void store(const ConfiguredValues &values, ParameterContainer &container)
 {
-    const auto value = EdsNumber::parse(text).unsignedValue(LastNodeId);
-    if (!value || *value == 0)
-        return std::nullopt;
-    return quint8(*value);
-}
-
-void ImportEdsCommand::apply(const ConfiguredValues &values, ParameterContainer &container)
-{
-    // Imported parameters are global: they have one instance, in living space 0.
     for (const ConfiguredValue &value : values.list()) {
         container.writeValueNative(
             eLivingSpace::Global, value.coordinate, value.element, value.nativeText);
     }
+}
+
+} // namespace
+
+QString ImportEdsCommand::details() const
+{
+    return tr(
+        "Liest ein Objektverzeichnis nach CiA 306 und schreibt eine Gerätebeschreibung. Welche\n"
+        "Koordinate ein Objekt hat, steht in der Tabelle; sie wird angelegt, wo sie fehlt, und\n"
+        "nur erweitert. Die konfigurierten Werte einer DCF-Datei kommen nach --project.\n");
+}
+
+QList<Option> ImportEdsCommand::options() const
+{
+    return {
+        {Coordinates, tr("TABELLE"), tr("Tabelle der Koordinaten")},
+        {Output, tr("DATEI"), tr("Gerätebeschreibung, die geschrieben wird"), u'o'},
+        {NodeId, QStringLiteral("N"), tr("Knotennummer von 1 bis 127 statt der in der Datei")},
+    };
+}
+
+eExitCode ImportEdsCommand::run(const CommandLine &line, Console &console)
+{
+    const std::optional<ImportRequest> request = requestOf(line, console);
+    if (!request)
+        return eExitCode::Usage;
+    const ImportResult result = importObjectDictionary(*request);
+    if (result.status != ImportResult::eStatus::Good)
+        return fail(codeOf(result.status), result.error, console);
+    if (line.has(OptionName::Json))
+        console.writeLine(result.report.toJson());
+    else
+        console.write(result.report.toText());
+    if (line.has(OptionName::Project))
+        return saveProject(*request, result, line, console);
+    if (!result.configuredValues.isEmpty()) {
+        console.report(tr("Die %1 konfigurierten Werte speichert --project ORDNER.")
+                           .arg(result.configuredValues.list().size()));
+    }
+    return eExitCode::Good;
+}
+
+std::optional<ImportRequest> ImportEdsCommand::requestOf(const CommandLine &line, Console &console)
+{
+    const auto refuse = [&console](const QString &reason) {
+        fail(eExitCode::Usage, reason, console);
+        return std::nullopt;
+    };
+    if (line.arguments().size() != 1)
+        return refuse(tr("import-eds braucht genau eine Datei"));
+    if (!line.has(Coordinates) || !line.has(Output))
+        return refuse(tr("import-eds braucht --coordinates TABELLE und -o DATEI"));
+    ImportRequest request {
+        line.arguments().constFirst(), line.value(Coordinates), line.value(Output), std::nullopt};
+    if (line.has(NodeId)) {
+        const auto number = EdsNumber::parse(line.value(NodeId)).unsignedValue(LastNodeId);
+        if (!number || *number == 0)
+            return refuse(tr("--node-id nimmt eine Zahl von 1 bis 127 oder 0x1 bis 0x7F"));
+        request.nodeId = quint8(*number);
+    }
+    const bool isTaken = line.has(OptionName::Project)
+        && ProjectFolder(line.value(OptionName::Project)).holdsProject();
+    if (isTaken && !line.has(OptionName::Force)) {
+        return refuse(tr("in %1 liegt schon ein Projekt; --force ersetzt es")
+                          .arg(line.value(OptionName::Project)));
+    }
+    return request;
+}
+
+eExitCode ImportEdsCommand::saveProject(const ImportRequest &request, const ImportResult &result,
+    const CommandLine &line, Console &console)
+{
+    QString error;
+    const std::unique_ptr<DriveProject> project = DriveProject::open(request.outputFile, error);
+    if (!project)
+        return fail(eExitCode::UnreadableInput, error, console);
+    store(result.configuredValues, project->container());
+    const QString folder = line.value(OptionName::Project);
+    const auto loss = line.has(OptionName::AllowLoss) ? ProjectStorage::eLoss::Allow
+                                                      : ProjectStorage::eLoss::Refuse;
+    const ProjectStorage::SaveResult saved = ProjectStorage(folder).save(*project, loss);
+    for (const QString &text : saved.losses.toText().split(u'\n', Qt::SkipEmptyParts))
+        console.report(text);
+    if (saved.status != ProjectStorage::SaveResult::eStatus::Saved)
+        return fail(eExitCode::WriteFailed, saved.error, console);
+    console.report(tr("Projekt %1: gespeichert und zurückgelesen").arg(folder));
+    return eExitCode::Good;
+}
+
+eExitCode ImportEdsCommand::fail(eExitCode code, const QString &reason, Console &console)
+{
+    console.report(tr("krparameter: %1").arg(reason));
+    return code;
 }

@@ -1,17 +1,33 @@
 #pragma once
 
 #include "apps/import/ObjectDictionaryImport.h"
+#include "apps/krparameter/Command.h"
 
-class ParameterContainer;
+#include <QtCore/QCoreApplication>
 
-/// The part of `krparameter import-eds` that neither reads arguments nor prints.
-class ImportEdsCommand {
+#include <optional>
+
+/// Turns an object dictionary into a device description and, where the file configures values, into
+/// a project.
+class ImportEdsCommand final : public Command {
+    Q_DECLARE_TR_FUNCTIONS(ImportEdsCommand)
+
 public:
-    /// 0 good, 2 bad request, 3 unreadable input, 6 write failed.
-    static int exitCode(ImportResult::eStatus status);
-    /// The node id of an option, decimal or "0x7F". Empty for anything but 1 to 127.
-    static std::optional<quint8> nodeIdOf(const QString &text);
-    /// Stores the values as they would come from the device: native texts, not checked.
-    /// **Range** a container that holds the parameters of the imported description.
-    static void apply(const ConfiguredValues &values, ParameterContainer &container);
+    QString name() const override { return QStringLiteral("import-eds"); }
+    QString arguments() const override { return tr("DATEI.eds|DATEI.dcf"); }
+    QString summary() const override
+    {
+        return tr("Gerätebeschreibung aus einem Objektverzeichnis");
+    }
+    QString details() const override;
+    QList<Option> options() const override;
+    eExitCode run(const CommandLine &line, Console &console) override;
+
+private:
+    /// Empty where the line asks for no import; it was reported why.
+    static std::optional<ImportRequest> requestOf(const CommandLine &line, Console &console);
+    /// Saves the configured values as a project.
+    static eExitCode saveProject(const ImportRequest &request, const ImportResult &result,
+        const CommandLine &line, Console &console);
+    static eExitCode fail(eExitCode code, const QString &reason, Console &console);
 };

@@ -61,9 +61,7 @@ void tst_ParameterFilterElement::init()
         {QStringLiteral("DefaultValueChangeTag"), QStringLiteral("fw_1")},
         {QStringLiteral("ReadLevelChangeTag"), QStringLiteral("0x10")},
         {QStringLiteral("WriteLevelChangeTag"), QStringLiteral("1e3")}};
-    m_element.information = m_information.get();
-    m_element.livingSpace = Space;
-    m_element.element = Element;
+    m_element.load(m_information.get(), Space, Element);
 }
 
 void tst_ParameterFilterElement::property_data()
@@ -212,7 +210,7 @@ void tst_ParameterFilterElement::negativeNumbers()
 
 void tst_ParameterFilterElement::emptyWithoutInformation()
 {
-    m_element.information.clear();
+    m_element.load(nullptr, Space, Element);
     for (const char *name : {"ReadLevel", "ValueNative", "Colour"}) {
         QCOMPARE(m_element.stringProperty(QString::fromLatin1(name)), QString());
         QCOMPARE(m_element.uint32Property(QString::fromLatin1(name)), 0U);
@@ -230,7 +228,7 @@ void tst_ParameterFilterElement::emptyWhenInformationIsGone()
 
 void tst_ParameterFilterElement::lookUpTakesTheElement()
 {
-    m_element.element = 0;
+    m_element.load(m_information.get(), Space, 0);
     QCOMPARE(m_element.stringProperty(QStringLiteral("ReadLevel")), QString());
     QCOMPARE(m_element.stringProperty(QStringLiteral("ValueNative")), QString());
     QCOMPARE(m_element.stringProperty(QStringLiteral("Address")), QStringLiteral("2.A012[00000]"));

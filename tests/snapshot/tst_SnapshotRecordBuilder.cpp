@@ -27,6 +27,7 @@ private Q_SLOTS:
 
     void unitsOfEachForm();
     void emptyTextKeepsItsUnit();
+    void multilingualUnit();
     void kindFiveHasNoUnits();
     void kindIsAskedForEachElement();
     void locatorUnitIsThatOfTheLivingSpace();
@@ -245,6 +246,21 @@ void tst_SnapshotRecordBuilder::emptyTextKeepsItsUnit()
     QCOMPARE(record->value(Global, 0).nativeWithUnit(), QString());
 }
 
+void tst_SnapshotRecordBuilder::multilingualUnit()
+{
+    FakeParameterInformation information(QStringLiteral("A00"));
+    information.setValue(Global, 0, QStringLiteral("5"));
+    information.setProperty(0, eParameterProperty::ScaledMeasuringUnit,
+        QVariant::fromValue(FakeParameterInformation::text(QStringLiteral("1/min"))));
+    information.setProperty(0, eParameterProperty::NativeMeasuringUnit,
+        QVariant::fromValue(FakeParameterInformation::text(QStringLiteral("<inc"))));
+    const auto record = frozen(information);
+    QVERIFY(record);
+    QCOMPARE(record->value(Global, 0).displayWithUnit(), QStringLiteral("5 1/min"));
+    QCOMPARE(record->value(Global, 0).nativeWithUnit(), QStringLiteral("5 <inc"));
+    QCOMPARE(information.unitCount, 0);
+}
+
 void tst_SnapshotRecordBuilder::kindFiveHasNoUnits()
 {
     FakeParameterInformation information(QStringLiteral("A00"));
@@ -396,11 +412,14 @@ void tst_SnapshotRecordBuilder::filterSeesEveryPlaceOnce()
 void tst_SnapshotRecordBuilder::namesAndUnitsAreAskedOnce()
 {
     const auto information = twoByTwo();
-    information->setUnits(QStringLiteral("rpm"), QStringLiteral("inc"));
-    frozen(*information);
+    // Neither text nor multilingual text: only the accessor knows.
+    information->scaledUnits = {{0, QStringLiteral("rpm")}, {1, QStringLiteral("rpm")}};
+    const auto record = frozen(*information);
+    QVERIFY(record);
+    QCOMPARE(record->value(Axis2, 1).displayWithUnit(), QStringLiteral("2-1 rpm"));
     QCOMPARE(information->nameCount, 1);
     QCOMPARE(information->elementNameCount, 2);
-    // Two elements, two units each.
+    // Two elements, two units each, whatever the number of living spaces.
     QCOMPARE(information->unitCount, 4);
 }
 

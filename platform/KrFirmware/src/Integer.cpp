@@ -27,11 +27,13 @@ std::optional<Integer> Integer::fromText(QStringView text)
         return std::nullopt;
 
     constexpr quint64 Most = std::numeric_limits<quint64>::max();
+    // Below this any digit may follow.
+    constexpr quint64 Roomy = (Most - 9) / 10;
     for (const QChar c : text) {
         if (c < u'0' || c > u'9')
             return std::nullopt;
         const quint64 digit = c.unicode() - u'0';
-        if (result.magnitude > (Most - digit) / 10)
+        if (result.magnitude > Roomy && result.magnitude > (Most - digit) / 10)
             result.isBeyond = true;
         result.magnitude = result.isBeyond ? 0 : result.magnitude * 10 + digit;
     }

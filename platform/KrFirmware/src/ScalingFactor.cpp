@@ -3,6 +3,7 @@
 #include <QtCore/QByteArray>
 
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -11,9 +12,7 @@ namespace {
 
 constexpr size_t TextSize = 32;
 
-} // namespace
-
-ScalingFactor ScalingFactor::fromWidenedFloat(double value)
+ScalingFactor converted(double value)
 {
     if (value == 0 || !(std::abs(value) <= double(std::numeric_limits<float>::max())))
         return {};
@@ -44,6 +43,22 @@ ScalingFactor ScalingFactor::fromWidenedFloat(double value)
     std::from_chars(at, end, written);
     result.exponent += written;
     return result;
+}
+
+} // namespace
+
+ScalingFactor ScalingFactor::fromWidenedFloat(double value)
+{
+    // The factors of a device are few: those used last are remembered.
+    struct Known {
+        double value = 0;
+        ScalingFactor factor;
+    };
+    thread_local std::array<Known, 16> known;
+    Known &entry = known[(std::bit_cast<quint64>(value) >> 29) % known.size()];
+    if (entry.value != value)
+        entry = {value, converted(value)};
+    return entry.factor;
 }
 
 double ScalingFactor::toDouble() const

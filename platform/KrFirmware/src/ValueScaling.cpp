@@ -4,6 +4,7 @@
 #include "Integer.h"
 #include "RealText.h"
 #include "ScalingFactor.h"
+#include "ShortScaling.h"
 
 #include <KrDatatype/SimpleType.h>
 
@@ -43,6 +44,10 @@ bool isIntegerType(const SimpleType &type)
 
 QString scaledInteger(const QString &text, const ScalingFactor &factor, quint32 fullScale)
 {
+    if (fullScale == 0) {
+        if (std::optional<QString> scaled = ShortScaling::scaled(text, factor))
+            return *std::move(scaled);
+    }
     if (!Integer::fromText(text))
         return text;
     Decimal value = *Decimal::fromText(text);
@@ -69,6 +74,10 @@ QString scaledInteger(const QString &text, const ScalingFactor &factor, quint32 
 
 QString unscaledInteger(const QString &text, const ScalingFactor &factor, quint32 fullScale)
 {
+    if (fullScale == 0) {
+        if (std::optional<QString> native = ShortScaling::unscaled(text, factor))
+            return *std::move(native);
+    }
     std::optional<Decimal> number = Decimal::fromText(text);
     if (!number)
         return text;

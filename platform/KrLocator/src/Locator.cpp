@@ -29,18 +29,14 @@ bool Locator::parseText(const QString &text)
         return false;
     }
 
-    m_anchor = text.first(separator);
-    m_path = text.sliced(separator + 1);
-    const std::optional<eLivingSpace> livingSpace = livingSpaceOf(m_anchor);
+    m_text = text;
+    m_anchorSize = separator;
+    const QStringView anchor = QStringView(text).first(separator);
+    const std::optional<eLivingSpace> livingSpace = livingSpaceOf(anchor);
     m_livingSpace = livingSpace.value_or(eLivingSpace::Global);
-    if (m_anchor == u"S")
+    if (anchor == u"S")
         m_kind = eKind::System;
     else
         m_kind = livingSpace ? eKind::LivingSpace : eKind::Relative;
     return true;
-}
-
-QString Locator::toText() const
-{
-    return isValid() ? m_anchor + Separator + m_path : QString();
 }

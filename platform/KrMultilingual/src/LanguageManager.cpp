@@ -13,7 +13,7 @@ LanguageManager *LanguageManager::instance()
     return manager;
 }
 
-QString LanguageManager::activeLanguage()
+const QString &LanguageManager::activeLanguage()
 {
     return instance()->m_active;
 }

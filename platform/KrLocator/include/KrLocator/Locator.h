@@ -25,15 +25,16 @@ public:
     /// eLivingSpace::Global where the locator names none.
     eLivingSpace livingSpace() const { return m_livingSpace; }
     /// Without ";"; empty for an invalid locator, like the path and the text.
-    QString anchor() const { return m_anchor; }
-    QString path() const { return m_path; }
-    QString toText() const;
+    QString anchor() const { return isValid() ? m_text.first(m_anchorSize) : QString(); }
+    QString path() const { return isValid() ? m_text.sliced(m_anchorSize + 1) : QString(); }
+    QString toText() const { return m_text; }
 
 private:
     enum class eKind { Invalid, System, LivingSpace, Relative };
 
     eKind m_kind = eKind::Invalid;
     eLivingSpace m_livingSpace = eLivingSpace::Global;
-    QString m_anchor;
-    QString m_path;
+    /// Shared with the text that was parsed; empty for an invalid locator.
+    QString m_text;
+    qsizetype m_anchorSize = 0;
 };

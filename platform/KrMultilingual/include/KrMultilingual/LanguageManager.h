@@ -12,7 +12,7 @@ class KrMultilingual_EXPORT LanguageManager : public QObject {
 
 public:
     static LanguageManager *instance();
-    static QString activeLanguage();
+    static const QString &activeLanguage();
     static QStringList languageList();
 
     /// **Refused** a language that the list lacks: false, nothing changes.

@@ -1,0 +1,143 @@
+#include "apps/host/ProjectFolder.h"
+
+#include "apps/host/StagedFile.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+
+#include <algorithm>
+#include <memory>
+#include <vector>
+
+namespace {
+
+constexpr qsizetype MaximumNameLength = 100;
+
+bool isNameCharacter(QChar c)
+{
+    const char16_t u = c.unicode();
+    return (u >= u'a' && u <= u'z') || (u >= u'A' && u <= u'Z') || (u >= u'0' && u <= u'9')
+        || u == u'_' || u == u'-' || u == u'.';
+}
+
+QString problem(const QString &fileName, const QString &reason)
+{
+    return QDir::toNativeSeparators(fileName) + QLatin1String(": ") + reason;
+}
+
+} // namespace
+
+QString ProjectFolder::parameterBlockName()
+{
+    return QStringLiteral("Parameter.ini");
+}
+
+bool ProjectFolder::isBlockName(const QString &name)
+{
+    return !name.isEmpty() && name.size() <= MaximumNameLength && !name.startsWith(QLatin1Char('.'))
+        && name.compare(BlockManifest::fileName(), Qt::CaseInsensitive) != 0
+        && std::all_of(name.begin(), name.end(), isNameCharacter);
+}
+
+ProjectFolder::ProjectFolder(const QString &path)
+    : m_directory(path)
+{
+}
+
+bool ProjectFolder::holdsProject() const
+{
+    return QFileInfo::exists(filePath(parameterBlockName()))
+        || QFileInfo::exists(filePath(BlockManifest::fileName()));
+}
+
+std::optional<ProjectFolder::Content> ProjectFolder::read(QString &error) const
+{
+    if (!m_directory.exists()) {
+        error = problem(path(), tr("der Ordner ist nicht vorhanden"));
+        return std::nullopt;
+    }
+    Content content;
+    if (QFileInfo::exists(filePath(BlockManifest::fileName()))) {
+        const auto bytes = readFile(BlockManifest::fileName(), error);
+        if (!bytes)
+            return std::nullopt;
+        content.manifest = BlockManifest::fromBytes(*bytes);
+    }
+    QStringList names = content.manifest.blockNames();
+    if (!names.contains(parameterBlockName()))
+        names.append(parameterBlockName());
+    for (const QString &name : std::as_const(names)) {
+        if (!isBlockName(name) || !QFileInfo::exists(filePath(name)))
+            continue;
+        const auto bytes = readFile(name, error);
+        if (!bytes)
+            return std::nullopt;
+        content.blocks.insert(name, *bytes);
+    }
+    return content;
+}
+
+QString ProjectFolder::write(const QMap<QString, QByteArray> &blocks)
+{
+    for (auto it = blocks.begin(); it != blocks.end(); ++it) {
+        if (!isBlockName(it.key()))
+            return tr("\"%1\" ist kein Blockname").arg(it.key());
+    }
+    if (!m_directory.mkpath(QStringLiteral(".")))
+        return problem(path(), tr("der Ordner kann nicht angelegt werden"));
+
+    QMap<QString, QByteArray> files = blocks;
+    files.insert(BlockManifest::fileName(), manifestWith(blocks).toBytes());
+    std::vector<std::pair<QString, std::unique_ptr<StagedFile>>> staged;
+    for (auto it = files.begin(); it != files.end(); ++it) {
+        staged.emplace_back(it.key(), std::make_unique<StagedFile>(filePath(it.key())));
+        if (const QString reason = staged.back().second->stage(*it); !reason.isEmpty())
+            return problem(filePath(it.key()), reason);
+    }
+
+    // The old manifest goes first and the new one comes last: a break in between leaves blocks
+    // without a manifest, never blocks with a wrong one.
+    QFile::remove(filePath(BlockManifest::fileName()));
+    std::stable_partition(staged.begin(), staged.end(),
+        [](const auto &file) { return file.first != BlockManifest::fileName(); });
+    for (const auto &[name, file] : staged) {
+        if (const QString reason = file->commit(); !reason.isEmpty())
+            return problem(filePath(name), reason);
+    }
+    return {};
+}
+
+std::optional<QByteArray> ProjectFolder::readFile(const QString &name, QString &error) const
+{
+    const QString fileName = filePath(name);
+    // A pipe or a device would never end.
+    if (!QFileInfo(fileName).isFile()) {
+        error = problem(fileName, tr("ist keine Datei"));
+        return std::nullopt;
+    }
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly)) {
+        error = problem(fileName, file.errorString());
+        return std::nullopt;
+    }
+    const QByteArray bytes = file.read(MaximumBlockSize + 1);
+    if (file.error() != QFileDevice::NoError || bytes.size() > MaximumBlockSize) {
+        error = problem(fileName,
+            file.error() != QFileDevice::NoError ? file.errorString()
+                                                 : tr("ist länger als 512 MiB"));
+        return std::nullopt;
+    }
+    return bytes;
+}
+
+/// Keeps what is noted about other blocks.
+BlockManifest ProjectFolder::manifestWith(const QMap<QString, QByteArray> &blocks) const
+{
+    BlockManifest manifest;
+    QFile file(filePath(BlockManifest::fileName()));
+    if (QFileInfo(file).isFile() && file.open(QIODevice::ReadOnly))
+        manifest = BlockManifest::fromBytes(file.read(MaximumBlockSize));
+    for (auto it = blocks.begin(); it != blocks.end(); ++it)
+        manifest.note(it.key(), *it);
+    return manifest;
+}

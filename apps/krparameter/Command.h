@@ -1,0 +1,24 @@
+#pragma once
+
+#include "apps/krparameter/Option.h"
+#include "apps/krparameter/eExitCode.h"
+
+class CommandLine;
+class Console;
+
+/// One command of the program. Its texts are asked for after the language was chosen.
+class Command {
+public:
+    virtual ~Command() = default;
+
+    virtual QString name() const = 0;
+    /// What follows the name, as the help shows it; empty for a command without arguments.
+    virtual QString arguments() const = 0;
+    /// One line.
+    virtual QString summary() const = 0;
+    /// Further lines of the command's own help, each with a line end.
+    virtual QString details() const { return {}; }
+    /// Beside the common ones. Commands that share an option's name agree on its form.
+    virtual QList<Option> options() const { return {}; }
+    virtual eExitCode run(const CommandLine &line, Console &console) = 0;
+};

@@ -1,0 +1,498 @@
+#!/usr/bin/python3
+"""Runs krparameter as a process: exit codes, options, help, JSON, and which stream says what.
+
+Usage: tst_krparameter.py PROGRAM SOURCE-FOLDER
+"""
+
+import json
+import os
+import resource
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+PROGRAM = ""
+SOURCE = Path()
+
+GOOD, DIFFERENCES, USAGE, UNREADABLE, REJECTED, NOT_WRITABLE, WRITE_FAILED = range(7)
+
+EDS = """[DeviceInfo]
+VendorName=Example
+VendorNumber=0x1
+ProductName=Example drive
+ProductNumber=0x2
+[MandatoryObjects]
+SupportedObjects=1
+1=0x1000
+[1000]
+ParameterName=Device type
+ObjectType=0x7
+DataType=0x0007
+AccessType=ro
+DefaultValue=0x192
+[ManufacturerObjects]
+SupportedObjects=1
+1=0x2000
+[2000]
+ParameterName=Gain
+ObjectType=0x7
+DataType=0x0006
+AccessType=rw
+DefaultValue=5
+"""
+
+
+class Run:
+    def __init__(self, *words, **options):
+        done = subprocess.run([PROGRAM, *words], capture_output=True, timeout=60, **options)
+        self.code = done.returncode
+        self.out = done.stdout.decode("utf-8")
+        self.err = done.stderr.decode("utf-8")
+
+    def lines(self):
+        return [json.loads(line) for line in self.out.splitlines()]
+
+
+def on_drive(*words, **options):
+    return Run("--device", "two-axis-drive", *words, **options)
+
+
+class CommandLineTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = Path(tempfile.mkdtemp())
+        self.project = str(self.folder / "project")
+
+    def tearDown(self):
+        shutil.rmtree(self.folder)
+
+    def check(self, run, code, out=None, err=None):
+        self.assertEqual(run.code, code, run.err)
+        if out is not None:
+            self.assertEqual(run.out, out)
+        if err is not None:
+            self.assertEqual(run.err, err)
+
+    def block(self):
+        return (Path(self.project) / "Parameter.ini").read_bytes()
+
+    def save(self, *words):
+        self.check(on_drive("--project", self.project, "set", *words), GOOD)
+
+
+class Help(CommandLineTest):
+    def test_of_the_program(self):
+        for words in (["--help"], ["-h"]):
+            run = Run(*words)
+            self.check(run, GOOD, err="")
+            for part in ("--device DATEI", "--project", "--axis", "--access-level", "--lang", "--json",
+                         "--force", "--allow-loss", "import-eds", "Rückgabewerte: 0 gut"):
+                self.assertIn(part, run.out)
+
+    def test_of_every_command_without_a_device(self):
+        for command in ("info", "list", "get", "set", "import-eds", "demo"):
+            for words in ([command, "--help"], ["--help", command], ["-h", command]):
+                run = Run(*words)
+                self.check(run, GOOD, err="")
+                self.assertTrue(run.out.startswith(f"Aufruf: krparameter [OPTIONEN] {command}"))
+
+    def test_version(self):
+        self.check(Run("--version"), GOOD, out="krparameter 0.1.0\n", err="")
+
+    def test_lines_fit_a_terminal(self):
+        for words in ([], ["list"], ["set"], ["get"], ["demo"], ["import-eds"]):
+            for line in Run(*words, "--help").out.splitlines():
+                self.assertLessEqual(len(line), 100, line)
+
+
+class Usage(CommandLineTest):
+    def test_refused(self):
+        for words, text in (
+            ([], "es fehlt der Befehl"),
+            (["frob"], 'unbekannter Befehl "frob"'),
+            (["list", "--frob"], "unbekannte Option --frob"),
+            (["get", "E84", "--hidden"], "get kennt die Option --hidden nicht"),
+            (["list"], "es fehlt --device DATEI, zum Beispiel --device two-axis-drive"),
+            (["list", "--device"], "--device braucht einen Wert: DATEI"),
+            (["list", "--lang", "fr"], '--lang nimmt de oder en, nicht "fr"'),
+            (["list", "--json=1"], "--json nimmt keinen Wert"),
+            (["demo", "x"], "demo nimmt keine Argumente"),
+            (["demo", "--device", "two-axis-drive"], "demo bringt seine Gerätebeschreibung mit"),
+            (["import-eds"], "import-eds braucht genau eine Datei"),
+            (["import-eds", "x.eds"],
+             "import-eds braucht --coordinates TABELLE und -o DATEI"),
+            (["import-eds", "x.eds", "--coordinates", "t", "-o", "o", "--node-id", "128"],
+             "--node-id nimmt eine Zahl von 1 bis 127 oder 0x1 bis 0x7F"),
+        ):
+            run = Run(*words)
+            self.check(run, USAGE, out="")
+            self.assertEqual(run.err.splitlines()[0], "krparameter: " + text)
+
+    def test_refused_on_a_device(self):
+        for words, text in (
+            (["info", "x"], "info nimmt keine Argumente"),
+            (["list", "a", "b"], "list nimmt höchstens ein Muster"),
+            (["get"], "get braucht mindestens eine Adresse"),
+            (["set"], "set braucht Paare aus Adresse und Wert"),
+            (["set", "H00"], "set braucht Paare aus Adresse und Wert"),
+            (["list", "--axis", "0"], "--axis nimmt eine Zahl von 1 bis 4"),
+            (["list", "--axis", "5"], "--axis nimmt eine Zahl von 1 bis 4"),
+            (["list", "--axis", "x"], "--axis nimmt eine Zahl von 1 bis 4"),
+            (["list", "--axis", "3"], "Achse 3 gibt es nicht, nur 1, 2"),
+            (["list", "--access-level", "-1"], "--access-level nimmt eine Zahl von 0 bis 6"),
+            (["get", "84"],
+             '"84" ist keine Adresse; Adressen sind zum Beispiel E84, E30[1] und 2.B01'),
+            (["get", "E84:3"],
+             '"E84:3" ist keine Adresse; Adressen sind zum Beispiel E84, E30[1] und 2.B01'),
+            (["get", "X99"], "Parameter X99: das Gerät hat ihn nicht; list zeigt alle"),
+            (["get", "3.H00"], "Parameter H00: Achse 3 gibt es nicht, nur 1, 2"),
+            (["get", "E30[7]"], "Parameter E30: Element 7 gibt es nicht, nur 1, 2"),
+            (["set", "E30", "1"],
+             "Parameter E30 hat mehrere Elemente; gebraucht wird eines, zum Beispiel E30[1]"),
+            (["list", "--project", ""], "--project braucht einen Ordner"),
+        ):
+            self.check(on_drive(*words), USAGE, out="", err=f"krparameter: {text}\n")
+
+
+class Info(CommandLineTest):
+    def test_both_devices(self):
+        run = Run("--device", str(SOURCE / "devices/two-axis-drive.json"), "info")
+        self.check(run, GOOD, err="")
+        self.assertIn("Gerätefamilie Two-axis drive (4096)\nAchsen        1, 2 (physisch)\n", run.out)
+        run = Run("info", "--device=four-axis-controller", "--json")
+        self.check(run, GOOD, err="")
+        self.assertEqual(run.lines()[0]["axes"], [1, 2, 3, 4])
+        self.assertEqual(run.lines()[0]["hasPhysicalAxes"], False)
+
+    def test_of_a_project(self):
+        self.save("H00", "9")
+        run = on_drive("--project", self.project, "info", "--json")
+        self.check(run, GOOD)
+        self.assertEqual(run.lines()[0]["load"]["valuesRead"], run.lines()[0]["values"])
+        self.assertEqual(run.lines()[0]["load"]["cut"], [])
+
+
+class List(CommandLineTest):
+    def test_one_value_a_line(self):
+        run = on_drive("list", "Stromgrenze")
+        self.check(run, GOOD, err="")
+        self.assertEqual(
+            [line.split() for line in run.out.splitlines() if "H00" in line],
+            [["1.H00", "Stromgrenze", "12.600", "A"], ["2.H00", "Stromgrenze", "12.600", "A"]])
+
+    def test_json(self):
+        for device in ("two-axis-drive", "four-axis-controller"):
+            run = Run("--device", device, "list", "--json")
+            self.check(run, GOOD, err="")
+            addresses = [line["address"] for line in run.lines()]
+            self.assertEqual(len(addresses), len(set(addresses)))
+            for line in run.lines():
+                self.assertLessEqual({"address", "name", "display", "value", "native"}, set(line))
+        self.assertEqual(
+            on_drive("list", "1.H00", "--json").lines(),
+            [{"address": "1.H00", "name": "Stromgrenze", "display": "12.600 A", "value": "12.6",
+              "native": "12600", "unit": "A"}])
+
+    def test_axis(self):
+        run = on_drive("list", "--axis", "2", "--json")
+        self.check(run, GOOD)
+        prefixes = {line["address"].split(".")[0] for line in run.lines() if "." in line["address"]}
+        self.assertEqual(prefixes, {"2"})
+        self.assertIn("E84", [line["address"] for line in run.lines()])
+
+    def test_access_level_and_hidden(self):
+        def count(*words):
+            return len(on_drive("list", "--json", *words).lines())
+        self.assertLess(count("--access-level", "0"), count())
+        self.assertLess(count(), count("--hidden"))
+        self.assertEqual(count("--access-level", "0", "--hidden"), count("--hidden"))
+
+    def test_language(self):
+        self.assertIn("Current limit", on_drive("list", "H00", "--lang", "en").out)
+        self.assertIn("Stromgrenze", on_drive("list", "H00", "--lang", "de").out)
+
+    def test_pattern_that_nothing_matches(self):
+        self.check(on_drive("list", "nothing at all"), GOOD, out="", err="")
+
+    def test_line_ends_in_values_stay_in_the_line(self):
+        self.save("A20", "one\ntwo")
+        run = on_drive("--project", self.project, "list", "A20")
+        self.assertEqual(len(run.out.splitlines()), 1)
+        self.assertIn("one\\ntwo", run.out)
+
+    def test_full_output(self):
+        with open("/dev/full", "wb") as full:
+            done = subprocess.run([PROGRAM, "--device", "two-axis-drive", "list"], stdout=full,
+                                  stderr=subprocess.PIPE, timeout=60, check=False)
+        self.assertEqual(done.returncode, WRITE_FAILED)
+        self.assertEqual(done.stderr.decode(),
+                         "die Ausgabe konnte nicht vollständig geschrieben werden\n")
+
+
+class Get(CommandLineTest):
+    def test_all_forms(self):
+        self.check(on_drive("get", "H00"), GOOD, err="", out=(
+            "1.H00  Stromgrenze\n"
+            "  Anzeige    12.600 A\n"
+            "  Wert       12.6 A\n"
+            "  Nativ      12600 mA\n"
+            "  Default    12.600 A\n"
+            "  Grenzen    0.000 A bis 60.000 A\n"
+            "  Zugriff    lesen ab Stufe 0, schreiben ab Stufe 2\n"))
+
+    def test_choices(self):
+        run = on_drive("get", "e84")
+        self.assertIn("  Auswahl    0: Achse 1\n             1: Achse 2\n", run.out)
+        self.assertEqual(on_drive("get", "E84", "--json").lines()[0]["choices"],
+                         {"0": "Achse 1", "1": "Achse 2"})
+
+    def test_every_element_and_axis(self):
+        def addresses(*words):
+            return [line["address"] for line in on_drive("get", "--json", *words).lines()]
+        self.assertEqual(addresses("E30"), ["1.E30[1]", "1.E30[2]"])
+        self.assertEqual(addresses("E30[2]", "--axis", "2"), ["2.E30[2]"])
+        self.assertEqual(addresses("2.H00", "H00"), ["2.H00", "1.H00"])
+
+    def test_note_where_the_display_does_not_read_back(self):
+        note = 'als Eingabe ergibt dieser Text nativ "0.0174532925199"'
+        self.assertIn(f"  Hinweis    {note}\n", on_drive("get", "P09").out)
+        self.assertEqual(on_drive("get", "P09", "--json").lines()[0]["note"], note)
+        self.assertNotIn("note", on_drive("get", "H00", "--json").lines()[0])
+        self.assertIn("(!)", on_drive("list", "1.P09").out)
+
+    def test_masked_value(self):
+        self.assertIn("  Hinweis    offline verdeckt; Stufe 5 zeigt den Wert in Klammern\n",
+                      on_drive("get", "F14").out)
+        self.assertIn("<offline> (0)", on_drive("get", "F14", "--access-level", "5").out)
+
+
+class Set(CommandLineTest):
+    def test_writes_and_saves(self):
+        run = on_drive("--project", self.project, "set", "H00", "15.5 A", "2.B16", "1")
+        self.check(run, GOOD, out=(
+            "1.H00  Stromgrenze: 12.600 A -> 15.500 A\n"
+            "2.B16  Drehrichtung: 0: Rechtsdrehend positiv -> 1: Linksdrehend positiv\n"),
+            err=(f"Projekt {self.project}: neu, mit den Defaultwerten\n"
+                 f"Projekt {self.project}: gespeichert und zurückgelesen\n"))
+        self.assertIn(b"V_1_0=15500\r\n", self.block())
+        run = on_drive("--project", self.project, "get", "H00", "--json")
+        self.assertEqual(run.lines()[0]["native"], "15500")
+
+    def test_json(self):
+        run = on_drive("set", "H00", "9", "--json")
+        self.check(run, GOOD, err="Ohne --project wird nichts gespeichert.\n")
+        self.assertEqual(run.lines()[0]["before"],
+                         {"display": "12.600 A", "value": "12.6", "native": "12600"})
+        self.assertEqual(run.lines()[0]["native"], "9000")
+
+    def test_negative_number(self):
+        run = on_drive("set", "H05[1]", "-250")
+        self.check(run, GOOD)
+        self.assertIn("-> -250.000 mm", run.out)
+
+    def test_rejection(self):
+        self.save("H00", "9")
+        before = self.block()
+        run = on_drive("--project", self.project, "set", "H00", "10", "H00", "75")
+        self.check(run, REJECTED, out="")
+        self.assertEqual(run.err.splitlines()[-3:], [
+            'Fehler [project]: Parameter 1.H00: Fehler beim Übernehmen des Werts - '
+            'Wert "60.000 A" ist zu groß',
+            'krparameter: Parameter 1.H00: "75" wurde abgewiesen; zulässig: 0.000 A bis 60.000 A',
+            "Es wurde nichts gespeichert."])
+        self.assertEqual(self.block(), before)
+
+    def test_rejections_in_words(self):
+        for address, value, message in (
+            ("B01", "0.05", 'Parameter 1.B01: Fehler beim Übernehmen des Werts - '
+                            'Wert "0.100 A" ist zu klein'),
+            ("E84", "5", 'Parameter E84: Fehler beim Übernehmen des Werts - '
+                         'Wert "1: Achse 2" ist zu groß'),
+            ("H00", "abc", 'krparameter: Parameter 1.H00: "abc" wurde abgewiesen; '
+                           'zulässig: 0.000 A bis 60.000 A'),
+        ):
+            run = on_drive("set", address, value)
+            self.check(run, REJECTED, out="")
+            self.assertIn(message, run.err)
+        self.assertIn("zulässig: 0: Achse 1, 1: Achse 2", on_drive("set", "E84", "5").err)
+
+    def test_not_writable(self):
+        for words, text in (
+            (["A02", "x"], "Parameter A02 ist nicht schreibbar: er wird nur gelesen"),
+            (["H00", "9", "--access-level", "1"],
+             "Parameter 1.H00 ist nicht schreibbar: er braucht Zugriffsstufe 2, gegeben ist 1"),
+        ):
+            self.check(on_drive("set", *words), NOT_WRITABLE, out="",
+                       err=f"krparameter: {text}\nEs wurde nichts gespeichert.\n")
+
+    def test_loss(self):
+        self.save("A20", "10 $")
+        path = Path(self.project) / "Parameter.ini"
+        # A UTF-8 block may hold more than the Latin-1 one that is saved.
+        text = self.block().decode("latin-1").replace("=10 $", "=10 €")
+        path.write_bytes(text.encode("utf-8-sig"))
+        before = self.block()
+        run = on_drive("--project", self.project, "set", "H00", "9")
+        self.check(run, WRITE_FAILED, out="")
+        self.assertEqual(run.err.splitlines()[1:], [
+            'Parameter A20: Wert "10 €" enthält Zeichen, die Latin-1 nicht kennt',
+            "krparameter: nicht gespeichert: 1 Texte gingen verloren; --allow-loss speichert trotzdem"])
+        self.assertEqual(self.block(), before)
+        self.check(on_drive("--project", self.project, "set", "H00", "9", "--allow-loss"), GOOD)
+        self.assertIn(b"V_0_0=10 ?\r\n", self.block())
+
+    def test_content_that_the_device_lacks(self):
+        self.save("H00", "9")
+        path = Path(self.project) / "Parameter.ini"
+        path.write_bytes(self.block().replace(b"[H000]", b"[Z123]\r\nV_0_0=1\r\n[H000]"))
+        before = self.block()
+        run = on_drive("--project", self.project, "set", "H00", "10")
+        self.check(run, WRITE_FAILED, out="")
+        self.assertIn("1 Abschnitte übersprungen, das Gerät hat diese Parameter nicht: Z123", run.err)
+        self.assertEqual(self.block(), before)
+        self.check(on_drive("--project", self.project, "set", "H00", "10", "--allow-loss"), GOOD)
+
+    def test_full_disk(self):
+        self.save("H00", "9")
+        before = self.block()
+
+        def limit():
+            signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+            resource.setrlimit(resource.RLIMIT_FSIZE, (4096, 4096))
+        run = on_drive("--project", self.project, "set", "H00", "10", preexec_fn=limit)
+        self.check(run, WRITE_FAILED, out="")
+        self.assertIn(f"krparameter: {self.project}/Parameter.ini: ", run.err)
+        self.assertEqual(self.block(), before)
+        self.assertEqual(sorted(os.listdir(self.project)), ["Manifest.ini", "Parameter.ini"])
+        self.check(on_drive("--project", self.project, "get", "H00"), GOOD)
+
+    def test_folder_that_cannot_be_made(self):
+        (self.folder / "file").write_text("x")
+        self.check(on_drive("--project", str(self.folder / "file/p"), "set", "H00", "9"), WRITE_FAILED)
+
+
+class Input(CommandLineTest):
+    def test_description(self):
+        self.check(Run("--device", "/nowhere.json", "info"), UNREADABLE, out="")
+        broken = self.folder / "broken.json"
+        broken.write_text('{"format": "kr-device-description"')
+        run = Run("--device", str(broken), "info")
+        self.check(run, UNREADABLE, out="")
+        self.assertIn(f"krparameter: {broken}", run.err)
+
+    def test_project(self):
+        for command in (["list"], ["get", "E84"], ["info"]):
+            self.check(on_drive("--project", self.project, *command), UNREADABLE, out="",
+                       err=f"krparameter: {self.project}: der Ordner ist nicht vorhanden\n")
+        os.mkdir(self.project)
+        self.check(on_drive("--project", self.project, "list"), UNREADABLE, out="",
+                   err=f'krparameter: {self.project} enthält kein Projekt: "Parameter.ini" fehlt\n')
+
+    def test_cut_block(self):
+        self.save("H00", "9")
+        whole = self.block()
+        for size in (0, 10, len(whole) // 2, len(whole) - 1):
+            (Path(self.project) / "Parameter.ini").write_bytes(whole[:size])
+            run = on_drive("--project", self.project, "get", "H00")
+            self.check(run, UNREADABLE, out="")
+            self.assertIn('der Block "Parameter.ini" ist abgeschnitten; --force lädt ihn trotzdem',
+                          run.err)
+            self.check(on_drive("--project", self.project, "set", "H00", "8"), UNREADABLE, out="")
+            self.assertEqual(self.block(), whole[:size])
+            self.check(on_drive("--project", self.project, "get", "H00", "--force"), GOOD)
+
+    def test_random_block(self):
+        os.mkdir(self.project)
+        for size in (1, 1000, 100000):
+            (Path(self.project) / "Parameter.ini").write_bytes(os.urandom(size))
+            self.assertIn(on_drive("--project", self.project, "list").code, (GOOD, UNREADABLE))
+            self.check(on_drive("--project", self.project, "list", "--force"), GOOD)
+
+    def test_block_of_64_mebibytes(self):
+        os.mkdir(self.project)
+        piece = b"[X%03d]\r\n" + b"V_0_0=" + b"x" * 1000 + b"\r\n"
+        with open(Path(self.project) / "Parameter.ini", "wb") as file:
+            for i in range(64 * 1024):
+                file.write(piece % (i % 1000))
+        self.check(on_drive("--project", self.project, "get", "E84"), UNREADABLE, out="")
+
+
+class Demo(CommandLineTest):
+    def test_runs_and_leaves_a_project(self):
+        run = Run("--project", self.project, "demo")
+        self.check(run, GOOD, err="")
+        for part in (
+            "362 Parameter angelegt",
+            'Parameter 1.H00: Fehler beim Übernehmen des Werts - Wert "60.000 A" ist zu groß',
+            "aktiv war Achse 1, aktiv ist Achse 2",
+            "alle gleich",
+            "Byte für Byte",
+            "Nichts ging verloren.",
+        ):
+            self.assertIn(part, run.out)
+        self.assertEqual(sorted(os.listdir(self.project)), ["Manifest.ini", "Parameter.ini"])
+        self.assertEqual(
+            on_drive("--project", self.project, "get", "H00", "--json").lines()[0]["native"], "15500")
+        self.assertIn(b"VC_1_0=demo\r\n", self.block())
+
+    def test_keeps_a_project_that_is_there(self):
+        self.save("H00", "9")
+        before = self.block()
+        self.check(Run("--project", self.project, "demo"), USAGE, out="")
+        self.assertEqual(self.block(), before)
+        self.check(Run("--project", self.project, "demo", "--force"), GOOD)
+
+    def test_default_folder(self):
+        self.check(Run("demo", cwd=self.folder), GOOD)
+        self.assertTrue((self.folder / "demo-project/Parameter.ini").is_file())
+
+
+class ImportEds(CommandLineTest):
+    def test_makes_a_usable_description(self):
+        source = self.folder / "drive.eds"
+        source.write_text(EDS)
+        table, device = str(self.folder / "table.txt"), str(self.folder / "device.json")
+        run = Run("import-eds", str(source), "--coordinates", table, "-o", device)
+        self.check(run, GOOD, err="")
+        self.assertNotEqual(run.out, "")
+        listed = Run("--device", device, "list", "Gain", "--json").lines()
+        self.assertEqual([line["native"] for line in listed], ["5"])
+        again = Run("import-eds", str(source), f"--coordinates={table}", "--output", device, "--json")
+        self.check(again, GOOD)
+        self.assertEqual(len(again.lines()), 1)
+
+    def test_configured_values_become_a_project(self):
+        source = self.folder / "drive.dcf"
+        source.write_text(EDS.replace("DefaultValue=5\n", "DefaultValue=5\nParameterValue=7\n"))
+        table, device = str(self.folder / "table.txt"), str(self.folder / "device.json")
+        words = ["import-eds", str(source), "--coordinates", table, "-o", device]
+        self.assertIn("speichert --project ORDNER", Run(*words).err)
+        self.check(Run(*words, "--project", self.project), GOOD)
+        listed = Run("--device", device, "--project", self.project, "list", "Gain", "--json").lines()
+        self.assertEqual([line["native"] for line in listed], ["7"])
+        self.check(Run(*words, "--project", self.project), USAGE, out="")
+
+    def test_unreadable(self):
+        self.check(Run("import-eds", "/nowhere.eds", "--coordinates", str(self.folder / "t"), "-o",
+                       str(self.folder / "d.json")), UNREADABLE, out="")
+
+
+class Locale(CommandLineTest):
+    def test_streams_are_utf8_in_any_locale(self):
+        for name in ("C", "de_DE.UTF-8", "POSIX"):
+            run = on_drive("list", "E13", env={**os.environ, "LC_ALL": name})
+            self.check(run, GOOD, err="")
+            self.assertIn("Tänzerregelung", run.out)
+
+    def test_native_and_value_do_not_follow_it(self):
+        run = on_drive("get", "H00", "--json", env={**os.environ, "LC_ALL": "de_DE.UTF-8"})
+        self.assertEqual(run.lines()[0]["value"], "12.6")
+        self.assertEqual(run.lines()[0]["native"], "12600")
+
+
+if __name__ == "__main__":
+    PROGRAM, SOURCE = sys.argv[1], Path(sys.argv[2])
+    unittest.main(argv=sys.argv[:1])
