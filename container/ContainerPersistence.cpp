@@ -41,4 +41,11 @@ void ContainerPersistence::load(const QByteArray &block, ParameterContainerPriva
         if (!guard)
             return;
     }
+    // At the end, as a parameter may follow one that was loaded after it.
+    for (const QPointer<CoordinateInstanceSet> &set : container.guardedSets()) {
+        if (set)
+            set->askKnownFlagsAnew();
+        if (!guard)
+            return;
+    }
 }

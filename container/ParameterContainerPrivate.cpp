@@ -314,7 +314,7 @@ void ParameterContainerPrivate::setFirmware(ServoDriveFirmware *newFirmware)
         functionProvider->setCallbackProvider(&callbackDelegate);
     for (const QPointer<CoordinateInstanceSet> &set : guardedSets()) {
         if (set)
-            set->onFunctionProviderChanged();
+            set->askKnownFlagsAnew();
         if (!guard || generation != m_firmwareGeneration)
             return;
     }

@@ -22,6 +22,7 @@
 #include <QtCore/QSet>
 
 #include <algorithm>
+#include <charconv>
 
 namespace {
 
@@ -45,11 +46,12 @@ QStringList sortedDistinct(QStringList texts)
 /// A saved count of a simple parameter; 0 where the text is none.
 quint16 elementCountOf(QByteArrayView text)
 {
-    bool isNumber = false;
-    const uint count = text.toByteArray().toUInt(&isNumber);
-    const bool isCount = isNumber && count >= ElementCatalogue::LeastCount
-        && count <= ElementCatalogue::GreatestCount;
-    return isCount ? quint16(count) : quint16(0);
+    quint16 count = 0;
+    const char *end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, count);
+    const bool isCount = error == std::errc() && stop == end
+        && count >= ElementCatalogue::LeastCount && count <= ElementCatalogue::GreatestCount;
+    return isCount ? count : quint16(0);
 }
 
 } // namespace
@@ -123,6 +125,7 @@ CoordinateInstanceSet::Access CoordinateInstanceSet::access(
     const ParameterInstanceData &record, quint16 element) const
 {
     const ElementFacts &facts = m_properties.facts(element);
+    const quint32 readLevel = facts.readLevel;
     return {
         .write =
             {
@@ -134,7 +137,7 @@ CoordinateInstanceSet::Access CoordinateInstanceSet::access(
                 .userLevel = System::information()->userAccessLevel(),
             },
         .isHidden = isHidden(record.livingSpace(), element),
-        .readLevel = facts.readLevel,
+        .readLevel = readLevel,
     };
 }
 
@@ -179,7 +182,7 @@ void CoordinateInstanceSet::onAccessLevelChanged(quint32 oldLevel)
     });
 }
 
-void CoordinateInstanceSet::onFunctionProviderChanged()
+void CoordinateInstanceSet::askKnownFlagsAnew()
 {
     forEachValue([this](ParameterInstanceData *record, quint16 element) {
         if (record->isHiddenKnown(element))
@@ -220,7 +223,6 @@ void CoordinateInstanceSet::loadFromSection(const LmIniParser::IniSection &secti
         if (!emitChanges(livingSpace, changed))
             return;
     }
-    onFunctionProviderChanged();
 }
 
 void CoordinateInstanceSet::saveToSection(LmIniParser::IniSection &section) const
@@ -811,7 +813,7 @@ bool CoordinateInstanceSet::isValueTextAcceptable(
     if (!found)
         return false;
     const QString native = found->toNativeText(element, adopted);
-    return guard && found->checkValue(element, native);
+    return guard && m_elements.contains(element) && found->checkValue(element, native);
 }
 
 ParameterTextMap CoordinateInstanceSet::selectionTexts(

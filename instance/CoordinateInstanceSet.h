@@ -60,8 +60,9 @@ public:
     void onReadOnlyChanged(bool wasReadOnly);
     /// **Emits** visibilityChanged and writabilityChanged where the answer differs.
     void onAccessLevelChanged(quint32 oldLevel);
-    /// Hidden flags that were known are asked anew; differences are signalled.
-    void onFunctionProviderChanged();
+    /// The functions or the values behind them changed: hidden flags that were known are asked anew;
+    /// differences are signalled.
+    void askKnownFlagsAnew();
 
     /// A value changed on which this parameter may depend: tests each value and acts on those that do.
     /// **Emits** what the kind of dependency changes: limitsChanged, valueChanged, visibilityChanged,
@@ -75,7 +76,8 @@ public:
 
     /// Clears the value store of that name. **Emits** for each text that went.
     void clearStore(const QString &name, const QRegularExpression &tagPattern);
-    /// **Emits** for each text that changed; dispatches no dependency.
+    /// **Emits** for each text that changed; dispatches no dependency. askKnownFlagsAnew() is due when
+    /// all parameters are loaded.
     void loadFromSection(const LmIniParser::IniSection &section, bool utf8);
     void saveToSection(LmIniParser::IniSection &section) const;
 
@@ -223,6 +225,9 @@ private:
     void emitAnswerChanges(const QList<PropertyAnswer> &before, const QList<PropertyAnswer> &after,
         eParameterProperty property);
     void emitAnswerChanged(eParameterProperty property, eLivingSpace livingSpace, quint16 element);
+
+    /// Whether set and element are still there after a signal or a function of the firmware.
+    static bool has(const Guard &guard, quint16 element);
 
     /// Stores what differs from the stored text; what does not only receives the change tag.
     void storeValueText(const Guard &guard, ParameterInstanceData *record, quint16 element,

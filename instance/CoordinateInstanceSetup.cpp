@@ -149,6 +149,11 @@ void CoordinateInstanceSet::emitAnswerChanged(
     }
 }
 
+bool CoordinateInstanceSet::has(const Guard &guard, quint16 element)
+{
+    return guard && guard->m_elements.contains(element);
+}
+
 void CoordinateInstanceSet::setValueText(
     eLivingSpace livingSpace, quint16 element, const QString &displayText)
 {
@@ -159,8 +164,8 @@ void CoordinateInstanceSet::setValueText(
     if (!found)
         return;
     const QString native = found->toNativeText(element, adopted);
-    const quint32 code = guard ? found->checkCode(element, native) : 0;
-    if (!guard)
+    const quint32 code = has(guard, element) ? found->checkCode(element, native) : 0;
+    if (!has(guard, element))
         return;
     if (code == 0)
         storeValueText(guard, found, element, adopted, native);
@@ -176,7 +181,7 @@ void CoordinateInstanceSet::setNativeValue(
     if (!found)
         return;
     const QString native = found->toNativeText(element, valueText);
-    if (guard)
+    if (has(guard, element))
         storeValueText(guard, found, element, valueText, native);
 }
 
@@ -184,10 +189,10 @@ void CoordinateInstanceSet::storeValueText(const Guard &guard, ParameterInstance
     quint16 element, const QString &valueText, const QString &nativeText)
 {
     const QString stored = record->value(element);
-    if (!guard)
+    if (!has(guard, element))
         return;
     const bool isSame = stored == nativeText || record->toValueText(element, stored) == valueText;
-    if (!guard)
+    if (!has(guard, element))
         return;
     if (isSame)
         record->setValueChangeTag(element, m_container->parameterChangeTag());
@@ -200,7 +205,7 @@ void CoordinateInstanceSet::storeNative(
 {
     const eLivingSpace livingSpace = record->livingSpace();
     record->setValue(element, nativeText);
-    if (emitValueChanged(guard, livingSpace, element)
+    if (emitValueChanged(guard, livingSpace, element) && has(guard, element)
         && !m_properties.facts(element).isIndependent())
         dispatchDependencies(livingSpace, element);
 }
@@ -213,9 +218,11 @@ void CoordinateInstanceSet::setNativeText(
     if (!found)
         return;
     const bool isSame = found->value(element) == nativeText;
-    if (guard && isSame)
+    if (!has(guard, element))
+        return;
+    if (isSame)
         found->setValueChangeTag(element, m_container->parameterChangeTag());
-    else if (guard)
+    else
         storeNative(guard, found, element, nativeText);
 }
 
@@ -227,7 +234,7 @@ void CoordinateInstanceSet::setOnlineValueText(
     const Guard guard(this);
     const eLivingSpace instanceKey = key(livingSpace);
     ParameterInstanceData *found = m_instances.find(instanceKey);
-    if (found && found->value(element) != nativeText && guard)
+    if (found && found->value(element) != nativeText && has(guard, element))
         storeNative(guard, found, element, nativeText);
     if (guard && m_consistence.arrived(instanceKey, element))
         Q_EMIT allElementsConsistenceOnceDone(m_coordinate, livingSpace);
@@ -299,7 +306,7 @@ void CoordinateInstanceSet::setParameterNeedsConsistence(
         System::addWarningMessage(QStringLiteral("CoordinateInstanceSet"),
             QLatin1String("Missing property \"automatic online update\" at parameter ")
                 + m_coordinate.toText() + QLatin1Char('"'));
-    } else if (automatic.asUint32() != 0 && !m_container->isParameterMapped(at)
+    } else if (automatic.asDouble() != 0.0 && !m_container->isParameterMapped(at)
         && !m_container->isParameterBlockUsed(at)) {
         return;
     }
@@ -408,11 +415,11 @@ bool CoordinateInstanceSet::emitChanges(
 {
     const Guard guard(this);
     for (const quint16 element : changes.values) {
-        if (!emitValueChanged(guard, key, element))
+        if (m_elements.contains(element) && !emitValueChanged(guard, key, element))
             return false;
     }
     for (const quint16 element : changes.defaults) {
-        if (!emitDefaultChanged(key, element))
+        if (m_elements.contains(element) && !emitDefaultChanged(key, element))
             return false;
     }
     return true;
@@ -514,7 +521,7 @@ void CoordinateInstanceSet::dispatchDependencies(eLivingSpace key, quint16 eleme
             dispatchHiding(key, element);
         else
             m_container->dispatchDependencyChange(property, key, m_coordinate, element);
-        if (!guard)
+        if (!has(guard, element))
             return;
     }
 }

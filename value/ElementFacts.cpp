@@ -22,6 +22,12 @@ constexpr std::array<eParameterProperty, 3> UnitProperties {eParameterProperty::
 
 using Pool = QHash<const IParameterElementInformation *, std::weak_ptr<const ElementFacts>>;
 
+/// Present and not 0, whatever the type of the number.
+bool isSet(const ParameterProperty &property)
+{
+    return property.asDouble() != 0.0;
+}
+
 /// Never destroyed: containers may outlive the end of main().
 Pool &pool()
 {
@@ -48,8 +54,8 @@ ElementFacts::ElementFacts(const Reader &read)
     decimalPlacesSignificant = read(eParameterProperty::DecimalPlacesSignificant).asUint32();
     memoryAllocation = read(eParameterProperty::MemoryAllocation).asInt32();
     readLevel = read(eParameterProperty::ReadLevel).asUint32();
-    isNeverWritten = read(eParameterProperty::NoWrite).asUint32() != 0;
-    isShownOffline = read(eParameterProperty::ShownOffline).asUint32() != 0;
+    isNeverWritten = isSet(read(eParameterProperty::NoWrite));
+    isShownOffline = isSet(read(eParameterProperty::ShownOffline));
 
     const int level = read(eParameterProperty::WriteLevel).asVariant().toInt(&isWriteLevelUsable);
     isWriteLevelUsable = isWriteLevelUsable && level >= 0;

@@ -15,7 +15,6 @@ struct ElementTexts {
     ChangeTag defaultTag;
     bool isHiddenKnown = false;
     bool isHidden = false;
-    bool isDefaultInProgress = false;
 };
 
 /// The texts of a record's elements by their position. Most parameters have one element: it stands in

@@ -20,6 +20,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <utility>
 
 namespace {
 
@@ -35,7 +36,7 @@ QString stored(const QString &text)
 bool remember(QString &text, const QString &now)
 {
     const bool isChanged = text.isNull() || text != now;
-    text = now;
+    text = stored(now);
     return isChanged;
 }
 
@@ -82,6 +83,29 @@ void writeLatin1(LmIniParser::IniSection &section, QByteArrayView key, const QSt
 
 } // namespace
 
+/// The default of an element while the firmware corrects it; nests, as the firmware may read others.
+struct ParameterInstanceData::Computation {
+    Computation(ParameterInstanceData &computed, quint16 computedElement)
+        : record(computed)
+        , owner(computed.m_owner)
+        , element(computedElement)
+        , outer(std::exchange(computed.m_computation, this))
+    {
+    }
+    ~Computation()
+    {
+        if (owner)
+            record.m_computation = outer;
+    }
+    Q_DISABLE_COPY_MOVE(Computation)
+
+    ParameterInstanceData &record;
+    /// Null once the record is gone.
+    const QPointer<ParameterSetup> owner;
+    const quint16 element;
+    const Computation *const outer;
+};
+
 ParameterInstanceData::ParameterInstanceData()
     : m_delegate(this)
     , m_serialNumber(++lastSerialNumber)
@@ -118,11 +142,13 @@ QString ParameterInstanceData::value(quint16 element)
     if (texts && !texts->value.isNull())
         return texts->value;
     checkElement(element);
-    if (texts && texts->isDefaultInProgress)
-        return defaultValue(element);
     const QPointer<ParameterSetup> owner(m_owner);
     const QString text = defaultValue(element);
-    if (owner)
+    // The firmware ran: what it stored stands, and what is still being computed is not kept.
+    texts = owner ? find(element) : nullptr;
+    if (texts && !texts->value.isNull())
+        return texts->value;
+    if (owner && elements().contains(element) && !isBeingComputed(defaultElement(element)))
         setValue(element, text);
     return text;
 }
@@ -147,15 +173,20 @@ QString ParameterInstanceData::defaultValue(quint16 element)
         return texts->defaultValue;
     if (!m_owner)
         throw ParameterException(ParameterException::NoOwningInstanceSet);
-    const ParameterDefinition *definition = elements().definition();
-    // Deliberate: a simple parameter answers every element beyond its defined count with the default
-    // of element 0.
-    const bool isBeyond =
-        !elements().isRecord() && definition && definition->elementCount() <= element;
-    if (isBeyond && element != 0)
+    if (defaultElement(element) != element)
         return defaultValue(0);
     checkElement(element);
     return computeDefault(element);
+}
+
+// Deliberate: a simple parameter answers every element beyond its defined count with the default of
+// element 0.
+quint16 ParameterInstanceData::defaultElement(quint16 element) const
+{
+    const ParameterDefinition *definition = elements().definition();
+    const bool isBeyond =
+        !elements().isRecord() && definition && definition->elementCount() <= element;
+    return isBeyond ? quint16(0) : element;
 }
 
 QString ParameterInstanceData::computeDefault(quint16 element)
@@ -163,21 +194,33 @@ QString ParameterInstanceData::computeDefault(quint16 element)
     ValueTextConverter converter(*m_owner);
     const QString text =
         converter.adoptDefault(elements().definition()->elementDefaultValue(element), element);
-    ParameterFunctionProvider *firmware = provider();
     // Correcting a default may read this very element; it is answered with the uncorrected text.
-    if (entry(element).isDefaultInProgress)
+    if (isBeingComputed(element))
         return text;
+    ParameterFunctionProvider *firmware = provider();
     QString corrected = text;
     if (firmware) {
         const QPointer<ParameterSetup> owner(m_owner);
-        entry(element).isDefaultInProgress = true;
+        const Computation computation(*this, element);
         corrected = firmware->correctValue(text, &m_delegate, element);
         if (!owner)
             return corrected;
-        entry(element).isDefaultInProgress = false;
     }
-    setDefaultValue(element, corrected);
+    const ElementTexts *texts = find(element);
+    if (texts && !texts->defaultValue.isNull())
+        return texts->defaultValue;
+    if (elements().contains(element))
+        setDefaultValue(element, corrected);
     return corrected;
+}
+
+bool ParameterInstanceData::isBeingComputed(quint16 element) const
+{
+    for (const Computation *each = m_computation; each; each = each->outer) {
+        if (each->element == element)
+            return true;
+    }
+    return false;
 }
 
 void ParameterInstanceData::setValue(quint16 element, const QString &nativeText)
@@ -272,7 +315,7 @@ void ParameterInstanceData::rejectValue(quint16 element, const QString &nativeTe
     ParameterFunctionProvider *firmware = provider();
     const QString corrected =
         firmware ? firmware->correctValue(nativeText, &m_delegate, element) : nativeText;
-    if (owner)
+    if (owner && elements().contains(element))
         reportRejection(element, corrected, code);
 }
 
@@ -284,7 +327,7 @@ void ParameterInstanceData::reportRejection(
     if (!owner)
         return;
     const QString shown = owner->prepareValueText(valueText, livingSpace(), element, true, nullptr);
-    if (!owner)
+    if (!owner || !elements().contains(element))
         return;
     System::addCriticalMessage(container()->domain(),
         RejectionReport::rejectionMessage(addressText(element), shown, code));
@@ -353,7 +396,7 @@ bool ParameterInstanceData::updateHidden(quint16 element)
     ParameterFunctionProvider *firmware = provider();
     const QPointer<ParameterSetup> owner(m_owner);
     const bool isHidden = firmware && firmware->isHidden(&m_delegate, element);
-    if (!owner)
+    if (!owner || !elements().contains(element))
         return isHidden;
     ElementTexts &texts = entry(element);
     texts.isHidden = isHidden;

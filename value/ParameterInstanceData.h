@@ -134,6 +134,8 @@ public:
     void saveToSection(LmIniParser::IniSection &section);
 
 private:
+    struct Computation;
+
     /// Null where nothing is stored for the element.
     const ElementTexts *find(quint16 element) const;
     ElementTexts &entry(quint16 element);
@@ -141,7 +143,10 @@ private:
     ParameterContainer *container() const;
     ParameterFunctionProvider *provider() const;
     ChangeTag currentTag() const;
+    /// The element whose definition's default the element has.
+    quint16 defaultElement(quint16 element) const;
     QString computeDefault(quint16 element);
+    bool isBeingComputed(quint16 element) const;
     void reportRejection(quint16 element, const QString &nativeText, quint32 code);
 
     ElementStore m_texts;
@@ -160,6 +165,8 @@ private:
     Rare &rare();
 
     std::unique_ptr<Rare> m_rare;
+    /// The innermost default that is being computed; null: none. On the stack of its computation.
+    const Computation *m_computation = nullptr;
     ParameterDataDelegate m_delegate;
     quint32 m_serialNumber;
     quint32 m_axisNumber = 0;

@@ -152,7 +152,7 @@ void tst_CoordinateInstanceSetQueries::isGlobalParameter()
     InstanceStand stand;
     DescriptionError error;
     const auto firmware = ServoDriveFirmware::loadFromBytes(
-        R"({"format": "kr-device-description", "version": 1, "languages": ["de"], "family":)"
+        R"({"format": "kr-device-description", "version": 1, "languages": ["de"], "dataTypes": ["INT32"], "family":)"
             + (family == 2
                     ? QByteArray(R"({"identifier": 31002, "name": "B", "hasPhysicalAxes": true,)")
                     : QByteArray(R"({"identifier": 31001, "name": "A", "hasPhysicalAxes": false,)"))

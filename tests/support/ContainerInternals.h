@@ -25,7 +25,7 @@ inline void bind(
         internals->functionProvider->setCallbackProvider(&internals->callbackDelegate);
     for (const QPointer<CoordinateInstanceSet> &set : internals->guardedSets()) {
         if (set)
-            set->onFunctionProviderChanged();
+            set->askKnownFlagsAnew();
     }
 }
 

@@ -1,8 +1,7 @@
-#include "instance/PropertyResolver.h"
+#include "value/PropertyResolver.h"
 
 #include "tests/support/DefinitionBuilder.h"
 #include "tests/support/MessageRecorder.h"
-#include "value/ElementCatalogue.h"
 
 #include <QtTest/QTest>
 
@@ -23,10 +22,10 @@ private Q_SLOTS:
     void overrideOfARecordServesItsElement();
     void overridesAreOrdered();
     void replaceOverrides();
-    void writeLevel_data();
-    void writeLevel();
-    void missingPropertyIsReported_data();
-    void missingPropertyIsReported();
+    void facts();
+    void factsOfARecord();
+    void factsWithOverrides();
+    void overridesStayUnderAnotherDefinition();
     void faultTexts_data();
     void faultTexts();
 };
@@ -173,88 +172,63 @@ void tst_PropertyResolver::replaceOverrides()
     QVERIFY(resolver.overrides().empty());
 }
 
-void tst_PropertyResolver::writeLevel_data()
+void tst_PropertyResolver::facts()
 {
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<int>("expected");
-    QTest::addColumn<QString>("warning");
-
-    const QString invalid = u"invalid definition \"writeLevel\" at parameter A12\""_s;
-    QTest::newRow("lowest") << QVariant(0U) << 0 << QString();
-    QTest::newRow("six") << QVariant(6U) << 6 << QString();
-    QTest::newRow("number as text") << QVariant(u"4"_s) << 4 << QString();
-    QTest::newRow("missing") << QVariant() << 0
-                             << u"missing property \"writeLevel\" at parameter A12\""_s;
-    QTest::newRow("negative") << QVariant(-1) << 0 << invalid;
-    QTest::newRow("no number") << QVariant(u"hoch"_s) << 0 << invalid;
-    QTest::newRow("list") << QVariant(QVariantList {1}) << 0 << invalid;
-}
-
-void tst_PropertyResolver::writeLevel()
-{
-    QFETCH(QVariant, value);
-    QFETCH(int, expected);
-    QFETCH(QString, warning);
-
-    MessageRecorder messages;
-    DefinitionBuilder builder;
-    if (value.isValid())
-        builder.property(WriteLevel, value);
-    else
-        builder.without(WriteLevel);
-    const auto definition = builder.build();
+    const auto definition = DefinitionBuilder().levels(2, 3).elementCount(2).build();
     ElementCatalogue elements;
     elements.setDefinition(definition.get());
     const PropertyResolver resolver(elements);
-    if (!warning.isEmpty()) {
-        messages.expect(SystemMessage::eSeverity::Warning, u"CoordinateInstanceSet"_s, warning);
-    }
-    QCOMPARE(resolver.writeLevel(0, A12), expected);
+    QCOMPARE(resolver.facts(0).readLevel, 2U);
+    QCOMPARE(resolver.facts(1).writeLevel, 3);
+    QCOMPARE(&resolver.facts(0), &resolver.facts(1));
+    QVERIFY(!resolver.facts(2).has(ReadLevel));
+    QCOMPARE(resolver.facts(2).readLevel, 0U);
 }
 
-void tst_PropertyResolver::missingPropertyIsReported_data()
+void tst_PropertyResolver::factsOfARecord()
 {
-    QTest::addColumn<quint32>("property");
-    QTest::addColumn<QString>("warning");
-
-    const auto row = [](quint32 property, const char *name) {
-        QTest::addRow("property %u", property)
-            << property
-            << u"missing property \""_s + QLatin1String(name) + u"\" at parameter A12\""_s;
-    };
-    row(5, "readLevel");
-    row(6, "writeLevel");
-    row(10, "memoryAllocation");
-    row(11, "kind");
-    row(16, "datatype");
-    row(18, "scaled measuring unit");
-    row(19, "native measuring unit");
-    row(23, "decimalPlacesBehind");
-    row(24, "decimalPlacesSignificant");
-    row(26, "fieldbus measuring unit");
-    row(32, "limit dependency");
-    row(33, "scaling dependency");
-    row(34, "post write dependency");
-    row(35, "pre read dependency");
-    row(36, "post read dependency");
-    row(37, "pre write dependency");
-    row(38, "hiding dependency");
-    row(39, "measuring unit dependency");
-}
-
-void tst_PropertyResolver::missingPropertyIsReported()
-{
-    QFETCH(quint32, property);
-    QFETCH(QString, warning);
-
-    MessageRecorder messages;
-    const auto definition = DefinitionBuilder().without(eParameterProperty(property)).build();
+    const auto definition =
+        DefinitionBuilder().element(7, u"a"_s).levels(1, 1).element(2, u"b"_s).levels(4, 4).build();
     ElementCatalogue elements;
     elements.setDefinition(definition.get());
     const PropertyResolver resolver(elements);
-    QVERIFY(!resolver.read(0, eParameterProperty(property)).isValid());
-    messages.expect(SystemMessage::eSeverity::Warning, u"CoordinateInstanceSet"_s, warning);
-    QVERIFY(!resolver.readReported(0, eParameterProperty(property), A12).isValid());
+    QCOMPARE(resolver.facts(7).readLevel, 1U);
+    QCOMPARE(resolver.facts(2).readLevel, 4U);
+    QCOMPARE(resolver.facts(7).readLevel, 1U);
+    QVERIFY(!resolver.facts(0).has(ReadLevel));
+}
+
+void tst_PropertyResolver::factsWithOverrides()
+{
+    const auto definition =
+        DefinitionBuilder().element(7, u"a"_s).element(2, u"b"_s).levels(4, 4).build();
+    ElementCatalogue elements;
+    elements.setDefinition(definition.get());
+    PropertyResolver resolver(elements);
+    QCOMPARE(resolver.facts(2).writeLevel, 4);
+    resolver.setOverride(2, WriteLevel, number(6), QString());
+    QCOMPARE(resolver.facts(2).writeLevel, 6);
+    QCOMPARE(resolver.facts(2).readLevel, 4U);
+    QCOMPARE(resolver.facts(7).writeLevel, 0);
+    resolver.setOverride(2, WriteLevel, number(5), QString());
+    QCOMPARE(resolver.facts(2).writeLevel, 5);
+    resolver.replaceOverrides({});
+    QCOMPARE(resolver.facts(2).writeLevel, 4);
+}
+
+void tst_PropertyResolver::overridesStayUnderAnotherDefinition()
+{
+    const auto first = DefinitionBuilder().levels(1, 1).build();
+    const auto second = DefinitionBuilder().levels(2, 2).build();
+    ElementCatalogue elements;
+    elements.setDefinition(first.get());
+    PropertyResolver resolver(elements);
+    resolver.setOverride(0, WriteLevel, number(6), QString());
+    QCOMPARE(resolver.facts(0).readLevel, 1U);
+    elements.setDefinition(second.get());
+    resolver.onDefinitionChanged();
+    QCOMPARE(resolver.facts(0).readLevel, 2U);
+    QCOMPARE(resolver.facts(0).writeLevel, 6);
 }
 
 void tst_PropertyResolver::faultTexts_data()
@@ -263,8 +237,29 @@ void tst_PropertyResolver::faultTexts_data()
     QTest::addColumn<quint32>("property");
     QTest::addColumn<QString>("text");
 
-    QTest::newRow("missing") << int(eFault::Missing) << 5U
-                             << u"missing property \"readLevel\" at parameter A12\""_s;
+    const auto missing = [](quint32 property, const char *name) {
+        QTest::addRow("missing property %u", property)
+            << int(eFault::Missing) << property
+            << u"missing property \""_s + QLatin1String(name) + u"\" at parameter A12\""_s;
+    };
+    missing(5, "readLevel");
+    missing(6, "writeLevel");
+    missing(10, "memoryAllocation");
+    missing(11, "kind");
+    missing(16, "datatype");
+    missing(18, "scaled measuring unit");
+    missing(19, "native measuring unit");
+    missing(23, "decimalPlacesBehind");
+    missing(24, "decimalPlacesSignificant");
+    missing(26, "fieldbus measuring unit");
+    missing(32, "limit dependency");
+    missing(33, "scaling dependency");
+    missing(34, "post write dependency");
+    missing(35, "pre read dependency");
+    missing(36, "post read dependency");
+    missing(37, "pre write dependency");
+    missing(38, "hiding dependency");
+    missing(39, "measuring unit dependency");
     QTest::newRow("invalid") << int(eFault::InvalidDefinition) << 6U
                              << u"invalid definition \"writeLevel\" at parameter A12\""_s;
     QTest::newRow("unknown scaled unit")

@@ -1,0 +1,483 @@
+#include "tests/instance/InstanceStand.h"
+
+#include <KrParameterInstance/ParameterData.h>
+
+#include <QtCore/QMap>
+#include <QtTest/QTest>
+
+#include <exception>
+#include <functional>
+
+using namespace Qt::StringLiterals;
+using enum eLivingSpace;
+using enum eParameterProperty;
+
+/// Does something once, on the first signal that it is connected to.
+class Trap : public QObject {
+    Q_OBJECT
+
+public:
+    explicit Trap(std::function<void()> act)
+        : m_act(std::move(act))
+    {
+    }
+    bool hasFired() const { return !m_act; }
+
+public Q_SLOTS:
+    void fire()
+    {
+        if (m_act)
+            std::exchange(m_act, nullptr)();
+    }
+
+private:
+    std::function<void()> m_act;
+};
+
+/// Listeners and firmware functions that delete, clear, write, move and switch inside every signal
+/// of every operation. Nothing may crash, throw or emit for what is gone.
+class tst_CoordinateInstanceSetReentrancy : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void operationsEmit_data();
+    void operationsEmit();
+    void hostileListeners_data();
+    void hostileListeners();
+    void hostileFunctions_data();
+    void hostileFunctions();
+    void valueOfAGoneElementDispatchesNothing();
+    void setDeletedByItsOwnMessage_data();
+    void setDeletedByItsOwnMessage();
+};
+
+namespace {
+
+/// Q05 with every dependency and B07, which follows it in every way; each is the other's unit.
+struct Scene {
+    Scene()
+    {
+        DefinitionBuilder source = follower(u"<localAxis:B07>"_s);
+        source.elementCount(3).kind(2).levels(2, 2).limits(u"0"_s, u"9"_s);
+        for (quint32 property = 32; property < 40; ++property)
+            source.property(eParameterProperty(property), 5U);
+        set = stand.add(source, u"Q05"_s, {1, 2});
+        other = stand.add(follower(u"<localAxis:Q05>"_s), u"B07"_s, {1, 2});
+        newer = stand.define(DefinitionBuilder(source).version(2).elementCount(4), u"Q05"_s);
+        bind();
+        // Known flags, texts and limits can change.
+        for (CoordinateInstanceSet *each : {set.data(), other.data()}) {
+            for (const eLivingSpace livingSpace : {Axis1, Axis2}) {
+                for (const quint16 element : each->elementList())
+                    each->displayValueText(livingSpace, element, true);
+                each->isVisible(livingSpace, 0);
+            }
+        }
+        stand.container->setParameterChangeTag(u"ts_1"_s);
+        set->setOnlineValueText(Axis1, 1, u"4"_s);
+        set->setDefaultNativeValueText(Axis1, 1, u"4"_s);
+        stand.container->setParameterChangeTag(QString());
+        stand.setUserLevel(2);
+    }
+    ~Scene() { stand.messages.take(); }
+    Q_DISABLE_COPY_MOVE(Scene)
+
+    static DefinitionBuilder follower(const QString &unit)
+    {
+        DefinitionBuilder builder = DefinitionBuilder().units(unit);
+        for (const quint32 property : {0U, 1U, 2U, 3U, 4U, 7U, 21U})
+            builder.property(eParameterProperty(property), 5U);
+        return builder;
+    }
+    /// Hidden flags and limits follow Q05, functions write B07.
+    void bind()
+    {
+        ProgrammedFunctions *firmware = stand.programFirmware();
+        firmware->isHidden = [this](
+                                 const ParameterData &, quint16) { return sourceValue() % 2 == 1; };
+        firmware->upperLimit = [this](const ParameterData &, quint16) {
+            return QString::number(sourceValue());
+        };
+        firmware->runFunction = [this](eFunctionKind, const ParameterData &, quint16) {
+            if (other)
+                other->setNativeValue(Axis1, 0, QString::number(++written));
+        };
+    }
+    int sourceValue() const { return set ? set->record(Axis1)->value(0).toInt() : 0; }
+    QMap<QString, QByteArray> savedBlocks() const
+    {
+        return {{u"Parameter.ini"_s,
+            "[B007]\r\nV_1_0=31\r\nDV_1_0=32\r\n[Q005]\r\nCE=2\r\nV_1_0=33\r\nDV_1_0=34\r\n"
+            "V_1_1=35\r\nDV_1_1=36\r\nV_2_0=37\r\n[Q006]\r\nV_1_0=38\r\n"}};
+    }
+
+    InstanceStand stand;
+    QPointer<CoordinateInstanceSet> set;
+    QPointer<CoordinateInstanceSet> other;
+    ParameterDefinition *newer = nullptr;
+    int written = 100;
+};
+
+struct Operation {
+    const char *name;
+    std::function<void(Scene &)> run;
+};
+
+const QList<Operation> &writes()
+{
+    static const QList<Operation> list {
+        {"setValueText", [](Scene &s) { s.set->setValueText(Axis1, 0, u"7"_s); }},
+        {"setNativeValue", [](Scene &s) { s.set->setNativeValue(Axis1, 0, u"7"_s); }},
+        {"setOnlineValueText", [](Scene &s) { s.set->setOnlineValueText(Axis1, 0, u"7"_s); }},
+        {"setNativeText", [](Scene &s) { s.set->setNativeText(Axis1, 0, u"7"_s); }},
+        {"setOnlineValueText of the last element",
+            [](Scene &s) { s.set->setOnlineValueText(Axis2, 2, u"7"_s); }},
+        {"setDefaultValueText", [](Scene &s) { s.set->setDefaultValueText(Axis1, 2, u"7"_s); }},
+        {"setDefaultNativeValue", [](Scene &s) { s.set->setDefaultNativeValue(Axis1, 2, u"7"_s); }},
+        {"setDefaultNativeValueText",
+            [](Scene &s) { s.set->setDefaultNativeValueText(Axis1, 2, u"7"_s); }},
+    };
+    return list;
+}
+
+const QList<Operation> &operations()
+{
+    static const QList<Operation> list = writes()
+        + QList<Operation> {
+            {"setElementCount", [](Scene &s) { s.set->setElementCount(4); }},
+            {"setCoordinate",
+                [](Scene &s) { s.set->setCoordinate(ParameterCoordinate(u"Q06"_s)); }},
+            {"setProperty of the read level",
+                [](Scene &s) {
+                    s.set->setProperty(0, ReadLevel, ParameterProperty(QVariant(3U)));
+                }},
+            {"setProperty of the write level",
+                [](Scene &s) {
+                    s.stand.container->setOnline(true);
+                    s.set->setProperty(0, WriteLevel, ParameterProperty(QVariant(3U)));
+                }},
+            {"setProperty of a limit",
+                [](Scene &s) {
+                    s.set->setProperty(0, LowerLimitValue, ParameterProperty(QVariant(u"-1"_s)));
+                }},
+            {"setProperty of a unit",
+                [](Scene &s) {
+                    s.set->setProperty(0, ScaledMeasuringUnit, ParameterProperty(QVariant(u"A"_s)));
+                }},
+            {"setProperty of the element count",
+                [](Scene &s) {
+                    s.set->setProperty(0, ElementCount, ParameterProperty(QVariant(2U)));
+                }},
+            {"loadFrom",
+                [](Scene &s) {
+                    QMap<QString, QByteArray> blocks = s.savedBlocks();
+                    s.stand.container->loadFrom(blocks);
+                }},
+            {"clear of a store", [](Scene &s) { s.stand.container->clear(u"ts_1"_s); }},
+            {"setOnline", [](Scene &s) { s.stand.container->setOnline(true); }},
+            {"setReadOnly",
+                [](Scene &s) {
+                    s.stand.container->setOnline(true);
+                    if (s.stand.container)
+                        s.stand.container->setReadOnly(true);
+                }},
+            {"access level up", [](Scene &s) { s.stand.setUserLevel(6); }},
+            {"access level down", [](Scene &s) { s.stand.setUserLevel(0); }},
+            {"another definition",
+                [](Scene &s) {
+                    s.stand.container->createOrUpdateParameter(s.newer, u"D.1;Q05"_s);
+                }},
+            {"another provider",
+                [](Scene &s) { ContainerInternals::bind(*s.stand.container, nullptr); }},
+            {"startAllElementsConsistenceOnce",
+                [](Scene &s) {
+                    s.stand.container->setOnline(true);
+                    if (!s.set)
+                        return;
+                    QObject::connect(s.stand.container.get(),
+                        &ParameterProvider::parameterNeedsOnlineConsistenceOnce, s.set.data(),
+                        [&s](const ParameterAddress &address) {
+                            if (s.set)
+                                s.set->setOnlineValueText(Axis1, address.element(), u"9"_s);
+                        });
+                    s.set->startAllElementsConsistenceOnce(Axis1);
+                }},
+            {"cancelAllElementsConsistenceOnce",
+                [](Scene &s) { s.set->cancelAllElementsConsistenceOnce(Axis1); }},
+            {"setParameterNeedsConsistence",
+                [](Scene &s) { s.set->setParameterNeedsConsistence(Axis1, 0, true); }},
+            {"deleteParameter", [](Scene &s) { s.stand.container->deleteParameter(u"D.1;Q05"_s); }},
+            {"clear", [](Scene &s) { s.stand.container->clear(); }},
+            {"createOrUpdateParameter",
+                [](Scene &s) { s.stand.add(DefinitionBuilder(), u"C01"_s, {1}); }},
+            {"correctUntagged",
+                [](Scene &s) { s.set->record(Axis1)->correctUntagged(0, u"t"_s, u"7"_s); }},
+        };
+    return list;
+}
+
+struct Act {
+    const char *name;
+    std::function<void(Scene &)> run;
+    /// After it nothing may come from Q05 any more.
+    bool removesTheSet = false;
+};
+
+const QList<Act> &acts()
+{
+    static const QList<Act> list {
+        {"delete the parameter", [](Scene &s) { s.stand.container->deleteParameter(u"D.1;Q05"_s); },
+            true},
+        {"delete the follower", [](Scene &s) { s.stand.container->deleteParameter(u"D.1;B07"_s); }},
+        {"clear the container", [](Scene &s) { s.stand.container->clear(); }, true},
+        {"destroy the container", [](Scene &s) { s.stand.container.reset(); }, true},
+        {"write again",
+            [](Scene &s) {
+                if (s.set)
+                    s.set->setNativeValue(Axis1, 0, u"13"_s);
+            }},
+        {"write the follower",
+            [](Scene &s) {
+                if (s.other)
+                    s.other->setOnlineValueText(Axis2, 0, u"13"_s);
+            }},
+        {"set no firmware", [](Scene &s) { s.stand.container->setFirmware(nullptr); }},
+        {"bind another provider", [](Scene &s) { s.bind(); }},
+        {"shorten the element count",
+            [](Scene &s) {
+                if (s.set)
+                    s.set->setElementCount(1);
+            }},
+        {"move the coordinate",
+            [](Scene &s) {
+                if (s.set)
+                    s.set->setCoordinate(ParameterCoordinate(u"Q99"_s));
+            }},
+        {"take another definition",
+            [](Scene &s) { s.stand.container->createOrUpdateParameter(s.newer, u"D.1;Q05"_s); }},
+        {"override a property",
+            [](Scene &s) {
+                if (s.set)
+                    s.set->setProperty(0, ReadLevel, ParameterProperty(QVariant(4U)));
+            }},
+        {"go online",
+            [](Scene &s) { s.stand.container->setOnline(!s.stand.container->isOnline()); }},
+        {"become read-only", [](Scene &s) { s.stand.container->setReadOnly(true); }},
+        {"change the access level", [](Scene &s) { s.stand.setUserLevel(4); }},
+        {"load",
+            [](Scene &s) {
+                QMap<QString, QByteArray> blocks = s.savedBlocks();
+                s.stand.container->loadFrom(blocks);
+            }},
+        {"clear a store", [](Scene &s) { s.stand.container->clear(u"ts_1"_s); }},
+        {"delete and create again",
+            [](Scene &s) {
+                s.stand.container->deleteParameter(u"D.1;Q05"_s);
+                s.stand.container->createOrUpdateParameter(s.newer, u"D.1;Q05"_s);
+            }},
+    };
+    return list;
+}
+
+QList<QMetaMethod> signalsOf(const QObject *object)
+{
+    QList<QMetaMethod> list;
+    const QMetaObject *meta = object->metaObject();
+    for (int i = QObject::staticMetaObject.methodCount(); i < meta->methodCount(); ++i) {
+        if (meta->method(i).methodType() == QMetaMethod::Signal)
+            list.append(meta->method(i));
+    }
+    return list;
+}
+
+/// Runs the operation with the act in the signal. Empty when all went well.
+QString run(const Operation &operation, const Act &act, int source, const QMetaMethod &signal)
+{
+    Scene scene;
+    QObject *const sources[] {scene.set, scene.other, scene.stand.container.get()};
+    SignalLog log;
+    Trap trap([&] {
+        log.note(u"act"_s);
+        act.run(scene);
+        log.note(u"acted"_s);
+    });
+    QObject::connect(sources[source], signal, &trap,
+        trap.metaObject()->method(trap.metaObject()->indexOfSlot("fire()")));
+    log.attach(scene.set, u"set"_s);
+    log.attach(scene.other, u"other"_s);
+    log.attach(scene.stand.container.get(), u"container"_s);
+    try {
+        operation.run(scene);
+    } catch (const std::exception &exception) {
+        return QString::fromLatin1(exception.what());
+    }
+    if (!trap.hasFired() || !act.removesTheSet)
+        return {};
+    const QStringList after = log.entries().mid(log.entries().indexOf(u"acted"_s) + 1);
+    for (const QString &entry : after) {
+        if (entry.startsWith(u"set."_s) || entry.contains(u"Q005"_s) || !scene.stand.container)
+            return u"emitted for what is gone: "_s + entry;
+    }
+    return {};
+}
+
+} // namespace
+
+void tst_CoordinateInstanceSetReentrancy::operationsEmit_data()
+{
+    QTest::addColumn<int>("operation");
+    for (int i = 0; i < operations().size(); ++i)
+        QTest::newRow(operations().at(i).name) << i;
+}
+
+// No row of the tables below is empty: each operation emits when nobody is hostile.
+void tst_CoordinateInstanceSetReentrancy::operationsEmit()
+{
+    QFETCH(int, operation);
+    Scene scene;
+    scene.stand.log.attach(scene.set, u"set"_s);
+    scene.stand.log.attach(scene.other, u"other"_s);
+    scene.stand.log.attach(scene.stand.container.get(), u"container"_s);
+    operations().at(operation).run(scene);
+    QVERIFY(!scene.stand.log.entries().isEmpty());
+}
+
+void tst_CoordinateInstanceSetReentrancy::hostileListeners_data()
+{
+    QTest::addColumn<int>("operation");
+    QTest::addColumn<int>("act");
+    for (int operation = 0; operation < operations().size(); ++operation) {
+        for (int act = 0; act < acts().size(); ++act) {
+            QTest::addRow("%s: %s", operations().at(operation).name, acts().at(act).name)
+                << operation << act;
+        }
+    }
+}
+
+void tst_CoordinateInstanceSetReentrancy::hostileListeners()
+{
+    QFETCH(int, operation);
+    QFETCH(int, act);
+
+    QList<QList<QMetaMethod>> signalLists;
+    {
+        const Scene scene;
+        signalLists = {
+            signalsOf(scene.set), signalsOf(scene.other), signalsOf(scene.stand.container.get())};
+    }
+    for (int source = 0; source < signalLists.size(); ++source) {
+        for (const QMetaMethod &signal : signalLists.at(source)) {
+            const QString problem = run(operations().at(operation), acts().at(act), source, signal);
+            QVERIFY2(problem.isEmpty(),
+                qPrintable(QString::fromLatin1(signal.name()) + u": "_s + problem));
+        }
+    }
+}
+
+void tst_CoordinateInstanceSetReentrancy::hostileFunctions_data()
+{
+    QTest::addColumn<int>("operation");
+    QTest::addColumn<int>("act");
+    QTest::addColumn<int>("function");
+    const char *const functions[] {
+        "checkValue", "correctValue", "valueText", "nativeText", "runFunction"};
+    for (int operation = 0; operation < writes().size(); ++operation) {
+        for (int act = 0; act < acts().size(); ++act) {
+            for (int function = 0; function < 5; ++function) {
+                QTest::addRow("%s: %s in %s", writes().at(operation).name, acts().at(act).name,
+                    functions[function])
+                    << operation << act << function;
+            }
+        }
+    }
+}
+
+void tst_CoordinateInstanceSetReentrancy::hostileFunctions()
+{
+    QFETCH(int, operation);
+    QFETCH(int, act);
+    QFETCH(int, function);
+    // The first and every later call: the state in between differs.
+    for (int calls = 0; calls < 4; ++calls) {
+        Scene scene;
+        const std::shared_ptr<ProgrammedFunctions> functions = scene.stand.functions;
+        const auto fire = [&, remaining = calls]() mutable {
+            if (remaining-- == 0 && scene.stand.container)
+                acts().at(act).run(scene);
+        };
+        const ProgrammedFunctions::Text text = [fire](const QString &given, const ParameterData &,
+                                                   quint16) mutable {
+            fire();
+            return given;
+        };
+        if (function == 0) {
+            functions->checkValue = [fire](
+                                        const QString &, const ParameterData &, quint16) mutable {
+                fire();
+                return 2U;
+            };
+        } else if (function == 1) {
+            functions->correctValue = text;
+            functions->checkValue = [](const QString &, const ParameterData &, quint16) {
+                return 2U;
+            };
+        } else if (function == 2) {
+            functions->valueText = text;
+        } else if (function == 3) {
+            functions->nativeText = text;
+        } else {
+            functions->runFunction = [fire](eFunctionKind, const ParameterData &, quint16) mutable {
+                fire();
+            };
+        }
+        try {
+            writes().at(operation).run(scene);
+        } catch (const std::exception &exception) {
+            QFAIL(exception.what());
+        }
+    }
+}
+
+void tst_CoordinateInstanceSetReentrancy::valueOfAGoneElementDispatchesNothing()
+{
+    InstanceStand stand;
+    auto *set = stand.add(DefinitionBuilder()
+                              .elementCount(3)
+                              .without(LimitDependency)
+                              .property(PostwriteDependency, 5U),
+        u"A12"_s);
+    stand.add(DefinitionBuilder().property(PostwriteFunctionIndex, 5U), u"B07"_s);
+    const ProgrammedFunctions *firmware = stand.programFirmware();
+    connect(set, &ParameterInformation::valueChanged, this, [set] { set->setElementCount(1); });
+    // No warning, no function.
+    set->setOnlineValueText(Axis1, 2, u"9"_s);
+    QCOMPARE(firmware->callsOf(u"runFunction"_s), QStringList());
+}
+
+void tst_CoordinateInstanceSetReentrancy::setDeletedByItsOwnMessage_data()
+{
+    QTest::addColumn<bool>("isContainer");
+    QTest::newRow("the parameter") << false;
+    QTest::newRow("the container") << true;
+}
+
+void tst_CoordinateInstanceSetReentrancy::setDeletedByItsOwnMessage()
+{
+    QFETCH(bool, isContainer);
+    InstanceStand stand;
+    auto *set = stand.add(DefinitionBuilder().without(LimitDependency), u"A12"_s);
+    QObject listener;
+    connect(System::instance(), &System::messageAdded, &listener, [&] {
+        if (isContainer)
+            stand.container.reset();
+        else
+            stand.container->clear();
+    });
+    stand.expectWarning(u"missing property \"limit dependency\" at parameter A12\""_s);
+    set->setOnlineValueText(Axis1, 0, u"9"_s);
+    QVERIFY(stand.messages.verify());
+}
+
+QTEST_GUILESS_MAIN(tst_CoordinateInstanceSetReentrancy)
+
+#include "tst_CoordinateInstanceSetReentrancy.moc"
