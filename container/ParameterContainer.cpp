@@ -92,7 +92,8 @@ void ParameterContainer::setOnline(bool isOnline)
     for (const QPointer<CoordinateInstanceSet> &set : d->guardedSets()) {
         if (set)
             set->onOnlineChanged(wasOnline);
-        if (!guard)
+        // A listener that switched again has told the newer state.
+        if (!guard || d->online != isOnline)
             return;
     }
     Q_EMIT onlineChanged(isOnline);
@@ -109,7 +110,8 @@ void ParameterContainer::setReadOnly(bool readOnly)
     for (const QPointer<CoordinateInstanceSet> &set : d->guardedSets()) {
         if (set)
             set->onReadOnlyChanged(wasReadOnly);
-        if (!guard)
+        // A listener that switched again has told the newer state.
+        if (!guard || d->readOnly != readOnly)
             return;
     }
     Q_EMIT readOnlyChanged(readOnly);
