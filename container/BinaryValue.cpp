@@ -22,7 +22,8 @@ QByteArray packInteger(const QString &text, const SimpleType &type, eByteOrder o
 QByteArray packFloat(const QString &text, const SimpleType &type, eByteOrder order)
 {
     ByteArraySupport support(order);
-    const double value = NumberText::toDouble(text);
+    // QString reads a number only from a whole text, in the "C" locale, and gives 0 for any other.
+    const double value = text.toDouble();
     if (type.sizeInBytes() == sizeof(double))
         support.appendDouble(value);
     else

@@ -267,10 +267,13 @@ QByteArray ParameterContainer::nativeValueBinary(
     const ParameterAddress &address, bool byteOrder) const
 {
     const CoordinateInstanceSet *set = d->find(address.coordinate());
-    const SimpleType *type = set ? BinaryValue::typeOf(*set, address.element()) : nullptr;
+    const eLivingSpace livingSpace = d->livingSpace(address);
+    if (!set || !set->hasInstance(livingSpace))
+        return {};
+    const SimpleType *type = BinaryValue::typeOf(*set, address.element());
     if (!type)
         return {};
-    const QString text = set->nativeValueText(d->livingSpace(address), address.element(), false);
+    const QString text = set->nativeValueText(livingSpace, address.element(), false);
     return BinaryValue::pack(text, *type, BinaryValue::byteOrder(byteOrder));
 }
 

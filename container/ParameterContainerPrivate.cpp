@@ -12,7 +12,9 @@
 #include <KrSystem/System.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
+#include <utility>
 
 namespace {
 
@@ -61,6 +63,11 @@ ParameterContainerPrivate::~ParameterContainerPrivate()
     liveContainers.removeOne(owner);
     if (functionProvider)
         functionProvider->setCallbackProvider(nullptr);
+    // Whoever hears that a set goes finds none any more.
+    mappingSets.clear();
+    locatorSets.clear();
+    addressLists.clear();
+    const auto going = std::exchange(coordinateSets, {});
 }
 
 QList<ParameterContainer *> ParameterContainerPrivate::instances()
@@ -125,6 +132,7 @@ bool ParameterContainerPrivate::createOrUpdate(
     if (known && known->definition())
         return update(known, definition);
 
+    const QPointer<ParameterContainerPrivate> guard(this);
     const CreationRules::LivingSpaces spaces =
         CreationRules::livingSpaces(locator, definition, hasPhysicalAxes());
     if (spaces.problem == CreationRules::eProblem::SystemMultiInstance) {
@@ -134,15 +142,18 @@ bool ParameterContainerPrivate::createOrUpdate(
         System::addCriticalMessage(
             MessageTitle, QStringLiteral("relative Locator used for createParameter"));
     }
-    const QPointer<ParameterContainerPrivate> guard(this);
     ParameterCoordinate coordinate;
     for (const eLivingSpace livingSpace : spaces.list) {
         coordinate = chooseCoordinate(definition, livingSpace);
-        if (coordinate.isValid())
-            createInstance(definition, locatorText, coordinate, livingSpace);
+        // What listeners removed or replaced meanwhile is not continued: it is another's now.
+        if (coordinate.isValid()
+            && !createInstance(definition, locatorText, coordinate, livingSpace))
+            return false;
         if (!guard)
             return false;
     }
+    if (!guard)
+        return false;
     addressLists.clear();
     return coordinate.isValid();
 }
@@ -198,7 +209,7 @@ bool ParameterContainerPrivate::isTaken(const ParameterCoordinate &candidate,
     return !isRelated(definition, set->definition());
 }
 
-void ParameterContainerPrivate::createInstance(ParameterDefinition *definition,
+bool ParameterContainerPrivate::createInstance(ParameterDefinition *definition,
     const QString &locatorText, const ParameterCoordinate &coordinate, eLivingSpace livingSpace)
 {
     CoordinateTable::Entry *entry = coordinateSets.find(coordinate);
@@ -216,26 +227,27 @@ void ParameterContainerPrivate::createInstance(ParameterDefinition *definition,
         entry->locatorTexts.append(locatorText);
     located = set;
 
-    const bool isNewer =
-        set->definition() != definition && set->definition()->version() < definition->version();
-    if (!isNewer) {
-        addInstance(set, livingSpace);
-        return;
-    }
     const QPointer<ParameterContainerPrivate> guard(this);
-    const QPointer<CoordinateInstanceSet> guardedSet(set);
-    addInstance(set, livingSpace);
-    if (guard && guardedSet)
-        update(set, definition);
+    const quint32 serialNumber = addInstance(set, livingSpace);
+    // A serial number is given once; a guarded pointer would cost every set memory.
+    const CoordinateInstanceSet *now = guard ? find(coordinate) : nullptr;
+    const ParameterInstanceData *record = now ? now->record(livingSpace) : nullptr;
+    if (!record || record->serialNumber() != serialNumber)
+        return false;
+    const bool isNewer = set->definition()->version() < definition->version();
+    return !isNewer || update(set, definition);
 }
 
-void ParameterContainerPrivate::addInstance(CoordinateInstanceSet *set, eLivingSpace livingSpace)
+quint32 ParameterContainerPrivate::addInstance(CoordinateInstanceSet *set, eLivingSpace livingSpace)
 {
-    if (set->hasInstance(livingSpace))
-        return;
-    set->attachInstance(livingSpace, std::make_unique<ParameterInstanceData>());
+    if (const ParameterInstanceData *present = set->record(livingSpace))
+        return present->serialNumber();
+    auto record = std::make_unique<ParameterInstanceData>();
+    const quint32 serialNumber = record->serialNumber();
+    set->attachInstance(livingSpace, std::move(record));
     addressLists.clear();
     Q_EMIT parameterAdded(set->coordinate());
+    return serialNumber;
 }
 
 void ParameterContainerPrivate::noteMapping(CoordinateInstanceSet *set)
@@ -340,8 +352,8 @@ void ParameterContainerPrivate::setReadOnly(bool isReadOnly)
 eLivingSpace ParameterContainerPrivate::activeLivingSpace(eLivingSpace requested) const
 {
     const CoordinateInstanceSet *set = find(activeAxisCoordinate());
-    if (ParameterInstanceData *record = set ? set->record(eLivingSpace::Global) : nullptr)
-        return eLivingSpace(record->value(0).toInt() % AxisCount + 1);
+    if (const ParameterInstanceData *record = set ? set->record(eLivingSpace::Global) : nullptr)
+        return eLivingSpace(record->valueWithoutFirmware(0).toInt() % AxisCount + 1);
     if (hasPhysicalAxes())
         return requested;
     System::addWarningMessage(
@@ -421,7 +433,9 @@ eLivingSpace ParameterContainerPrivate::resolveForFirmware(int livingSpace) cons
 {
     if (livingSpace >= 0)
         return eLivingSpace(livingSpace);
-    return eLivingSpace(std::abs(qint32(activeLivingSpace(eLivingSpace(livingSpace)))));
+    // In 64 bits: the lowest number has no absolute value of its own size.
+    const qint64 active = qint32(activeLivingSpace(eLivingSpace(livingSpace)));
+    return eLivingSpace(qint32(std::min(std::abs(active), qint64(INT32_MAX))));
 }
 
 QVariant ParameterContainerPrivate::parameterProperty(

@@ -68,6 +68,7 @@ public:
     QString containerText(const QString &key) const;
 
     void onCoordinateChanged(ParameterAddress oldAddress, ParameterAddress newAddress) override;
+    void onElementsChanged() override { addressLists.clear(); }
 
     ParameterContainer *owner;
     CoordinateTable coordinateSets;
@@ -110,10 +111,11 @@ private:
         const ParameterDefinition *definition, eLivingSpace livingSpace) const;
     bool isTaken(const ParameterCoordinate &candidate, const ParameterDefinition *definition,
         eLivingSpace livingSpace) const;
-    void createInstance(ParameterDefinition *definition, const QString &locatorText,
+    /// False when listeners removed or replaced the instance.
+    bool createInstance(ParameterDefinition *definition, const QString &locatorText,
         const ParameterCoordinate &coordinate, eLivingSpace livingSpace);
-    /// Where there is none yet. **Emits** parameterAdded.
-    void addInstance(CoordinateInstanceSet *set, eLivingSpace livingSpace);
+    /// The serial number of the record, new or not. **Emits** parameterAdded for a new one.
+    quint32 addInstance(CoordinateInstanceSet *set, eLivingSpace livingSpace);
     void noteMapping(CoordinateInstanceSet *set);
     void createSystemParameters();
     /// A negative number asks for the active axis.

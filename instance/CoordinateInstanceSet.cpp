@@ -214,7 +214,10 @@ void CoordinateInstanceSet::loadFromSection(const LmIniParser::IniSection &secti
     m_properties.replaceOverrides(SectionOverrides::load(section, utf8, m_properties));
 
     const Guard guard(this);
-    if (m_elements.count() != before && !emitDefinitionChanged())
+    const bool isRecounted = m_elements.count() != before;
+    if (isRecounted && m_registry)
+        m_registry->onElementsChanged();
+    if (isRecounted && !emitDefinitionChanged())
         return;
     for (const auto &[livingSpace, changed] : changes) {
         if (!emitChanges(livingSpace, changed))

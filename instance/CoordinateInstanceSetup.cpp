@@ -31,6 +31,8 @@ void CoordinateInstanceSet::setElementCount(quint16 count)
     if (!isSimpleParameter() || !isCount || m_container->isOnline() || m_container->isReadOnly())
         return;
     m_elements.setCount(count);
+    if (m_registry)
+        m_registry->onElementsChanged();
     const Guard guard(this);
     if (!emitDefinitionChanged())
         return;

@@ -153,6 +153,19 @@ QString ParameterInstanceData::value(quint16 element)
     return text;
 }
 
+QString ParameterInstanceData::valueWithoutFirmware(quint16 element) const
+{
+    const ElementTexts *texts = find(element);
+    if (texts && !texts->value.isNull())
+        return texts->value;
+    if (texts && !texts->defaultValue.isNull())
+        return texts->defaultValue;
+    if (!m_owner || !elements().contains(element))
+        return {};
+    return ValueTextConverter(*m_owner).adoptDefault(
+        elements().definition()->elementDefaultValue(element), element);
+}
+
 QString ParameterInstanceData::defaultValue(quint16 element)
 {
     const ElementTexts *texts = find(element);

@@ -63,6 +63,10 @@ public:
     /// **Throws** ParameterException, like every operation that takes an element: reason 2 for an
     /// element that the parameter lacks, reason 7 without owner.
     QString value(quint16 element);
+    /// The native text for questions that the firmware's functions depend on themselves: where there
+    /// is none, the default as it is defined. Neither asks the firmware nor stores; an element that
+    /// the parameter lacks has an empty text.
+    QString valueWithoutFirmware(quint16 element) const;
     /// The default's native text. Where there is none the definition's default is corrected by the
     /// firmware, stored and stamped. An element of a simple parameter beyond the defined count has the
     /// default of element 0; none is stored for it.
