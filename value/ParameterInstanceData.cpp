@@ -309,7 +309,7 @@ bool ParameterInstanceData::checkValue(quint16 element, const QString &nativeTex
 {
     const QPointer<ParameterSetup> owner(m_owner);
     const quint32 code = checkCode(element, nativeText);
-    if (owner && code != 0)
+    if (owner && code != 0 && elements().contains(element))
         rejectValue(element, nativeText, code);
     return owner && code == 0;
 }

@@ -92,9 +92,10 @@ struct Scene {
     /// Hidden flags and limits follow Q05, functions write B07.
     void bind()
     {
-        ProgrammedFunctions *firmware = stand.programFirmware();
-        firmware->isHidden = [this](
-                                 const ParameterData &, quint16) { return sourceValue() % 2 == 1; };
+        const auto firmware = std::make_shared<ProgrammedFunctions>();
+        firmware->isHidden = [this](const ParameterData &, quint16) {
+            return isAllHidden || sourceValue() % 2 == 1;
+        };
         firmware->upperLimit = [this](const ParameterData &, quint16) {
             return QString::number(sourceValue());
         };
@@ -102,6 +103,9 @@ struct Scene {
             if (other)
                 other->setNativeValue(Axis1, 0, QString::number(++written));
         };
+        stand.functions = firmware;
+        ContainerInternals::bind(
+            *stand.container, std::make_unique<ProgrammedFunctionProvider>(firmware));
     }
     int sourceValue() const { return set ? set->record(Axis1)->value(0).toInt() : 0; }
     QMap<QString, QByteArray> savedBlocks() const
@@ -116,6 +120,7 @@ struct Scene {
     QPointer<CoordinateInstanceSet> other;
     ParameterDefinition *newer = nullptr;
     int written = 100;
+    bool isAllHidden = false;
 };
 
 struct Operation {
@@ -154,7 +159,8 @@ const QList<Operation> &operations()
             {"setProperty of the write level",
                 [](Scene &s) {
                     s.stand.container->setOnline(true);
-                    s.set->setProperty(0, WriteLevel, ParameterProperty(QVariant(3U)));
+                    if (s.set)
+                        s.set->setProperty(0, WriteLevel, ParameterProperty(QVariant(3U)));
                 }},
             {"setProperty of a limit",
                 [](Scene &s) {
@@ -188,7 +194,10 @@ const QList<Operation> &operations()
                     s.stand.container->createOrUpdateParameter(s.newer, u"D.1;Q05"_s);
                 }},
             {"another provider",
-                [](Scene &s) { ContainerInternals::bind(*s.stand.container, nullptr); }},
+                [](Scene &s) {
+                    s.isAllHidden = true;
+                    s.bind();
+                }},
             {"startAllElementsConsistenceOnce",
                 [](Scene &s) {
                     s.stand.container->setOnline(true);
@@ -209,7 +218,10 @@ const QList<Operation> &operations()
             {"deleteParameter", [](Scene &s) { s.stand.container->deleteParameter(u"D.1;Q05"_s); }},
             {"clear", [](Scene &s) { s.stand.container->clear(); }},
             {"createOrUpdateParameter",
-                [](Scene &s) { s.stand.add(DefinitionBuilder(), u"C01"_s, {1}); }},
+                [](Scene &s) {
+                    s.stand.container->createOrUpdateParameter(
+                        s.stand.define(DefinitionBuilder(), u"C01"_s), u"D.1;C01"_s);
+                }},
             {"correctUntagged",
                 [](Scene &s) { s.set->record(Axis1)->correctUntagged(0, u"t"_s, u"7"_s); }},
         };
@@ -301,11 +313,12 @@ QString run(const Operation &operation, const Act &act, int source, const QMetaM
         act.run(scene);
         log.note(u"acted"_s);
     });
-    QObject::connect(sources[source], signal, &trap,
-        trap.metaObject()->method(trap.metaObject()->indexOfSlot("fire()")));
     log.attach(scene.set, u"set"_s);
     log.attach(scene.other, u"other"_s);
     log.attach(scene.stand.container.get(), u"container"_s);
+    // After the log: what fired the trap is noted before the act.
+    QObject::connect(sources[source], signal, &trap,
+        trap.metaObject()->method(trap.metaObject()->indexOfSlot("fire()")));
     try {
         operation.run(scene);
     } catch (const std::exception &exception) {
@@ -374,16 +387,16 @@ void tst_CoordinateInstanceSetReentrancy::hostileListeners()
     }
 }
 
+// The functions that a write passes on its way into the record; those that a read passes only read.
 void tst_CoordinateInstanceSetReentrancy::hostileFunctions_data()
 {
     QTest::addColumn<int>("operation");
     QTest::addColumn<int>("act");
     QTest::addColumn<int>("function");
-    const char *const functions[] {
-        "checkValue", "correctValue", "valueText", "nativeText", "runFunction"};
+    const char *const functions[] {"checkValue", "correctValue", "nativeText", "runFunction"};
     for (int operation = 0; operation < writes().size(); ++operation) {
         for (int act = 0; act < acts().size(); ++act) {
-            for (int function = 0; function < 5; ++function) {
+            for (int function = 0; function < 4; ++function) {
                 QTest::addRow("%s: %s in %s", writes().at(operation).name, acts().at(act).name,
                     functions[function])
                     << operation << act << function;
@@ -401,34 +414,28 @@ void tst_CoordinateInstanceSetReentrancy::hostileFunctions()
     for (int calls = 0; calls < 4; ++calls) {
         Scene scene;
         const std::shared_ptr<ProgrammedFunctions> functions = scene.stand.functions;
-        const auto fire = [&, remaining = calls]() mutable {
+        int remaining = calls;
+        const auto fire = [&] {
             if (remaining-- == 0 && scene.stand.container)
                 acts().at(act).run(scene);
         };
-        const ProgrammedFunctions::Text text = [fire](const QString &given, const ParameterData &,
-                                                   quint16) mutable {
+        const auto text = [&](const QString &given, const ParameterData &, quint16) {
             fire();
             return given;
         };
+        const auto code = [](const QString &, const ParameterData &, quint16) { return 2U; };
         if (function == 0) {
-            functions->checkValue = [fire](
-                                        const QString &, const ParameterData &, quint16) mutable {
+            functions->checkValue = [&](const QString &, const ParameterData &, quint16) {
                 fire();
                 return 2U;
             };
         } else if (function == 1) {
             functions->correctValue = text;
-            functions->checkValue = [](const QString &, const ParameterData &, quint16) {
-                return 2U;
-            };
+            functions->checkValue = code;
         } else if (function == 2) {
-            functions->valueText = text;
-        } else if (function == 3) {
             functions->nativeText = text;
         } else {
-            functions->runFunction = [fire](eFunctionKind, const ParameterData &, quint16) mutable {
-                fire();
-            };
+            functions->runFunction = [&](eFunctionKind, const ParameterData &, quint16) { fire(); };
         }
         try {
             writes().at(operation).run(scene);
