@@ -83,23 +83,20 @@ QString GuardedFunctionProvider::nativeText(
 
 QString GuardedFunctionProvider::lowerLimit(const ParameterData *data, quint16 element)
 {
-    return answer(QString(), [&](ParameterFunctionProvider &provider) {
-        return provider.lowerLimit(data, element);
-    });
+    return answer(QString(),
+        [&](ParameterFunctionProvider &provider) { return provider.lowerLimit(data, element); });
 }
 
 QString GuardedFunctionProvider::upperLimit(const ParameterData *data, quint16 element)
 {
-    return answer(QString(), [&](ParameterFunctionProvider &provider) {
-        return provider.upperLimit(data, element);
-    });
+    return answer(QString(),
+        [&](ParameterFunctionProvider &provider) { return provider.upperLimit(data, element); });
 }
 
 bool GuardedFunctionProvider::isHidden(const ParameterData *data, quint16 element)
 {
-    return answer(false, [&](ParameterFunctionProvider &provider) {
-        return provider.isHidden(data, element);
-    });
+    return answer(false,
+        [&](ParameterFunctionProvider &provider) { return provider.isHidden(data, element); });
 }
 
 void GuardedFunctionProvider::runFunction(

@@ -82,9 +82,12 @@ public:
     QString unconvertedValueText(eLivingSpace, quint16, bool) const override { return {}; }
     QString formattedValueText(eLivingSpace, quint16, int) const override { return {}; }
     QString formattedNativeValueText(eLivingSpace, quint16, int, bool) const override { return {}; }
-    QString prepareValueText(const QString &, eLivingSpace, quint16, bool, bool *) const override
+    /// The display form is the test's, whatever the value text.
+    QString prepareValueText(
+        const QString &, eLivingSpace livingSpace, quint16 element, bool, bool *) const override
     {
-        return {};
+        return ValueTextConverter(*this).prepare(
+            valueText(livingSpace, element, false), livingSpace, element, QString());
     }
     QString adoptValueText(const QString &, eLivingSpace, quint16, bool *) const override
     {
