@@ -19,14 +19,20 @@ constexpr QByteArrayView PropertyPrefix("P_");
 constexpr QByteArrayView PropertyTagPrefix("PC_");
 /// Prefixes of the keys that name an axis and an element.
 constexpr QByteArrayView ElementPrefixes[] = {ValuePrefix, "VC_", DefaultPrefix, "DVC_"};
-constexpr uint GreatestElementCount = 16000;
+constexpr quint16 GreatestElementCount = 16000;
 
 struct NumberPair {
     quint16 first = 0;
     quint32 second = 0;
 };
 
-/// Reads "<number>_<number>", both in plain decimal digits.
+QByteArray pairText(quint32 first, quint32 second)
+{
+    return QByteArray::number(first) + '_' + QByteArray::number(second);
+}
+
+/// Reads "<number>_<number>" in the only spelling that a load takes: plain decimal digits without
+/// leading zeros.
 std::optional<NumberPair> pairOf(QByteArrayView text)
 {
     NumberPair pair;
@@ -35,20 +41,19 @@ std::optional<NumberPair> pairOf(QByteArrayView text)
     if (firstError != std::errc() || middle == end || *middle != '_')
         return std::nullopt;
     const auto [last, secondError] = std::from_chars(middle + 1, end, pair.second);
-    return secondError == std::errc() && last == end ? std::optional(pair) : std::nullopt;
+    if (secondError != std::errc() || last != end || pairText(pair.first, pair.second) != text)
+        return std::nullopt;
+    return pair;
 }
 
-QByteArray pairText(quint32 first, quint32 second)
-{
-    return QByteArray::number(first) + '_' + QByteArray::number(second);
-}
-
-/// 0 where the text is no element count.
+/// 0 where the text is no element count. Plain digits only: a load takes no sign and no blanks.
 quint16 elementCountOf(QByteArrayView text)
 {
-    bool isNumber = false;
-    const uint count = text.toByteArray().toUInt(&isNumber);
-    return isNumber && count <= GreatestElementCount ? quint16(count) : quint16(0);
+    quint16 count = 0;
+    const char *end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, count);
+    return error == std::errc() && stop == end && count <= GreatestElementCount ? count
+                                                                                : quint16(0);
 }
 
 QList<quint16> elementsOf(
@@ -60,6 +65,14 @@ QList<quint16> elementsOf(
     QList<quint16> elements(count > 0 ? count : parameter.definedElementCount());
     std::iota(elements.begin(), elements.end(), quint16(0));
     return elements;
+}
+
+/// Overrides are loaded only of what the definition itself has: the numbers from 100 on are fixed
+/// answers. All elements of a simple parameter share the overrides of element 0.
+bool canBeOverridden(const ParameterInformation &parameter, quint16 element, quint32 property)
+{
+    return (parameter.isRecordParameter() || element == 0) && property < DefinitionPropertyEnd
+        && parameter.hasElementProperty(element, eParameterProperty(property));
 }
 
 } // namespace
@@ -164,22 +177,18 @@ bool BlockComparison::isUnderstood(const Section &section, QByteArrayView key) c
         return !parameter.isRecordParameter() && elementCountOf(section.keys.read(key)) > 0;
     }
     if (key.startsWith(PropertyPrefix) || key.startsWith(PropertyTagPrefix)) {
-        const std::optional<NumberPair> pair = pairOf(key.sliced(key.indexOf('_') + 1));
-        if (!pair || !parameter.hasElementProperty(pair->first, eParameterProperty(pair->second)))
-            return false;
-        return key.startsWith(PropertyPrefix)
-            || section.keys.contains(
-                PropertyPrefix.toByteArray() + pairText(pair->first, pair->second));
+        const QByteArrayView place = key.sliced(key.indexOf('_') + 1);
+        const std::optional<NumberPair> pair = pairOf(place);
+        return pair && canBeOverridden(parameter, pair->first, pair->second)
+            && (key.startsWith(PropertyPrefix)
+                || section.keys.contains(PropertyPrefix.toByteArray() + place.toByteArray()));
     }
     const auto prefix = std::find_if(std::begin(ElementPrefixes), std::end(ElementPrefixes),
         [key](QByteArrayView candidate) { return key.startsWith(candidate); });
     if (prefix == std::end(ElementPrefixes))
         return false;
     const std::optional<NumberPair> pair = pairOf(key.sliced(prefix->size()));
-    // Only the spelling that a save writes is read again: no leading zeros.
-    if (!pair || pairText(pair->first, pair->second) != key.sliced(prefix->size()))
-        return false;
-    return pair->second <= ParameterAddress::LastElement
+    return pair && pair->second <= ParameterAddress::LastElement
         && section.elementSet.contains(quint16(pair->second))
         && parameter.hasInstance(eLivingSpace(pair->first));
 }
