@@ -65,8 +65,7 @@ private:
         if (m_section->line() != m_line) {
             m_remarks.add(m_line,
                 QStringLiteral("the section %1 of line %2 goes on here")
-                    .arg(ImportRemarks::excerpt(name))
-                    .arg(m_section->line()));
+                    .arg(ImportRemarks::excerpt(name), QString::number(m_section->line())));
         }
     }
 

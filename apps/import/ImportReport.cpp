@@ -31,11 +31,10 @@ qsizetype ImportReport::objectsSkipped() const
 QString ImportReport::toText() const
 {
     QString text = QStringLiteral("%1: %2 objects read (%3 elements), %4 skipped\n")
-                       .arg(fileName)
-                       .arg(objectsRead)
-                       .arg(elementsRead)
-                       .arg(objectsSkipped());
-    text += QStringLiteral("  device family %1 (%2)\n").arg(familyIdentifier).arg(familyName);
+                       .arg(fileName, QString::number(objectsRead), QString::number(elementsRead),
+                           QString::number(objectsSkipped()));
+    text += QStringLiteral("  device family %1 (%2)\n")
+                .arg(QString::number(familyIdentifier), familyName);
     text += nodeId ? QStringLiteral("  node id %1\n").arg(*nodeId)
                    : QStringLiteral("  node id not known\n");
     text += QStringLiteral("  %1 new coordinates\n").arg(newCoordinates);

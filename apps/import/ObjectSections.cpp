@@ -37,8 +37,8 @@ void place(const EdsSection **slot, const EdsSection &section, ImportRemarks &re
     }
     remarks.add(section.line(),
         QStringLiteral("the section %1 repeats %2 of line %3, skipped")
-            .arg(ImportRemarks::excerpt(section.name()), ImportRemarks::excerpt((*slot)->name()))
-            .arg((*slot)->line()));
+            .arg(ImportRemarks::excerpt(section.name()), ImportRemarks::excerpt((*slot)->name()),
+                QString::number((*slot)->line())));
 }
 
 } // namespace

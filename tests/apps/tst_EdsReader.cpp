@@ -120,6 +120,9 @@ void tst_EdsReader::oddity_data()
     QTest::newRow("repeated section, other case")
         << "[60ff]\nX=1\n[60FF]\nY=2\n"_ba
         << QStringList {u"3: the section \"60FF\" of line 1 goes on here"_s};
+    QTest::newRow("repeated section with a placeholder in its name")
+        << "[a%2]\nX=1\n[a%2]\nY=2\n"_ba
+        << QStringList {u"3: the section \"a%2\" of line 1 goes on here"_s};
     QTest::newRow("control characters are not repeated")
         << "a\0b\x01\n"_ba
         << QStringList {u"1: neither section, entry nor comment, skipped: \"a?b?\""_s};
