@@ -30,7 +30,7 @@ const char Complete[] = R"({
         {"number": 1, "identifier": "i", "version": 2,
          "name": {"de": {"short": "s", "long": "l"}, "en": "e"}, "nameCommonText": 1,
          "description": "d", "type": "simple", "instances": "single", "global": true,
-         "physicalAxis": true, "coordinates": ["A01", "A02"], "anchors": ["S;x"],
+         "physicalAxis": true, "coordinates": ["A01", "A02"], "anchors": ["D;x"],
          "elementCount": 3, "defaults": [1, "2"],
          "elements": [{
             "default": 4, "dataType": "INT16", "kind": 3, "levels": {"read": 1, "write": 2},

@@ -203,7 +203,7 @@ void tst_ServoDriveFirmware::parameterComplete()
          "name": {"en": "Speed", "de": {"short": "Dz", "long": "Drehzahl"}}, "nameCommonText": 7,
          "description": {"de": "Text", "en": "Words"}, "type": "simple", "instances": "multi",
          "global": true, "physicalAxis": true, "coordinates": ["Q1", "G245"],
-         "anchors": ["S;{P1}"], "elementCount": 16000, "elements": [{"dataType": "INT8"}]},
+         "anchors": ["Drive.1;{P1}"], "elementCount": 16000, "elements": [{"dataType": "INT8"}]},
         {"number": 2, "name": "b", "instances": "multi", "coordinates": [],
          "elements": [{"dataType": "INT8"}]}])"));
     QVERIFY(firmware);
@@ -222,7 +222,7 @@ void tst_ServoDriveFirmware::parameterComplete()
     QVERIFY(parameter->isPhysicalAxisParameter());
     QCOMPARE(parameter->defaultCoordinates().at(0).toText(), QStringLiteral("Q01"));
     QCOMPARE(parameter->defaultCoordinates().at(1).toText(), QStringLiteral("G245"));
-    QCOMPARE(parameter->anchors(), QStringList {QStringLiteral("S;{P1}")});
+    QCOMPARE(parameter->anchors(), QStringList {QStringLiteral("Drive.1;{P1}")});
     QCOMPARE(parameter->elementCount(), quint16(16000));
     QCOMPARE(firmware->parameterDefinition(2)->defaultCoordinates(), QList<ParameterCoordinate>());
 }
@@ -631,6 +631,12 @@ void tst_ServoDriveFirmware::refused_data()
     };
     const QByteArray element = R"("elements": [{"dataType": "INT8"}])";
 
+    row("anchor of the system outside the system parameters",
+        withParameter(R"("anchors": ["Drive.1;{P1}", "S;{P1}"], )" + element),
+        "parameters[0].anchors: an anchor that begins with \"S\" is for system parameters only");
+    row("anchor that merely begins with S",
+        withParameter(R"("anchors": ["Servo.1;{P1}"], )" + element),
+        "parameters[0].anchors: an anchor that begins with \"S\" is for system parameters only");
     row("empty file", "", "line 1, column 1: expected a value");
     row("no UTF-8", "\"\xff\"", "the file is not UTF-8");
     row("half a file", "{\n \"format\": \"kr",

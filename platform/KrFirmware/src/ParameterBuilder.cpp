@@ -53,7 +53,7 @@ ParameterDefinition::Content ParameterBuilder::content(
     Content content;
     readIdentity(content, parameter, number, origin);
     readKind(content, parameter, origin);
-    readPlaces(content, parameter);
+    readPlaces(content, parameter, origin);
     readElements(content, parameter);
     return content;
 }
@@ -95,10 +95,24 @@ void ParameterBuilder::readKind(
         content.isPhysicalAxis = m_reader.boolean(*physicalAxis);
 }
 
-void ParameterBuilder::readPlaces(Content &content, const JsonValue &parameter) const
+void ParameterBuilder::readAnchors(
+    Content &content, const JsonValue &anchors, eParameterOrigin origin) const
+{
+    content.anchors = m_reader.textList(anchors);
+    if (origin == eParameterOrigin::Firmware)
+        return;
+    // A change of firmware deletes every parameter whose locator begins so.
+    const auto isOfSystem = [](const QString &anchor) { return anchor.startsWith(u'S'); };
+    if (std::any_of(content.anchors.cbegin(), content.anchors.cend(), isOfSystem))
+        m_reader.findings().refuse(anchors,
+            QStringLiteral("an anchor that begins with \"S\" is for system parameters only"));
+}
+
+void ParameterBuilder::readPlaces(
+    Content &content, const JsonValue &parameter, eParameterOrigin origin) const
 {
     if (const JsonValue *anchors = parameter.member(AnchorsKey))
-        content.anchors = m_reader.textList(*anchors);
+        readAnchors(content, *anchors, origin);
     const JsonValue *coordinates = m_reader.required(parameter, CoordinatesKey);
     if (!coordinates)
         return;

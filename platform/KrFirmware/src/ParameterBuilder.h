@@ -30,7 +30,8 @@ private:
     void readIdentity(Content &content, const JsonValue &parameter, quint32 number,
         eParameterOrigin origin) const;
     void readKind(Content &content, const JsonValue &parameter, eParameterOrigin origin) const;
-    void readPlaces(Content &content, const JsonValue &parameter) const;
+    void readAnchors(Content &content, const JsonValue &anchors, eParameterOrigin origin) const;
+    void readPlaces(Content &content, const JsonValue &parameter, eParameterOrigin origin) const;
     void readElements(Content &content, const JsonValue &parameter) const;
     void readSimple(Content &content, const JsonValue &parameter, const JsonValue &element) const;
     void readRecord(Content &content, const JsonValue::List &elements) const;
