@@ -58,6 +58,7 @@ private Q_SLOTS:
 
     void correctValue_data();
     void correctValue();
+    void correctValueSharesAPlainText();
     void correctValueOfSmallTypesExhaustively_data();
     void correctValueOfSmallTypesExhaustively();
     void correctValueOfChoice();
@@ -289,7 +290,10 @@ void tst_ReferenceFunctionProvider::correctValue_data()
                             << text << QString::fromLatin1(corrected);
     };
     row("in range", Int16, "-5", "5", QStringLiteral("3"), "3");
-    row("in range stays as it is written", Int16, "-5", "5", QStringLiteral("+03"), "+03");
+    row("plus sign goes", Int16, "-5", "5", QStringLiteral("+5"), "5");
+    row("leading zeros go", Int16, "-7", "7", QStringLiteral("007"), "7");
+    row("leading zeros behind a minus go", Int16, "-7", "7", QStringLiteral("-007"), "-7");
+    row("minus 0 is 0", Int16, "-7", "7", QStringLiteral("-0"), "0");
     row("below limit", Int16, "-5", "5", QStringLiteral("-6"), "-5");
     row("above limit", Int16, "-5", "5", QStringLiteral("6"), "5");
     row("below type", Uint8, "", "", QStringLiteral("-1"), "0");
@@ -318,6 +322,14 @@ void tst_ReferenceFunctionProvider::correctValue_data()
     row("empty", Int16, "-5", "5", QString(), "");
     row("blank in front", Int16, "-5", "5", QStringLiteral(" 9"), " 9");
     row("real in range", Real64, "0", "1", QStringLiteral("0.50"), "0.50");
+    row("REAL32 in range", Real32, "0", "1", QStringLiteral("0.1"), "0.1");
+    row("REAL32 of the type stays as it is written", Real32, "", "", QStringLiteral("100000"),
+        "100000");
+    row("REAL32 rounds to the nearest of the type", Real32, "", "", QStringLiteral("0.123456789"),
+        "0.12345679");
+    row("REAL32 beyond 2^24", Real32, "", "", QStringLiteral("16777217"), "16777216");
+    row("REAL32 too small for the type", Real32, "", "", QStringLiteral("1e-60"), "0");
+    row("REAL64 keeps its digits", Real64, "", "", QStringLiteral("0.123456789"), "0.123456789");
     row("real below", Real64, "0.25", "1", QStringLiteral("0.1"), "0.25");
     row("real above", Real64, "0", "0.75", QStringLiteral("1e3"), "0.75");
     row("REAL32 above type", Real32, "", "", QStringLiteral("1e39"), "3.4028235e+38");
@@ -339,6 +351,13 @@ void tst_ReferenceFunctionProvider::correctValue()
     data.lower = lower;
     data.upper = upper;
     QTEST(m_provider->correctValue(text, &data, 0), "corrected");
+}
+
+void tst_ReferenceFunctionProvider::correctValueSharesAPlainText()
+{
+    PlainParameterData data = dataOf(Int16);
+    const QString text = QString::number(123);
+    QCOMPARE(m_provider->correctValue(text, &data, 0).constData(), text.constData());
 }
 
 void tst_ReferenceFunctionProvider::correctValueOfSmallTypesExhaustively_data()

@@ -39,7 +39,8 @@ QString correctedInteger(const QString &text, const SimpleType &type, const Valu
     if (const std::optional<Integer> upper = Integer::fromText(bounds.upperLimit))
         clamped = std::min(clamped, *upper);
     clamped = std::clamp(clamped, Integer::lowest(type), Integer::highest(type));
-    return Integer::fromText(text) == clamped ? text : clamped.toText();
+    const QString plain = clamped.toText();
+    return text == plain ? text : plain;
 }
 
 QString correctedReal(const QString &text, const SimpleType &type, const ValueBounds &bounds)
@@ -57,7 +58,9 @@ QString correctedReal(const QString &text, const SimpleType &type, const ValueBo
         clamped = *upper;
     const double largest = RealText::largest(type);
     clamped = std::clamp(clamped, -largest, largest);
-    return clamped == *value ? text : RealText::write(clamped, type);
+    const QString shortest = RealText::write(clamped, type);
+    // "0.50" and "100000" are numbers of the type already and stay as they are written.
+    return RealText::read(text) == RealText::read(shortest) ? text : shortest;
 }
 
 } // namespace
