@@ -3,7 +3,7 @@
 #include "apps/host/DriveProject.h"
 
 ProjectStorage::LoadResult ProjectStorage::load(
-    DriveProject &project, eCutBlock cutBlock, Progress *progress) const
+    DriveProject &project, eCutBlock cutBlock, const Announce &announce, Progress *progress) const
 {
     LoadResult result;
     std::optional<ProjectFolder::Content> content = m_folder.read(result.error);
@@ -25,6 +25,8 @@ ProjectStorage::LoadResult ProjectStorage::load(
         result.error = tr("abgebrochen");
         return result;
     }
+    if (announce)
+        announce(result.report);
     if (result.report.isCut() && cutBlock == eCutBlock::Refuse) {
         result.status = LoadResult::eStatus::Cut;
         result.error = tr("%1: der Block \"%2\" ist abgeschnitten").arg(m_folder.path(), name);

@@ -6,6 +6,8 @@
 
 #include <QtCore/QCoreApplication>
 
+#include <functional>
+
 class DriveProject;
 
 /// Moves a device's values between its container and a project folder.
@@ -35,6 +37,8 @@ public:
         LossReport losses;
     };
 
+    using Announce = std::function<void(const LoadReport &)>;
+
     explicit ProjectStorage(const QString &folder)
         : m_folder(folder)
     {
@@ -44,7 +48,9 @@ public:
 
     /// **Refused** a folder that cannot be read or holds no project, and a cut block unless it is to
     /// be loaded nevertheless; the container stays as it is.
-    LoadResult load(DriveProject &project, eCutBlock cutBlock, Progress *progress = nullptr) const;
+    /// `announce` is told the report when it is complete and the container still as it was.
+    LoadResult load(DriveProject &project, eCutBlock cutBlock, const Announce &announce = {},
+        Progress *progress = nullptr) const;
     /// **Refused** texts that the block cannot hold unless their loss is allowed; nothing is written.
     SaveResult save(DriveProject &project, eLoss loss, Progress *progress = nullptr);
 

@@ -157,11 +157,11 @@ eExitCode Session::loadProject(eMissingProject missing)
     }
     const auto cutBlock = m_line.has(OptionName::Force) ? ProjectStorage::eCutBlock::Load
                                                         : ProjectStorage::eCutBlock::Refuse;
-    const ProjectStorage::LoadResult result = storage.load(*m_project, cutBlock);
-    if (result.status != ProjectStorage::LoadResult::eStatus::Unreadable) {
-        for (const QString &line : result.report.toText().split(u'\n', Qt::SkipEmptyParts))
+    const auto announce = [this](const LoadReport &report) {
+        for (const QString &line : report.toText().split(u'\n', Qt::SkipEmptyParts))
             m_console.report(tr("Projekt %1: %2").arg(folder(), line));
-    }
+    };
+    const ProjectStorage::LoadResult result = storage.load(*m_project, cutBlock, announce);
     if (result.status == ProjectStorage::LoadResult::eStatus::Cut)
         return fail(eExitCode::UnreadableInput, result.error + tr("; --force lädt ihn trotzdem"));
     if (result.status != ProjectStorage::LoadResult::eStatus::Loaded)

@@ -64,7 +64,13 @@ void tst_ProjectStorage::returnsEverything()
     QVERIFY(storage.save(*project, ProjectStorage::eLoss::Refuse).status == SaveStatus::Saved);
 
     const auto fresh = device.open();
-    const auto result = storage.load(*fresh, ProjectStorage::eCutBlock::Refuse);
+    QStringList before;
+    const auto announce = [&](const LoadReport &report) {
+        before.append(read(*fresh, "B01", eLivingSpace::Axis1));
+        before.append(QString::number(report.valuesRead));
+    };
+    const auto result = storage.load(*fresh, ProjectStorage::eCutBlock::Refuse, announce);
+    QCOMPARE(before, (QStringList {QStringLiteral("4200"), QStringLiteral("7")}));
     QVERIFY2(result.status == LoadStatus::Loaded, qPrintable(result.error));
     QVERIFY(result.report.isComplete());
     const auto comparison = ContainerComparison::of(project->container(), fresh->container());
