@@ -9,12 +9,16 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
+#include <QtCore/QLockFile>
 
 #include <algorithm>
+#include <chrono>
 
 namespace {
 
 constexpr quint8 LastNodeId = 127;
+/// How long another import on the same table is waited for.
+constexpr std::chrono::milliseconds LockWait {5000};
 
 using eStatus = ImportResult::eStatus;
 
@@ -39,7 +43,7 @@ public:
 
     ImportResult run()
     {
-        if (checkRequest() && readTable() && readSource() && placeParameters())
+        if (checkRequest() && lockTable() && readTable() && readSource() && placeParameters())
             writeFiles();
         return m_result;
     }
@@ -63,6 +67,19 @@ private:
             return fail(
                 eStatus::BadRequest, {}, QStringLiteral("the node id is none from 1 to 127"));
         return true;
+    }
+
+    /// A folder that takes no lock file takes no new table either: the import goes on and may only
+    /// read the table.
+    bool lockTable()
+    {
+        m_lock.emplace(locationOf(m_request.coordinateTable) + QLatin1String(".lock"));
+        // Only the end of its process makes a lock stale, not its age.
+        m_lock->setStaleLockTime(0);
+        if (m_lock->tryLock(int(LockWait.count())) || m_lock->error() != QLockFile::LockFailedError)
+            return true;
+        return fail(eStatus::WriteFailed, m_request.coordinateTable,
+            QStringLiteral("another import holds the table"));
     }
 
     bool readTable()
@@ -121,6 +138,7 @@ private:
         report.objectsRead = m_parameters.size();
         m_result.configuredValues = ConfiguredValues(m_parameters, m_table);
         report.configuredValues = m_result.configuredValues.list().size();
+        m_result.isReportComplete = true;
         if (m_parameters.isEmpty())
             return fail(eStatus::UnreadableInput, m_request.sourceFile,
                 QStringLiteral("holds no object with a value"));
@@ -129,10 +147,17 @@ private:
 
     void writeFiles()
     {
-        if (m_result.report.newCoordinates > 0
-            && !write(m_request.coordinateTable, m_table.toBytes()))
+        if (m_result.report.newCoordinates > 0 && !writeTable())
             return;
         write(m_request.outputFile, DescriptionWriter::write(m_family, m_parameters, m_table));
+    }
+
+    bool writeTable()
+    {
+        if (m_lock->isLocked())
+            return write(m_request.coordinateTable, m_table.toBytes());
+        return fail(eStatus::WriteFailed, m_request.coordinateTable,
+            QStringLiteral("its folder takes no lock file"));
     }
 
     bool write(const QString &fileName, const QByteArray &bytes)
@@ -151,6 +176,7 @@ private:
 
     const ImportRequest &m_request;
     ImportResult m_result;
+    std::optional<QLockFile> m_lock;
     CoordinateTable m_table;
     DeviceFamily m_family;
     QList<ImportedParameter> m_parameters;

@@ -36,6 +36,9 @@ struct ImportResult {
     QString error;
     /// Filled as far as the import came.
     ImportReport report;
+    /// The source was read to its end: the report says what became of every object, also where
+    /// nothing usable remained or nothing could be written.
+    bool isReportComplete = false;
     /// Empty for a file that configures nothing.
     ConfiguredValues configuredValues;
 };
@@ -47,4 +50,6 @@ struct ImportResult {
 /// file is replaced as a whole or stays as it was.
 /// **Refused** a source without a single object that has a value, a table with a bad line, and
 /// requests whose files are one and the same.
+/// Imports on one table wait for each other, for a few seconds at most: a lock file beside the table
+/// is held from its reading to its replacing, so that no line is lost.
 ImportResult importObjectDictionary(const ImportRequest &request);

@@ -9,9 +9,14 @@
 #include <QtCore/QFile>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
+#include <QtCore/QLockFile>
 #include <QtCore/QRandomGenerator>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QtTest>
+
+#include <array>
+#include <thread>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 using eStatus = ImportResult::eStatus;
@@ -34,6 +39,9 @@ private Q_SLOTS:
     void badRequest();
     void unreadable_data();
     void unreadable();
+    void parallelImports();
+    void heldTable();
+    void nothingUsableIsReported();
     void writeFails_data();
     void writeFails();
     void anyPrefix();
@@ -142,6 +150,9 @@ void tst_ObjectDictionaryImport::reportText()
         "  1 configured values\n"
         "  skipped 0x1018 sub 2 (line 21): a device description has no data type for DOMAIN\n"
         "  skipped 0x1F50 (line 25): DOMAIN, a block of data without a value of its own\n"_s);
+
+    report.fileName = u"%2%3.eds"_s;
+    QVERIFY(report.toText().startsWith(u"%2%3.eds: 3 objects read (3 elements), 1 skipped\n"_s));
 
     put(u"b.eds"_s, simpleObjects({"6040"}) + "what\nPDOMapping=x\n");
     report = import(u"b.eds"_s).report;
@@ -367,6 +378,47 @@ void tst_ObjectDictionaryImport::unreadable()
     QCOMPARE(get(u"a.eds.json"_s), "before"_ba);
 }
 
+void tst_ObjectDictionaryImport::parallelImports()
+{
+    constexpr int Count = 4;
+    for (int i = 0; i < Count; ++i)
+        put(QString::number(i), simpleObjects({"604" + QByteArray::number(i)}));
+    std::array<ImportResult, Count> results;
+    {
+        std::vector<std::jthread> threads;
+        for (int i = 0; i < Count; ++i)
+            threads.emplace_back([&, i] { results.at(size_t(i)) = import(QString::number(i)); });
+    }
+    for (const ImportResult &result : results)
+        QCOMPARE(result.error, QString());
+    const QByteArray table = get(u"table.txt"_s);
+    for (const char *line : {"0x6040 P64\n", "0x6041 P65\n", "0x6042 P66\n", "0x6043 P67\n"})
+        QVERIFY2(table.contains(line), line);
+    QVERIFY(!QFile::exists(path(u"table.txt.lock"_s)));
+}
+
+void tst_ObjectDictionaryImport::heldTable()
+{
+    put(u"a.eds"_s, Sheet);
+    QLockFile lock(path(u"table.txt.lock"_s));
+    QVERIFY(lock.lock());
+    const ImportResult result = import(u"a.eds"_s);
+    QCOMPARE(int(result.status), int(eStatus::WriteFailed));
+    QCOMPARE(result.error, path(u"table.txt"_s) + u": another import holds the table"_s);
+    QVERIFY(!QFile::exists(path(u"table.txt"_s)));
+    QVERIFY(!QFile::exists(path(u"a.eds.json"_s)));
+}
+
+void tst_ObjectDictionaryImport::nothingUsableIsReported()
+{
+    put(u"a.eds"_s, "[1F50]\nParameterName=Program\nObjectType=2\n");
+    const ImportResult result = import(u"a.eds"_s);
+    QCOMPARE(int(result.status), int(eStatus::UnreadableInput));
+    QVERIFY(result.isReportComplete);
+    QCOMPARE(result.report.objectsSkipped(), 1);
+    QVERIFY(!import(u"missing.eds"_s).isReportComplete);
+}
+
 void tst_ObjectDictionaryImport::writeFails_data()
 {
     QTest::addColumn<QString>("table");
@@ -393,6 +445,7 @@ void tst_ObjectDictionaryImport::writeFails()
         importObjectDictionary({path(u"a.eds"_s), path(table), path(output), std::nullopt});
     QCOMPARE(int(result.status), int(eStatus::WriteFailed));
     QVERIFY(!result.error.isEmpty());
+    QVERIFY(result.isReportComplete);
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), files);
 }
 
