@@ -66,7 +66,7 @@ eExitCode Application::runCommand(const CommandTable &table, const CommandLine &
     }
     const QList<Option> options = CommonOptions::all() + command->options();
     for (const QString &name : line.optionNames()) {
-        if (!contains(options, name))
+        if (!contains(options, name) || command->unusedOptions().contains(name))
             return refuse(tr("%1 kennt die Option --%2 nicht").arg(command->name(), name));
     }
     return command->run(line, m_console);

@@ -3,6 +3,8 @@
 #include "apps/krparameter/Option.h"
 #include "apps/krparameter/eExitCode.h"
 
+#include <QtCore/QStringList>
+
 class CommandLine;
 class Console;
 
@@ -20,5 +22,7 @@ public:
     virtual QString details() const { return {}; }
     /// Beside the common ones. Commands that share an option's name agree on its form.
     virtual QList<Option> options() const { return {}; }
+    /// Common options that would do nothing here; they are refused.
+    virtual QStringList unusedOptions() const { return {}; }
     virtual eExitCode run(const CommandLine &line, Console &console) = 0;
 };

@@ -22,6 +22,11 @@ QString DemoCommand::details() const
         "nur mit --force ersetzt.\n");
 }
 
+QStringList DemoCommand::unusedOptions() const
+{
+    return {OptionName::Axis, OptionName::AccessLevel, OptionName::Json, OptionName::AllowLoss};
+}
+
 eExitCode DemoCommand::run(const CommandLine &line, Console &console)
 {
     const auto refuse = [&console](eExitCode code, const QString &reason) {

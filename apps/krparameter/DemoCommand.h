@@ -13,5 +13,6 @@ public:
     QString arguments() const override { return {}; }
     QString summary() const override { return tr("die Hauptaufgabe an einem Beispielgerät"); }
     QString details() const override;
+    QStringList unusedOptions() const override;
     eExitCode run(const CommandLine &line, Console &console) override;
 };

@@ -15,6 +15,11 @@ QString GetCommand::details() const
         "werden alle Elemente gezeigt.\n");
 }
 
+QStringList GetCommand::unusedOptions() const
+{
+    return {OptionName::AllowLoss};
+}
+
 eExitCode GetCommand::run(const CommandLine &line, Console &console)
 {
     Session session(line, console);

@@ -16,5 +16,6 @@ public:
         return tr("Werte in allen Formen, mit Grenzen und Auswahl");
     }
     QString details() const override;
+    QStringList unusedOptions() const override;
     eExitCode run(const CommandLine &line, Console &console) override;
 };

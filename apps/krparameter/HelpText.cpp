@@ -64,7 +64,10 @@ QString HelpText::ofCommand(const Command &command)
         text += u'\n' + command.details();
     if (!command.options().isEmpty())
         text += tr("\nOptionen des Befehls:\n") + optionTable(command.options());
-    return text + tr("\nAllgemeine Optionen:\n") + optionTable(CommonOptions::all());
+    QList<Option> common = CommonOptions::all();
+    common.removeIf([unused = command.unusedOptions()](
+                        const Option &option) { return unused.contains(option.name); });
+    return text + tr("\nAllgemeine Optionen:\n") + optionTable(common);
 }
 
 QString HelpText::exitCodes()

@@ -60,18 +60,23 @@ QList<Option> ImportEdsCommand::options() const
     };
 }
 
+QStringList ImportEdsCommand::unusedOptions() const
+{
+    return {OptionName::Device, OptionName::Axis, OptionName::AccessLevel};
+}
+
 eExitCode ImportEdsCommand::run(const CommandLine &line, Console &console)
 {
     const std::optional<ImportRequest> request = requestOf(line, console);
     if (!request)
         return eExitCode::Usage;
     const ImportResult result = importObjectDictionary(*request);
+    if (result.isReportComplete && line.has(OptionName::Json))
+        console.writeLine(result.report.toJson());
+    else if (result.isReportComplete)
+        console.write(result.report.toText());
     if (result.status != ImportResult::eStatus::Good)
         return fail(codeOf(result.status), result.error, console);
-    if (line.has(OptionName::Json))
-        console.writeLine(result.report.toJson());
-    else
-        console.write(result.report.toText());
     if (line.has(OptionName::Project))
         return saveProject(*request, result, line, console);
     if (!result.configuredValues.isEmpty()) {

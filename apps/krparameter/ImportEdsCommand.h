@@ -21,6 +21,7 @@ public:
     }
     QString details() const override;
     QList<Option> options() const override;
+    QStringList unusedOptions() const override;
     eExitCode run(const CommandLine &line, Console &console) override;
 
 private:

@@ -16,6 +16,11 @@ constexpr int LabelWidth = 14;
 
 } // namespace
 
+QStringList InfoCommand::unusedOptions() const
+{
+    return {OptionName::Axis, OptionName::AccessLevel, OptionName::AllowLoss};
+}
+
 eExitCode InfoCommand::run(const CommandLine &line, Console &console)
 {
     Session session(line, console);
@@ -41,9 +46,8 @@ void InfoCommand::writeText(Session &session, Console &console)
     for (const int axis : firmware.axes())
         axes.append(QString::number(axis));
     writeRow(tr("Gerätefamilie"),
-        QStringLiteral("%1 (%2)")
-            .arg(firmware.deviceFamilyName())
-            .arg(firmware.deviceFamilyIdentifier()));
+        QStringLiteral("%1 (%2)").arg(
+            firmware.deviceFamilyName(), QString::number(firmware.deviceFamilyIdentifier())));
     writeRow(tr("Achsen"),
         axes.join(QLatin1String(", "))
             + (firmware.hasPhysicalAxes() ? tr(" (physisch)") : QString()));

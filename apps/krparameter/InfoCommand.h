@@ -14,6 +14,7 @@ public:
     QString name() const override { return QStringLiteral("info"); }
     QString arguments() const override { return {}; }
     QString summary() const override { return tr("Gerät und Projekt in Zahlen"); }
+    QStringList unusedOptions() const override;
     eExitCode run(const CommandLine &line, Console &console) override;
 
 private:

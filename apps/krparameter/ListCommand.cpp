@@ -57,6 +57,11 @@ QList<Option> ListCommand::options() const
     return {{Hidden, {}, tr("auch verborgene und für diese Stufe nicht lesbare Werte")}};
 }
 
+QStringList ListCommand::unusedOptions() const
+{
+    return {OptionName::AllowLoss};
+}
+
 eExitCode ListCommand::run(const CommandLine &line, Console &console)
 {
     Session session(line, console);

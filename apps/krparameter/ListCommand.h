@@ -14,5 +14,6 @@ public:
     QString summary() const override { return tr("Werte zeigen, einen je Zeile"); }
     QString details() const override;
     QList<Option> options() const override;
+    QStringList unusedOptions() const override;
     eExitCode run(const CommandLine &line, Console &console) override;
 };

@@ -121,6 +121,19 @@ class Usage(CommandLineTest):
             (["list", "--json=1"], "--json nimmt keinen Wert"),
             (["demo", "x"], "demo nimmt keine Argumente"),
             (["demo", "--device", "two-axis-drive"], "demo bringt seine Gerätebeschreibung mit"),
+            (["demo", "--axis", "1"], "demo kennt die Option --axis nicht"),
+            (["demo", "--access-level", "0"], "demo kennt die Option --access-level nicht"),
+            (["demo", "--json"], "demo kennt die Option --json nicht"),
+            (["demo", "--allow-loss"], "demo kennt die Option --allow-loss nicht"),
+            (["info", "--axis", "1"], "info kennt die Option --axis nicht"),
+            (["info", "--access-level", "0"], "info kennt die Option --access-level nicht"),
+            (["info", "--allow-loss"], "info kennt die Option --allow-loss nicht"),
+            (["list", "--allow-loss"], "list kennt die Option --allow-loss nicht"),
+            (["get", "E84", "--allow-loss"], "get kennt die Option --allow-loss nicht"),
+            (["import-eds", "--device", "d"], "import-eds kennt die Option --device nicht"),
+            (["import-eds", "--axis", "1"], "import-eds kennt die Option --axis nicht"),
+            (["import-eds", "--access-level", "0"],
+             "import-eds kennt die Option --access-level nicht"),
             (["import-eds"], "import-eds braucht genau eine Datei"),
             (["import-eds", "x.eds"],
              "import-eds braucht --coordinates TABELLE und -o DATEI"),
@@ -478,6 +491,22 @@ class ImportEds(CommandLineTest):
     def test_unreadable(self):
         self.check(Run("import-eds", "/nowhere.eds", "--coordinates", str(self.folder / "t"), "-o",
                        str(self.folder / "d.json")), UNREADABLE, out="")
+
+
+    def test_report_of_a_failed_import(self):
+        source = self.folder / "drive.eds"
+        table = str(self.folder / "table.txt")
+        source.write_text("[1F50]\nParameterName=Program\nObjectType=2\n")
+        words = ["import-eds", str(source), "--coordinates", table]
+        run = Run(*words, "-o", str(self.folder / "d.json"))
+        self.check(run, UNREADABLE)
+        self.assertIn("0 objects read (0 elements), 1 skipped", run.out)
+        self.assertIn("skipped 0x1F50", run.out)
+        self.assertIn("holds no object with a value", run.err)
+        source.write_text(EDS)
+        run = Run(*words, "-o", str(self.folder / "none/d.json"), "--json")
+        self.check(run, WRITE_FAILED)
+        self.assertEqual(run.lines()[0]["objectsRead"], 2)
 
 
 class Locale(CommandLineTest):
