@@ -62,7 +62,9 @@ public:
         take(
             LossReport::eText::DefaultValueChangeTag, tag(QStringLiteral("DefaultValueChangeTag")));
         // Overrides belong to the parameter: named once, at its first living space.
-        if (livingSpace != m_parameter.livingSpaces().constFirst())
+        // Elements of a simple parameter share them.
+        if (livingSpace != m_parameter.livingSpaces().constFirst()
+            || (element > 0 && !m_parameter.isRecordParameter()))
             return;
         take(LossReport::eText::Property, tag(QStringLiteral("ReadLevelChangeTag")));
         take(LossReport::eText::Property, tag(QStringLiteral("WriteLevelChangeTag")));

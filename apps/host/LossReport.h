@@ -8,7 +8,8 @@
 class ParameterContainer;
 class Progress;
 
-/// The texts of a container that its saved block, which is Latin-1, cannot hold.
+/// The texts of a container that its saved block, which is Latin-1, cannot hold. Change tags of
+/// overridden properties are known only for the read and the write level; others are not named.
 struct LossReport {
     Q_DECLARE_TR_FUNCTIONS(LossReport)
 

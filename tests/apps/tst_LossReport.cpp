@@ -12,6 +12,7 @@ class tst_LossReport : public QObject {
 private Q_SLOTS:
     void nothingToLose();
     void namesEveryKindOfText();
+    void overridesAndTheirTags();
     void boundary();
 };
 
@@ -45,6 +46,22 @@ void tst_LossReport::namesEveryKindOfText()
         (QStringList {QStringLiteral("2.B01 value Ω"), QStringLiteral("2.B01 valueChangeTag →"),
             QStringLiteral("2.B01 defaultValue Ж"),
             QStringLiteral("2.B01 defaultValueChangeTag →")}));
+}
+
+void tst_LossReport::overridesAndTheirTags()
+{
+    const SmallDevice device;
+    const auto project = device.open();
+    ParameterContainer &container = project->container();
+    QVERIFY(LossReport::of(container).isEmpty());
+    container.setParameterChangeTag(QStringLiteral("→"));
+    ParameterSetup *parameter = container.parameterSetup(at("E30"));
+    parameter->setProperty(2, eParameterProperty::ReadLevel, ParameterProperty(quint32(1)));
+    parameter->setProperty(2, eParameterProperty::WriteLevel, ParameterProperty(quint32(3)));
+    QCOMPARE(LossReport::of(container).toText(),
+        QStringLiteral(
+            "Parameter E30[2]: Eigenschaft \"→\" enthält Zeichen, die Latin-1 nicht kennt\n")
+            .repeated(2));
 }
 
 void tst_LossReport::boundary()
