@@ -16,7 +16,8 @@ function(kr_add_translation target name)
         add_custom_target(update_translations)
     endif()
     add_custom_target(update_${name}
-        COMMAND Qt6::lupdate -silent -no-obsolete -locations none ${ARG_FOLDERS} -ts "${file}"
+        COMMAND Qt6::lupdate -silent -no-obsolete -locations none -I . -I include ${ARG_FOLDERS}
+            -ts "${file}"
         WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}" VERBATIM)
     add_dependencies(update_translations update_${name})
 endfunction()

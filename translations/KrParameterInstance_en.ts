@@ -70,7 +70,7 @@
     </message>
     <message>
         <source>Parameter %1: Fehler beim Übernehmen des Werts</source>
-        <translation>Parameter %1: error while accepting the value</translation>
+        <translation>Parameter %1: error while applying the value</translation>
     </message>
     <message>
         <source>Parameter %1: Fehler beim Vorbereiten des Werts</source>
