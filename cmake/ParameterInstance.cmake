@@ -31,5 +31,7 @@ target_link_libraries(KrParameterInstance PUBLIC
     Kr::Filter Kr::LmUtilities Kr::ParameterData)
 kr_finish_library(KrParameterInstance KrParameterInstance "${PROJECT_SOURCE_DIR}/include"
     EXPORT_SET KrParameterInstanceTargets HEADERS ${KrParameterInstanceHeaders})
+kr_add_translation(KrParameterInstance KrParameterInstance_en
+    FOLDERS value instance container snapshot include)
 kr_install_package(KrParameterInstance "${PROJECT_SOURCE_DIR}/cmake/KrParameterInstanceConfig.cmake.in"
     KrParameterInstanceTargets)

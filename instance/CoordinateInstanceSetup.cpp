@@ -130,10 +130,10 @@ QString CoordinateInstanceSet::answer(
     const auto text = [](bool answer) { return QString(QLatin1Char(answer ? '1' : '0')); };
     switch (property) {
     case eParameterProperty::ReadLevel:
-        return text(isShown(
-            *record(livingSpace, element), element, System::information()->userAccessLevel()));
+        return text(isShown(*m_instances.find(livingSpace), element,
+            System::information()->userAccessLevel()));
     case eParameterProperty::WriteLevel:
-        return text(AccessRules::isWritable(writeFacts(*record(livingSpace, element), element)));
+        return text(AccessRules::isWritable(writeFacts(*m_instances.find(livingSpace), element)));
     case eParameterProperty::LowerLimitValue:
     case eParameterProperty::UpperLimitValue:
         return limitText(property, livingSpace, element);

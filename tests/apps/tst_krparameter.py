@@ -509,6 +509,53 @@ class ImportEds(CommandLineTest):
         self.assertEqual(run.lines()[0]["objectsRead"], 2)
 
 
+class Language(CommandLineTest):
+    def test_labels(self):
+        for words, labels in (
+            (["--lang", "en"], ["Display", "Value", "Native", "Default", "Limits", "Access"]),
+            (["--lang", "de"], ["Anzeige", "Wert", "Nativ", "Default", "Grenzen", "Zugriff"]),
+            ([], ["Anzeige", "Wert", "Nativ", "Default", "Grenzen", "Zugriff"]),
+        ):
+            run = on_drive(*words, "get", "H00")
+            self.check(run, GOOD, err="")
+            self.assertEqual([line.split()[0] for line in run.out.splitlines()[1:]], labels)
+
+    def test_rejection_is_english_on_demand(self):
+        run = on_drive("--lang", "en", "set", "H00", "99999")
+        self.check(run, REJECTED, out="")
+        first, second, third = run.err.splitlines()
+        self.assertTrue(first.startswith("Error ["))
+        self.assertTrue(first.endswith("]: Parameter 1.H00: error while applying the value - "
+                                       'Value "60.000 A" is too large'))
+        self.assertEqual(second, 'krparameter: Parameter 1.H00: "99999" was rejected; '
+                                 "permitted: 0.000 A to 60.000 A")
+        self.assertEqual(third, "Nothing was saved.")
+
+    def test_rejection_is_german_otherwise(self):
+        run = on_drive("set", "H00", "99999")
+        self.check(run, REJECTED, out="")
+        first, second, third = run.err.splitlines()
+        self.assertTrue(first.startswith("Fehler ["))
+        self.assertTrue(first.endswith("]: Parameter 1.H00: Fehler beim Übernehmen des Werts - "
+                                       'Wert "60.000 A" ist zu groß'))
+        self.assertEqual(second, 'krparameter: Parameter 1.H00: "99999" wurde abgewiesen; '
+                                 "zulässig: 0.000 A bis 60.000 A")
+        self.assertEqual(third, "Es wurde nichts gespeichert.")
+
+    def test_help_fits_a_terminal_in_english(self):
+        for words in ([], ["list"], ["set"], ["get"], ["demo"], ["import-eds"]):
+            run = Run("--lang", "en", *words, "--help")
+            self.check(run, GOOD, err="")
+            self.assertTrue(run.out.startswith("Usage: krparameter "))
+            for line in run.out.splitlines():
+                self.assertLessEqual(len(line), 100, line)
+
+    def test_demo_runs_in_english(self):
+        run = Run("--lang", "en", "--project", self.project, "demo")
+        self.check(run, GOOD, err="")
+        self.assertIn("   Nothing was lost.\n", run.out)
+
+
 class Locale(CommandLineTest):
     def test_streams_are_utf8_in_any_locale(self):
         for name in ("C", "de_DE.UTF-8", "POSIX"):

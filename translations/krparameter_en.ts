@@ -1,0 +1,852 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="de">
+<context>
+    <name>Application</name>
+    <message>
+        <source>--lang nimmt de oder en, nicht &quot;%1&quot;</source>
+        <translation>--lang takes de or en, not &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>die Ausgabe konnte nicht vollständig geschrieben werden</source>
+        <translation>the output could not be written completely</translation>
+    </message>
+    <message>
+        <source>es fehlt der Befehl</source>
+        <translation>the command is missing</translation>
+    </message>
+    <message>
+        <source>unbekannter Befehl &quot;%1&quot;</source>
+        <translation>unknown command &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>%1 kennt die Option --%2 nicht</source>
+        <translation>%1 does not know the option --%2</translation>
+    </message>
+    <message>
+        <source>krparameter: %1</source>
+        <translation>krparameter: %1</translation>
+    </message>
+    <message>
+        <source>Hilfe: krparameter --help</source>
+        <translation>Help: krparameter --help</translation>
+    </message>
+</context>
+<context>
+    <name>CommandLine</name>
+    <message>
+        <source>%1 braucht einen Wert: %2</source>
+        <translation>%1 needs a value: %2</translation>
+    </message>
+    <message>
+        <source>unbekannte Option %1</source>
+        <translation>unknown option %1</translation>
+    </message>
+    <message>
+        <source>--%1 nimmt keinen Wert</source>
+        <translation>--%1 takes no value</translation>
+    </message>
+</context>
+<context>
+    <name>CommonOptions</name>
+    <message>
+        <source>DATEI</source>
+        <translation>FILE</translation>
+    </message>
+    <message>
+        <source>Gerätebeschreibung, oder der Name einer mitgelieferten</source>
+        <translation>device description, or the name of a shipped one</translation>
+    </message>
+    <message>
+        <source>ORDNER</source>
+        <translation>FOLDER</translation>
+    </message>
+    <message>
+        <source>Projektordner; ohne ihn gelten die Defaultwerte</source>
+        <translation>project folder; without it the default values apply</translation>
+    </message>
+    <message>
+        <source>Achse für Adressen ohne Achse (sonst 1); list zeigt nur diese</source>
+        <translation>axis for addresses without an axis (default 1); list shows only this one</translation>
+    </message>
+    <message>
+        <source>Zugriffsstufe von 0 (Bediener) bis 6 (Hersteller), sonst 4</source>
+        <translation>access level from 0 (operator) to 6 (manufacturer), default 4</translation>
+    </message>
+    <message>
+        <source>Sprache der Texte, sonst de</source>
+        <translation>language of the texts, default de</translation>
+    </message>
+    <message>
+        <source>Ausgabe als JSON, ein Objekt je Zeile</source>
+        <translation>output as JSON, one object per line</translation>
+    </message>
+    <message>
+        <source>auch einen abgeschnittenen Block laden</source>
+        <translation>load a truncated block as well</translation>
+    </message>
+    <message>
+        <source>auch speichern, wenn dabei etwas verloren geht</source>
+        <translation>save even if something gets lost in doing so</translation>
+    </message>
+    <message>
+        <source>Hilfe; mit BEFEHL die Hilfe zu diesem</source>
+        <translation>help; with COMMAND the help on that command</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>version</translation>
+    </message>
+</context>
+<context>
+    <name>DemoCommand</name>
+    <message>
+        <source>Legt die Parameter des mitgelieferten Zweiachsreglers an, liest, schreibt, lässt einen
+Wert abweisen, schaltet die Achse um, speichert, lädt neu und vergleicht. Das Projekt
+bleibt in --project, sonst in ./demo-project. Ein Projekt, das dort schon liegt, wird
+nur mit --force ersetzt.
+</source>
+        <translation>Creates the parameters of the shipped two-axis drive, reads, writes, has a value
+rejected, switches the axis, saves, loads anew and compares. The project stays in
+--project, otherwise in ./demo-project. A project that is there already is replaced
+only with --force.
+</translation>
+    </message>
+    <message>
+        <source>krparameter: %1</source>
+        <translation>krparameter: %1</translation>
+    </message>
+    <message>
+        <source>demo nimmt keine Argumente</source>
+        <translation>demo takes no arguments</translation>
+    </message>
+    <message>
+        <source>demo bringt seine Gerätebeschreibung mit</source>
+        <translation>demo brings its own device description</translation>
+    </message>
+    <message>
+        <source>in %1 liegt schon ein Projekt; --force ersetzt es</source>
+        <translation>there is a project in %1 already; --force replaces it</translation>
+    </message>
+    <message>
+        <source>die mitgelieferte Beschreibung %1 fehlt</source>
+        <translation>the shipped description %1 is missing</translation>
+    </message>
+    <message>
+        <source>die Hauptaufgabe an einem Beispielgerät</source>
+        <translation>the main task on an example device</translation>
+    </message>
+</context>
+<context>
+    <name>Demonstration</name>
+    <message>
+        <source>Fertig. Das Projekt liegt in %1.</source>
+        <translation>Done. The project is in %1.</translation>
+    </message>
+    <message>
+        <source>Weiter zum Beispiel mit:</source>
+        <translation>Go on, for example, with:</translation>
+    </message>
+    <message>
+        <source>Gerätebeschreibung laden, Parameter anlegen</source>
+        <translation>Load the device description, create the parameters</translation>
+    </message>
+    <message>
+        <source>%1: %2 mit %3 Achsen</source>
+        <translation>%1: %2 with %3 axes</translation>
+    </message>
+    <message>
+        <source>%1 Parameter angelegt, zusammen %2 Werte; alle stehen auf ihrem Defaultwert</source>
+        <translation>%1 parameters created, %2 values in total; all are at their default value</translation>
+    </message>
+    <message>
+        <source>Lesen: Anzeige, dahinter der native Wert des Antriebs</source>
+        <translation>Read: display text, followed by the native value of the drive</translation>
+    </message>
+    <message>
+        <source>ein Parameter fehlt in der Beschreibung</source>
+        <translation>a parameter is missing from the description</translation>
+    </message>
+    <message>
+        <source>Schreiben, in der Form, in der man liest</source>
+        <translation>Write, in the form in which values are read</translation>
+    </message>
+    <message>
+        <source>Querförderer</source>
+        <translation>Cross conveyor</translation>
+    </message>
+    <message>
+        <source>ein Wert wurde nicht übernommen</source>
+        <translation>a value was not accepted</translation>
+    </message>
+    <message>
+        <source>Ein Wert, den der Antrieb abweist</source>
+        <translation>A value that the drive rejects</translation>
+    </message>
+    <message>
+        <source>der Wert wurde nicht abgewiesen</source>
+        <translation>the value was not rejected</translation>
+    </message>
+    <message>
+        <source>%1 = %2 geschrieben; Meldung:</source>
+        <translation>%1 = %2 written; message:</translation>
+    </message>
+    <message>
+        <source>genannt ist der nächste zulässige Wert; es bleibt bei %1</source>
+        <translation>it names the nearest permitted value; the value stays at %1</translation>
+    </message>
+    <message>
+        <source>Achse umschalten (E84)</source>
+        <translation>Switch the axis (E84)</translation>
+    </message>
+    <message>
+        <source>die Achse ließ sich nicht umschalten</source>
+        <translation>the axis could not be switched</translation>
+    </message>
+    <message>
+        <source>aktiv war Achse %1, aktiv ist Achse %2</source>
+        <translation>axis %1 was active, axis %2 is active</translation>
+    </message>
+    <message>
+        <source>jede Achse hat ihren eigenen Wert:</source>
+        <translation>each axis has its own value:</translation>
+    </message>
+    <message>
+        <source>Speichern</source>
+        <translation>Save</translation>
+    </message>
+    <message>
+        <source>%1 geschrieben und zurückgelesen</source>
+        <translation>%1 written and read back</translation>
+    </message>
+    <message>
+        <source>In einen frischen Container laden und vergleichen</source>
+        <translation>Load into a fresh container and compare</translation>
+    </message>
+    <message>
+        <source>verschieden: %1</source>
+        <translation>different: %1</translation>
+    </message>
+    <message>
+        <source>%1 Werte mit Defaultwert und Änderungskennungen verglichen: alle gleich</source>
+        <translation>%1 values compared with their default value and change tags: all equal</translation>
+    </message>
+    <message>
+        <source>der Block ist nicht derselbe</source>
+        <translation>the block is not the same</translation>
+    </message>
+    <message>
+        <source>beide Container speichern denselben Block, Byte für Byte (%1 Bytes)</source>
+        <translation>both containers save the same block, byte for byte (%1 bytes)</translation>
+    </message>
+    <message>
+        <source>Nichts ging verloren.</source>
+        <translation>Nothing was lost.</translation>
+    </message>
+    <message>
+        <source>krparameter: %1</source>
+        <translation>krparameter: %1</translation>
+    </message>
+</context>
+<context>
+    <name>DriveProject</name>
+    <message>
+        <source>abgebrochen</source>
+        <translation>cancelled</translation>
+    </message>
+</context>
+<context>
+    <name>GetCommand</name>
+    <message>
+        <source>ADRESSE ist zum Beispiel E84, E30[1] (Element 1) oder 2.B01 (Achse 2). Ohne Element
+werden alle Elemente gezeigt.
+</source>
+        <translation>ADDRESS is, for example, E84, E30[1] (element 1) or 2.B01 (axis 2). Without an element
+all elements are shown.
+</translation>
+    </message>
+    <message>
+        <source>get braucht mindestens eine Adresse</source>
+        <translation>get needs at least one address</translation>
+    </message>
+    <message>
+        <source>ADRESSE...</source>
+        <translation>ADDRESS...</translation>
+    </message>
+    <message>
+        <source>Werte in allen Formen, mit Grenzen und Auswahl</source>
+        <translation>values in all forms, with limits and choices</translation>
+    </message>
+</context>
+<context>
+    <name>HelpText</name>
+    <message>
+        <source>Aufruf: krparameter --device DATEI [--project ORDNER] BEFEHL ...
+
+Liest und schreibt die Parameter eines Servoantriebs.
+
+Befehle:
+</source>
+        <translation>Usage: krparameter --device FILE [--project FOLDER] COMMAND ...
+
+Reads and writes the parameters of a servo drive.
+
+Commands:
+</translation>
+    </message>
+    <message>
+        <source>
+Optionen, vor oder nach dem Befehl:
+</source>
+        <translation>
+Options, before or after the command:
+</translation>
+    </message>
+    <message>
+        <source>Aufruf: krparameter [OPTIONEN] %1
+
+%2
+</source>
+        <translation>Usage: krparameter [OPTIONS] %1
+
+%2
+</translation>
+    </message>
+    <message>
+        <source>
+Optionen des Befehls:
+</source>
+        <translation>
+Options of the command:
+</translation>
+    </message>
+    <message>
+        <source>
+Allgemeine Optionen:
+</source>
+        <translation>
+General options:
+</translation>
+    </message>
+    <message>
+        <source>Rückgabewerte: 0 gut, 1 Unterschiede, 2 falscher Aufruf, 3 Eingabe nicht lesbar,
+4 Wert abgewiesen, 5 für diesen Benutzer nicht schreibbar, 6 Schreiben fehlgeschlagen
+</source>
+        <translation>Exit codes: 0 good, 1 differences, 2 wrong usage, 3 unreadable input,
+4 value rejected, 5 not writable for this user, 6 writing failed
+</translation>
+    </message>
+</context>
+<context>
+    <name>ImportEdsCommand</name>
+    <message>
+        <source>Liest ein Objektverzeichnis nach CiA 306 und schreibt eine Gerätebeschreibung. Welche
+Koordinate ein Objekt hat, steht in der Tabelle; sie wird angelegt, wo sie fehlt, und
+nur erweitert. Die konfigurierten Werte einer DCF-Datei kommen nach --project.
+</source>
+        <translation>Reads an object dictionary according to CiA 306 and writes a device description. The
+table says which coordinate an object has; it is created where it is missing, and only
+ever extended. The configured values of a DCF file go to --project.
+</translation>
+    </message>
+    <message>
+        <source>TABELLE</source>
+        <translation>TABLE</translation>
+    </message>
+    <message>
+        <source>Tabelle der Koordinaten</source>
+        <translation>table of the coordinates</translation>
+    </message>
+    <message>
+        <source>DATEI</source>
+        <translation>FILE</translation>
+    </message>
+    <message>
+        <source>Gerätebeschreibung, die geschrieben wird</source>
+        <translation>device description to be written</translation>
+    </message>
+    <message>
+        <source>Knotennummer von 1 bis 127 statt der in der Datei</source>
+        <translation>node id from 1 to 127 instead of the one in the file</translation>
+    </message>
+    <message>
+        <source>Die %1 konfigurierten Werte speichert --project ORDNER.</source>
+        <translation>The %1 configured values are saved by --project FOLDER.</translation>
+    </message>
+    <message>
+        <source>import-eds braucht genau eine Datei</source>
+        <translation>import-eds needs exactly one file</translation>
+    </message>
+    <message>
+        <source>import-eds braucht --coordinates TABELLE und -o DATEI</source>
+        <translation>import-eds needs --coordinates TABLE and -o FILE</translation>
+    </message>
+    <message>
+        <source>--node-id nimmt eine Zahl von 1 bis 127 oder 0x1 bis 0x7F</source>
+        <translation>--node-id takes a number from 1 to 127 or 0x1 to 0x7F</translation>
+    </message>
+    <message>
+        <source>in %1 liegt schon ein Projekt; --force ersetzt es</source>
+        <translation>there is a project in %1 already; --force replaces it</translation>
+    </message>
+    <message>
+        <source>Projekt %1: gespeichert und zurückgelesen</source>
+        <translation>Project %1: saved and read back</translation>
+    </message>
+    <message>
+        <source>krparameter: %1</source>
+        <translation>krparameter: %1</translation>
+    </message>
+    <message>
+        <source>DATEI.eds|DATEI.dcf</source>
+        <translation>FILE.eds|FILE.dcf</translation>
+    </message>
+    <message>
+        <source>Gerätebeschreibung aus einem Objektverzeichnis</source>
+        <translation>device description from an object dictionary</translation>
+    </message>
+</context>
+<context>
+    <name>InfoCommand</name>
+    <message>
+        <source>info nimmt keine Argumente</source>
+        <translation>info takes no arguments</translation>
+    </message>
+    <message>
+        <source>Gerätefamilie</source>
+        <translation>Device family</translation>
+    </message>
+    <message>
+        <source>Achsen</source>
+        <translation>Axes</translation>
+    </message>
+    <message>
+        <source> (physisch)</source>
+        <translation> (physical)</translation>
+    </message>
+    <message>
+        <source>Sprachen</source>
+        <translation>Languages</translation>
+    </message>
+    <message>
+        <source>Parameter</source>
+        <translation>Parameters</translation>
+    </message>
+    <message>
+        <source>Werte</source>
+        <translation>Values</translation>
+    </message>
+    <message>
+        <source>Projekt</source>
+        <translation>Project</translation>
+    </message>
+    <message>
+        <source>Befund</source>
+        <translation>Finding</translation>
+    </message>
+    <message>
+        <source>Gerät und Projekt in Zahlen</source>
+        <translation>device and project in figures</translation>
+    </message>
+</context>
+<context>
+    <name>ListCommand</name>
+    <message>
+        <source>Zeigt Adresse, Name und Anzeigetext mit Einheit. MUSTER trifft Teile von Adresse oder
+Name, ohne Groß und Klein zu unterscheiden; * steht für beliebigen Text, ? für ein
+Zeichen, zum Beispiel &apos;H?1&apos; oder &apos;strom&apos;. &quot;(!)&quot; steht hinter Texten, die als Eingabe
+einen anderen Wert ergäben; get sagt welchen.
+</source>
+        <translation>Shows address, name and display text with unit. PATTERN matches parts of the address or
+the name, regardless of upper and lower case; * stands for any text, ? for one
+character, for example &apos;H?1&apos; or &apos;current&apos;. &quot;(!)&quot; follows texts that would yield another
+value when typed in; get says which.
+</translation>
+    </message>
+    <message>
+        <source>auch verborgene und für diese Stufe nicht lesbare Werte</source>
+        <translation>values that are hidden or not readable at this level as well</translation>
+    </message>
+    <message>
+        <source>list nimmt höchstens ein Muster</source>
+        <translation>list takes one pattern at most</translation>
+    </message>
+    <message>
+        <source>[MUSTER]</source>
+        <translation>[PATTERN]</translation>
+    </message>
+    <message>
+        <source>Werte zeigen, einen je Zeile</source>
+        <translation>show values, one per line</translation>
+    </message>
+</context>
+<context>
+    <name>LoadReport</name>
+    <message>
+        <source>der Block fehlt, obwohl das Manifest ihn kennt</source>
+        <translation>the block is missing although the manifest lists it</translation>
+    </message>
+    <message>
+        <source>der Block ist kürzer, als das Manifest festhält</source>
+        <translation>the block is shorter than the manifest records</translation>
+    </message>
+    <message>
+        <source>der Block hat weniger Abschnitte, als das Manifest festhält</source>
+        <translation>the block has fewer sections than the manifest records</translation>
+    </message>
+    <message>
+        <source>die letzte Zeile hat kein Zeilenende</source>
+        <translation>the last line has no line end</translation>
+    </message>
+    <message>
+        <source>im letzten Abschnitt fehlen Schlüssel</source>
+        <translation>keys are missing from the last section</translation>
+    </message>
+    <message>
+        <source>genau die letzten Parameter fehlen</source>
+        <translation>exactly the last parameters are missing</translation>
+    </message>
+    <message>
+        <source> und %1 weitere</source>
+        <translation> and %1 more</translation>
+    </message>
+    <message>
+        <source>%1 Werte und %2 Defaultwerte gelesen</source>
+        <translation>%1 values and %2 default values read</translation>
+    </message>
+    <message>
+        <source>%1 Abschnitte übersprungen, das Gerät hat diese Parameter nicht: %2</source>
+        <translation>%1 sections skipped, the device does not have these parameters: %2</translation>
+    </message>
+    <message>
+        <source>%1 Abschnitte stehen mehrfach, der letzte gilt: %2</source>
+        <translation>%1 sections occur more than once, the last one applies: %2</translation>
+    </message>
+    <message>
+        <source>%1 Parameter fehlen und behalten ihre Werte: %2</source>
+        <translation>%1 parameters are missing and keep their values: %2</translation>
+    </message>
+    <message>
+        <source>%1 Werte fehlen und werden leer: %2</source>
+        <translation>%1 values are missing and become empty: %2</translation>
+    </message>
+    <message>
+        <source>%1 Defaultwerte fehlen und werden leer: %2</source>
+        <translation>%1 default values are missing and become empty: %2</translation>
+    </message>
+    <message>
+        <source>%1 Schlüssel nicht verstanden: %2</source>
+        <translation>%1 keys not understood: %2</translation>
+    </message>
+    <message>
+        <source>%1 Zeilen nicht lesbar, zuerst: %2</source>
+        <translation>%1 lines not readable, first: %2</translation>
+    </message>
+    <message>
+        <source>abgeschnitten: %1</source>
+        <translation>truncated: %1</translation>
+    </message>
+</context>
+<context>
+    <name>LossReport</name>
+    <message>
+        <source>Wert</source>
+        <translation>value</translation>
+    </message>
+    <message>
+        <source>Änderungskennung des Werts</source>
+        <translation>change tag of the value</translation>
+    </message>
+    <message>
+        <source>Defaultwert</source>
+        <translation>default value</translation>
+    </message>
+    <message>
+        <source>Änderungskennung des Defaultwerts</source>
+        <translation>change tag of the default value</translation>
+    </message>
+    <message>
+        <source>Eigenschaft</source>
+        <translation>property</translation>
+    </message>
+    <message>
+        <source>Parameter %1: %2 &quot;%3&quot; enthält Zeichen, die Latin-1 nicht kennt</source>
+        <translation>Parameter %1: %2 &quot;%3&quot; contains characters that Latin-1 does not have</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectFolder</name>
+    <message>
+        <source>der Ordner ist nicht vorhanden</source>
+        <translation>the folder does not exist</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; ist kein Blockname</source>
+        <translation>&quot;%1&quot; is not a block name</translation>
+    </message>
+    <message>
+        <source>der Ordner kann nicht angelegt werden</source>
+        <translation>the folder cannot be created</translation>
+    </message>
+    <message>
+        <source>ist keine Datei</source>
+        <translation>is not a file</translation>
+    </message>
+    <message>
+        <source>ist länger als 512 MiB</source>
+        <translation>is longer than 512 MiB</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectStorage</name>
+    <message>
+        <source>%1 enthält kein Projekt: &quot;%2&quot; fehlt</source>
+        <translation>%1 contains no project: &quot;%2&quot; is missing</translation>
+    </message>
+    <message>
+        <source>abgebrochen</source>
+        <translation>cancelled</translation>
+    </message>
+    <message>
+        <source>%1: der Block &quot;%2&quot; ist abgeschnitten</source>
+        <translation>%1: the block &quot;%2&quot; is truncated</translation>
+    </message>
+    <message>
+        <source>nicht gespeichert: %1 Texte gingen verloren</source>
+        <translation>not saved: %1 texts would be lost</translation>
+    </message>
+</context>
+<context>
+    <name>Session</name>
+    <message>
+        <source>krparameter: %1</source>
+        <translation>krparameter: %1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; ist keine Adresse; Adressen sind zum Beispiel E84, E30[1] und 2.B01</source>
+        <translation>&quot;%1&quot; is not an address; addresses are, for example, E84, E30[1] and 2.B01</translation>
+    </message>
+    <message>
+        <source>Parameter %1: das Gerät hat ihn nicht; list zeigt alle</source>
+        <translation>Parameter %1: the device does not have it; list shows all</translation>
+    </message>
+    <message>
+        <source>Parameter %1: Achse %2 gibt es nicht, nur %3</source>
+        <translation>Parameter %1: there is no axis %2, only %3</translation>
+    </message>
+    <message>
+        <source>Parameter %1: Element %2 gibt es nicht, nur %3</source>
+        <translation>Parameter %1: there is no element %2, only %3</translation>
+    </message>
+    <message>
+        <source>--access-level nimmt eine Zahl von 0 bis 6</source>
+        <translation>--access-level takes a number from 0 to 6</translation>
+    </message>
+    <message>
+        <source>--axis nimmt eine Zahl von 1 bis 4</source>
+        <translation>--axis takes a number from 1 to 4</translation>
+    </message>
+    <message>
+        <source>--project braucht einen Ordner</source>
+        <translation>--project needs a folder</translation>
+    </message>
+    <message>
+        <source>es fehlt --device DATEI, zum Beispiel --device two-axis-drive</source>
+        <translation>--device FILE is missing, for example --device two-axis-drive</translation>
+    </message>
+    <message>
+        <source>Achse %1 gibt es nicht, nur %2</source>
+        <translation>there is no axis %1, only %2</translation>
+    </message>
+    <message>
+        <source>Projekt %1: neu, mit den Defaultwerten</source>
+        <translation>Project %1: new, with the default values</translation>
+    </message>
+    <message>
+        <source>Projekt %1: %2</source>
+        <translation>Project %1: %2</translation>
+    </message>
+    <message>
+        <source>; --force lädt ihn trotzdem</source>
+        <translation>; --force loads it nevertheless</translation>
+    </message>
+</context>
+<context>
+    <name>SetCommand</name>
+    <message>
+        <source>WERT ist ein Anzeigetext, so wie list ihn zeigt, mit oder ohne Einheit; eine Auswahl
+nimmt Nummer oder Text. Die Paare werden der Reihe nach geschrieben; wird eines
+abgewiesen, wird nichts gespeichert. Ohne --project wird nur gezeigt, was gälte.
+</source>
+        <translation>VALUE is a display text as shown by list, with or without its unit; a choice takes its
+number or its text. The pairs are written in order; if one is rejected, nothing is
+saved. Without --project the command only shows what would apply.
+</translation>
+    </message>
+    <message>
+        <source>set braucht Paare aus Adresse und Wert</source>
+        <translation>set needs pairs of address and value</translation>
+    </message>
+    <message>
+        <source>Es wurde nichts gespeichert.</source>
+        <translation>Nothing was saved.</translation>
+    </message>
+    <message>
+        <source>  Hinweis: %1</source>
+        <translation>  Note: %1</translation>
+    </message>
+    <message>
+        <source>Parameter %1 hat mehrere Elemente; gebraucht wird eines, zum Beispiel %1[%2]</source>
+        <translation>Parameter %1 has several elements; one is needed, for example %1[%2]</translation>
+    </message>
+    <message>
+        <source>Parameter %1: das Gerät hat ihn nicht mehr</source>
+        <translation>Parameter %1: the device no longer has it</translation>
+    </message>
+    <message>
+        <source>Parameter %1: &quot;%2&quot; wurde abgewiesen</source>
+        <translation>Parameter %1: &quot;%2&quot; was rejected</translation>
+    </message>
+    <message>
+        <source>Parameter %1: &quot;%2&quot; wurde abgewiesen; zulässig: %3</source>
+        <translation>Parameter %1: &quot;%2&quot; was rejected; permitted: %3</translation>
+    </message>
+    <message>
+        <source>Ohne --project wird nichts gespeichert.</source>
+        <translation>Without --project nothing is saved.</translation>
+    </message>
+    <message>
+        <source>nicht gespeichert: das Projekt enthält, was dieses Gerät nicht kennt; --allow-loss speichert ohne es</source>
+        <translation>not saved: the project contains content that this device does not know; --allow-loss saves without it</translation>
+    </message>
+    <message>
+        <source>; --allow-loss speichert trotzdem</source>
+        <translation>; --allow-loss saves nevertheless</translation>
+    </message>
+    <message>
+        <source>Projekt %1: gespeichert und zurückgelesen</source>
+        <translation>Project %1: saved and read back</translation>
+    </message>
+    <message>
+        <source>ADRESSE WERT...</source>
+        <translation>ADDRESS VALUE...</translation>
+    </message>
+    <message>
+        <source>Werte schreiben und das Projekt speichern</source>
+        <translation>write values and save the project</translation>
+    </message>
+</context>
+<context>
+    <name>SinkPrinter</name>
+    <message>
+        <source>Hinweis</source>
+        <translation>Note</translation>
+    </message>
+    <message>
+        <source>Warnung</source>
+        <translation>Warning</translation>
+    </message>
+    <message>
+        <source>Fehler</source>
+        <translation>Error</translation>
+    </message>
+</context>
+<context>
+    <name>StagedFile</name>
+    <message>
+        <source>nicht alle Bytes konnten geschrieben werden</source>
+        <translation>not all bytes could be written</translation>
+    </message>
+    <message>
+        <source>das Gelesene unterscheidet sich vom Geschriebenen</source>
+        <translation>what was read back differs from what was written</translation>
+    </message>
+</context>
+<context>
+    <name>ValueView</name>
+    <message>
+        <source>dieser Text wird als Eingabe nicht angenommen</source>
+        <translation>this text is not accepted when typed in</translation>
+    </message>
+    <message>
+        <source>als Eingabe ergibt dieser Text nativ &quot;%1&quot;</source>
+        <translation>when typed in, this text yields the native value &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>Parameter %1 ist nicht schreibbar</source>
+        <translation>Parameter %1 is not writable</translation>
+    </message>
+    <message>
+        <source>: er wird nur gelesen</source>
+        <translation>: it is read-only</translation>
+    </message>
+    <message>
+        <source>: er braucht Zugriffsstufe %1, gegeben ist %2</source>
+        <translation>: it needs access level %1, the current level is %2</translation>
+    </message>
+    <message>
+        <source>: er wird nur online geschrieben</source>
+        <translation>: it is written online only</translation>
+    </message>
+    <message>
+        <source>Anzeige</source>
+        <translation>Display</translation>
+    </message>
+    <message>
+        <source>Wert</source>
+        <translation>Value</translation>
+    </message>
+    <message>
+        <source>Nativ</source>
+        <translation>Native</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Default</translation>
+    </message>
+    <message>
+        <source>Grenzen</source>
+        <translation>Limits</translation>
+    </message>
+    <message>
+        <source>Auswahl</source>
+        <translation>Choices</translation>
+    </message>
+    <message>
+        <source>Zugriff</source>
+        <translation>Access</translation>
+    </message>
+    <message>
+        <source>Hinweis</source>
+        <translation>Note</translation>
+    </message>
+    <message>
+        <source>offline verdeckt; Stufe 5 zeigt den Wert in Klammern</source>
+        <translation>masked offline; level 5 shows the value in brackets</translation>
+    </message>
+    <message>
+        <source>bis %1</source>
+        <translation>up to %1</translation>
+    </message>
+    <message>
+        <source>ab %1</source>
+        <translation>%1 and above</translation>
+    </message>
+    <message>
+        <source>%1 bis %2</source>
+        <translation>%1 to %2</translation>
+    </message>
+    <message>
+        <source>lesen ab Stufe %1, schreiben ab Stufe %2</source>
+        <translation>read from level %1, write from level %2</translation>
+    </message>
+    <message>
+        <source>; für diesen Benutzer nicht sichtbar</source>
+        <translation>; not visible to this user</translation>
+    </message>
+    <message>
+        <source>; für diesen Benutzer nicht schreibbar</source>
+        <translation>; not writable for this user</translation>
+    </message>
+</context>
+</TS>
