@@ -218,9 +218,12 @@ private:
     void emitAnswerChanged(eParameterProperty property, eLivingSpace livingSpace, quint16 element);
 
     /// Whether set and element are still there after a signal or a function of the firmware.
-    bool has(const LifeGuard &guard, quint16 element) const
+    /// Static, because a member function must not be called once the set is gone.
+    static bool has(const LifeGuard &guard, quint16 element)
     {
-        return guard && m_elements.contains(element);
+        return guard
+            && static_cast<const CoordinateInstanceSet *>(guard.object())
+                   ->m_elements.contains(element);
     }
 
     /// Stores what differs from the stored text; what does not only receives the change tag.

@@ -130,8 +130,8 @@ QString CoordinateInstanceSet::answer(
     const auto text = [](bool answer) { return QString(QLatin1Char(answer ? '1' : '0')); };
     switch (property) {
     case eParameterProperty::ReadLevel:
-        return text(isShown(*m_instances.find(livingSpace), element,
-            System::information()->userAccessLevel()));
+        return text(isShown(
+            *m_instances.find(livingSpace), element, System::information()->userAccessLevel()));
     case eParameterProperty::WriteLevel:
         return text(AccessRules::isWritable(writeFacts(*m_instances.find(livingSpace), element)));
     case eParameterProperty::LowerLimitValue:

@@ -24,6 +24,8 @@ public:
     LifeGuard(const LifeGuard &) = delete;
     LifeGuard &operator=(const LifeGuard &) = delete;
 
+    /// What was given; dangling once the guard is false.
+    const void *object() const { return m_object; }
     explicit operator bool() const { return dead.size() == m_first || !hasDied(); }
 
     /// To be called by the destructor of a watched object.
