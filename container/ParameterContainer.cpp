@@ -92,7 +92,8 @@ void ParameterContainer::setOnline(bool isOnline)
     for (const QPointer<CoordinateInstanceSet> &set : d->guardedSets()) {
         if (set)
             set->onOnlineChanged(wasOnline);
-        if (!guard)
+        // A listener that switched again has told the newer state.
+        if (!guard || d->online != isOnline)
             return;
     }
     Q_EMIT onlineChanged(isOnline);
@@ -109,7 +110,8 @@ void ParameterContainer::setReadOnly(bool readOnly)
     for (const QPointer<CoordinateInstanceSet> &set : d->guardedSets()) {
         if (set)
             set->onReadOnlyChanged(wasReadOnly);
-        if (!guard)
+        // A listener that switched again has told the newer state.
+        if (!guard || d->readOnly != readOnly)
             return;
     }
     Q_EMIT readOnlyChanged(readOnly);
@@ -342,9 +344,11 @@ void ParameterContainer::dispatchDependencyChange(eParameterProperty property,
     eLivingSpace livingSpace, const ParameterCoordinate &coordinate, quint16 element)
 {
     const QPointer<ParameterContainer> guard(this);
+    // A copy: the coordinate may be a set's own, which a listener may remove meanwhile.
+    const ParameterCoordinate source = coordinate;
     for (const QPointer<CoordinateInstanceSet> &set : d->guardedSets()) {
         if (set)
-            set->onDependencyChanged(property, livingSpace, coordinate, element);
+            set->onDependencyChanged(property, livingSpace, source, element);
         if (!guard)
             return;
     }

@@ -61,8 +61,7 @@ ParameterContainerPrivate::ParameterContainerPrivate(ParameterContainer *contain
 ParameterContainerPrivate::~ParameterContainerPrivate()
 {
     liveContainers.removeOne(owner);
-    if (functionProvider)
-        functionProvider->setCallbackProvider(nullptr);
+    GuardedFunctionProvider::retire(std::move(functionProvider));
     // Whoever hears that a set goes finds none any more.
     mappingSets.clear();
     locatorSets.clear();
@@ -250,6 +249,11 @@ quint32 ParameterContainerPrivate::addInstance(CoordinateInstanceSet *set, eLivi
     return serialNumber;
 }
 
+void ParameterContainerPrivate::onKindsChanged(CoordinateInstanceSet *set)
+{
+    noteMapping(set);
+}
+
 void ParameterContainerPrivate::noteMapping(CoordinateInstanceSet *set)
 {
     mappingSets.removeOne(set);
@@ -306,19 +310,24 @@ void ParameterContainerPrivate::setFirmware(ServoDriveFirmware *newFirmware)
     if (!guard || generation != m_firmwareGeneration)
         return;
 
-    functionProvider.reset();
+    GuardedFunctionProvider::retire(std::move(functionProvider));
     firmware = newFirmware;
-    if (firmware)
-        functionProvider.reset(firmware->createParameterFunctionProvider());
-    if (functionProvider)
+    std::unique_ptr<ParameterFunctionProvider> created(
+        firmware ? firmware->createParameterFunctionProvider() : nullptr);
+    if (created) {
+        functionProvider = std::make_unique<GuardedFunctionProvider>(std::move(created));
         functionProvider->setCallbackProvider(&callbackDelegate);
+    }
+    createSystemParameters();
+    if (!guard || generation != m_firmwareGeneration)
+        return;
+    // At the end, because hiding functions may read system parameters.
     for (const QPointer<CoordinateInstanceSet> &set : guardedSets()) {
         if (set)
             set->askKnownFlagsAnew();
         if (!guard || generation != m_firmwareGeneration)
             return;
     }
-    createSystemParameters();
 }
 
 void ParameterContainerPrivate::createSystemParameters()
@@ -364,14 +373,14 @@ eLivingSpace ParameterContainerPrivate::activeLivingSpace(eLivingSpace requested
 bool ParameterContainerPrivate::isMapped(const ParameterAddress &address) const
 {
     const quint32 number = address.toNumber();
-    for (CoordinateInstanceSet *set : mappingSets) {
-        for (const eLivingSpace livingSpace : set->livingSpaces()) {
-            const QList<quint16> elements = set->elementList();
-            const bool isHeld = std::any_of(elements.begin(), elements.end(), [&](quint16 element) {
-                return set->nativeValueText(livingSpace, element, false).toUInt() == number;
-            });
-            if (isHeld)
-                return true;
+    // Reading a value may run the firmware, whose functions may lead to anything.
+    const QList<QPointer<CoordinateInstanceSet>> sets(mappingSets.cbegin(), mappingSets.cend());
+    for (const QPointer<CoordinateInstanceSet> &set : sets) {
+        for (const eLivingSpace livingSpace : set ? set->livingSpaces() : QList<eLivingSpace>()) {
+            for (const quint16 element : set ? set->elementList() : QList<quint16>()) {
+                if (set && set->nativeValueText(livingSpace, element, false).toUInt() == number)
+                    return true;
+            }
         }
     }
     return false;

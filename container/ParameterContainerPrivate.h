@@ -2,6 +2,7 @@
 
 #include "container/CallbackProviderDelegate.h"
 #include "container/CoordinateTable.h"
+#include "container/GuardedFunctionProvider.h"
 #include "instance/CoordinateInstanceSet.h"
 #include "instance/CoordinateRegistry.h"
 
@@ -43,7 +44,7 @@ public:
     QList<QPointer<CoordinateInstanceSet>> guardedSets() const;
     /// False where no firmware is set or its family is unknown.
     bool hasPhysicalAxes() const;
-    bool isGlobal(const ParameterDefinition *definition) const;
+    bool isGlobal(const ParameterDefinition *definition) const override;
     /// The living space that an address means: 0 of a global parameter, else its axis.
     eLivingSpace livingSpace(const ParameterAddress &address) const;
 
@@ -67,8 +68,8 @@ public:
     QVariant datatypeProperty(quint16 coordinate, const QString &key) const;
     QString containerText(const QString &key) const;
 
-    void onCoordinateChanged(ParameterAddress oldAddress, ParameterAddress newAddress) override;
     void onElementsChanged() override { addressLists.clear(); }
+    void onKindsChanged(CoordinateInstanceSet *set) override;
 
     ParameterContainer *owner;
     CoordinateTable coordinateSets;
@@ -85,7 +86,7 @@ public:
     bool readOnly = false;
     /// **Owner** the host. Null: none.
     ServoDriveFirmware *firmware = nullptr;
-    std::unique_ptr<ParameterFunctionProvider> functionProvider;
+    std::unique_ptr<GuardedFunctionProvider> functionProvider;
     CallbackProviderDelegate callbackDelegate;
     /// Name of a value store to all addresses; no key: not built since the parameters changed.
     QHash<QString, QList<ParameterAddress>> addressLists;
@@ -104,6 +105,7 @@ Q_SIGNALS:
 public Q_SLOTS:
     void setOnline(bool isOnline);
     void updateAllParameterVisibility();
+    void onCoordinateChanged(ParameterAddress oldAddress, ParameterAddress newAddress) override;
 
 private:
     bool update(CoordinateInstanceSet *set, ParameterDefinition *definition);

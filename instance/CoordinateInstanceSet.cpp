@@ -8,6 +8,7 @@
 #include "instance/MeasuringUnitResolver.h"
 #include "instance/ScalingInformation.h"
 #include "instance/SectionOverrides.h"
+#include "value/LifeGuard.h"
 #include "value/RejectionReport.h"
 #include "value/ValueTextConverter.h"
 
@@ -66,7 +67,10 @@ CoordinateInstanceSet::CoordinateInstanceSet(
 {
 }
 
-CoordinateInstanceSet::~CoordinateInstanceSet() = default;
+CoordinateInstanceSet::~CoordinateInstanceSet()
+{
+    LifeGuard::died(this);
+}
 
 void CoordinateInstanceSet::initialize(
     ParameterDefinition *definition, const ParameterCoordinate &coordinate)
@@ -86,7 +90,9 @@ void CoordinateInstanceSet::takeDefinition(ParameterDefinition *definition)
     m_elements = std::move(elements);
     m_properties.onDefinitionChanged();
     m_definition = definition;
-    emitDefinitionChanged();
+    // Another definition may hide by another function.
+    if (emitDefinitionChanged())
+        askKnownFlagsAnew();
 }
 
 bool CoordinateInstanceSet::attachInstance(
@@ -121,30 +127,34 @@ void CoordinateInstanceSet::createInstancesFromAnchors()
 }
 
 /// Silent: a missing property is reported to the one who asks for it, not at every change of state.
-CoordinateInstanceSet::Access CoordinateInstanceSet::access(
+AccessRules::WriteFacts CoordinateInstanceSet::writeFacts(
     const ParameterInstanceData &record, quint16 element) const
 {
     const ElementFacts &facts = m_properties.facts(element);
-    const quint32 readLevel = facts.readLevel;
     return {
-        .write =
-            {
-                .isReadOnly = m_container->isReadOnly(),
-                .isRecordWritable = record.isWritable(element),
-                .isOnline = m_container->isOnline(),
-                .writeLevel = facts.writeLevel,
-                .kind = facts.kind,
-                .userLevel = System::information()->userAccessLevel(),
-            },
-        .isHidden = isHidden(record.livingSpace(), element),
-        .readLevel = readLevel,
+        .isReadOnly = m_container->isReadOnly(),
+        .isRecordWritable = record.isWritable(element),
+        .isOnline = m_container->isOnline(),
+        .writeLevel = facts.writeLevel,
+        .kind = facts.kind,
+        .userLevel = System::information()->userAccessLevel(),
     };
+}
+
+/// Silent like writeFacts(). The firmware may be asked whether the value is hidden.
+bool CoordinateInstanceSet::isShown(
+    ParameterInstanceData &record, quint16 element, quint32 userLevel) const
+{
+    const ElementFacts &facts = m_properties.facts(element);
+    const bool isReadable = facts.has(eParameterProperty::ReadLevel)
+        && AccessRules::isVisible(false, facts.readLevel, userLevel);
+    return isReadable && !record.isHidden(element);
 }
 
 void CoordinateInstanceSet::onOnlineChanged(bool wasOnline)
 {
     forEachValue([this, wasOnline](ParameterInstanceData *record, quint16 element) {
-        AccessRules::WriteFacts facts = access(*record, element).write;
+        AccessRules::WriteFacts facts = writeFacts(*record, element);
         const bool isNow = AccessRules::isWritable(facts);
         facts.isOnline = wasOnline;
         if (isNow != AccessRules::isWritable(facts))
@@ -155,7 +165,7 @@ void CoordinateInstanceSet::onOnlineChanged(bool wasOnline)
 void CoordinateInstanceSet::onReadOnlyChanged(bool wasReadOnly)
 {
     forEachValue([this, wasReadOnly](ParameterInstanceData *record, quint16 element) {
-        AccessRules::WriteFacts facts = access(*record, element).write;
+        AccessRules::WriteFacts facts = writeFacts(*record, element);
         const bool isNow = AccessRules::isWritable(facts);
         facts.isReadOnly = wasReadOnly;
         if (isNow != AccessRules::isWritable(facts))
@@ -165,17 +175,20 @@ void CoordinateInstanceSet::onReadOnlyChanged(bool wasReadOnly)
 
 void CoordinateInstanceSet::onAccessLevelChanged(quint32 oldLevel)
 {
-    forEachValue([this, oldLevel](ParameterInstanceData *record, quint16 element) {
-        const Guard guard(this);
+    const quint32 newLevel = System::information()->userAccessLevel();
+    forEachValue([this, oldLevel, newLevel](ParameterInstanceData *record, quint16 element) {
+        const LifeGuard guard(this);
         const eLivingSpace livingSpace = record->livingSpace();
-        const Access now = access(*record, element);
-        Access before = now;
-        before.write.userLevel = oldLevel;
-        const bool isVisibilityChanged =
-            now.isVisible(now.write.userLevel) != before.isVisible(oldLevel);
-        const bool isWritabilityChanged =
-            AccessRules::isWritable(now.write) != AccessRules::isWritable(before.write);
-        if (isVisibilityChanged && !emitVisibilityChanged(livingSpace, element))
+        AccessRules::WriteFacts facts = writeFacts(*record, element);
+        const bool isWritableNow = AccessRules::isWritable(facts);
+        facts.userLevel = oldLevel;
+        const bool isWritabilityChanged = isWritableNow != AccessRules::isWritable(facts);
+
+        const bool isShownNow = isShown(*record, element, newLevel);
+        const bool wasShown = has(guard, element) && isShown(*record, element, oldLevel);
+        if (!has(guard, element))
+            return;
+        if (isShownNow != wasShown && !emitVisibilityChanged(livingSpace, element))
             return;
         if (isWritabilityChanged)
             Q_EMIT writabilityChanged(address(livingSpace, element));
@@ -192,7 +205,7 @@ void CoordinateInstanceSet::askKnownFlagsAnew()
 
 void CoordinateInstanceSet::clearStore(const QString &name, const QRegularExpression &tagPattern)
 {
-    const Guard guard(this);
+    const LifeGuard guard(this);
     for (const eLivingSpace livingSpace : m_instances.livingSpaces()) {
         emitChanges(livingSpace, m_instances.find(livingSpace)->discard(name, tagPattern));
         if (!guard)
@@ -213,10 +226,11 @@ void CoordinateInstanceSet::loadFromSection(const LmIniParser::IniSection &secti
             {livingSpace, m_instances.find(livingSpace)->loadFromSection(section, utf8)});
     m_properties.replaceOverrides(SectionOverrides::load(section, utf8, m_properties));
 
-    const Guard guard(this);
     const bool isRecounted = m_elements.count() != before;
-    if (isRecounted && m_registry)
+    if (m_registry && isRecounted)
         m_registry->onElementsChanged();
+    if (m_registry)
+        m_registry->onKindsChanged(this);
     if (isRecounted && !emitDefinitionChanged())
         return;
     for (const auto &[livingSpace, changed] : changes) {
@@ -227,8 +241,12 @@ void CoordinateInstanceSet::loadFromSection(const LmIniParser::IniSection &secti
 
 void CoordinateInstanceSet::saveToSection(LmIniParser::IniSection &section) const
 {
-    for (const eLivingSpace livingSpace : m_instances.livingSpaces())
+    const LifeGuard guard(this);
+    for (const eLivingSpace livingSpace : m_instances.livingSpaces()) {
         m_instances.find(livingSpace)->saveToSection(section);
+        if (!guard)
+            return;
+    }
     if (!m_elements.isRecord() && m_elements.count() != m_definition->elementCount())
         section.write(ElementCountKey, QByteArray::number(m_elements.count()));
     SectionOverrides::save(section, m_properties.overrides());
@@ -248,8 +266,11 @@ bool CoordinateInstanceSet::isGlobalParameter() const
 {
     if (!m_definition || !m_definition->isGlobalParameter())
         return false;
-    // Only a physical-axis parameter needs the device family, which the container knows.
-    return !m_definition->isPhysicalAxisParameter() || m_container->isGlobalParameter(m_coordinate);
+    if (!m_definition->isPhysicalAxisParameter())
+        return true;
+    // Only a physical-axis parameter needs the device family.
+    return m_registry ? m_registry->isGlobal(m_definition)
+                      : m_container->isGlobalParameter(m_coordinate);
 }
 
 ParameterText CoordinateInstanceSet::name() const
@@ -461,33 +482,33 @@ QString CoordinateInstanceSet::attribute(
     const auto factor = [&](eParameterProperty property) {
         return double(m_properties.read(element, property).asFloat());
     };
-    const auto unitText = [&](eParameterProperty property) {
-        return this->unitText(property, livingSpace, element);
+    // "1 LSB" alone needs no unit.
+    const auto information = [&](double perBit, eParameterProperty property) {
+        return ScalingInformation::text(
+            perBit, perBit == 0.0 ? QString() : unitText(property, livingSpace, element));
     };
     const double scaling = factor(eParameterProperty::ScalingFactor);
     const double fieldbus = factor(eParameterProperty::FieldbusScalingFactor);
     if (key == QLatin1String("ScalingInformationNative"))
-        return ScalingInformation::text(scaling, unitText(eParameterProperty::ScaledMeasuringUnit));
+        return information(scaling, eParameterProperty::ScaledMeasuringUnit);
     if (key == QLatin1String("ScalingInformationFieldbusScaled"))
-        return ScalingInformation::text(
-            fieldbus, unitText(eParameterProperty::ScaledMeasuringUnit));
+        return information(fieldbus, eParameterProperty::ScaledMeasuringUnit);
     if (key == QLatin1String("ScalingInformationFieldbusNative"))
-        return ScalingInformation::text(ScalingInformation::fieldbusNativeFactor(fieldbus, scaling),
-            unitText(eParameterProperty::NativeMeasuringUnit));
+        return information(ScalingInformation::fieldbusNativeFactor(fieldbus, scaling),
+            eParameterProperty::NativeMeasuringUnit);
     return {};
 }
 
 QString CoordinateInstanceSet::displayValueText(
     eLivingSpace livingSpace, quint16 element, bool withUnit) const
 {
-    ParameterInstanceData *found = record(livingSpace, element);
-    if (!found)
-        return {};
-    const QString text = prepared(*found, element, withUnit);
-    if (m_container->isOnline() || m_container->isReadOnly())
+    const LifeGuard guard(this);
+    const QString text = prepared(livingSpace, element, withUnit);
+    if (!has(guard, element) || !record(livingSpace, element) || m_container->isOnline()
+        || m_container->isReadOnly())
         return text;
     const int level = writeLevel(element);
-    if (level < AccessRules::MaskedWriteLevel)
+    if (level < AccessRules::MaskedWriteLevel || !has(guard, element))
         return text;
     return AccessRules::masked(text,
         {.isOnline = false,
@@ -497,12 +518,26 @@ QString CoordinateInstanceSet::displayValueText(
             .userLevel = System::information()->userAccessLevel()});
 }
 
+/// The stored value in the scaled unit; empty when the firmware's functions removed the element.
+QString CoordinateInstanceSet::storedValueText(eLivingSpace livingSpace, quint16 element) const
+{
+    ParameterInstanceData *found = record(livingSpace, element);
+    if (!found)
+        return {};
+    const LifeGuard guard(this);
+    const QString native = found->value(element);
+    return has(guard, element) ? found->toValueText(element, native) : QString();
+}
+
 /// The display text of the stored value.
 QString CoordinateInstanceSet::prepared(
-    ParameterInstanceData &record, quint16 element, bool withUnit) const
+    eLivingSpace livingSpace, quint16 element, bool withUnit) const
 {
-    const QString text = record.toValueText(element, record.value(element));
-    return text.isEmpty() ? QString() : prepare(text, record, element, withUnit, nullptr);
+    const LifeGuard guard(this);
+    const QString text = storedValueText(livingSpace, element);
+    return !text.isEmpty() && has(guard, element)
+        ? prepare(text, livingSpace, element, withUnit, nullptr)
+        : QString();
 }
 
 QString CoordinateInstanceSet::nativeValueText(
@@ -511,8 +546,9 @@ QString CoordinateInstanceSet::nativeValueText(
     ParameterInstanceData *found = record(livingSpace, element);
     if (!found)
         return {};
+    const LifeGuard guard(this);
     const QString text = found->value(element);
-    return withUnit
+    return withUnit && has(guard, element)
         ? this->withUnit(text, eParameterProperty::NativeMeasuringUnit, livingSpace, element)
         : text;
 }
@@ -520,11 +556,9 @@ QString CoordinateInstanceSet::nativeValueText(
 QString CoordinateInstanceSet::valueText(
     eLivingSpace livingSpace, quint16 element, bool withUnit) const
 {
-    ParameterInstanceData *found = record(livingSpace, element);
-    if (!found)
-        return {};
-    const QString text = found->toValueText(element, found->value(element));
-    return withUnit
+    const LifeGuard guard(this);
+    const QString text = storedValueText(livingSpace, element);
+    return withUnit && has(guard, element)
         ? this->withUnit(text, eParameterProperty::ScaledMeasuringUnit, livingSpace, element)
         : text;
 }
@@ -532,16 +566,17 @@ QString CoordinateInstanceSet::valueText(
 QString CoordinateInstanceSet::preparedValueText(
     eLivingSpace livingSpace, quint16 element, bool withUnit) const
 {
-    ParameterInstanceData *found = record(livingSpace, element);
-    if (!found || memoryAllocation(element) == NoStorage)
+    const LifeGuard guard(this);
+    if (!record(livingSpace, element) || memoryAllocation(element) == NoStorage || !guard)
         return {};
-    return prepared(*found, element, withUnit);
+    return prepared(livingSpace, element, withUnit);
 }
 
 QString CoordinateInstanceSet::unconvertedNativeValueText(
     eLivingSpace livingSpace, quint16 element, bool withUnit) const
 {
-    if (!record(livingSpace, element) || memoryAllocation(element) == NoStorage)
+    const LifeGuard guard(this);
+    if (!record(livingSpace, element) || memoryAllocation(element) == NoStorage || !guard)
         return {};
     return nativeValueText(livingSpace, element, withUnit);
 }
@@ -555,22 +590,22 @@ QString CoordinateInstanceSet::unconvertedValueText(
 QString CoordinateInstanceSet::formattedValueText(
     eLivingSpace livingSpace, quint16 element, int kind) const
 {
-    ParameterInstanceData *found = record(livingSpace, element);
-    if (!found)
+    const LifeGuard guard(this);
+    const QString text = storedValueText(livingSpace, element);
+    if (!has(guard, element))
         return {};
-    return ValueTextConverter(*this).format(
-        found->toValueText(element, found->value(element)), livingSpace, element, kind);
+    return ValueTextConverter(*this).format(text, livingSpace, element, kind);
 }
 
 QString CoordinateInstanceSet::formattedNativeValueText(
     eLivingSpace livingSpace, quint16 element, int kind, bool withUnit) const
 {
-    ParameterInstanceData *found = record(livingSpace, element);
-    if (!found)
+    const LifeGuard guard(this);
+    const QString native = nativeValueText(livingSpace, element, false);
+    if (!has(guard, element))
         return {};
-    const QString text =
-        ValueTextConverter(*this).format(found->value(element), livingSpace, element, kind);
-    return withUnit
+    const QString text = ValueTextConverter(*this).format(native, livingSpace, element, kind);
+    return withUnit && has(guard, element)
         ? this->withUnit(text, eParameterProperty::NativeMeasuringUnit, livingSpace, element)
         : text;
 }
@@ -582,25 +617,27 @@ QString CoordinateInstanceSet::prepareValueText(const QString &valueText, eLivin
         *ok = false;
     if (!m_elements.contains(element) || valueText.isEmpty())
         return {};
-    if (const ParameterInstanceData *found = record(livingSpace, element))
-        return prepare(valueText, *found, element, withUnit, ok);
+    if (record(livingSpace, element))
+        return prepare(valueText, livingSpace, element, withUnit, ok);
     if (ok)
         *ok = true;
     return valueText;
 }
 
-QString CoordinateInstanceSet::prepare(const QString &valueText,
-    const ParameterInstanceData &record, quint16 element, bool withUnit, bool *ok) const
+QString CoordinateInstanceSet::prepare(const QString &valueText, eLivingSpace livingSpace,
+    quint16 element, bool withUnit, bool *ok) const
 {
-    const eLivingSpace livingSpace = record.livingSpace();
+    const LifeGuard guard(this);
     const QString unitText = withUnit
         ? this->unitText(eParameterProperty::ScaledMeasuringUnit, livingSpace, element)
         : QString();
+    if (!has(guard, element))
+        return {};
     ValueTextConverter converter(*this);
     const QString text = converter.prepare(valueText, livingSpace, element, unitText);
     if (ok)
         *ok = converter.problems().isEmpty();
-    if (!converter.problems().isEmpty())
+    if (!converter.problems().isEmpty() && guard)
         reportConversion(
             &RejectionReport::preparingMessage, converter.problems(), livingSpace, element);
     return text;
@@ -613,17 +650,25 @@ QString CoordinateInstanceSet::adoptValueText(
         *ok = m_elements.contains(element);
     if (!m_elements.contains(element))
         return {};
-    ValueTextConverter converter(*this);
+    const LifeGuard guard(this);
     const QString unitText =
         m_properties.facts(element).has(eParameterProperty::ScaledMeasuringUnit)
         ? this->unitText(eParameterProperty::ScaledMeasuringUnit, livingSpace, element)
         : QString();
+    if (!has(guard, element)) {
+        if (ok)
+            *ok = false;
+        return {};
+    }
+    ValueTextConverter converter(*this);
     const QString text = converter.adopt(displayText, livingSpace, element, unitText);
     if (converter.problems().isEmpty())
         return text;
     if (ok)
         *ok = false;
-    reportConversion(&RejectionReport::adoptingMessage, converter.problems(), livingSpace, element);
+    if (guard)
+        reportConversion(
+            &RejectionReport::adoptingMessage, converter.problems(), livingSpace, element);
     return text;
 }
 
@@ -645,7 +690,8 @@ bool CoordinateInstanceSet::isHidden(eLivingSpace livingSpace, quint16 element) 
 
 bool CoordinateInstanceSet::isVisible(eLivingSpace livingSpace, quint16 element) const
 {
-    if (!m_elements.contains(element) || isHidden(livingSpace, element))
+    const LifeGuard guard(this);
+    if (!m_elements.contains(element) || isHidden(livingSpace, element) || !has(guard, element))
         return false;
     const ElementFacts *facts = reportedFacts(element, eParameterProperty::ReadLevel);
     return facts
@@ -658,14 +704,20 @@ bool CoordinateInstanceSet::isWritable(eLivingSpace livingSpace, quint16 element
     const ParameterInstanceData *found = record(livingSpace, element);
     if (m_container->isReadOnly() || !found || !found->isWritable(element))
         return false;
-    return AccessRules::isWritable({
+    const LifeGuard guard(this);
+    AccessRules::WriteFacts facts {
         .isReadOnly = false,
         .isRecordWritable = true,
         .isOnline = m_container->isOnline(),
         .writeLevel = writeLevel(element),
-        .kind = kind(element),
+        .kind = 0,
         .userLevel = System::information()->userAccessLevel(),
-    });
+    };
+    // The kind is asked for, and reported as missing, only where the level does not decide.
+    if (!has(guard, element) || !AccessRules::isWritable(facts))
+        return false;
+    facts.kind = kind(element);
+    return AccessRules::isWritable(facts);
 }
 
 quint8 CoordinateInstanceSet::datatype(quint16 element) const
@@ -689,11 +741,14 @@ int CoordinateInstanceSet::memoryAllocation(quint16 element) const
 int CoordinateInstanceSet::writeLevel(quint16 element) const
 {
     const ElementFacts *facts = reportedFacts(element, eParameterProperty::WriteLevel);
-    if (facts && !facts->isWriteLevelUsable) {
+    if (!facts)
+        return 0;
+    const int level = facts->writeLevel;
+    if (!facts->isWriteLevelUsable) {
         PropertyResolver::report(PropertyResolver::eFault::InvalidDefinition,
             eParameterProperty::WriteLevel, m_coordinate);
     }
-    return facts ? facts->writeLevel : 0;
+    return level;
 }
 
 quint32 CoordinateInstanceSet::readLevel(quint16 element) const
@@ -751,13 +806,15 @@ ParameterText CoordinateInstanceSet::unit(
     const ElementFacts *facts = reportedFacts(element, property);
     if (!facts)
         return {};
+    const ParameterCoordinate coordinate = m_coordinate;
+    const ParameterProperty value = facts->unit(property);
     const MeasuringUnitResolver::Outcome outcome =
-        MeasuringUnitResolver::resolve(facts->unit(property), m_container, livingSpace);
+        MeasuringUnitResolver::resolve(value, m_container, livingSpace);
     if (outcome.problem == MeasuringUnitResolver::eProblem::Unknown)
-        PropertyResolver::report(PropertyResolver::eFault::UnknownValue, property, m_coordinate);
+        PropertyResolver::report(PropertyResolver::eFault::UnknownValue, property, coordinate);
     if (outcome.problem == MeasuringUnitResolver::eProblem::Inconvertible)
         PropertyResolver::report(
-            PropertyResolver::eFault::InconvertibleValue, property, m_coordinate);
+            PropertyResolver::eFault::InconvertibleValue, property, coordinate);
     return outcome.unit;
 }
 
@@ -796,8 +853,10 @@ QString CoordinateInstanceSet::limitText(
     const ParameterInstanceData *found = record(livingSpace, element);
     if (!found)
         return {};
-    if (writeLevel(element) >= AccessRules::MaskedWriteLevel
-        && memoryAllocation(element) == NoStorage)
+    const LifeGuard guard(this);
+    const bool isMasked = writeLevel(element) >= AccessRules::MaskedWriteLevel && guard
+        && memoryAllocation(element) == NoStorage;
+    if (isMasked || !has(guard, element))
         return {};
     return property == eParameterProperty::LowerLimitValue ? found->lowerLimit(element)
                                                            : found->upperLimit(element);
@@ -806,7 +865,7 @@ QString CoordinateInstanceSet::limitText(
 bool CoordinateInstanceSet::isValueTextAcceptable(
     eLivingSpace livingSpace, quint16 element, const QString &displayText) const
 {
-    const QPointer<const CoordinateInstanceSet> guard(this);
+    const LifeGuard guard(this);
     bool ok = false;
     const QString adopted = adoptValueText(displayText, livingSpace, element, &ok);
     ParameterInstanceData *found = ok && guard ? record(livingSpace, element) : nullptr;
@@ -844,8 +903,9 @@ QString CoordinateInstanceSet::description(quint16 element) const
             + DescriptionRenderer::html(
                 m_coordinate, name().longText(), m_definition->descriptionText());
     }
-    return DescriptionRenderer::referenceKey(ParameterAddress(0, m_coordinate, element)
-                                                 .toTextGlobalInstance(m_elements.isElementNamed()),
+    return DescriptionRenderer::referenceKey(
+        ParameterAddress(0, m_coordinate, element)
+            .toTextGlobalInstance(isRecordParameter() || definedElementCount() > 1),
         m_properties.read(element, eParameterProperty::DescriptionReference).asString(),
         elementVersion(element));
 }
@@ -865,7 +925,11 @@ QString CoordinateInstanceSet::defaultNativeValueText(
 QString CoordinateInstanceSet::defaultValueText(eLivingSpace livingSpace, quint16 element) const
 {
     ParameterInstanceData *found = record(livingSpace, element);
-    return found ? found->toValueText(element, found->defaultValue(element)) : QString();
+    if (!found)
+        return {};
+    const LifeGuard guard(this);
+    const QString native = found->defaultValue(element);
+    return has(guard, element) ? found->toValueText(element, native) : QString();
 }
 
 eLivingSpace CoordinateInstanceSet::key(eLivingSpace livingSpace) const

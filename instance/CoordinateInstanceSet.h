@@ -5,10 +5,10 @@
 #include "instance/InstanceTable.h"
 #include "value/PropertyResolver.h"
 #include "value/ElementCatalogue.h"
+#include "value/LifeGuard.h"
 
 #include <KrParameterInstance/ParameterSetup.h>
 
-#include <QtCore/QPointer>
 #include <QtCore/QTime>
 #include <QtCore/QTimer>
 
@@ -178,19 +178,8 @@ public Q_SLOTS:
     void onSuppressedHidingTimerTimedout();
 
 private:
-    /// Null once the set is gone.
-    using Guard = QPointer<CoordinateInstanceSet>;
+    using Guard = LifeGuard;
     using ConversionMessage = QString (*)(const QString &addressText, const QString &problem);
-    struct Access {
-        AccessRules::WriteFacts write;
-        bool isHidden;
-        quint32 readLevel;
-
-        bool isVisible(quint32 userLevel) const
-        {
-            return AccessRules::isVisible(isHidden, readLevel, userLevel);
-        }
-    };
     /// What one value answers to a question that a property decides.
     struct PropertyAnswer {
         eLivingSpace livingSpace;
@@ -203,8 +192,9 @@ private:
     ParameterInstanceData *record(eLivingSpace livingSpace, quint16 element) const;
     /// Null, and **reported**, where the element lacks the property; silent for no element.
     const ElementFacts *reportedFacts(quint16 element, eParameterProperty property) const;
-    QString prepared(ParameterInstanceData &record, quint16 element, bool withUnit) const;
-    QString prepare(const QString &valueText, const ParameterInstanceData &record, quint16 element,
+    QString storedValueText(eLivingSpace livingSpace, quint16 element) const;
+    QString prepared(eLivingSpace livingSpace, quint16 element, bool withUnit) const;
+    QString prepare(const QString &valueText, eLivingSpace livingSpace, quint16 element,
         bool withUnit, bool *ok) const;
     QString unitText(eParameterProperty property, eLivingSpace livingSpace, quint16 element) const;
     ParameterText unit(
@@ -215,7 +205,8 @@ private:
     void reportConversion(ConversionMessage message, const QStringList &problems,
         eLivingSpace livingSpace, quint16 element) const;
 
-    Access access(const ParameterInstanceData &record, quint16 element) const;
+    AccessRules::WriteFacts writeFacts(const ParameterInstanceData &record, quint16 element) const;
+    bool isShown(ParameterInstanceData &record, quint16 element, quint32 userLevel) const;
     /// Calls for every instance and element while the set lives. False when it is gone.
     bool forEachValue(const std::function<void(ParameterInstanceData *, quint16)> &function);
     void askHiddenAnew(ParameterInstanceData *record, quint16 element);
@@ -227,7 +218,10 @@ private:
     void emitAnswerChanged(eParameterProperty property, eLivingSpace livingSpace, quint16 element);
 
     /// Whether set and element are still there after a signal or a function of the firmware.
-    static bool has(const Guard &guard, quint16 element);
+    bool has(const LifeGuard &guard, quint16 element) const
+    {
+        return guard && m_elements.contains(element);
+    }
 
     /// Stores what differs from the stored text; what does not only receives the change tag.
     void storeValueText(const Guard &guard, ParameterInstanceData *record, quint16 element,

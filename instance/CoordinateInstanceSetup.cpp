@@ -22,6 +22,17 @@ namespace {
 constexpr std::array<eParameterProperty, 3> UnitProperties {eParameterProperty::ScaledMeasuringUnit,
     eParameterProperty::NativeMeasuringUnit, eParameterProperty::FieldbusMeasuringUnit};
 
+/// All that a listener could see of a text.
+QString inEveryLanguage(const ParameterText &text)
+{
+    QString all;
+    for (const QString &language : text.languages()) {
+        for (const QString &part : {language, text.shortText(language), text.longText(language)})
+            all += part + QChar(QChar::Null);
+    }
+    return all;
+}
+
 } // namespace
 
 void CoordinateInstanceSet::setElementCount(quint16 count)
@@ -55,7 +66,10 @@ void CoordinateInstanceSet::setCoordinate(const ParameterCoordinate &coordinate)
 
     const ParameterCoordinate before = m_coordinate;
     m_coordinate = coordinate;
-    forEachValue([this, before](ParameterInstanceData *record, quint16 element) {
+    forEachValue([this, before, coordinate](ParameterInstanceData *record, quint16 element) {
+        // A listener may have moved the set on; that move has told its own addresses.
+        if (m_coordinate != coordinate)
+            return;
         const Guard guard(this);
         const ParameterAddress newAddress = address(record->livingSpace(), element);
         ParameterAddress oldAddress = newAddress;
@@ -80,9 +94,16 @@ void CoordinateInstanceSet::setProperty(
     if (!m_properties.isDefined(element, property))
         return;
 
+    const Guard guard(this);
     const QList<PropertyAnswer> before = answers(element, property);
+    if (!has(guard, element))
+        return;
     m_properties.setOverride(element, property, value, m_container->parameterChangeTag());
-    emitAnswerChanges(before, answers(element, property), property);
+    if (m_registry && property == eParameterProperty::ParameterKind)
+        m_registry->onKindsChanged(this);
+    const QList<PropertyAnswer> after = answers(element, property);
+    if (guard)
+        emitAnswerChanges(before, after, property);
 }
 
 QList<CoordinateInstanceSet::PropertyAnswer> CoordinateInstanceSet::answers(
@@ -90,10 +111,15 @@ QList<CoordinateInstanceSet::PropertyAnswer> CoordinateInstanceSet::answers(
 {
     const QList<quint16> elements =
         m_elements.isRecord() ? QList<quint16> {element} : m_elements.list();
+    const Guard guard(this);
     QList<PropertyAnswer> list;
     for (const eLivingSpace livingSpace : m_instances.livingSpaces()) {
-        for (const quint16 each : elements)
-            list.append({livingSpace, each, answer(property, livingSpace, each)});
+        for (const quint16 each : elements) {
+            if (has(guard, each))
+                list.append({livingSpace, each, answer(property, livingSpace, each)});
+            if (!guard)
+                return list;
+        }
     }
     return list;
 }
@@ -104,16 +130,17 @@ QString CoordinateInstanceSet::answer(
     const auto text = [](bool answer) { return QString(QLatin1Char(answer ? '1' : '0')); };
     switch (property) {
     case eParameterProperty::ReadLevel:
-        return text(isVisible(livingSpace, element));
+        return text(isShown(
+            *record(livingSpace, element), element, System::information()->userAccessLevel()));
     case eParameterProperty::WriteLevel:
-        return text(isWritable(livingSpace, element));
+        return text(AccessRules::isWritable(writeFacts(*record(livingSpace, element), element)));
     case eParameterProperty::LowerLimitValue:
     case eParameterProperty::UpperLimitValue:
         return limitText(property, livingSpace, element);
     case eParameterProperty::ScaledMeasuringUnit:
     case eParameterProperty::NativeMeasuringUnit:
     case eParameterProperty::FieldbusMeasuringUnit:
-        return unit(property, livingSpace, element).longText();
+        return inEveryLanguage(unit(property, livingSpace, element));
     default:
         return {};
     }
@@ -147,11 +174,6 @@ void CoordinateInstanceSet::emitAnswerChanged(
     default:
         emitMeasuringUnitChanged(livingSpace, element);
     }
-}
-
-bool CoordinateInstanceSet::has(const Guard &guard, quint16 element)
-{
-    return guard && guard->m_elements.contains(element);
 }
 
 void CoordinateInstanceSet::setValueText(
@@ -278,6 +300,11 @@ bool CoordinateInstanceSet::setValueChangeTag(
     ParameterInstanceData *found = record(livingSpace, element);
     if (!found)
         return false;
+    // A value that nobody read yet is taken from its default now: the read would renew the tag.
+    const Guard guard(this);
+    found->value(element);
+    if (!has(guard, element))
+        return false;
     found->setValueChangeTag(element, tag);
     return true;
 }
@@ -287,6 +314,10 @@ bool CoordinateInstanceSet::setDefaultValueChangeTag(
 {
     ParameterInstanceData *found = record(livingSpace, element);
     if (!found)
+        return false;
+    const Guard guard(this);
+    found->defaultValue(element);
+    if (!has(guard, element))
         return false;
     found->setDefaultValueChangeTag(element, tag);
     return true;
@@ -366,7 +397,7 @@ bool CoordinateInstanceSet::emitValueChanged(const Guard &guard, eLivingSpace ke
         Q_EMIT m_container->parameterValueChanged(at);
     if (guard)
         Q_EMIT m_container->parameterNativeValueChanged(at);
-    return guard;
+    return bool(guard);
 }
 
 bool CoordinateInstanceSet::emitDefaultChanged(eLivingSpace key, quint16 element)
@@ -376,7 +407,7 @@ bool CoordinateInstanceSet::emitDefaultChanged(eLivingSpace key, quint16 element
     Q_EMIT defaultValueChanged(at);
     if (guard)
         Q_EMIT m_container->parameterDefaultValueChanged(at);
-    return guard;
+    return bool(guard);
 }
 
 bool CoordinateInstanceSet::emitDefinitionChanged()
@@ -397,7 +428,7 @@ bool CoordinateInstanceSet::emitVisibilityChanged(eLivingSpace key, quint16 elem
     Q_EMIT visibilityChanged(at);
     if (guard)
         Q_EMIT m_container->parameterVisibilityChanged(at);
-    return guard;
+    return bool(guard);
 }
 
 bool CoordinateInstanceSet::emitMeasuringUnitChanged(eLivingSpace key, quint16 element)
@@ -407,7 +438,7 @@ bool CoordinateInstanceSet::emitMeasuringUnitChanged(eLivingSpace key, quint16 e
     Q_EMIT measuringUnitChanged(at);
     if (guard)
         Q_EMIT m_container->parameterMeasuringUnitChanged(at);
-    return guard;
+    return bool(guard);
 }
 
 bool CoordinateInstanceSet::emitChanges(
@@ -483,9 +514,11 @@ void CoordinateInstanceSet::followDependency(
     case eParameterProperty::HidingDependency:
         askHiddenAnew(record, element);
         return;
-    default:
-        if (record->updateUnits(element, unitTexts(livingSpace, element)) && guard)
+    default: {
+        const QString texts = unitTexts(livingSpace, element);
+        if (has(guard, element) && record->updateUnits(element, texts))
             emitMeasuringUnitChanged(livingSpace, element);
+    }
     }
 }
 
@@ -493,18 +526,22 @@ void CoordinateInstanceSet::askHiddenAnew(ParameterInstanceData *record, quint16
 {
     const Guard guard(this);
     const quint32 userLevel = System::information()->userAccessLevel();
-    const bool wasVisible = access(*record, element).isVisible(userLevel);
-    if (guard)
+    const bool wasShown = isShown(*record, element, userLevel);
+    if (has(guard, element))
         record->updateHidden(element);
-    if (guard && access(*record, element).isVisible(userLevel) != wasVisible)
+    if (has(guard, element) && isShown(*record, element, userLevel) != wasShown)
         emitVisibilityChanged(record->livingSpace(), element);
 }
 
 QString CoordinateInstanceSet::unitTexts(eLivingSpace livingSpace, quint16 element) const
 {
     QString texts;
-    for (const eParameterProperty property : UnitProperties)
-        texts += unit(property, livingSpace, element).longText() + QChar(QChar::Null);
+    const Guard guard(this);
+    for (const eParameterProperty property : UnitProperties) {
+        if (!has(guard, element))
+            return texts;
+        texts += inEveryLanguage(unit(property, livingSpace, element)) + QChar(QChar::Null);
+    }
     return texts;
 }
 

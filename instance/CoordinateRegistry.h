@@ -2,13 +2,20 @@
 
 #include <KrParameterDefinition/ParameterAddress.h>
 
-/// What an instance set tells the keeper of the sets about its addresses.
+class CoordinateInstanceSet;
+class ParameterDefinition;
+
+/// What an instance set tells the keeper of the sets, and asks it.
 class CoordinateRegistry {
 public:
     /// Called before coordinateChanged is heard by anyone else.
     virtual void onCoordinateChanged(ParameterAddress oldAddress, ParameterAddress newAddress) = 0;
     /// Called when a set has more or fewer elements, before definitionChanged is heard by anyone.
     virtual void onElementsChanged() = 0;
+    /// Called when an override of the parameter kind may have changed.
+    virtual void onKindsChanged(CoordinateInstanceSet *set) = 0;
+    /// Whether a parameter of this definition is global in the device's family.
+    virtual bool isGlobal(const ParameterDefinition *definition) const = 0;
 
 protected:
     ~CoordinateRegistry() = default;

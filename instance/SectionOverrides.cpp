@@ -1,12 +1,14 @@
 #include "instance/SectionOverrides.h"
 
-#include <KrMultilingual/ParameterText.h>
+#include <KrMultilingual/ParameterTextMap.h>
 #include <LmUtilities/IniSection.h>
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <optional>
 
@@ -54,33 +56,103 @@ QString escaped(const QByteArray &json)
     return text;
 }
 
-QString textOf(const ParameterProperty &value)
+QJsonObject jsonOf(const ParameterText &text)
 {
-    const QVariant &variant = value.asVariant();
-    if (variant.metaType() != QMetaType::fromType<ParameterText>())
-        return value.asString();
-    const auto text = variant.value<ParameterText>();
     QJsonObject object;
     for (const QString &language : text.languages())
         object.insert(language, QJsonArray {text.shortText(language), text.longText(language)});
+    return object;
+}
+
+ParameterText parameterTextOf(const QJsonObject &object)
+{
+    ParameterText text;
+    for (auto it = object.begin(); it != object.end(); ++it) {
+        const QJsonArray texts = it.value().toArray();
+        text.setText(it.key(), texts.at(0).toString(), texts.at(1).toString());
+    }
+    return text;
+}
+
+QJsonObject jsonOf(const ParameterTextMap &map)
+{
+    QJsonObject object;
+    for (const qint32 key : map.keys())
+        object.insert(QString::number(key), jsonOf(map.text(key)));
+    return object;
+}
+
+ParameterTextMap parameterTextMapOf(const QJsonObject &object)
+{
+    ParameterTextMap map;
+    for (auto it = object.begin(); it != object.end(); ++it)
+        map.insert(it.key().toInt(), parameterTextOf(it.value().toObject()));
+    return map;
+}
+
+QString compact(const QJsonObject &object)
+{
     return escaped(QJsonDocument(object).toJson(QJsonDocument::Compact));
 }
 
-/// The text in the type in which the definition holds the property.
+constexpr QLatin1String TextTag("t:");
+constexpr QLatin1String MapTag("m:");
+constexpr QLatin1String ListTag("l:");
+constexpr QLatin1String AbsentTag("n:");
+constexpr QLatin1String PlainTag("s:");
+constexpr std::array<QLatin1String, 5> Tags {TextTag, MapTag, ListTag, AbsentTag, PlainTag};
+
+bool isTagged(const QString &text)
+{
+    return std::any_of(
+        Tags.begin(), Tags.end(), [&text](QLatin1String tag) { return text.startsWith(tag); });
+}
+
+QString textOf(const ParameterProperty &value)
+{
+    const QVariant &variant = value.asVariant();
+    if (!variant.isValid())
+        return AbsentTag;
+    if (variant.metaType() == QMetaType::fromType<ParameterText>())
+        return TextTag + compact(jsonOf(variant.value<ParameterText>()));
+    if (variant.metaType() == QMetaType::fromType<ParameterTextMap>())
+        return MapTag + compact(jsonOf(variant.value<ParameterTextMap>()));
+    if (variant.canView<QVariantList>() && variant.metaType() != QMetaType::fromType<QString>()
+        && variant.metaType() != QMetaType::fromType<QByteArray>()) {
+        QStringList numbers;
+        for (const quint16 number : value.asUint16List())
+            numbers.append(QString::number(number));
+        return ListTag + numbers.join(QLatin1Char(','));
+    }
+    const QString text = value.asString();
+    return isTagged(text) ? PlainTag + text : text;
+}
+
+/// A plain text takes the type in which the definition holds the property.
 ParameterProperty valueOf(const QString &text, const ParameterProperty &defined)
 {
+    const auto object = [&text] {
+        return QJsonDocument::fromJson(text.sliced(TextTag.size()).toUtf8()).object();
+    };
+    if (text.startsWith(AbsentTag))
+        return {};
+    if (text.startsWith(TextTag))
+        return ParameterProperty(QVariant::fromValue(parameterTextOf(object())));
+    if (text.startsWith(MapTag))
+        return ParameterProperty(QVariant::fromValue(parameterTextMapOf(object())));
+    if (text.startsWith(ListTag)) {
+        QVariantList numbers;
+        for (const QString &number :
+            text.sliced(ListTag.size()).split(QLatin1Char(','), Qt::SkipEmptyParts))
+            numbers.append(number.toUInt());
+        return ParameterProperty(numbers);
+    }
+    if (text.startsWith(PlainTag))
+        return ParameterProperty(text.sliced(PlainTag.size()));
     const QMetaType type = defined.asVariant().metaType();
-    if (type != QMetaType::fromType<ParameterText>()) {
-        QVariant value(text);
-        return ParameterProperty(value.convert(type) ? value : QVariant(text));
-    }
-    ParameterText value;
-    const QJsonObject object = QJsonDocument::fromJson(text.toUtf8()).object();
-    for (auto it = object.begin(); it != object.end(); ++it) {
-        const QJsonArray texts = it.value().toArray();
-        value.setText(it.key(), texts.at(0).toString(), texts.at(1).toString());
-    }
-    return ParameterProperty(object.isEmpty() ? QVariant(text) : QVariant::fromValue(value));
+    QVariant value(text);
+    const bool isPlain = type != QMetaType::fromType<ParameterText>() && value.convert(type);
+    return ParameterProperty(isPlain ? value : QVariant(text));
 }
 
 } // namespace

@@ -11,8 +11,13 @@ class IniSection;
 /// Property overrides in a saved section: keys "P_<element>_<property>" with their change tags under
 /// "PC_<element>_<property>".
 ///
-/// A number or text is saved as it reads; a text in several languages as a JSON object from language
-/// to [short, long] with every character beyond ASCII escaped, so that it survives Latin-1.
+/// value  = number or text as it reads, or one of
+///          "t:" JSON object from language to [short, long]      a text in several languages
+///          "m:" JSON object from number to such an object       a choice map
+///          "l:" numbers separated by ","                        a list of numbers
+///          "n:"                                                 the property is absent
+///          "s:" text                                            a text that begins like one of these
+/// In JSON every character beyond ASCII is escaped, so that it survives Latin-1.
 namespace SectionOverrides {
 
 void save(

@@ -110,6 +110,10 @@ std::optional<QString> AxisReference::resolve(
         || isBeingResolved(information, livingSpace))
         return {};
     const QScopedValueRollback guard(innermost, &link);
-    const QString text = information->displayValueText(livingSpace, 0, false);
+    // The display text as it is, never masked: it stands for a part of another parameter's text.
+    const QString valueText = information->valueText(livingSpace, 0, false);
+    const QString text = information
+        ? information->prepareValueText(valueText, livingSpace, 0, false, nullptr)
+        : QString();
     return information ? withoutKey(text, *information, livingSpace) : text;
 }

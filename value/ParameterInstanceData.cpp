@@ -4,6 +4,7 @@
 #include "value/RejectionReport.h"
 #include "value/ValueTextConverter.h"
 
+#include <KrDatatype/SimpleType.h>
 #include <KrFirmware/ParameterFunctionProvider.h>
 #include <KrParameterDefinition/ParameterDefinition.h>
 #include <KrParameterDefinition/ParameterException.h>
@@ -25,6 +26,16 @@
 namespace {
 
 quint32 lastSerialNumber = 0;
+
+/// The parameter kind that is shown as a decimal number.
+constexpr qint32 DecimalKind = 0;
+
+bool isNumber(const QString &text)
+{
+    bool isOne = false;
+    [[maybe_unused]] const double number = text.toDouble(&isOne);
+    return isOne;
+}
 
 /// A stored text is never null, so that null means "not there".
 QString stored(const QString &text)
@@ -191,16 +202,16 @@ quint16 ParameterInstanceData::defaultElement(quint16 element) const
 
 QString ParameterInstanceData::computeDefault(quint16 element)
 {
+    const QPointer<ParameterSetup> owner(m_owner);
     ValueTextConverter converter(*m_owner);
     const QString text =
         converter.adoptDefault(elements().definition()->elementDefaultValue(element), element);
     // Correcting a default may read this very element; it is answered with the uncorrected text.
-    if (isBeingComputed(element))
+    if (!owner || isBeingComputed(element))
         return text;
     ParameterFunctionProvider *firmware = provider();
     QString corrected = text;
     if (firmware) {
-        const QPointer<ParameterSetup> owner(m_owner);
         const Computation computation(*this, element);
         corrected = firmware->correctValue(text, &m_delegate, element);
         if (!owner)
@@ -262,7 +273,8 @@ void ParameterInstanceData::setDefaultValueChangeTag(quint16 element, const QStr
 QStringList ParameterInstanceData::changeTags() const
 {
     QSet<QString> distinct;
-    for (size_t i = 0; i < m_texts.size(); ++i) {
+    const size_t shown = std::min(m_texts.size(), size_t(elements().count()));
+    for (size_t i = 0; i < shown; ++i) {
         const ElementTexts &texts = *m_texts.find(i);
         distinct << texts.valueTag.text() << texts.defaultTag.text();
     }
@@ -326,7 +338,12 @@ void ParameterInstanceData::reportRejection(
     const QString valueText = toValueText(element, nativeText);
     if (!owner)
         return;
-    const QString shown = owner->prepareValueText(valueText, livingSpace(), element, true, nullptr);
+    // A text that is no number has no display form of a number: it is named as it was typed.
+    const bool isNumberExpected = facts(element).kind == DecimalKind && facts(element).type
+        && facts(element).type->kind() <= SimpleType::FloatingPoint;
+    const QString shown = isNumberExpected && !isNumber(valueText)
+        ? valueText
+        : owner->prepareValueText(valueText, livingSpace(), element, true, nullptr);
     if (!owner || !elements().contains(element))
         return;
     System::addCriticalMessage(container()->domain(),
@@ -353,15 +370,17 @@ QString ParameterInstanceData::toNativeText(quint16 element, const QString &valu
 QString ParameterInstanceData::lowerLimit(quint16 element) const
 {
     ParameterFunctionProvider *firmware = provider();
+    const QPointer<ParameterSetup> owner(m_owner);
     const QString limit = firmware ? firmware->lowerLimit(&m_delegate, element) : QString();
-    return limit.isEmpty() ? facts(element).lowerLimit : limit;
+    return limit.isEmpty() && owner ? facts(element).lowerLimit : limit;
 }
 
 QString ParameterInstanceData::upperLimit(quint16 element) const
 {
     ParameterFunctionProvider *firmware = provider();
+    const QPointer<ParameterSetup> owner(m_owner);
     const QString limit = firmware ? firmware->upperLimit(&m_delegate, element) : QString();
-    return limit.isEmpty() ? facts(element).upperLimit : limit;
+    return limit.isEmpty() && owner ? facts(element).upperLimit : limit;
 }
 
 void ParameterInstanceData::runFunction(eFunctionKind kind, quint16 element)
@@ -511,15 +530,24 @@ ParameterInstanceData::Changes ParameterInstanceData::loadFromSection(
 
 void ParameterInstanceData::saveToSection(LmIniParser::IniSection &section)
 {
+    const QPointer<ParameterSetup> owner(m_owner);
     for (const quint16 element : elements().list()) {
+        // Computing a text that is not there yet may run the firmware.
+        const QString text = value(element);
+        const QString defaultText =
+            owner && elements().contains(element) ? defaultValue(element) : QString();
+        const ElementTexts *texts = owner ? find(element) : nullptr;
+        if (!owner)
+            return;
+        if (!texts)
+            continue;
         const SectionKeys keys(m_axisNumber, element);
-        writeLatin1(section, keys.value(), value(element));
-        const ElementTexts &texts = entry(element);
-        if (!texts.valueTag.isEmpty())
-            writeLatin1(section, keys.valueTag(), texts.valueTag.text());
-        writeLatin1(section, keys.defaultValue(), defaultValue(element));
-        if (!entry(element).defaultTag.isEmpty())
-            writeLatin1(section, keys.defaultTag(), entry(element).defaultTag.text());
+        writeLatin1(section, keys.value(), text);
+        if (!texts->valueTag.isEmpty())
+            writeLatin1(section, keys.valueTag(), texts->valueTag.text());
+        writeLatin1(section, keys.defaultValue(), defaultText);
+        if (!texts->defaultTag.isEmpty())
+            writeLatin1(section, keys.defaultTag(), texts->defaultTag.text());
     }
 }
 

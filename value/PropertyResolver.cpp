@@ -112,7 +112,8 @@ ParameterProperty PropertyResolver::readDefined(quint16 element, eParameterPrope
 ParameterProperty PropertyResolver::read(quint16 element, eParameterProperty property) const
 {
     const Override *found = m_overrides ? find(element, property) : nullptr;
-    return found ? found->value : readDefined(element, property);
+    // An override of a property that a newer definition lacks is kept, but answers nothing.
+    return found && isDefined(element, property) ? found->value : readDefined(element, property);
 }
 
 const ElementFacts &PropertyResolver::soughtFacts(quint16 element) const

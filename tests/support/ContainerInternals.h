@@ -20,7 +20,8 @@ inline void bind(
     const ParameterContainer &container, std::unique_ptr<ParameterFunctionProvider> provider)
 {
     ParameterContainerPrivate *internals = of(container);
-    internals->functionProvider = std::move(provider);
+    internals->functionProvider =
+        provider ? std::make_unique<GuardedFunctionProvider>(std::move(provider)) : nullptr;
     if (internals->functionProvider)
         internals->functionProvider->setCallbackProvider(&internals->callbackDelegate);
     for (const QPointer<CoordinateInstanceSet> &set : internals->guardedSets()) {
