@@ -20,6 +20,8 @@ inline void bind(
     const ParameterContainer &container, std::unique_ptr<ParameterFunctionProvider> provider)
 {
     ParameterContainerPrivate *internals = of(container);
+    // A running provider lives until its outermost function returns.
+    GuardedFunctionProvider::retire(std::move(internals->functionProvider));
     internals->functionProvider =
         provider ? std::make_unique<GuardedFunctionProvider>(std::move(provider)) : nullptr;
     if (internals->functionProvider)
