@@ -393,8 +393,8 @@ bool ParameterInstanceData::updateLimits(quint16 element)
 {
     const QPointer<ParameterSetup> owner(m_owner);
     const QString lower = lowerLimit(element);
-    const QString upper = owner ? upperLimit(element) : QString();
-    if (!owner)
+    const QString upper = owner && elements().contains(element) ? upperLimit(element) : QString();
+    if (!owner || !elements().contains(element))
         return false;
     return remember(rare().told[element].limits, lower + QChar(QChar::Null) + upper);
 }
@@ -434,31 +434,34 @@ void ParameterInstanceData::correctUntagged(
 {
     checkElement(element);
     const QPointer<ParameterSetup> owner(m_owner);
-    const auto report = [this](const char *text) {
-        System::addInformationMessage(container()->domain(),
-            QCoreApplication::translate("ParameterInstanceData", text)
-                .arg(m_owner->coordinate().toText()));
+    const auto isThere = [&] { return owner && elements().contains(element); };
+    const auto differs = [&](const QString &nativeText) {
+        const QString current = isThere() ? toValueText(element, nativeText) : QString();
+        return isThere() && current != expectedValueText;
+    };
+    const auto report = [&](const char *text) {
+        if (owner) {
+            System::addInformationMessage(container()->domain(),
+                QCoreApplication::translate("ParameterInstanceData", text)
+                    .arg(m_owner->coordinate().toText()));
+        }
     };
     if (valueChangeTag(element).isEmpty()) {
-        if (toValueText(element, value(element)) != expectedValueText) {
+        if (differs(value(element))) {
             owner->setNativeValue(livingSpace(), element, expectedValueText);
-            if (!owner)
-                return;
             report(QT_TRANSLATE_NOOP("ParameterInstanceData", "Wert von Parameter %1 korrigiert!"));
         }
-        if (owner)
+        if (isThere())
             setValueChangeTag(element, tag);
     }
-    if (!owner || !defaultValueChangeTag(element).isEmpty())
+    if (!isThere() || !defaultValueChangeTag(element).isEmpty())
         return;
-    if (toValueText(element, defaultValue(element)) != expectedValueText) {
+    if (differs(defaultValue(element))) {
         owner->setDefaultNativeValue(livingSpace(), element, expectedValueText);
-        if (!owner)
-            return;
         report(QT_TRANSLATE_NOOP(
             "ParameterInstanceData", "Default-Wert von Parameter %1 korrigiert!"));
     }
-    if (owner)
+    if (isThere())
         setDefaultValueChangeTag(element, tag);
 }
 

@@ -46,6 +46,7 @@ private Q_SLOTS:
     void hostileListeners();
     void hostileFunctions_data();
     void hostileFunctions();
+    void replacedProviderOutlivesItsFunction();
     void valueOfAGoneElementDispatchesNothing();
     void setDeletedByItsOwnMessage_data();
     void setDeletedByItsOwnMessage();
@@ -141,6 +142,38 @@ const QList<Operation> &writes()
         {"setDefaultNativeValue", [](Scene &s) { s.set->setDefaultNativeValue(Axis1, 2, u"7"_s); }},
         {"setDefaultNativeValueText",
             [](Scene &s) { s.set->setDefaultNativeValueText(Axis1, 2, u"7"_s); }},
+    };
+    return list;
+}
+
+/// Reads pass the firmware too.
+const QList<Operation> &reads()
+{
+    static const QList<Operation> list {
+        {"displayValueText", [](Scene &s) { s.set->displayValueText(Axis1, 0, true); }},
+        {"nativeValueText", [](Scene &s) { s.set->nativeValueText(Axis1, 0, true); }},
+        {"valueText", [](Scene &s) { s.set->valueText(Axis1, 0, true); }},
+        {"preparedValueText", [](Scene &s) { s.set->preparedValueText(Axis1, 0, true); }},
+        {"unconvertedNativeValueText",
+            [](Scene &s) { s.set->unconvertedNativeValueText(Axis1, 0, true); }},
+        {"unconvertedValueText", [](Scene &s) { s.set->unconvertedValueText(Axis1, 0, true); }},
+        {"formattedValueText", [](Scene &s) { s.set->formattedValueText(Axis1, 0, 3); }},
+        {"formattedNativeValueText",
+            [](Scene &s) { s.set->formattedNativeValueText(Axis1, 0, 3, true); }},
+        {"prepareValueText",
+            [](Scene &s) { s.set->prepareValueText(u"7"_s, Axis1, 0, true, nullptr); }},
+        {"adoptValueText", [](Scene &s) { s.set->adoptValueText(u"7"_s, Axis1, 0, nullptr); }},
+        {"isValueTextAcceptable", [](Scene &s) { s.set->isValueTextAcceptable(Axis1, 0, u"7"_s); }},
+        {"defaultNativeValueText", [](Scene &s) { s.set->defaultNativeValueText(Axis2, 0); }},
+        {"defaultValueText", [](Scene &s) { s.set->defaultValueText(Axis2, 0); }},
+        {"lowerLimitText", [](Scene &s) { s.set->lowerLimitText(Axis1, 0); }},
+        {"upperLimitText", [](Scene &s) { s.set->upperLimitText(Axis1, 0); }},
+        {"isHidden", [](Scene &s) { s.set->isHidden(Axis1, 1); }},
+        {"isVisible", [](Scene &s) { s.set->isVisible(Axis1, 1); }},
+        {"isWritable", [](Scene &s) { s.set->isWritable(Axis1, 0); }},
+        {"attribute", [](Scene &s) { s.set->attribute(Axis1, 0, u"ScalingInformationNative"_s); }},
+        {"scaledMeasuringUnit", [](Scene &s) { s.set->scaledMeasuringUnit(0); }},
+        {"selectionTexts", [](Scene &s) { s.set->selectionTexts(Axis1, 0); }},
     };
     return list;
 }
@@ -334,6 +367,68 @@ QString run(const Operation &operation, const Act &act, int source, const QMetaM
     return {};
 }
 
+constexpr int FunctionCount = 8;
+
+/// Runs the operation with the act in a function of the firmware. Empty when all went well.
+QString runInFunction(const Operation &operation, const Act &act, int function, int calls)
+{
+    Scene scene;
+    const std::shared_ptr<ProgrammedFunctions> functions = scene.stand.functions;
+    int remaining = calls;
+    const auto fire = [&] {
+        if (remaining-- == 0 && scene.stand.container)
+            act.run(scene);
+    };
+    const auto text = [&](const QString &given, const ParameterData &, quint16) {
+        fire();
+        return given;
+    };
+    const auto limit = [&](const ParameterData &, quint16) {
+        fire();
+        return u"8"_s;
+    };
+    const auto refuse = [](const QString &, const ParameterData &, quint16) { return 2U; };
+    switch (function) {
+    case 0:
+        functions->checkValue = [&](const QString &, const ParameterData &, quint16) {
+            fire();
+            return 2U;
+        };
+        break;
+    case 1:
+        functions->checkValue = refuse;
+        functions->correctValue = text;
+        break;
+    case 2:
+        functions->valueText = text;
+        break;
+    case 3:
+        functions->nativeText = text;
+        break;
+    case 4:
+        functions->lowerLimit = limit;
+        break;
+    case 5:
+        functions->upperLimit = limit;
+        break;
+    case 6:
+        functions->isHidden = [&](const ParameterData &, quint16) {
+            fire();
+            return true;
+        };
+        break;
+    default:
+        functions->runFunction = [&](eFunctionKind, const ParameterData &, quint16) { fire(); };
+    }
+    try {
+        operation.run(scene);
+    } catch (const std::exception &exception) {
+        return u"function %1, call %2: "_s.arg(function).arg(calls)
+            + QString::fromLatin1(exception.what());
+    }
+    return {};
+}
+
 } // namespace
 
 void tst_CoordinateInstanceSetReentrancy::operationsEmit_data()
@@ -387,21 +482,15 @@ void tst_CoordinateInstanceSetReentrancy::hostileListeners()
     }
 }
 
-// The functions that a write passes on its way into the record; those that a read passes only read.
 void tst_CoordinateInstanceSetReentrancy::hostileFunctions_data()
 {
     QTest::addColumn<int>("operation");
     QTest::addColumn<int>("act");
-    QTest::addColumn<int>("function");
-    const char *const functions[] {"checkValue", "correctValue", "nativeText", "runFunction"};
-    for (int operation = 0; operation < writes().size(); ++operation) {
-        for (int act = 0; act < acts().size(); ++act) {
-            for (int function = 0; function < 4; ++function) {
-                QTest::addRow("%s: %s in %s", writes().at(operation).name, acts().at(act).name,
-                    functions[function])
-                    << operation << act << function;
-            }
-        }
+    const QList<Operation> all = reads() + operations();
+    for (int operation = 0; operation < all.size(); ++operation) {
+        for (int act = 0; act < acts().size(); ++act)
+            QTest::addRow("%s: %s", all.at(operation).name, acts().at(act).name)
+                << operation << act;
     }
 }
 
@@ -409,40 +498,33 @@ void tst_CoordinateInstanceSetReentrancy::hostileFunctions()
 {
     QFETCH(int, operation);
     QFETCH(int, act);
-    QFETCH(int, function);
-    // The first and every later call: the state in between differs.
-    for (int calls = 0; calls < 4; ++calls) {
-        Scene scene;
-        const std::shared_ptr<ProgrammedFunctions> functions = scene.stand.functions;
-        int remaining = calls;
-        const auto fire = [&] {
-            if (remaining-- == 0 && scene.stand.container)
-                acts().at(act).run(scene);
-        };
-        const auto text = [&](const QString &given, const ParameterData &, quint16) {
-            fire();
-            return given;
-        };
-        const auto code = [](const QString &, const ParameterData &, quint16) { return 2U; };
-        if (function == 0) {
-            functions->checkValue = [&](const QString &, const ParameterData &, quint16) {
-                fire();
-                return 2U;
-            };
-        } else if (function == 1) {
-            functions->correctValue = text;
-            functions->checkValue = code;
-        } else if (function == 2) {
-            functions->nativeText = text;
-        } else {
-            functions->runFunction = [&](eFunctionKind, const ParameterData &, quint16) { fire(); };
-        }
-        try {
-            writes().at(operation).run(scene);
-        } catch (const std::exception &exception) {
-            QFAIL(exception.what());
+    const Operation chosen = (reads() + operations()).at(operation);
+    // Each function, at its first calls: the state in between differs.
+    for (int function = 0; function < FunctionCount; ++function) {
+        for (int calls = 0; calls < 3; ++calls) {
+            const QString problem = runInFunction(chosen, acts().at(act), function, calls);
+            QVERIFY2(problem.isEmpty(), qPrintable(problem));
         }
     }
+}
+
+void tst_CoordinateInstanceSetReentrancy::replacedProviderOutlivesItsFunction()
+{
+    InstanceStand stand;
+    auto *set = stand.add(DefinitionBuilder(), u"A12"_s);
+    stand.programFirmware();
+    const std::shared_ptr<ProgrammedFunctions> functions = stand.functions;
+    int duringTheCall = -1;
+    functions->nativeText = [&](const QString &text, const ParameterData &, quint16) {
+        stand.container->setFirmware(nullptr);
+        duringTheCall = functions->providerCount;
+        return text;
+    };
+    set->setNativeValue(Axis1, 0, u"5"_s);
+    QCOMPARE(duringTheCall, 1);
+    QCOMPARE(functions->providerCount, 0);
+    QVERIFY(!functions->callbacks);
+    QCOMPARE(set->nativeValueText(Axis1, 0, false), u"5"_s);
 }
 
 void tst_CoordinateInstanceSetReentrancy::valueOfAGoneElementDispatchesNothing()
