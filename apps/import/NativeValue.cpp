@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <limits>
 #include <charconv>
 #include <cmath>
 
@@ -94,7 +95,7 @@ std::optional<QString> realText(const QString &text)
     const EdsNumber number = EdsNumber::parse(text);
     std::optional<Real> value;
     if (number.isNumber() && number.isBitPattern()) {
-        if (number.value().magnitude() > quint64(~Bits(0)))
+        if (number.value().magnitude() > std::numeric_limits<Bits>::max())
             return std::nullopt;
         value = std::bit_cast<Real>(Bits(number.value().magnitude()));
     } else {
