@@ -39,7 +39,7 @@ void RatioReporter::ReportRuns(const std::vector<Run> &runs)
         Series &series = m_series[name.substr(0, first)];
         const long long size = std::atoll(name.c_str() + second + 1);
         const double perValue = 1e9 / run.counters.at("items_per_second").value;
-        (isLimit ? series.limit : series.library)[size].push_back(perValue);
+        (isLimit ? series.limit : series.measured)[size].push_back(perValue);
     }
 }
 
@@ -48,7 +48,7 @@ void RatioReporter::printRatios(long long referenceSize) const
     std::printf("\n%-28s %8s %12s %12s %8s %8s\n", "operation", "size", "limit ns", "library ns",
         "ratio", "bound");
     for (const auto &[operation, series] : m_series) {
-        for (const auto &[size, times] : series.library) {
+        for (const auto &[size, times] : series.measured) {
             const auto limit = series.limit.find(size);
             if (limit == series.limit.end())
                 continue;
@@ -60,9 +60,9 @@ void RatioReporter::printRatios(long long referenceSize) const
                 std::printf(" %8.2f%s", bound->second, ratio > bound->second ? "  over" : "");
             std::printf("\n");
         }
-        if (series.library.size() > 1) {
+        if (series.measured.size() > 1) {
             std::printf("%-28s growth exponent: limit %+.3f, library %+.3f\n", operation.c_str(),
-                growthExponent(series.limit), growthExponent(series.library));
+                growthExponent(series.limit), growthExponent(series.measured));
         }
     }
 }

@@ -23,7 +23,7 @@ private:
     struct Series {
         /// Size to nanoseconds a value, one entry a repetition.
         std::map<long long, std::vector<double>> limit;
-        std::map<long long, std::vector<double>> library;
+        std::map<long long, std::vector<double>> measured;
     };
 
     std::map<std::string, Series> m_series;
