@@ -156,10 +156,23 @@ void createByAxisLibrary(benchmark::State &state, int size)
     createLibraryWith(state, size, &BenchmarkDevice::fillByAxis);
 }
 
+std::unique_ptr<ParameterContainer> writtenContainer(const BenchmarkDevice &used)
+{
+    auto container = makeContainer(used.firmware());
+    used.fill(*container);
+    forEach(used, [&](const ParameterCoordinate &coordinate, eLivingSpace space, qsizetype i) {
+        container->writeValue(space, coordinate, 0, typed(i, 1));
+    });
+    return container;
+}
+
+/// Both write over values that are there: a first write costs the library the default as well.
 void writeLimit(benchmark::State &state, int size)
 {
     const BenchmarkDevice &used = device(size);
     const auto store = makeLimit(used);
+    for (quint32 i = 0; i < quint32(used.valueCount()); ++i)
+        store->write(i, typed(i, 1), Tag);
     quint64 heard = 0;
     const auto hear = [&heard](quint32 address) { heard += address; };
     QObject::connect(store.get(), &LimitStore::valueChanged, hear);
@@ -167,7 +180,7 @@ void writeLimit(benchmark::State &state, int size)
     QObject::connect(store.get(), &LimitStore::parameterValueChanged, hear);
     QObject::connect(store.get(), &LimitStore::parameterNativeValueChanged, hear);
     QList<QString> texts;
-    qint64 round = 0;
+    qint64 round = 1;
     bool isRight = true;
     measure(
         state, used.valueCount(), [&] { texts = typedTexts(used.valueCount(), ++round); },
@@ -181,8 +194,7 @@ void writeLimit(benchmark::State &state, int size)
 void writeLibrary(benchmark::State &state, int size)
 {
     const BenchmarkDevice &used = device(size);
-    const auto container = makeContainer(used.firmware());
-    used.fill(*container);
+    const auto container = writtenContainer(used);
     quint64 heard = 0;
     const auto hear = [&heard](ParameterAddress address) { heard += address.toNumber(); };
     QObject::connect(container.get(), &ParameterContainer::parameterValueChanged, hear);
@@ -193,7 +205,7 @@ void writeLibrary(benchmark::State &state, int size)
         QObject::connect(setup, &ParameterInformation::nativeValueChanged, hear);
     }
     QList<QString> texts;
-    qint64 round = 0;
+    qint64 round = 1;
     measure(
         state, used.valueCount(), [&] { texts = typedTexts(used.valueCount(), ++round); },
         [&] {
@@ -227,11 +239,7 @@ void readLimit(benchmark::State &state, int size)
 void readLibrary(benchmark::State &state, int size)
 {
     const BenchmarkDevice &used = device(size);
-    const auto container = makeContainer(used.firmware());
-    used.fill(*container);
-    forEach(used, [&](const ParameterCoordinate &coordinate, eLivingSpace space, qsizetype i) {
-        container->writeValue(space, coordinate, 0, typed(i, 1));
-    });
+    const auto container = writtenContainer(used);
     qsizetype length = 0;
     measure(
         state, used.valueCount(), [&] { length = 0; },
@@ -256,16 +264,6 @@ void saveLimit(benchmark::State &state, int size)
     measure(
         state, used.valueCount(), [&] { block = QByteArray(); }, [&] { block = store->save(); });
     check(state, block.startsWith("V_0=13\r\n"));
-}
-
-std::unique_ptr<ParameterContainer> writtenContainer(const BenchmarkDevice &used)
-{
-    auto container = makeContainer(used.firmware());
-    used.fill(*container);
-    forEach(used, [&](const ParameterCoordinate &coordinate, eLivingSpace space, qsizetype i) {
-        container->writeValue(space, coordinate, 0, typed(i, 1));
-    });
-    return container;
 }
 
 void saveLibrary(benchmark::State &state, int size)

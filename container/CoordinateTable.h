@@ -4,7 +4,8 @@
 
 #include <KrParameterDefinition/ParameterCoordinate.h>
 
-#include <QtCore/QStringList>
+#include <QtCore/QString>
+#include <QtCore/QVarLengthArray>
 
 #include <array>
 #include <memory>
@@ -15,9 +16,15 @@
 class CoordinateTable {
 public:
     struct Entry {
-        std::unique_ptr<CoordinateInstanceSet> set;
-        /// The locator texts that lead to the set.
-        QStringList locatorTexts;
+        Entry(ParameterContainer *container, CoordinateRegistry *registry,
+            const CoordinateInstanceSet::Clock *clock)
+            : set(container, registry, clock)
+        {
+        }
+
+        CoordinateInstanceSet set;
+        /// The locator texts that lead to the set; mostly one.
+        QVarLengthArray<QString, 1> locatorTexts;
     };
 
     size_t size() const { return m_size; }
@@ -53,7 +60,7 @@ public:
         for (const auto &lines : m_groups) {
             for (const auto &entry : lines) {
                 if (entry)
-                    function(*entry->set);
+                    function(entry->set);
             }
         }
     }

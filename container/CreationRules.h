@@ -2,7 +2,7 @@
 
 #include <KrParameterDefinition/eLivingSpace.h>
 
-#include <QtCore/QList>
+#include <QtCore/QVarLengthArray>
 
 class Locator;
 class ParameterDefinition;
@@ -22,7 +22,7 @@ enum class eProblem {
 
 struct LivingSpaces {
     /// In the order of creation.
-    QList<eLivingSpace> list;
+    QVarLengthArray<eLivingSpace, 4> list;
     eProblem problem = eProblem::None;
 };
 

@@ -63,7 +63,8 @@ ParameterContainerPrivate::~ParameterContainerPrivate()
     liveContainers.removeOne(owner);
     GuardedFunctionProvider::retire(std::move(functionProvider));
     // Whoever hears that a set goes finds none any more.
-    mappingSets.clear();
+    m_mappingSets.clear();
+    m_newSets.clear();
     locatorSets.clear();
     addressLists.clear();
     const auto going = std::exchange(coordinateSets, {});
@@ -76,8 +77,8 @@ QList<ParameterContainer *> ParameterContainerPrivate::instances()
 
 CoordinateInstanceSet *ParameterContainerPrivate::find(const ParameterCoordinate &coordinate) const
 {
-    const CoordinateTable::Entry *entry = coordinateSets.find(coordinate);
-    return entry ? entry->set.get() : nullptr;
+    CoordinateTable::Entry *entry = coordinateSets.find(coordinate);
+    return entry ? &entry->set : nullptr;
 }
 
 CoordinateInstanceSet *ParameterContainerPrivate::find(const QString &locatorText) const
@@ -142,13 +143,17 @@ bool ParameterContainerPrivate::createOrUpdate(
             MessageTitle, QStringLiteral("relative Locator used for createParameter"));
     }
     ParameterCoordinate coordinate;
+    CoordinateInstanceSet *set = nullptr;
     for (const eLivingSpace livingSpace : spaces.list) {
-        coordinate = chooseCoordinate(definition, livingSpace);
+        // A single instance keeps its place, and what is not there for one living space is for none.
+        if (!set || !definition->isSingleInstance())
+            coordinate = chooseCoordinate(definition, livingSpace);
+        if (!coordinate.isValid())
+            continue;
+        if (!set || set->coordinate() != coordinate)
+            set = setForCreation(definition, locatorText, coordinate, spaces.list.size());
         // What listeners removed or replaced meanwhile is not continued: it is another's now.
-        if (coordinate.isValid()
-            && !createInstance(definition, locatorText, coordinate, livingSpace))
-            return false;
-        if (!guard)
+        if (!createInstance(set, definition, livingSpace, guard))
             return false;
     }
     if (!guard)
@@ -208,44 +213,51 @@ bool ParameterContainerPrivate::isTaken(const ParameterCoordinate &candidate,
     return !isRelated(definition, set->definition());
 }
 
-bool ParameterContainerPrivate::createInstance(ParameterDefinition *definition,
-    const QString &locatorText, const ParameterCoordinate &coordinate, eLivingSpace livingSpace)
+CoordinateInstanceSet *ParameterContainerPrivate::setForCreation(ParameterDefinition *definition,
+    const QString &locatorText, const ParameterCoordinate &coordinate, qsizetype instanceCount)
 {
     CoordinateTable::Entry *entry = coordinateSets.find(coordinate);
     if (!entry) {
-        auto created = std::make_unique<CoordinateTable::Entry>();
-        created->set =
-            std::make_unique<CoordinateInstanceSet>(owner, this, clock ? &clock : nullptr);
-        created->set->initialize(definition, coordinate);
+        auto created =
+            std::make_unique<CoordinateTable::Entry>(owner, this, clock ? &clock : nullptr);
+        created->set.initialize(definition, coordinate);
+        created->set.reserveInstances(size_t(instanceCount));
         entry = coordinateSets.insert(coordinate, std::move(created));
-        noteMapping(entry->set.get());
+        m_newSets.append(&entry->set);
     }
-    CoordinateInstanceSet *set = entry->set.get();
     CoordinateInstanceSet *&located = locatorSets[locatorText];
-    if (located != set)
+    if (located != &entry->set)
         entry->locatorTexts.append(locatorText);
-    located = set;
+    located = &entry->set;
+    return located;
+}
 
-    const QPointer<ParameterContainerPrivate> guard(this);
+bool ParameterContainerPrivate::createInstance(CoordinateInstanceSet *set,
+    ParameterDefinition *definition, eLivingSpace livingSpace,
+    const QPointer<ParameterContainerPrivate> &guard)
+{
+    const ParameterCoordinate coordinate = set->coordinate();
     const quint32 serialNumber = addInstance(set, livingSpace);
     // A serial number is given once; a guarded pointer would cost every set memory.
-    const CoordinateInstanceSet *now = guard ? find(coordinate) : nullptr;
-    const ParameterInstanceData *record = now ? now->record(livingSpace) : nullptr;
-    if (!record || record->serialNumber() != serialNumber)
+    const auto isThere = [&] {
+        const CoordinateInstanceSet *now = guard ? guard->find(coordinate) : nullptr;
+        const ParameterInstanceData *record = now ? now->record(livingSpace) : nullptr;
+        return record && record->serialNumber() == serialNumber;
+    };
+    if (!isThere())
         return false;
     const bool isNewer = set->definition()->version() < definition->version();
-    return !isNewer || update(set, definition);
+    return !isNewer || (update(set, definition) && isThere());
 }
 
 quint32 ParameterContainerPrivate::addInstance(CoordinateInstanceSet *set, eLivingSpace livingSpace)
 {
     if (const ParameterInstanceData *present = set->record(livingSpace))
         return present->serialNumber();
-    auto record = std::make_unique<ParameterInstanceData>();
-    const quint32 serialNumber = record->serialNumber();
-    set->attachInstance(livingSpace, std::move(record));
+    const quint32 serialNumber = set->attachInstance(livingSpace)->serialNumber();
     addressLists.clear();
-    Q_EMIT parameterAdded(set->coordinate());
+    // On the container itself: the way over this object's own signal costs ten times as much.
+    Q_EMIT owner->parameterAdded(set->coordinate());
     return serialNumber;
 }
 
@@ -254,17 +266,24 @@ void ParameterContainerPrivate::onKindsChanged(CoordinateInstanceSet *set)
     noteMapping(set);
 }
 
-void ParameterContainerPrivate::noteMapping(CoordinateInstanceSet *set)
+QList<CoordinateInstanceSet *> ParameterContainerPrivate::mappingSets() const
 {
-    mappingSets.removeOne(set);
-    const QList<quint16> elements =
-        set->isRecordParameter() ? set->elementList() : QList<quint16> {0};
-    const bool isMapping = std::any_of(elements.begin(), elements.end(), [set](quint16 element) {
+    for (CoordinateInstanceSet *set : std::exchange(m_newSets, {}))
+        noteMapping(set);
+    return m_mappingSets;
+}
+
+void ParameterContainerPrivate::noteMapping(CoordinateInstanceSet *set) const
+{
+    m_mappingSets.removeOne(set);
+    const auto isMapping = [set](quint16 element) {
         return set->elementProperty(element, eParameterProperty::ParameterKind).asInt32()
             == MappingKind;
-    });
-    if (isMapping)
-        mappingSets.append(set);
+    };
+    const QList<quint16> elements =
+        set->isRecordParameter() ? set->elementList() : QList<quint16>();
+    if (elements.isEmpty() ? isMapping(0) : std::any_of(elements.begin(), elements.end(), isMapping))
+        m_mappingSets.append(set);
 }
 
 void ParameterContainerPrivate::remove(CoordinateInstanceSet *set)
@@ -279,7 +298,9 @@ void ParameterContainerPrivate::remove(CoordinateInstanceSet *set)
         if (locatorSets.value(locatorText) == set)
             locatorSets.remove(locatorText);
     }
-    mappingSets.removeOne(set);
+    // Looks at the new ones first, so that removing many costs no search for each.
+    if (mappingSets().contains(set))
+        m_mappingSets.removeOne(set);
     addressLists.clear();
     Q_EMIT parameterRemoved(coordinate);
 }
@@ -345,19 +366,6 @@ void ParameterContainerPrivate::createSystemParameters()
     }
 }
 
-void ParameterContainerPrivate::setReadOnly(bool isReadOnly)
-{
-    const bool wasReadOnly = readOnly;
-    readOnly = isReadOnly;
-    const QPointer<ParameterContainerPrivate> guard(this);
-    for (const QPointer<CoordinateInstanceSet> &set : guardedSets()) {
-        if (set)
-            set->onReadOnlyChanged(wasReadOnly);
-        if (!guard)
-            return;
-    }
-}
-
 eLivingSpace ParameterContainerPrivate::activeLivingSpace(eLivingSpace requested) const
 {
     const CoordinateInstanceSet *set = find(activeAxisCoordinate());
@@ -374,7 +382,8 @@ bool ParameterContainerPrivate::isMapped(const ParameterAddress &address) const
 {
     const quint32 number = address.toNumber();
     // Reading a value may run the firmware, whose functions may lead to anything.
-    const QList<QPointer<CoordinateInstanceSet>> sets(mappingSets.cbegin(), mappingSets.cend());
+    const QList<CoordinateInstanceSet *> mapping = mappingSets();
+    const QList<QPointer<CoordinateInstanceSet>> sets(mapping.cbegin(), mapping.cend());
     for (const QPointer<CoordinateInstanceSet> &set : sets) {
         for (const eLivingSpace livingSpace : set ? set->livingSpaces() : QList<eLivingSpace>()) {
             for (const quint16 element : set ? set->elementList() : QList<quint16>()) {

@@ -45,6 +45,8 @@ public:
     /// False where no firmware is set or its family is unknown.
     bool hasPhysicalAxes() const;
     bool isGlobal(const ParameterDefinition *definition) const override;
+    /// The sets with an element of kind 11 (parameter address).
+    QList<CoordinateInstanceSet *> mappingSets() const;
     /// The living space that an address means: 0 of a global parameter, else its axis.
     eLivingSpace livingSpace(const ParameterAddress &address) const;
 
@@ -52,7 +54,6 @@ public:
     void remove(CoordinateInstanceSet *set);
     void removeAll(const QList<QPointer<CoordinateInstanceSet>> &sets);
     void setFirmware(ServoDriveFirmware *newFirmware);
-    void setReadOnly(bool isReadOnly);
     eLivingSpace activeLivingSpace(eLivingSpace requested) const;
     bool isMapped(const ParameterAddress &address) const;
     QList<ParameterAddress> addresses() const;
@@ -73,8 +74,6 @@ public:
 
     ParameterContainer *owner;
     CoordinateTable coordinateSets;
-    /// The sets with an element of kind 11 (parameter address).
-    QList<CoordinateInstanceSet *> mappingSets;
     /// **Owner** the host. Null: none.
     ParameterContainerHostInformation *host = nullptr;
     /// Every removal of a set takes its locator texts along, so that none leads to a set that is gone.
@@ -113,16 +112,22 @@ private:
         const ParameterDefinition *definition, eLivingSpace livingSpace) const;
     bool isTaken(const ParameterCoordinate &candidate, const ParameterDefinition *definition,
         eLivingSpace livingSpace) const;
-    /// False when listeners removed or replaced the instance.
-    bool createInstance(ParameterDefinition *definition, const QString &locatorText,
-        const ParameterCoordinate &coordinate, eLivingSpace livingSpace);
+    /// The set of the coordinate, new or not, to which the locator text leads from now on.
+    CoordinateInstanceSet *setForCreation(ParameterDefinition *definition,
+        const QString &locatorText, const ParameterCoordinate &coordinate, qsizetype instanceCount);
+    /// False when listeners removed or replaced the instance, or destroyed the container.
+    bool createInstance(CoordinateInstanceSet *set, ParameterDefinition *definition,
+        eLivingSpace livingSpace, const QPointer<ParameterContainerPrivate> &guard);
     /// The serial number of the record, new or not. **Emits** parameterAdded for a new one.
     quint32 addInstance(CoordinateInstanceSet *set, eLivingSpace livingSpace);
-    void noteMapping(CoordinateInstanceSet *set);
+    void noteMapping(CoordinateInstanceSet *set) const;
     void createSystemParameters();
     /// A negative number asks for the active axis.
     eLivingSpace resolveForFirmware(int livingSpace) const;
 
+    mutable QList<CoordinateInstanceSet *> m_mappingSets;
+    /// Created since the mapping sets were asked for; looked at when they are asked for again.
+    mutable QList<CoordinateInstanceSet *> m_newSets;
     quint32 m_knownAccessLevel;
     quint32 m_firmwareGeneration = 0;
 };

@@ -95,17 +95,16 @@ void CoordinateInstanceSet::takeDefinition(ParameterDefinition *definition)
         askKnownFlagsAnew();
 }
 
-bool CoordinateInstanceSet::attachInstance(
-    eLivingSpace livingSpace, std::unique_ptr<ParameterInstanceData> record)
+ParameterInstanceData *CoordinateInstanceSet::attachInstance(eLivingSpace livingSpace)
 {
-    ParameterInstanceData *attached = record.get();
-    if (!m_instances.insert(livingSpace, std::move(record))) {
+    ParameterInstanceData *attached = m_instances.insert(livingSpace);
+    if (attached) {
+        attached->setOwner(this, &m_properties, livingSpace);
+    } else {
         System::addCriticalMessage(ClassTitle,
             QStringLiteral("Unable to attach new Instance due to already existing instance"));
-        return false;
     }
-    attached->setOwner(this, &m_properties, livingSpace);
-    return true;
+    return attached;
 }
 
 void CoordinateInstanceSet::createInstancesFromAnchors()
@@ -117,7 +116,7 @@ void CoordinateInstanceSet::createInstancesFromAnchors()
         if (locator.isSystem())
             ++systemAnchors;
         else if (locator.hasLivingSpace())
-            attachInstance(locator.livingSpace(), std::make_unique<ParameterInstanceData>());
+            attachInstance(locator.livingSpace());
     }
     if (systemAnchors != 1) {
         System::addCriticalMessage(ClassTitle,

@@ -46,9 +46,11 @@ public:
     /// Another definition under the living set: the element count is the defined one again, overrides
     /// and texts stay. **Emits** definitionChanged for each instance and element.
     void takeDefinition(ParameterDefinition *definition);
-    /// **Refused** a second record for a living space.
+    /// Readies a set without instances for so many of them.
+    void reserveInstances(size_t count) { m_instances.reserve(count); }
+    /// The new record. **Owner** the set. **Refused** a second record for a living space: null.
     /// **Reports** that critical, titled "CoordinateInstanceSet".
-    bool attachInstance(eLivingSpace livingSpace, std::unique_ptr<ParameterInstanceData> record);
+    ParameterInstanceData *attachInstance(eLivingSpace livingSpace);
     /// A new record for the living space of each anchor that names one. Not used by the container.
     /// **Reports** critical when not exactly one anchor is the system's.
     void createInstancesFromAnchors();

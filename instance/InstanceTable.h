@@ -7,11 +7,22 @@
 #include <QtCore/QList>
 
 #include <array>
+#include <functional>
 #include <memory>
 
 /// Holds the value records of one parameter by living space.
 class InstanceTable {
 public:
+    InstanceTable() = default;
+    ~InstanceTable()
+    {
+        for (const ParameterInstanceData *record : m_records) {
+            if (!isInBlock(record))
+                delete record;
+        }
+    }
+    Q_DISABLE_COPY_MOVE(InstanceTable)
+
     /// The key under which a living space's record stands.
     static constexpr eLivingSpace key(eLivingSpace livingSpace, bool isGlobal)
     {
@@ -21,7 +32,7 @@ public:
     /// For exactly this key; null where there is none, and for a number that is no living space.
     ParameterInstanceData *find(eLivingSpace key) const
     {
-        return isLivingSpace(key) ? m_records[size_t(key)].get() : nullptr;
+        return isLivingSpace(key) ? m_records[size_t(key)] : nullptr;
     }
     bool contains(eLivingSpace key) const { return find(key) != nullptr; }
     /// Ascending.
@@ -34,13 +45,21 @@ public:
         }
         return list;
     }
-    /// **Refused** an occupied key and a number that is no living space: false, the record is gone.
-    bool insert(eLivingSpace key, std::unique_ptr<ParameterInstanceData> record)
+    /// Makes the records of so many coming insertions in one piece of memory. Once, on an empty table.
+    void reserve(size_t count)
+    {
+        m_block = std::make_unique<ParameterInstanceData[]>(count);
+        m_blockSize = m_blockFree = count;
+    }
+    /// The new record. **Owner** the table.
+    /// **Refused** an occupied key and a number that is no living space: null.
+    ParameterInstanceData *insert(eLivingSpace key)
     {
         if (!isLivingSpace(key) || contains(key))
-            return false;
-        m_records[size_t(key)] = std::move(record);
-        return true;
+            return nullptr;
+        auto *&record = m_records[size_t(key)];
+        record = m_blockFree > 0 ? &m_block[m_blockSize - m_blockFree--] : new ParameterInstanceData;
+        return record;
     }
 
 private:
@@ -51,5 +70,16 @@ private:
         return qint32(livingSpace) >= 0 && size_t(livingSpace) < LivingSpaceCount;
     }
 
-    std::array<std::unique_ptr<ParameterInstanceData>, LivingSpaceCount> m_records;
+    bool isInBlock(const ParameterInstanceData *record) const
+    {
+        const std::less<> before;
+        const ParameterInstanceData *begin = m_block.get();
+        return !before(record, begin) && before(record, begin + m_blockSize);
+    }
+
+    /// Null where there is none; a record outside the block is owned by its pointer.
+    std::array<ParameterInstanceData *, LivingSpaceCount> m_records {};
+    std::unique_ptr<ParameterInstanceData[]> m_block;
+    size_t m_blockSize = 0;
+    size_t m_blockFree = 0;
 };

@@ -719,12 +719,11 @@ void tst_CoordinateInstanceSetQueries::attachInstance()
 {
     InstanceStand stand;
     CoordinateInstanceSet set(stand.container.get());
-    auto record = std::make_unique<ParameterInstanceData>();
-    ParameterInstanceData *pointer = record.get();
-    QVERIFY(set.attachInstance(Axis3, std::move(record)));
-    QCOMPARE(set.record(Axis3), pointer);
-    QCOMPARE(pointer->owner(), &set);
-    QCOMPARE(pointer->axisNumber(), 3U);
+    const ParameterInstanceData *record = set.attachInstance(Axis3);
+    QVERIFY(record);
+    QCOMPARE(set.record(Axis3), record);
+    QCOMPARE(record->owner(), &set);
+    QCOMPARE(record->axisNumber(), 3U);
 }
 
 void tst_CoordinateInstanceSetQueries::attachSecondInstance()
@@ -734,7 +733,7 @@ void tst_CoordinateInstanceSetQueries::attachSecondInstance()
     const quint32 first = set->instanceSerialNumber(Axis1);
     stand.messages.expect(eSeverity::Critical, u"CoordinateInstanceSet"_s,
         u"Unable to attach new Instance due to already existing instance"_s);
-    QVERIFY(!set->attachInstance(Axis1, std::make_unique<ParameterInstanceData>()));
+    QVERIFY(!set->attachInstance(Axis1));
     QCOMPARE(set->instanceSerialNumber(Axis1), first);
 }
 

@@ -15,6 +15,7 @@ private Q_SLOTS:
     void insert();
     void occupiedKeyKeepsItsRecord();
     void livingSpacesAscend();
+    void insertBeyondTheReserve();
 };
 
 void tst_InstanceTable::key_data()
@@ -63,22 +64,20 @@ void tst_InstanceTable::insert()
     QFETCH(int, livingSpace);
     QFETCH(bool, isTaken);
     InstanceTable table;
-    auto record = std::make_unique<ParameterInstanceData>();
-    ParameterInstanceData *pointer = record.get();
     const auto key = eLivingSpace(livingSpace);
-    QCOMPARE(table.insert(key, std::move(record)), isTaken);
+    const ParameterInstanceData *record = table.insert(key);
+    QCOMPARE(record != nullptr, isTaken);
     QCOMPARE(table.contains(key), isTaken);
-    QCOMPARE(table.find(key), isTaken ? pointer : nullptr);
+    QCOMPARE(table.find(key), record);
     QCOMPARE(table.livingSpaces(), isTaken ? QList<eLivingSpace> {key} : QList<eLivingSpace>());
 }
 
 void tst_InstanceTable::occupiedKeyKeepsItsRecord()
 {
     InstanceTable table;
-    auto record = std::make_unique<ParameterInstanceData>();
-    const ParameterInstanceData *first = record.get();
-    QVERIFY(table.insert(Axis1, std::move(record)));
-    QVERIFY(!table.insert(Axis1, std::make_unique<ParameterInstanceData>()));
+    const ParameterInstanceData *first = table.insert(Axis1);
+    QVERIFY(first);
+    QVERIFY(!table.insert(Axis1));
     QCOMPARE(table.find(Axis1), first);
 }
 
@@ -86,8 +85,25 @@ void tst_InstanceTable::livingSpacesAscend()
 {
     InstanceTable table;
     for (const eLivingSpace livingSpace : {Axis4, Axis1, Axis3})
-        table.insert(livingSpace, std::make_unique<ParameterInstanceData>());
+        table.insert(livingSpace);
     QCOMPARE(table.livingSpaces(), (QList<eLivingSpace> {Axis1, Axis3, Axis4}));
+}
+
+void tst_InstanceTable::insertBeyondTheReserve()
+{
+    InstanceTable table;
+    table.reserve(2);
+    QSet<const ParameterInstanceData *> records;
+    QSet<quint32> serialNumbers;
+    for (const eLivingSpace livingSpace : {Axis1, Axis2, Axis3, Axis4}) {
+        const ParameterInstanceData *record = table.insert(livingSpace);
+        QCOMPARE(table.find(livingSpace), record);
+        records.insert(record);
+        serialNumbers.insert(record->serialNumber());
+    }
+    QCOMPARE(records.size(), 4);
+    QCOMPARE(serialNumbers.size(), 4);
+    QVERIFY(!table.insert(Axis1));
 }
 
 QTEST_GUILESS_MAIN(tst_InstanceTable)

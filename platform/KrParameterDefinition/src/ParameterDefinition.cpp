@@ -31,12 +31,12 @@ bool hasUsableElements(const ParameterDefinition::Content &content)
 } // namespace
 
 ParameterDefinition::ParameterDefinition(Content content)
-    : m_content(std::move(content))
-    , m_isValid(!m_content.identifier.isEmpty() && hasUsableElements(m_content))
+    : m_isValid(!content.identifier.isEmpty() && hasUsableElements(content))
+    , m_content(std::move(content))
 {
     if (!m_content.isRecord)
         return;
-    m_record.emplace(recordOf(m_content.elements));
+    m_record = std::make_unique<const RecordParameterDefinition>(recordOf(m_content.elements));
     m_positions.reserve(m_content.elements.size());
     for (qsizetype position = 0; position < m_content.elements.size(); ++position) {
         const quint16 number = m_content.elements.at(position).number;
@@ -49,7 +49,7 @@ ParameterDefinition::~ParameterDefinition() = default;
 
 const RecordParameterDefinition *ParameterDefinition::queryRecordDefinition() const
 {
-    return m_record ? &*m_record : nullptr;
+    return m_record.get();
 }
 
 quint16 ParameterDefinition::elementCount() const

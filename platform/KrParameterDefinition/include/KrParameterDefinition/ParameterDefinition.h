@@ -11,7 +11,6 @@
 #include <QtCore/QStringList>
 
 #include <memory>
-#include <optional>
 
 /// A parameter as the firmware defines it: simple (elements 0 to elementCount - 1 that share one
 /// element information) or a record (elements with numbers, names and information of their own).
@@ -33,23 +32,24 @@ public:
         QString defaultValue;
     };
 
+    /// What every creation of an instance asks for stands first, so that it is read together.
     struct Content {
         /// Identifies the parameter across its versions. Empty: the definition is invalid.
         QString identifier;
         quint32 version = 0;
-        ParameterText name;
-        int nameCommonTextIndex = 0;
-        ParameterText description;
+        /// Simple parameter: 1 to 16000. A record counts its elements itself.
+        quint16 elementCount = 1;
         bool isGlobal = false;
         bool isPhysicalAxis = false;
         bool isSingleInstance = true;
         bool isRecord = false;
         /// In order of preference; may be empty.
         QList<ParameterCoordinate> defaultCoordinates;
+        ParameterText name;
+        int nameCommonTextIndex = 0;
+        ParameterText description;
         /// Locator texts.
         QStringList anchors;
-        /// Simple parameter: 1 to 16000. A record counts its elements itself.
-        quint16 elementCount = 1;
         /// Simple parameter: native texts by element; an element beyond the list has the first, and
         /// all have the default of their one entry in `elements` where the list is empty.
         QStringList defaultValues;
@@ -98,9 +98,10 @@ private:
     bool isSameParameter(const ParameterDefinition *other) const;
     qsizetype recordPosition(quint16 element) const;
 
-    Content m_content;
     bool m_isValid;
-    std::optional<RecordParameterDefinition> m_record;
+    /// Null for a simple parameter.
+    std::unique_ptr<const RecordParameterDefinition> m_record;
+    Content m_content;
     /// Record: element number to position in Content::elements. No key: the record lacks the
     /// element.
     QHash<quint16, qsizetype> m_positions;
