@@ -60,6 +60,7 @@ ParameterContainerPrivate::ParameterContainerPrivate(ParameterContainer *contain
 
 ParameterContainerPrivate::~ParameterContainerPrivate()
 {
+    LifeGuard::died(this);
     liveContainers.removeOne(owner);
     GuardedFunctionProvider::retire(std::move(functionProvider));
     // Whoever hears that a set goes finds none any more.
@@ -132,7 +133,7 @@ bool ParameterContainerPrivate::createOrUpdate(
     if (known && known->definition())
         return update(known, definition);
 
-    const QPointer<ParameterContainerPrivate> guard(this);
+    const LifeGuard guard(this);
     const CreationRules::LivingSpaces spaces =
         CreationRules::livingSpaces(locator, definition, hasPhysicalAxes());
     if (spaces.problem == CreationRules::eProblem::SystemMultiInstance) {
@@ -233,14 +234,13 @@ CoordinateInstanceSet *ParameterContainerPrivate::setForCreation(ParameterDefini
 }
 
 bool ParameterContainerPrivate::createInstance(CoordinateInstanceSet *set,
-    ParameterDefinition *definition, eLivingSpace livingSpace,
-    const QPointer<ParameterContainerPrivate> &guard)
+    ParameterDefinition *definition, eLivingSpace livingSpace, const LifeGuard &guard)
 {
     const ParameterCoordinate coordinate = set->coordinate();
     const quint32 serialNumber = addInstance(set, livingSpace);
     // A serial number is given once; a guarded pointer would cost every set memory.
     const auto isThere = [&] {
-        const CoordinateInstanceSet *now = guard ? guard->find(coordinate) : nullptr;
+        const CoordinateInstanceSet *now = guard ? find(coordinate) : nullptr;
         const ParameterInstanceData *record = now ? now->record(livingSpace) : nullptr;
         return record && record->serialNumber() == serialNumber;
     };
@@ -282,7 +282,8 @@ void ParameterContainerPrivate::noteMapping(CoordinateInstanceSet *set) const
     };
     const QList<quint16> elements =
         set->isRecordParameter() ? set->elementList() : QList<quint16>();
-    if (elements.isEmpty() ? isMapping(0) : std::any_of(elements.begin(), elements.end(), isMapping))
+    if (elements.isEmpty() ? isMapping(0)
+                           : std::any_of(elements.begin(), elements.end(), isMapping))
         m_mappingSets.append(set);
 }
 

@@ -5,6 +5,7 @@
 #include "container/GuardedFunctionProvider.h"
 #include "instance/CoordinateInstanceSet.h"
 #include "instance/CoordinateRegistry.h"
+#include "value/LifeGuard.h"
 
 #include <KrParameterDefinition/ParameterAddress.h>
 #include <KrParameterDefinition/ParameterCoordinate.h>
@@ -117,7 +118,7 @@ private:
         const QString &locatorText, const ParameterCoordinate &coordinate, qsizetype instanceCount);
     /// False when listeners removed or replaced the instance, or destroyed the container.
     bool createInstance(CoordinateInstanceSet *set, ParameterDefinition *definition,
-        eLivingSpace livingSpace, const QPointer<ParameterContainerPrivate> &guard);
+        eLivingSpace livingSpace, const LifeGuard &guard);
     /// The serial number of the record, new or not. **Emits** parameterAdded for a new one.
     quint32 addInstance(CoordinateInstanceSet *set, eLivingSpace livingSpace);
     void noteMapping(CoordinateInstanceSet *set) const;

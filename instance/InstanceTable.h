@@ -58,7 +58,8 @@ public:
         if (!isLivingSpace(key) || contains(key))
             return nullptr;
         auto *&record = m_records[size_t(key)];
-        record = m_blockFree > 0 ? &m_block[m_blockSize - m_blockFree--] : new ParameterInstanceData;
+        record =
+            m_blockFree > 0 ? &m_block[m_blockSize - m_blockFree--] : new ParameterInstanceData;
         return record;
     }
 
