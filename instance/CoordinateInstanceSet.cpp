@@ -5,6 +5,7 @@
 #include "instance/HidingState.h"
 #include "instance/ScalingInformation.h"
 #include "instance/SectionOverrides.h"
+#include "value/RunningFunctions.h"
 
 #include <KrLocator/Locator.h>
 #include <KrParameterDefinition/ParameterDefinition.h>
@@ -63,6 +64,10 @@ CoordinateInstanceSet::CoordinateInstanceSet(
 CoordinateInstanceSet::~CoordinateInstanceSet()
 {
     LifeGuard::died(this);
+    if (!RunningFunctions::isAny())
+        return;
+    m_instances.disown();
+    RunningFunctions::keep(std::make_shared<InstanceTable>(std::move(m_instances)));
 }
 
 void CoordinateInstanceSet::initialize(
@@ -83,6 +88,8 @@ void CoordinateInstanceSet::takeDefinition(ParameterDefinition *definition)
     m_elements = std::move(elements);
     m_properties.onDefinitionChanged();
     m_definition = definition;
+    if (m_registry)
+        m_registry->onPropertiesChanged(this);
     // Another definition may hide by another function.
     if (emitDefinitionChanged())
         askKnownFlagsAnew();
@@ -216,13 +223,14 @@ void CoordinateInstanceSet::loadFromSection(const LmIniParser::IniSection &secti
     for (const eLivingSpace livingSpace : m_instances.livingSpaces())
         changes.append(
             {livingSpace, m_instances.find(livingSpace)->loadFromSection(section, utf8)});
+    const bool hadOverrides = m_properties.hasOverrides();
     m_properties.replaceOverrides(SectionOverrides::load(section, utf8, m_properties));
 
     const bool isRecounted = m_elements.count() != before;
     if (m_registry && isRecounted)
         m_registry->onElementsChanged();
-    if (m_registry)
-        m_registry->onKindsChanged(this);
+    if (m_registry && (hadOverrides || m_properties.hasOverrides()))
+        m_registry->onPropertiesChanged(this);
     if (isRecounted && !emitDefinitionChanged())
         return;
     for (const auto &[livingSpace, changed] : changes) {

@@ -2,6 +2,7 @@
 
 #include "instance/CoordinateInstanceSet.h"
 
+#include "instance/CoordinateRegistry.h"
 #include "instance/DependencyPairs.h"
 #include "instance/DependencyTable.h"
 #include "instance/HidingState.h"
@@ -11,41 +12,110 @@
 #include <KrSystem/System.h>
 
 #include <QtCore/QPointer>
+#include <QtCore/QSet>
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace {
 
 constexpr std::array<eParameterProperty, 3> UnitProperties {eParameterProperty::ScaledMeasuringUnit,
     eParameterProperty::NativeMeasuringUnit, eParameterProperty::FieldbusMeasuringUnit};
 
+/// What listeners hear of only where it differs, so that it must be known before.
+constexpr std::array<eParameterProperty, 3> ComparedDependencies {
+    eParameterProperty::LimitDependency, eParameterProperty::HidingDependency,
+    eParameterProperty::MeasuringUnitDependency};
+
+constexpr qint32 MappingKind = 11;
+
+/// The facts are one where elements share an information.
+template <typename Function>
+void forEachFacts(
+    const ElementCatalogue &elements, const PropertyResolver &properties, Function function)
+{
+    if (!elements.isRecord()) {
+        function(properties.facts(0));
+        return;
+    }
+    const ElementFacts *last = nullptr;
+    for (const quint16 element : elements.list()) {
+        const ElementFacts *facts = &properties.facts(element);
+        if (std::exchange(last, facts) != facts)
+            function(*facts);
+    }
+}
+
 } // namespace
 
-void CoordinateInstanceSet::onDependencyChanged(eParameterProperty property,
-    eLivingSpace livingSpace, const ParameterCoordinate &coordinate, quint16 element)
+void CoordinateInstanceSet::onDependencyChanged(const DependencyKey &key, eLivingSpace livingSpace)
 {
-    const QPointer<ParameterInformation> source = m_container->parameterInformation(coordinate);
-    const qint32 reference = source ? source->elementProperty(element, property).asInt32() : 0;
-    if (reference == 0)
-        return;
-    forEachValue([&](ParameterInstanceData *record, quint16 each) {
-        if (DependencyPairs::reaches(livingSpace, record->livingSpace())
-            && dependsOn(property, reference, coordinate, each))
-            followDependency(property, record, each);
+    forEachValue([&](ParameterInstanceData *record, quint16 element) {
+        if (DependencyPairs::reaches(livingSpace, record->livingSpace()) && dependsOn(key, element))
+            followDependency(key.dependency, record, element);
     });
 }
 
-bool CoordinateInstanceSet::dependsOn(eParameterProperty property, qint32 reference,
-    const ParameterCoordinate &coordinate, quint16 element) const
+void CoordinateInstanceSet::prepareForDependency(const DependencyKey &key, eLivingSpace livingSpace)
 {
-    if (property != eParameterProperty::MeasuringUnitDependency) {
-        const eParameterProperty own = DependencyPairs::receiverProperty(property);
-        return qint32(m_properties.facts(element).functionIndex(own)) == reference;
-    }
+    forEachValue([&](ParameterInstanceData *record, quint16 element) {
+        if (!DependencyPairs::reaches(livingSpace, record->livingSpace())
+            || !dependsOn(key, element))
+            return;
+        if (key.dependency == eParameterProperty::LimitDependency) {
+            if (!record->areLimitsKnown(element))
+                record->updateLimits(element);
+        } else if (key.dependency == eParameterProperty::HidingDependency) {
+            record->isHidden(element);
+        } else if (!record->areUnitsKnown(element)) {
+            const Guard guard(this);
+            const QString texts = unitTexts(record->livingSpace(), element);
+            if (has(guard, element))
+                record->updateUnits(element, texts);
+        }
+    });
+}
+
+QList<DependencyKey> CoordinateInstanceSet::dependencyKeys() const
+{
+    QSet<DependencyKey> keys;
+    forEachFacts(m_elements, m_properties, [&keys](const ElementFacts &facts) {
+        for (const eParameterProperty dependency : DependencyOrder) {
+            if (dependency == eParameterProperty::MeasuringUnitDependency)
+                continue;
+            const quint16 index =
+                facts.functionIndex(DependencyPairs::receiverProperty(dependency));
+            if (index != 0)
+                keys.insert({dependency, index});
+        }
+        for (const eParameterProperty property : UnitProperties) {
+            const ParameterCoordinate located =
+                MeasuringUnitResolver::locatedCoordinate(facts.unit(property));
+            if (located.isValid())
+                keys.insert({eParameterProperty::MeasuringUnitDependency, located.toNumber()});
+        }
+    });
+    return keys.values();
+}
+
+bool CoordinateInstanceSet::isMapping() const
+{
+    bool isOne = false;
+    forEachFacts(m_elements, m_properties,
+        [&isOne](const ElementFacts &facts) { isOne = isOne || facts.kind == MappingKind; });
+    return isOne;
+}
+
+bool CoordinateInstanceSet::dependsOn(const DependencyKey &key, quint16 element) const
+{
+    const ElementFacts &facts = m_properties.facts(element);
+    if (key.dependency != eParameterProperty::MeasuringUnitDependency)
+        return facts.functionIndex(DependencyPairs::receiverProperty(key.dependency))
+            == key.reference;
     return std::any_of(UnitProperties.begin(), UnitProperties.end(), [&](eParameterProperty each) {
-        return MeasuringUnitResolver::locatedCoordinate(m_properties.read(element, each))
-            == coordinate;
+        return MeasuringUnitResolver::locatedCoordinate(facts.unit(each)).toNumber()
+            == key.reference;
     });
 }
 
@@ -106,9 +176,28 @@ QString CoordinateInstanceSet::unitTexts(eLivingSpace livingSpace, quint16 eleme
     for (const eParameterProperty property : UnitProperties) {
         if (!has(guard, element))
             return texts;
-        texts += MeasuringUnitResolver::allTexts(unit(property, livingSpace, element)) + QChar(QChar::Null);
+        texts += MeasuringUnitResolver::allTexts(unit(property, livingSpace, element))
+            + QChar(QChar::Null);
     }
     return texts;
+}
+
+void CoordinateInstanceSet::prepareReceivers(eLivingSpace key, quint16 element)
+{
+    const Guard guard(this);
+    for (const eParameterProperty property : ComparedDependencies) {
+        const qint32 reference =
+            has(guard, element) ? m_properties.facts(element).dependency(property) : 0;
+        if (reference == 0 || !m_registry)
+            continue;
+        const DependencyKey wanted = DependencyPairs::key(property, reference, m_coordinate);
+        for (const QPointer<CoordinateInstanceSet> &set : m_registry->receivers(wanted)) {
+            if (set)
+                set->prepareForDependency(wanted, key);
+            if (!guard)
+                return;
+        }
+    }
 }
 
 void CoordinateInstanceSet::dispatchDependencies(eLivingSpace key, quint16 element)

@@ -75,8 +75,8 @@ void CoordinateInstanceSet::setProperty(
     if (!has(guard, element))
         return;
     m_properties.setOverride(element, property, value, m_container->parameterChangeTag());
-    if (m_registry && property == eParameterProperty::ParameterKind)
-        m_registry->onKindsChanged(this);
+    if (m_registry)
+        m_registry->onPropertiesChanged(this);
     const QList<PropertyAnswer> after = answers(element, property);
     if (guard)
         emitAnswerChanges(before, after, property);
@@ -202,6 +202,11 @@ void CoordinateInstanceSet::storeNative(
     const Guard &guard, ParameterInstanceData *record, quint16 element, const QString &nativeText)
 {
     const eLivingSpace livingSpace = record->livingSpace();
+    if (!m_properties.facts(element).isIndependent()) {
+        prepareReceivers(livingSpace, element);
+        if (!has(guard, element))
+            return;
+    }
     record->setValue(element, nativeText);
     if (emitValueChanged(guard, livingSpace, element) && has(guard, element)
         && !m_properties.facts(element).isIndependent())

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QtCore/qglobal.h>
+
+/// Ends dependencies that go round in a circle. Counts the dispatches that run inside each other, and all
+/// that follow from one outermost dispatch.
+class DispatchLimit {
+public:
+    static constexpr int Depth = 64;
+    static constexpr int Count = 100000;
+
+    enum class eDecision { Dispatch, Cut, CutAndReport };
+
+    /// A dispatch that goes through is to be left again.
+    eDecision enter()
+    {
+        if (m_depth < Depth && m_count < Count) {
+            ++m_depth;
+            ++m_count;
+            return eDecision::Dispatch;
+        }
+        if (m_isReported)
+            return eDecision::Cut;
+        m_isReported = true;
+        return eDecision::CutAndReport;
+    }
+    void leave()
+    {
+        if (--m_depth > 0)
+            return;
+        m_count = 0;
+        m_isReported = false;
+    }
+
+private:
+    int m_depth = 0;
+    int m_count = 0;
+    bool m_isReported = false;
+};
