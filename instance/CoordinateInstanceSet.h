@@ -244,6 +244,9 @@ private:
     bool emitValueChanged(const Guard &guard, eLivingSpace key, quint16 element);
     bool emitDefaultChanged(eLivingSpace key, quint16 element);
     bool emitDefinitionChanged();
+    /// No answer comes for an element that the parameter lost.
+    /// **Emits** allElementsConsistenceOnceDone where nothing else was awaited.
+    bool endRunsOfLostElements();
     bool emitVisibilityChanged(eLivingSpace key, quint16 element);
     bool emitMeasuringUnitChanged(eLivingSpace key, quint16 element);
     bool emitChanges(eLivingSpace key, const ParameterInstanceData::Changes &changes);

@@ -393,13 +393,27 @@ bool CoordinateInstanceSet::emitDefaultChanged(eLivingSpace key, quint16 element
 
 bool CoordinateInstanceSet::emitDefinitionChanged()
 {
-    return forEachValue([this](ParameterInstanceData *record, quint16 element) {
+    const bool isThere = forEachValue([this](ParameterInstanceData *record, quint16 element) {
         const Guard guard(this);
         const ParameterAddress at = address(record->livingSpace(), element);
         Q_EMIT definitionChanged(at);
         if (guard)
             Q_EMIT m_container->parameterDefinitionChanged(at);
     });
+    return isThere && endRunsOfLostElements();
+}
+
+bool CoordinateInstanceSet::endRunsOfLostElements()
+{
+    const Guard guard(this);
+    const QList<eLivingSpace> complete =
+        m_consistence.forget([this](quint16 element) { return m_elements.contains(element); });
+    for (const eLivingSpace livingSpace : complete) {
+        Q_EMIT allElementsConsistenceOnceDone(m_coordinate, livingSpace);
+        if (!guard)
+            return false;
+    }
+    return true;
 }
 
 bool CoordinateInstanceSet::emitVisibilityChanged(eLivingSpace key, quint16 element)
