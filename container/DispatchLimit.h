@@ -3,7 +3,7 @@
 #include <QtCore/qglobal.h>
 
 /// Ends dependencies that go round in a circle. Counts the dispatches that run inside each other, and all
-/// that follow from one outermost dispatch.
+/// that follow from one outermost change.
 class DispatchLimit {
 public:
     static constexpr int Depth = 64;
@@ -26,13 +26,28 @@ public:
     }
     void leave()
     {
-        if (--m_depth > 0)
+        --m_depth;
+        resetWhenIdle();
+    }
+
+    /// A change dispatches several kinds of dependency.
+    void beginChange() { ++m_changes; }
+    void endChange()
+    {
+        --m_changes;
+        resetWhenIdle();
+    }
+
+private:
+    void resetWhenIdle()
+    {
+        if (m_depth > 0 || m_changes > 0)
             return;
         m_count = 0;
         m_isReported = false;
     }
 
-private:
+    int m_changes = 0;
     int m_depth = 0;
     int m_count = 0;
     bool m_isReported = false;

@@ -63,6 +63,7 @@ ParameterContainerPrivate::ParameterContainerPrivate(ParameterContainer *contain
 ParameterContainerPrivate::~ParameterContainerPrivate()
 {
     LifeGuard::died(this);
+    LifeGuard::died(static_cast<CoordinateRegistry *>(this));
     liveContainers.removeOne(owner);
     GuardedFunctionProvider::retire(std::move(functionProvider));
     // Whoever hears that a set goes finds none any more.

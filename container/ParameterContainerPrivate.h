@@ -78,6 +78,8 @@ public:
 
     void onElementsChanged() override { addressLists.clear(); }
     void onPropertiesChanged(CoordinateInstanceSet *set) override { m_index.update(set); }
+    void beginChange() override { m_dispatchLimit.beginChange(); }
+    void endChange() override { m_dispatchLimit.endChange(); }
     QList<QPointer<CoordinateInstanceSet>> receivers(const DependencyKey &key) override
     {
         return m_index.receivers(key);

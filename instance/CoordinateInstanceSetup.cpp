@@ -2,7 +2,7 @@
 
 #include "instance/CoordinateInstanceSet.h"
 
-#include "instance/CoordinateRegistry.h"
+#include "instance/DependencyChange.h"
 #include "instance/MeasuringUnitResolver.h"
 
 #include <KrParameterDefinition/ParameterDefinition.h>
@@ -202,14 +202,17 @@ void CoordinateInstanceSet::storeNative(
     const Guard &guard, ParameterInstanceData *record, quint16 element, const QString &nativeText)
 {
     const eLivingSpace livingSpace = record->livingSpace();
-    if (!m_properties.facts(element).isIndependent()) {
-        prepareReceivers(livingSpace, element);
-        if (!has(guard, element))
-            return;
+    if (m_properties.facts(element).isIndependent()) {
+        record->setValue(element, nativeText);
+        emitValueChanged(guard, livingSpace, element);
+        return;
     }
+    const DependencyChange change(m_registry);
+    prepareReceivers(livingSpace, element);
+    if (!has(guard, element))
+        return;
     record->setValue(element, nativeText);
-    if (emitValueChanged(guard, livingSpace, element) && has(guard, element)
-        && !m_properties.facts(element).isIndependent())
+    if (emitValueChanged(guard, livingSpace, element) && has(guard, element))
         dispatchDependencies(livingSpace, element);
 }
 

@@ -21,6 +21,9 @@ public:
     virtual void onPropertiesChanged(CoordinateInstanceSet *set) = 0;
     /// The sets of which values may depend on the key, by coordinate.
     virtual QList<QPointer<CoordinateInstanceSet>> receivers(const DependencyKey &key) = 0;
+    /// Stand around a change of a value that others follow. They nest.
+    virtual void beginChange() = 0;
+    virtual void endChange() = 0;
     /// Whether a parameter of this definition is global in the device's family.
     virtual bool isGlobal(const ParameterDefinition *definition) const = 0;
 
