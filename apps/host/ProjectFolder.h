@@ -41,6 +41,7 @@ public:
 
 private:
     QString filePath(const QString &name) const { return m_directory.filePath(name); }
+    QString reasonNotRead() const;
     std::optional<QByteArray> readFile(const QString &name, QString &error) const;
     BlockManifest manifestWith(const QMap<QString, QByteArray> &blocks) const;
 
