@@ -9,7 +9,7 @@ QList<Option> CommonOptions::all()
         {OptionName::Axis, QStringLiteral("N"),
             tr("Achse für Adressen ohne Achse (sonst 1); list zeigt nur diese")},
         {OptionName::AccessLevel, QStringLiteral("N"),
-            tr("Zugriffsstufe von 0 (Bediener) bis 6 (Hersteller), sonst 4")},
+            tr("Zugriffsstufe: 0 (Bediener) bis 6 (Hersteller) oder mehr, sonst 4")},
         {OptionName::Language, QStringLiteral("de|en"), tr("Sprache der Texte, sonst de")},
         {OptionName::Json, {}, tr("Ausgabe als JSON, ein Objekt je Zeile")},
         {OptionName::Force, {}, tr("auch einen abgeschnittenen Block laden")},

@@ -16,8 +16,6 @@
 
 namespace {
 
-constexpr int GreatestAccessLevel = 99;
-
 QStringList numberTexts(const auto &numbers)
 {
     QStringList texts;
@@ -113,10 +111,13 @@ eExitCode Session::readOptions()
 {
     quint32 accessLevel = DefaultAccessLevel;
     if (m_line.has(OptionName::AccessLevel)) {
-        const auto level = number(m_line.value(OptionName::AccessLevel), 0, GreatestAccessLevel);
-        if (!level)
-            return fail(eExitCode::Usage, tr("--access-level nimmt eine Zahl von 0 bis 6"));
-        accessLevel = quint32(*level);
+        const QString text = m_line.value(OptionName::AccessLevel);
+        bool isNumber = false;
+        accessLevel = text.toUInt(&isNumber);
+        if (!isNumber) {
+            return fail(eExitCode::Usage,
+                tr("--access-level nimmt eine Zahl von 0 bis 6 oder mehr, nicht \"%1\"").arg(text));
+        }
     }
     System::information()->setUserAccessLevel(accessLevel);
     if (m_line.has(OptionName::Axis)) {
@@ -124,8 +125,6 @@ eExitCode Session::readOptions()
         if (!m_axis)
             return fail(eExitCode::Usage, tr("--axis nimmt eine Zahl von 1 bis 4"));
     }
-    if (hasFolder() && folder().isEmpty())
-        return fail(eExitCode::Usage, tr("--project braucht einen Ordner"));
     return eExitCode::Good;
 }
 
@@ -137,6 +136,13 @@ eExitCode Session::openDevice()
     const QString given = m_line.value(OptionName::Device);
     const QString shipped =
         QFileInfo::exists(given) ? QString() : ShippedDescriptions::filePath(given);
+    if (!QFileInfo::exists(given) && shipped.isEmpty()) {
+        return fail(eExitCode::UnreadableInput,
+            tr("%1: ist weder eine Datei noch eine mitgelieferte Beschreibung; mitgeliefert: %2")
+                .arg(given, ShippedDescriptions::names().join(QLatin1String(", "))));
+    }
+    if (QFileInfo(given).isDir())
+        return fail(eExitCode::UnreadableInput, tr("%1: ist ein Ordner").arg(given));
     QString error;
     m_project = DriveProject::open(shipped.isEmpty() ? given : shipped, error);
     if (!m_project)

@@ -117,6 +117,10 @@ class Usage(CommandLineTest):
             (["get", "E84", "--hidden"], "get kennt die Option --hidden nicht"),
             (["list"], "es fehlt --device DATEI, zum Beispiel --device two-axis-drive"),
             (["list", "--device"], "--device braucht einen Wert: DATEI"),
+            (["list", "--device", ""], "--device braucht einen Wert: DATEI"),
+            (["list", "--device=", "--json"], "--device braucht einen Wert: DATEI"),
+            (["demo", "--project", ""], "--project braucht einen Wert: ORDNER"),
+            (["import-eds", "x.eds", "--project="], "--project braucht einen Wert: ORDNER"),
             (["list", "--lang", "fr"], '--lang nimmt de oder en, nicht "fr"'),
             (["list", "--json=1"], "--json nimmt keinen Wert"),
             (["demo", "x"], "demo nimmt keine Argumente"),
@@ -155,7 +159,12 @@ class Usage(CommandLineTest):
             (["list", "--axis", "5"], "--axis nimmt eine Zahl von 1 bis 4"),
             (["list", "--axis", "x"], "--axis nimmt eine Zahl von 1 bis 4"),
             (["list", "--axis", "3"], "Achse 3 gibt es nicht, nur 1, 2"),
-            (["list", "--access-level", "-1"], "--access-level nimmt eine Zahl von 0 bis 6"),
+            (["list", "--access-level", "-1"],
+             '--access-level nimmt eine Zahl von 0 bis 6 oder mehr, nicht "-1"'),
+            (["list", "--access-level", "x"],
+             '--access-level nimmt eine Zahl von 0 bis 6 oder mehr, nicht "x"'),
+            (["list", "--access-level", "4294967296"],
+             '--access-level nimmt eine Zahl von 0 bis 6 oder mehr, nicht "4294967296"'),
             (["get", "84"],
              '"84" ist keine Adresse; Adressen sind zum Beispiel E84, E30[1] und 2.B01'),
             (["get", "E84:3"],
@@ -165,7 +174,6 @@ class Usage(CommandLineTest):
             (["get", "E30[7]"], "Parameter E30: Element 7 gibt es nicht, nur 1, 2"),
             (["set", "E30", "1"],
              "Parameter E30 hat mehrere Elemente; gebraucht wird eines, zum Beispiel E30[1]"),
-            (["list", "--project", ""], "--project braucht einen Ordner"),
         ):
             self.check(on_drive(*words), USAGE, out="", err=f"krparameter: {text}\n")
 
@@ -222,6 +230,8 @@ class List(CommandLineTest):
         self.assertLess(count("--access-level", "0"), count())
         self.assertLess(count(), count("--hidden"))
         self.assertEqual(count("--access-level", "0", "--hidden"), count("--hidden"))
+        self.assertEqual(count("--access-level", "7"), count("--access-level", "6"))
+        self.assertEqual(count("--access-level", "4294967295"), count("--access-level", "6"))
 
     def test_language(self):
         self.assertIn("Current limit", on_drive("list", "H00", "--lang", "en").out)
@@ -330,7 +340,29 @@ class Set(CommandLineTest):
             run = on_drive("set", address, value)
             self.check(run, REJECTED, out="")
             self.assertIn(message, run.err)
-        self.assertIn("zulässig: 0: Achse 1, 1: Achse 2", on_drive("set", "E84", "5").err)
+
+    def test_rejections_say_what_is_accepted(self):
+        for address, accepted in (
+            ("E84", "0: Achse 1, 1: Achse 2"),
+            ("H00", "0.000 A bis 60.000 A"),
+            ("L04", "ein Text mit höchstens 64 Zeichen aus Latin-1"),
+            ("L00", "0.0.0.0 bis 255.255.255.255"),
+            ("E01", "0000 0000 0000 0000 bin bis 1111 1111 1111 1111 bin"),
+            ("M00[6]", "eine Adresse, zum Beispiel E84, E30[1] oder 2.B01"),
+        ):
+            run = on_drive("set", address, "€", "--access-level", "6")
+            self.check(run, REJECTED, out="")
+            self.assertIn(f'"€" wurde abgewiesen; zulässig: {accepted}\n', run.err)
+
+    def test_every_rejection_names_its_address_and_what_is_accepted(self):
+        words = ["--access-level", "6"]
+        shown = on_drive("list", "--json", "--hidden", "--axis", "1", *words).lines()
+        addresses = [line["address"] for line in shown][::7]
+        for address in addresses:
+            run = on_drive("set", address, "€", *words)
+            if run.code == REJECTED:
+                self.assertIn(f'krparameter: Parameter {address}: "€" wurde abgewiesen; zulässig: ',
+                              run.err)
 
     def test_not_writable(self):
         for words, text in (
@@ -389,7 +421,11 @@ class Set(CommandLineTest):
 
 class Input(CommandLineTest):
     def test_description(self):
-        self.check(Run("--device", "/nowhere.json", "info"), UNREADABLE, out="")
+        self.check(Run("--device", "/nowhere.json", "info"), UNREADABLE, out="", err=(
+            "krparameter: /nowhere.json: ist weder eine Datei noch eine mitgelieferte Beschreibung; "
+            "mitgeliefert: four-axis-controller, two-axis-drive\n"))
+        self.check(Run("--device", str(self.folder), "info"), UNREADABLE, out="",
+                   err=f"krparameter: {self.folder}: ist ein Ordner\n")
         broken = self.folder / "broken.json"
         broken.write_text('{"format": "kr-device-description"')
         run = Run("--device", str(broken), "info")
@@ -403,6 +439,10 @@ class Input(CommandLineTest):
         os.mkdir(self.project)
         self.check(on_drive("--project", self.project, "list"), UNREADABLE, out="",
                    err=f'krparameter: {self.project} enthält kein Projekt: "Parameter.ini" fehlt\n')
+        file = self.folder / "file"
+        file.write_text("x")
+        self.check(on_drive("--project", str(file), "list"), UNREADABLE, out="",
+                   err=f"krparameter: {file}: ist kein Ordner\n")
 
     def test_cut_block(self):
         self.save("H00", "9")
@@ -492,7 +532,6 @@ class ImportEds(CommandLineTest):
         self.check(Run("import-eds", "/nowhere.eds", "--coordinates", str(self.folder / "t"), "-o",
                        str(self.folder / "d.json")), UNREADABLE, out="")
 
-
     def test_report_of_a_failed_import(self):
         source = self.folder / "drive.eds"
         table = str(self.folder / "table.txt")
@@ -500,16 +539,86 @@ class ImportEds(CommandLineTest):
         words = ["import-eds", str(source), "--coordinates", table]
         run = Run(*words, "-o", str(self.folder / "d.json"))
         self.check(run, UNREADABLE)
-        self.assertIn("0 objects read (0 elements), 1 skipped", run.out)
-        self.assertIn("skipped 0x1F50", run.out)
-        self.assertIn("holds no object with a value", run.err)
+        self.assertIn("0 Objekte gelesen (0 Elemente), 1 übersprungen", run.out)
+        self.assertIn("übersprungen 0x1F50", run.out)
+        self.assertIn("enthält kein Objekt mit einem Wert", run.err)
         source.write_text(EDS)
         run = Run(*words, "-o", str(self.folder / "none/d.json"), "--json")
         self.check(run, WRITE_FAILED)
         self.assertEqual(run.lines()[0]["objectsRead"], 2)
 
 
+    def test_report_as_json(self):
+        source = self.folder / "drive.eds"
+        source.write_text(EDS + "[1F50]\nObjectType=2\nwhat\n[2001]\nDataType=7\nAccessType=rw\n"
+                          "DefaultValue=$NODEID+1\n[2002]\nDataType=15\nAccessType=rw\n")
+        table = str(self.folder / "table.txt")
+        words = ["import-eds", str(source), "--coordinates", table, "-o", str(self.folder / "d.json")]
+        run = Run(*words, "--json")
+        self.check(run, GOOD, err="1 Werte hängen von der Knotennummer ab, die die Datei nicht nennt; "
+                                  "--node-id N gibt sie an.\n")
+        report = run.lines()[0]
+        self.assertEqual(report["file"], str(source))
+        self.assertEqual((report["objectsRead"], report["elementsRead"], report["objectsSkipped"]),
+                         (3, 3, 2))
+        self.assertEqual(report["valuesWithoutNodeId"], 1)
+        self.assertEqual(report["skipped"], [
+            {"index": "0x1F50", "line": 24, "reason": "DOMAIN, ein Datenblock ohne eigenen Wert"},
+            {"index": "0x2002", "line": 31,
+             "reason": "eine Gerätebeschreibung hat keinen Datentyp für DOMAIN"}])
+        self.assertEqual(report["remarks"][0], {
+            "line": 24, "text": "0x1F50 steht in keiner Objektliste"})
+        english = Run(*words, "--json", "--lang", "en")
+        self.check(english, GOOD, err="1 values depend on the node id, which the file does not give; "
+                                      "--node-id N gives it.\n")
+        self.assertEqual(english.lines()[0]["skipped"][0]["reason"],
+                         "DOMAIN, a block of data without a value of its own")
+        self.check(Run(*words, "--node-id", "5"), GOOD, err="")
+
+    def test_files_that_cannot_be_used(self):
+        source = self.folder / "drive.eds"
+        source.write_text(EDS)
+        folder, table = str(self.folder), str(self.folder / "table.txt")
+        device = str(self.folder / "d.json")
+        for words, code, text in (
+            (["/nowhere.eds", "--coordinates", table, "-o", device], UNREADABLE,
+             "/nowhere.eds: ist nicht vorhanden"),
+            ([folder, "--coordinates", table, "-o", device], UNREADABLE, f"{folder}: ist ein Ordner"),
+            ([str(source), "--coordinates", table, "-o", folder], WRITE_FAILED,
+             f"{folder}: ist ein Ordner"),
+            ([str(source), "--coordinates", table, "-o", "/none/d.json"], WRITE_FAILED,
+             "/none/d.json: der Ordner ist nicht vorhanden"),
+            ([str(source), "--coordinates", str(source), "-o", device], USAGE,
+             f"{source}: würde überschrieben"),
+            ([str(source), "--coordinates", table, "-o", "/dev/null"], WRITE_FAILED,
+             "/dev/null: ist keine Datei"),
+        ):
+            run = Run("import-eds", *words)
+            self.check(run, code, err=f"krparameter: {text}\n")
+        self.assertEqual(source.read_text(), EDS)
+
+
 class Language(CommandLineTest):
+    def test_report_of_an_import(self):
+        source = self.folder / "drive.eds"
+        source.write_text(EDS + "[1F50]\nObjectType=2\n")
+        words = ["import-eds", str(source), "--coordinates", str(self.folder / "t"),
+                 "-o", str(self.folder / "d.json")]
+        for language, texts in (
+            ("de", ["2 Objekte gelesen (2 Elemente), 1 übersprungen", "Gerätefamilie",
+                    "Knotennummer nicht bekannt; 0 Werte hängen von ihr ab",
+                    "übersprungen 0x1F50 (Zeile 24): DOMAIN, ein Datenblock ohne eigenen Wert",
+                    "Zeile 24: 0x1F50 steht in keiner Objektliste"]),
+            ("en", ["2 objects read (2 elements), 1 skipped", "device family",
+                    "node id not known; 0 values depend on it",
+                    "skipped 0x1F50 (line 24): DOMAIN, a block of data without a value of its own",
+                    "line 24: 0x1F50 stands in no object list"]),
+        ):
+            run = Run("--lang", language, *words)
+            self.check(run, GOOD, err="")
+            for text in texts:
+                self.assertIn(text, run.out)
+
     def test_labels(self):
         for words, labels in (
             (["--lang", "en"], ["Display", "Value", "Native", "Default", "Limits", "Access"]),
