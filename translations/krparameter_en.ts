@@ -1051,12 +1051,16 @@ value when typed in; get says which.
         <translation>--access-level takes a number from 0 to 6 or more, not &quot;%1&quot;</translation>
     </message>
     <message>
-        <source>%1: ist weder eine Datei noch eine mitgelieferte Beschreibung; mitgeliefert: %2</source>
-        <translation>%1: is neither a file nor a shipped description; shipped are: %2</translation>
+        <source>ist weder eine Datei noch eine mitgelieferte Beschreibung; mitgeliefert: %1</source>
+        <translation>is neither a file nor a shipped description; shipped are: %1</translation>
     </message>
     <message>
-        <source>%1: ist ein Ordner</source>
-        <translation>%1: is a folder</translation>
+        <source>ist ein Ordner</source>
+        <translation>is a folder</translation>
+    </message>
+    <message>
+        <source>darf nicht gelesen werden</source>
+        <translation>may not be read</translation>
     </message>
 </context>
 <context>

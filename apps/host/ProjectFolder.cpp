@@ -51,6 +51,11 @@ bool ProjectFolder::holdsProject() const
         || QFileInfo::exists(filePath(BlockManifest::fileName()));
 }
 
+bool ProjectFolder::isFree() const
+{
+    return !QFileInfo::exists(path()) || (reasonNotRead().isEmpty() && !holdsProject());
+}
+
 std::optional<ProjectFolder::Content> ProjectFolder::read(QString &error) const
 {
     if (const QString reason = reasonNotRead(); !reason.isEmpty()) {

@@ -136,14 +136,9 @@ eExitCode Session::openDevice()
     const QString given = m_line.value(OptionName::Device);
     const QString shipped =
         QFileInfo::exists(given) ? QString() : ShippedDescriptions::filePath(given);
-    if (!QFileInfo::exists(given) && shipped.isEmpty()) {
-        return fail(eExitCode::UnreadableInput,
-            tr("%1: ist weder eine Datei noch eine mitgelieferte Beschreibung; mitgeliefert: %2")
-                .arg(given, ShippedDescriptions::names().join(QLatin1String(", "))));
-    }
-    if (QFileInfo(given).isDir())
-        return fail(eExitCode::UnreadableInput, tr("%1: ist ein Ordner").arg(given));
-    QString error;
+    QString error = shipped.isEmpty() ? reasonNotRead(given) : QString();
+    if (!error.isEmpty())
+        return fail(eExitCode::UnreadableInput, given + QLatin1String(": ") + error);
     m_project = DriveProject::open(shipped.isEmpty() ? given : shipped, error);
     if (!m_project)
         return fail(eExitCode::UnreadableInput, error);
@@ -153,11 +148,24 @@ eExitCode Session::openDevice()
     return eExitCode::Good;
 }
 
+/// The usual reasons in the user's language; the description's reader tells the others.
+QString Session::reasonNotRead(const QString &description)
+{
+    const QFileInfo file(description);
+    if (!file.exists()) {
+        return tr("ist weder eine Datei noch eine mitgelieferte Beschreibung; mitgeliefert: %1")
+            .arg(ShippedDescriptions::names().join(QLatin1String(", ")));
+    }
+    if (file.isDir())
+        return tr("ist ein Ordner");
+    return file.isReadable() ? QString() : tr("darf nicht gelesen werden");
+}
+
 eExitCode Session::loadProject(eMissingProject missing)
 {
     m_project->container().setDomain(QFileInfo(QDir::cleanPath(folder())).fileName());
     ProjectStorage storage(folder());
-    if (missing == eMissingProject::Create && !storage.folder().holdsProject()) {
+    if (missing == eMissingProject::Create && storage.folder().isFree()) {
         m_console.report(tr("Projekt %1: neu, mit den Defaultwerten").arg(folder()));
         return eExitCode::Good;
     }

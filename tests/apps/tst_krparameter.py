@@ -47,8 +47,8 @@ DefaultValue=5
 
 
 class Run:
-    def __init__(self, *words, **options):
-        done = subprocess.run([PROGRAM, *words], capture_output=True, timeout=60, **options)
+    def __init__(self, *words, program=None, **options):
+        done = subprocess.run(program or [PROGRAM, *words], capture_output=True, timeout=60, **options)
         self.code = done.returncode
         self.out = done.stdout.decode("utf-8")
         self.err = done.stderr.decode("utf-8")
@@ -59,6 +59,14 @@ class Run:
 
 def on_drive(*words, **options):
     return Run("--device", "two-axis-drive", *words, **options)
+
+
+def without_rights(*words):
+    """Root, too, without the right to pass over those of files."""
+    program = [PROGRAM, "--device", "two-axis-drive", *words]
+    if os.geteuid() == 0:
+        program[:0] = ["setpriv", "--bounding-set=-dac_override,-dac_read_search"]
+    return Run(program=program)
 
 
 class CommandLineTest(unittest.TestCase):
@@ -413,6 +421,30 @@ class Set(CommandLineTest):
         self.assertEqual(self.block(), before)
         self.assertEqual(sorted(os.listdir(self.project)), ["Manifest.ini", "Parameter.ini"])
         self.check(on_drive("--project", self.project, "get", "H00"), GOOD)
+
+    def test_missing_rights(self):
+        self.save("H00", "9")
+        before = self.block()
+        description = self.folder / "d.json"
+        shutil.copy(SOURCE / "devices/two-axis-drive.json", description)
+        os.chmod(description, 0)
+        os.chmod(self.project, 0o500)
+        self.check(without_rights("--project", self.project, "get", "H00"), GOOD)
+        self.check(without_rights("--project", self.project, "set", "H00", "8"), WRITE_FAILED, out="")
+        os.chmod(self.project, 0)
+        for command in (["get", "H00"], ["set", "H00", "8"]):
+            self.check(
+                without_rights("--project", self.project, *command), UNREADABLE, out="",
+                err=f"krparameter: {self.project}: der Ordner darf nicht gelesen werden\n")
+        os.chmod(self.project, 0o700)
+        os.chmod(Path(self.project) / "Parameter.ini", 0)
+        self.check(
+            without_rights("--project", self.project, "get", "H00"), UNREADABLE, out="",
+            err=f"krparameter: {self.project}/Parameter.ini: darf nicht gelesen werden\n")
+        os.chmod(Path(self.project) / "Parameter.ini", 0o600)
+        self.assertEqual(self.block(), before)
+        self.check(without_rights("--device", str(description), "info"), UNREADABLE, out="",
+                   err=f"krparameter: {description}: darf nicht gelesen werden\n")
 
     def test_folder_that_cannot_be_made(self):
         (self.folder / "file").write_text("x")
