@@ -78,10 +78,6 @@
         <translation>output as JSON, one object per line</translation>
     </message>
     <message>
-        <source>auch einen abgeschnittenen Block laden</source>
-        <translation>load a truncated block as well</translation>
-    </message>
-    <message>
         <source>auch speichern, wenn dabei etwas verloren geht</source>
         <translation>save even if something gets lost in doing so</translation>
     </message>
@@ -96,6 +92,10 @@
     <message>
         <source>Zugriffsstufe: 0 (Bediener) bis 6 (Hersteller) oder mehr, sonst 4</source>
         <translation>access level: 0 (operator) to 6 (manufacturer) or more, default 4</translation>
+    </message>
+    <message>
+        <source>auch einen abgeschnittenen Block laden, ein Projekt ersetzen</source>
+        <translation>load a truncated block as well, replace a project</translation>
     </message>
 </context>
 <context>

@@ -232,7 +232,8 @@ private:
             return;
         const qsizetype count = sections.subObjects.size();
         if (parsed.unsignedValue(256) != std::optional(quint32(count)))
-            m_remarks.add(entry, ObjectDictionaryReader::tr("weicht ab; die Datei nennt %1").arg(count));
+            m_remarks.add(
+                entry, ObjectDictionaryReader::tr("weicht ab; die Datei nennt %1").arg(count));
     }
 
     /// Empty where the section describes no value, which is then among the skipped.

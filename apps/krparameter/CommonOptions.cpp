@@ -12,7 +12,7 @@ QList<Option> CommonOptions::all()
             tr("Zugriffsstufe: 0 (Bediener) bis 6 (Hersteller) oder mehr, sonst 4")},
         {OptionName::Language, QStringLiteral("de|en"), tr("Sprache der Texte, sonst de")},
         {OptionName::Json, {}, tr("Ausgabe als JSON, ein Objekt je Zeile")},
-        {OptionName::Force, {}, tr("auch einen abgeschnittenen Block laden")},
+        {OptionName::Force, {}, tr("auch einen abgeschnittenen Block laden, ein Projekt ersetzen")},
         {OptionName::AllowLoss, {}, tr("auch speichern, wenn dabei etwas verloren geht")},
         {OptionName::Help, {}, tr("Hilfe; mit BEFEHL die Hilfe zu diesem"), u'h'},
         {OptionName::Version, {}, tr("Version")},
