@@ -152,10 +152,6 @@ only with --force.
         <translation>demo takes no arguments</translation>
     </message>
     <message>
-        <source>demo bringt seine Gerätebeschreibung mit</source>
-        <translation>demo brings its own device description</translation>
-    </message>
-    <message>
         <source>in %1 liegt schon ein Projekt; --force ersetzt es</source>
         <translation>there is a project in %1 already; --force replaces it</translation>
     </message>

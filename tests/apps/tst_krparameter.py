@@ -132,7 +132,7 @@ class Usage(CommandLineTest):
             (["list", "--lang", "fr"], '--lang nimmt de oder en, nicht "fr"'),
             (["list", "--json=1"], "--json nimmt keinen Wert"),
             (["demo", "x"], "demo nimmt keine Argumente"),
-            (["demo", "--device", "two-axis-drive"], "demo bringt seine Gerätebeschreibung mit"),
+            (["demo", "--device", "two-axis-drive"], "demo kennt die Option --device nicht"),
             (["demo", "--axis", "1"], "demo kennt die Option --axis nicht"),
             (["demo", "--access-level", "0"], "demo kennt die Option --access-level nicht"),
             (["demo", "--json"], "demo kennt die Option --json nicht"),
