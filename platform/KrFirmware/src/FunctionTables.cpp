@@ -1,5 +1,7 @@
 #include "FunctionTables.h"
 
+#include "FunctionEvaluator.h"
+
 #include <algorithm>
 #include <limits>
 
@@ -50,14 +52,22 @@ void FunctionTables::readFunctions(const JsonValue &functions, const Description
     reader.expectKeys(functions,
         {FunctionKeys[0].key, FunctionKeys[1].key, FunctionKeys[2].key, FunctionKeys[3].key,
             FunctionKeys[4].key, FunctionKeys[5].key, FunctionKeys[6].key});
+    FunctionEvaluator evaluator;
     for (const FunctionKey &kind : FunctionKeys) {
         const JsonValue *table = functions.member(kind.key);
         if (!table)
             continue;
         for (const JsonValue::Member &member : reader.object(*table)) {
             const std::optional<qint32> index = reader.numberKey(member, 1, LastIndex);
-            if (index)
-                m_functions[kind.property].insert(*index, reader.text(member.value));
+            const QString text = reader.text(member.value);
+            const QString reason =
+                index ? evaluator.add(kind.property, quint16(*index), text) : QString();
+            if (!reason.isEmpty())
+                reader.findings().refuse(member.value, reason);
+            // The first error counts; what stands behind it needs no second look.
+            if (reader.findings().hasError())
+                return;
+            m_functions[kind.property].insert(*index, text);
         }
     }
 }
@@ -77,6 +87,18 @@ quint16 FunctionTables::maximum(eParameterProperty indexProperty) const
         return lastKey(m_systemStrings);
     const auto table = m_functions.find(indexProperty);
     return table == m_functions.end() ? 0 : lastKey(table->second);
+}
+
+std::unique_ptr<FunctionEvaluator> FunctionTables::makeEvaluator() const
+{
+    if (m_functions.empty())
+        return nullptr;
+    auto evaluator = std::make_unique<FunctionEvaluator>();
+    for (const auto &[kind, table] : m_functions) {
+        for (auto it = table.cbegin(); it != table.cend(); ++it)
+            evaluator->add(kind, quint16(it.key()), it.value());
+    }
+    return evaluator;
 }
 
 void FunctionTables::checkIndex(eParameterProperty indexProperty, qint64 index, const JsonValue &at,

@@ -7,18 +7,24 @@
 #include <QtCore/QMap>
 
 #include <map>
+#include <memory>
+
+class FunctionEvaluator;
 
 /// What the indices of a description name: the texts of the firmware's functions by kind and index,
 /// and the system strings by number.
 class FunctionTables {
 public:
-    /// **Refused** unknown kinds, and indices and numbers that are not from 1 to 65535.
+    /// **Refused** unknown kinds, indices and numbers that are not from 1 to 65535, and texts that
+    /// are no program.
     void readFunctions(const JsonValue &functions, const DescriptionReader &reader);
     void readSystemStrings(const JsonValue &strings, const DescriptionReader &reader);
 
     /// Highest index of the kind that the property asks for, or the highest system string for the
     /// properties that name one; 0 where the table is empty.
     quint16 maximum(eParameterProperty indexProperty) const;
+    /// Holds all functions; null where there are none.
+    std::unique_ptr<FunctionEvaluator> makeEvaluator() const;
     /// Warns of an index beyond the maximum.
     void checkIndex(eParameterProperty indexProperty, qint64 index, const JsonValue &at,
         DescriptionFindings &findings) const;

@@ -15,74 +15,91 @@ bool isChoice(qint32 parameterKind)
 
 } // namespace
 
-void ReferenceFunctionProvider::setCallbackProvider(CallbackProvider *)
+void ReferenceFunctionProvider::setCallbackProvider(CallbackProvider *callbacks)
 {
-    // Every answer comes from the element's own properties.
+    m_functions.setCallbackProvider(callbacks);
 }
 
 quint32 ReferenceFunctionProvider::checkValue(
     const QString &nativeText, const ParameterData *data, quint16 element)
 {
-    const SimpleType *type = data->simpleType(element);
-    if (!type)
-        return quint32(eCheckResult::Acceptable);
-    return quint32(ValueCheck::result(nativeText, *type, bounds(*data, element)));
+    return answer([&] {
+        const SimpleType *type = data->simpleType(element);
+        if (!type)
+            return quint32(eCheckResult::Acceptable);
+        return quint32(ValueCheck::result(nativeText, *type, bounds(*data, element)));
+    });
 }
 
 QString ReferenceFunctionProvider::correctValue(
     const QString &nativeText, const ParameterData *data, quint16 element)
 {
-    const SimpleType *type = data->simpleType(element);
-    return type ? ValueCorrection::corrected(nativeText, *type, bounds(*data, element))
-                : nativeText;
+    return answer([&] {
+        const SimpleType *type = data->simpleType(element);
+        return type ? ValueCorrection::corrected(nativeText, *type, bounds(*data, element))
+                    : nativeText;
+    });
 }
 
 QString ReferenceFunctionProvider::valueText(
     const QString &nativeText, const ParameterData *data, quint16 element)
 {
-    // Every question costs a property look-up: most elements are answered by the first one.
-    const ValueScaling asked = scaling(*data, element);
-    if (asked.isIdentity())
-        return nativeText;
-    const SimpleType *type = data->simpleType(element);
-    return type ? asked.valueText(nativeText, *type) : nativeText;
+    return answer([&] {
+        // Every question costs a property look-up: most elements are answered by the first one.
+        const ValueScaling asked = scaling(*data, element);
+        if (asked.isIdentity())
+            return nativeText;
+        const SimpleType *type = data->simpleType(element);
+        return type ? asked.valueText(nativeText, *type) : nativeText;
+    });
 }
 
 QString ReferenceFunctionProvider::nativeText(
     const QString &valueText, const ParameterData *data, quint16 element)
 {
-    const ValueScaling asked = scaling(*data, element);
-    if (asked.isIdentity() && ValueScaling::isPlainInteger(valueText))
-        return valueText;
-    const SimpleType *type = data->simpleType(element);
-    return type ? asked.nativeText(valueText, *type) : valueText;
+    return answer([&] {
+        const ValueScaling asked = scaling(*data, element);
+        if (asked.isIdentity() && ValueScaling::isPlainInteger(valueText))
+            return valueText;
+        const SimpleType *type = data->simpleType(element);
+        return type ? asked.nativeText(valueText, *type) : valueText;
+    });
 }
 
 QString ReferenceFunctionProvider::lowerLimit(const ParameterData *data, quint16 element)
 {
-    return data->lowerLimitValue(element);
+    return answer([&] {
+        const QString limit = m_functions.limits(*data, element)[0];
+        return limit.isNull() ? data->lowerLimitValue(element) : limit;
+    });
 }
 
 QString ReferenceFunctionProvider::upperLimit(const ParameterData *data, quint16 element)
 {
-    return data->upperLimitValue(element);
+    return answer([&] {
+        const QString limit = m_functions.limits(*data, element)[1];
+        return limit.isNull() ? data->upperLimitValue(element) : limit;
+    });
 }
 
-bool ReferenceFunctionProvider::isHidden(const ParameterData *, quint16)
+bool ReferenceFunctionProvider::isHidden(const ParameterData *data, quint16 element)
 {
-    return false;
+    return answer([&] { return m_functions.isHidden(*data, element); });
 }
 
-void ReferenceFunctionProvider::runFunction(eFunctionKind, const ParameterData *, quint16)
+void ReferenceFunctionProvider::runFunction(
+    eFunctionKind kind, const ParameterData *data, quint16 element)
 {
-    // The functions of this firmware have no effect of their own.
+    m_functions.run(kind, *data, element);
+    m_functions.report();
 }
 
 ValueBounds ReferenceFunctionProvider::bounds(const ParameterData &data, quint16 element)
 {
+    const auto [lower, upper] = m_functions.limits(data, element);
     ValueBounds result;
-    result.lowerLimit = lowerLimit(&data, element);
-    result.upperLimit = upperLimit(&data, element);
+    result.lowerLimit = lower.isNull() ? data.lowerLimitValue(element) : lower;
+    result.upperLimit = upper.isNull() ? data.upperLimitValue(element) : upper;
     if (isChoice(data.kind(element)))
         result.choiceKeys = data.choiceMapKeys(element);
     return result;
@@ -90,6 +107,8 @@ ValueBounds ReferenceFunctionProvider::bounds(const ParameterData &data, quint16
 
 ValueScaling ReferenceFunctionProvider::scaling(const ParameterData &data, quint16 element)
 {
+    if (const std::optional<ValueScaling> own = m_functions.scaling(data, element))
+        return *own;
     const double factor = data.scalingFactor(element);
     return factor == 0 ? ValueScaling(0, 0) : ValueScaling(factor, data.fullScaleValue(element));
 }

@@ -1,14 +1,18 @@
 #pragma once
 
-#include "ValueBounds.h"
-#include "ValueScaling.h"
+#include "IndexedFunctions.h"
 
 #include <KrFirmware/ParameterFunctionProvider.h>
 
-/// Runs a device's functions from what the parameter's properties say, the same for every device.
-/// An element of unknown data type takes every text as it stands.
+/// Runs a device's functions from what the parameter's properties say, and the functions that the
+/// description defines. An element of unknown data type takes every text as it stands.
 class ReferenceFunctionProvider final : public ParameterFunctionProvider {
 public:
+    explicit ReferenceFunctionProvider(const FunctionTables &tables)
+        : m_functions(tables)
+    {
+    }
+
     void setCallbackProvider(CallbackProvider *callbacks) override;
 
     quint32 checkValue(
@@ -25,6 +29,17 @@ public:
     void runFunction(eFunctionKind kind, const ParameterData *data, quint16 element) override;
 
 private:
+    /// The answer of a question, after whose end the failures are reported.
+    template <typename Question>
+    auto answer(Question question)
+    {
+        const auto result = question();
+        m_functions.report();
+        return result;
+    }
+
     ValueBounds bounds(const ParameterData &data, quint16 element);
-    static ValueScaling scaling(const ParameterData &data, quint16 element);
+    ValueScaling scaling(const ParameterData &data, quint16 element);
+
+    IndexedFunctions m_functions;
 };

@@ -159,5 +159,5 @@ quint16 ServoDriveFirmware::maximumPrewriteFunctionIndex() const
 
 ParameterFunctionProvider *ServoDriveFirmware::createParameterFunctionProvider() const
 {
-    return new ReferenceFunctionProvider;
+    return new ReferenceFunctionProvider(d->tables);
 }

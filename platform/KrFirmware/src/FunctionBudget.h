@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QtCore/QtGlobal>
+
+#include <chrono>
+#include <optional>
+
+/// What one call of a firmware function may use, the functions that it leads to included.
+///
+/// Instructions are the measure. Since one instruction may compare or copy a large text, processor
+/// time stands behind them as a second bound, far beyond what the instructions need.
+class FunctionBudget {
+public:
+    static constexpr qint64 Instructions = 1000000;
+    /// Instructions are counted in steps of this many.
+    static constexpr int Step = 1000;
+    static constexpr std::chrono::milliseconds ProcessorTime {50};
+
+    void renew() { *this = FunctionBudget(); }
+    bool isSpent() const { return m_left <= 0; }
+    void charge(qint64 instructions) { m_left -= instructions; }
+    /// One step of instructions has run. The first one starts the clock: most functions never pay
+    /// for it.
+    void countStep();
+
+    /// A function begins or goes on, ends or asks the container: its own time counts alone.
+    void enter();
+    void leave();
+
+private:
+    qint64 m_left = Instructions;
+    bool m_isTimed = false;
+    std::chrono::nanoseconds m_used {0};
+    /// Processor time of the thread; nothing while no function's own code runs.
+    std::optional<std::chrono::nanoseconds> m_since;
+};

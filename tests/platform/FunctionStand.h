@@ -1,0 +1,57 @@
+#pragma once
+
+#include "PlainContainer.h"
+#include "PlainParameterData.h"
+
+#include "tests/support/TestFirmware.h"
+
+#include <KrFirmware/ParameterFunctionProvider.h>
+#include <KrFirmware/ServoDriveFirmware.h>
+#include <KrParameterDefinition/ParameterAddress.h>
+
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+
+#include <memory>
+
+/// A firmware with functions, its provider and an element that has index 1 of every kind: D10 of
+/// living space 2, an INT32.
+class FunctionStand {
+public:
+    /// Kind to the function's text; all have index 1.
+    using Functions = QHash<QString, QString>;
+
+    explicit FunctionStand(const Functions &functions)
+        : firmware(TestFirmware::load(TestFirmware::PhysicalAxesFamily, members(functions)))
+        , provider(firmware ? firmware->createParameterFunctionProvider() : nullptr)
+    {
+        data.type = 3;
+        data.address =
+            ParameterAddress(1, ParameterCoordinate(QStringLiteral("D10")), 0).toNumber();
+        if (provider)
+            provider->setCallbackProvider(&container);
+    }
+    FunctionStand(const char *kind, const QString &text)
+        : FunctionStand(Functions {{QString::fromLatin1(kind), text}})
+    {
+    }
+    Q_DISABLE_COPY_MOVE(FunctionStand)
+
+    QString lower() { return provider->lowerLimit(&data, 0); }
+    QString upper() { return provider->upperLimit(&data, 0); }
+    void postWrite() { provider->runFunction(eFunctionKind::Postwrite, &data, 0); }
+
+    PlainContainer container;
+    PlainParameterData data;
+    std::unique_ptr<ServoDriveFirmware> firmware;
+    std::unique_ptr<ParameterFunctionProvider> provider;
+
+private:
+    static QByteArray members(const Functions &functions)
+    {
+        QJsonObject tables;
+        for (auto it = functions.cbegin(); it != functions.cend(); ++it)
+            tables.insert(it.key(), QJsonObject {{QStringLiteral("1"), it.value()}});
+        return "\"functions\": " + QJsonDocument(tables).toJson(QJsonDocument::Compact);
+    }
+};
