@@ -11,53 +11,55 @@
 
 namespace {
 
-bool isNumber(const QVariant &value)
+std::optional<double> number(const FunctionValue &value)
 {
-    return value.typeId() == QMetaType::LongLong || value.typeId() == QMetaType::Double;
+    if (const qint64 *integer = std::get_if<qint64>(&value))
+        return double(*integer);
+    if (const double *real = std::get_if<double>(&value))
+        return *real;
+    return std::nullopt;
+}
+
+bool isIntegerType(const SimpleType &type)
+{
+    return type.kind() == SimpleType::SignedInteger || type.kind() == SimpleType::UnsignedInteger;
 }
 
 } // namespace
 
 std::optional<QString> FunctionAnswer::limit(
-    const QVariant &value, const SimpleType &type, eLimit limit)
+    const FunctionValue &value, const SimpleType &type, eLimit limit)
 {
-    const bool isInteger =
-        type.kind() == SimpleType::SignedInteger || type.kind() == SimpleType::UnsignedInteger;
-    QVariant number = value;
-    if (value.typeId() == QMetaType::Double) {
-        const double real = value.toDouble();
-        if (!std::isfinite(real))
+    if (std::holds_alternative<qint64>(value))
+        return NativeValue::write(value);
+    if (const double *real = std::get_if<double>(&value)) {
+        if (!std::isfinite(*real))
             return std::nullopt;
-        if (isInteger)
-            number = limit == eLimit::Lower ? std::ceil(real) : std::floor(real);
-    } else if (!isNumber(value) && value.typeId() != QMetaType::QString) {
-        return std::nullopt;
+        if (!isIntegerType(type))
+            return NativeValue::write(value);
+        return NativeValue::write(limit == eLimit::Lower ? std::ceil(*real) : std::floor(*real));
     }
-    const QString text = NativeValue::write(number);
-    const bool isNumberOfType =
-        isInteger ? Integer::fromText(text).has_value() : RealText::read(text).has_value();
-    // Beyond the longest whole number that is written out, the exponent tells enough: no type
-    // reaches there.
-    return isNumberOfType || isNumber(value) ? std::optional(text) : std::nullopt;
+    const QString *const text = std::get_if<QString>(&value);
+    const bool isNumber = text
+        && (isIntegerType(type) ? Integer::fromText(*text).has_value()
+                                : RealText::read(*text).has_value());
+    return isNumber ? std::optional(*text) : std::nullopt;
 }
 
-std::optional<double> FunctionAnswer::scalingFactor(const QVariant &value)
+std::optional<double> FunctionAnswer::scalingFactor(const FunctionValue &value)
 {
-    if (!isNumber(value))
+    const std::optional<double> factor = number(value);
+    if (!factor || !(std::abs(*factor) <= double(std::numeric_limits<float>::max()))
+        || float(*factor) == 0)
         return std::nullopt;
-    const double real = value.toDouble();
-    if (!(std::abs(real) <= double(std::numeric_limits<float>::max())) || float(real) == 0)
-        return std::nullopt;
-    return double(float(real));
+    return double(float(*factor));
 }
 
-std::optional<quint32> FunctionAnswer::fullScale(const QVariant &value)
+std::optional<quint32> FunctionAnswer::fullScale(const FunctionValue &value)
 {
-    if (!isNumber(value))
+    const std::optional<double> scale = number(value);
+    if (!scale || !(*scale >= 0 && *scale <= double(std::numeric_limits<quint32>::max()))
+        || *scale != std::trunc(*scale))
         return std::nullopt;
-    const double real = value.toDouble();
-    if (!(real >= 0 && real <= double(std::numeric_limits<quint32>::max()))
-        || real != std::trunc(real))
-        return std::nullopt;
-    return quint32(real);
+    return quint32(*scale);
 }

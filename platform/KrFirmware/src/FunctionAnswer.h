@@ -1,7 +1,8 @@
 #pragma once
 
+#include "FunctionOutcome.h"
+
 #include <QtCore/QString>
-#include <QtCore/QVariant>
 
 #include <optional>
 
@@ -15,10 +16,10 @@ enum class eLimit { Lower, Upper };
 
 /// A number or a text of one, as native text of the type. Between two whole numbers an integer
 /// type's limit is the one inside.
-std::optional<QString> limit(const QVariant &value, const SimpleType &type, eLimit limit);
+std::optional<QString> limit(const FunctionValue &value, const SimpleType &type, eLimit limit);
 /// A number that a 32-bit float holds, widened; not 0.
-std::optional<double> scalingFactor(const QVariant &value);
+std::optional<double> scalingFactor(const FunctionValue &value);
 /// A whole number of 32 bits.
-std::optional<quint32> fullScale(const QVariant &value);
+std::optional<quint32> fullScale(const FunctionValue &value);
 
 } // namespace FunctionAnswer

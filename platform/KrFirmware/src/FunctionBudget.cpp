@@ -24,15 +24,14 @@ void FunctionBudget::countStep()
         m_left = 0;
 }
 
-void FunctionBudget::enter()
+void FunctionBudget::startClock()
 {
-    if (m_isTimed)
-        m_since = processorTime();
+    m_since = processorTime();
+    m_isInside = true;
 }
 
-void FunctionBudget::leave()
+void FunctionBudget::stopClock()
 {
-    if (m_since)
-        m_used += processorTime() - *m_since;
-    m_since.reset();
+    m_used += processorTime() - m_since;
+    m_isInside = false;
 }

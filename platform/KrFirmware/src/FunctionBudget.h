@@ -3,7 +3,6 @@
 #include <QtCore/QtGlobal>
 
 #include <chrono>
-#include <optional>
 
 /// What one call of a firmware function may use, the functions that it leads to included.
 ///
@@ -16,7 +15,13 @@ public:
     static constexpr int Step = 1000;
     static constexpr std::chrono::milliseconds ProcessorTime {50};
 
-    void renew() { *this = FunctionBudget(); }
+    void renew()
+    {
+        m_left = Instructions;
+        m_isTimed = false;
+        m_isInside = false;
+        m_used = {};
+    }
     bool isSpent() const { return m_left <= 0; }
     void charge(qint64 instructions) { m_left -= instructions; }
     /// One step of instructions has run. The first one starts the clock: most functions never pay
@@ -24,13 +29,25 @@ public:
     void countStep();
 
     /// A function begins or goes on, ends or asks the container: its own time counts alone.
-    void enter();
-    void leave();
+    void enter()
+    {
+        if (m_isTimed)
+            startClock();
+    }
+    void leave()
+    {
+        if (m_isInside)
+            stopClock();
+    }
 
 private:
+    void startClock();
+    void stopClock();
+
     qint64 m_left = Instructions;
     bool m_isTimed = false;
-    std::chrono::nanoseconds m_used {0};
-    /// Processor time of the thread; nothing while no function's own code runs.
-    std::optional<std::chrono::nanoseconds> m_since;
+    /// A function's own code runs since then; processor time of the thread.
+    bool m_isInside = false;
+    std::chrono::nanoseconds m_since {};
+    std::chrono::nanoseconds m_used {};
 };

@@ -15,12 +15,20 @@ QString FunctionEvaluator::add(eParameterProperty kind, quint16 index, const QSt
     const QByteArray bytes = text.toUtf8();
     if (bytes.size() > MostTextBytes)
         return QStringLiteral("the function is longer than %1 bytes").arg(MostTextBytes);
-    return m_state->add(kind, index, bytes);
+    int place = NoFunction;
+    const QString reason = m_state->compile(bytes, place);
+    if (!reason.isEmpty())
+        return reason;
+    std::vector<int> &places = m_places[size_t(kind)];
+    places.resize(qMax(places.size(), size_t(index) + 1), NoFunction);
+    places[index] = place;
+    return {};
 }
 
-bool FunctionEvaluator::contains(eParameterProperty kind, quint16 index) const
+int FunctionEvaluator::find(eParameterProperty kind, quint16 index) const
 {
-    return m_state->contains(kind, index);
+    const std::vector<int> &places = m_places[size_t(kind)];
+    return index < places.size() ? places[index] : NoFunction;
 }
 
 void FunctionEvaluator::setCallbackProvider(CallbackProvider *callbacks)
@@ -28,9 +36,9 @@ void FunctionEvaluator::setCallbackProvider(CallbackProvider *callbacks)
     m_state->setCallbackProvider(callbacks);
 }
 
-FunctionOutcome FunctionEvaluator::run(FunctionCall &call)
+FunctionOutcome FunctionEvaluator::run(int function, FunctionCall &call)
 {
-    return m_state->run(call);
+    return m_state->run(function, call);
 }
 
 bool FunctionEvaluator::isRunning() const

@@ -4,7 +4,9 @@
 
 #include <KrParameterDefinition/eParameterProperty.h>
 
+#include <array>
 #include <memory>
+#include <vector>
 
 class CallbackProvider;
 class FunctionCall;
@@ -16,6 +18,8 @@ public:
     /// **Unit** bytes of UTF-8. Longer texts are refused.
     static constexpr qsizetype MostTextBytes = qsizetype(64) * 1024;
 
+    static constexpr int NoFunction = 0;
+
     FunctionEvaluator();
     ~FunctionEvaluator();
     Q_DISABLE_COPY_MOVE(FunctionEvaluator)
@@ -23,15 +27,20 @@ public:
     /// Takes a function in. **Refused** what is no program text: the answer is the reason with its
     /// line, otherwise empty.
     QString add(eParameterProperty kind, quint16 index, const QString &text);
-    bool contains(eParameterProperty kind, quint16 index) const;
+    /// NoFunction where the description has none of that index; otherwise what run() takes.
+    int find(eParameterProperty kind, quint16 index) const;
     /// **Owner** the container. Null cuts the functions off: those that run stop at their
     /// next question, unreported.
     void setCallbackProvider(CallbackProvider *callbacks);
-    /// **Range** a call of a function that is contained.
-    FunctionOutcome run(FunctionCall &call);
+    FunctionOutcome run(int function, FunctionCall &call);
     /// A function runs, and led here.
     bool isRunning() const;
 
 private:
+    /// The last property that holds a function's index.
+    static constexpr auto LastKind = eParameterProperty::ScalingFunctionIndex;
+
     std::unique_ptr<LuaState> m_state;
+    /// By kind, then by index. A look-up stands before every question of an element.
+    std::array<std::vector<int>, size_t(LastKind) + 1> m_places;
 };

@@ -1,9 +1,18 @@
 #pragma once
 
 #include <QtCore/QString>
-#include <QtCore/QVariant>
 
 #include <array>
+#include <variant>
+
+/// A value of a type that functions do not answer with, by the name of its type.
+struct FunctionValueType {
+    const char *name;
+};
+
+/// What a function returns. Nothing: nil, or not returned at all.
+using FunctionValue =
+    std::variant<std::monostate, bool, qint64, double, QString, FunctionValueType>;
 
 /// What a call of a firmware function ended with.
 struct FunctionOutcome {
@@ -15,10 +24,10 @@ struct FunctionOutcome {
         Stopped,
     };
 
+    bool hasReturned() const { return end == eEnd::Returned; }
+
     eEnd end = eEnd::Stopped;
-    /// The first two values, missing ones invalid: bool, qlonglong, double or QString. A value of
-    /// another type is held as the name of its type in a QByteArray.
-    std::array<QVariant, 2> values;
+    std::array<FunctionValue, 2> values;
     /// English.
     QString reason;
 };

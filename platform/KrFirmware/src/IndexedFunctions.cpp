@@ -3,6 +3,7 @@
 #include "FunctionAnswer.h"
 #include "FunctionCall.h"
 #include "FunctionTables.h"
+#include "NativeValue.h"
 
 #include <KrDatatype/SimpleType.h>
 #include <KrFirmware/CallbackProvider.h>
@@ -15,20 +16,24 @@ using enum eParameterProperty;
 
 /// Failures beyond this count within one question are not reported.
 constexpr qsizetype MostFailures = 16;
+/// Characters of a text that a message names.
+constexpr qsizetype MostShown = 40;
+
+bool isNil(const FunctionValue &value)
+{
+    return std::holds_alternative<std::monostate>(value);
+}
 
 /// A value as a message names it.
-QString shown(const QVariant &value)
+QString shown(const FunctionValue &value)
 {
-    switch (value.typeId()) {
-    case QMetaType::UnknownType:
-        return QStringLiteral("nil");
-    case QMetaType::QByteArray:
-        return QStringLiteral("a ") + QString::fromLatin1(value.toByteArray());
-    case QMetaType::QString:
-        return u'"' + value.toString().left(40) + u'"';
-    default:
-        return value.toString();
-    }
+    if (const FunctionValueType *type = std::get_if<FunctionValueType>(&value))
+        return QStringLiteral("a ") + QLatin1StringView(type->name);
+    if (const QString *text = std::get_if<QString>(&value))
+        return u'"' + text->left(MostShown) + u'"';
+    if (const bool *truth = std::get_if<bool>(&value))
+        return *truth ? QStringLiteral("true") : QStringLiteral("false");
+    return NativeValue::write(value);
 }
 
 } // namespace
@@ -50,14 +55,14 @@ std::array<QString, 2> IndexedFunctions::limits(const ParameterData &data, quint
     if (!m_evaluator)
         return {};
     const quint16 index = data.limitFunctionIndex(element);
-    const auto answer = outcome(LimitFunctionIndex, index, data, element);
-    const SimpleType *const type = answer ? data.simpleType(element) : nullptr;
+    const FunctionOutcome answer = outcome(LimitFunctionIndex, index, data, element);
+    const SimpleType *const type = answer.hasReturned() ? data.simpleType(element) : nullptr;
     if (!type)
         return {};
     std::array<QString, 2> result;
     for (size_t i = 0; i < result.size(); ++i) {
-        const QVariant &value = answer->values[i];
-        if (!value.isValid())
+        const FunctionValue &value = answer.values[i];
+        if (isNil(value))
             continue;
         const auto side = i == 0 ? FunctionAnswer::eLimit::Lower : FunctionAnswer::eLimit::Upper;
         const std::optional<QString> text = FunctionAnswer::limit(value, *type, side);
@@ -76,10 +81,10 @@ std::optional<ValueScaling> IndexedFunctions::scaling(const ParameterData &data,
     if (!m_evaluator)
         return std::nullopt;
     const quint16 index = data.scalingFunctionIndex(element);
-    const auto answer = outcome(ScalingFunctionIndex, index, data, element);
-    if (!answer || !answer->values[0].isValid())
+    const FunctionOutcome answer = outcome(ScalingFunctionIndex, index, data, element);
+    const auto &[factorValue, fullScaleValue] = answer.values;
+    if (!answer.hasReturned() || isNil(factorValue))
         return std::nullopt;
-    const auto [factorValue, fullScaleValue] = answer->values;
     const std::optional<double> factor = FunctionAnswer::scalingFactor(factorValue);
     if (!factor) {
         note(ScalingFunctionIndex, index, data, element,
@@ -88,7 +93,7 @@ std::optional<ValueScaling> IndexedFunctions::scaling(const ParameterData &data,
         return std::nullopt;
     }
     const std::optional<quint32> fullScale =
-        fullScaleValue.isValid() ? FunctionAnswer::fullScale(fullScaleValue) : 0;
+        isNil(fullScaleValue) ? 0 : FunctionAnswer::fullScale(fullScaleValue);
     if (!fullScale) {
         note(ScalingFunctionIndex, index, data, element,
             QStringLiteral("expected a full-scale value from 0 to 4294967295, not %1")
@@ -103,13 +108,14 @@ bool IndexedFunctions::isHidden(const ParameterData &data, quint16 element)
     if (!m_evaluator)
         return false;
     const quint16 index = data.hidingFunctionIndex(element);
-    const auto answer = outcome(HidingFunctionIndex, index, data, element);
-    if (!answer || !answer->values[0].isValid())
+    const FunctionOutcome answer = outcome(HidingFunctionIndex, index, data, element);
+    const FunctionValue &value = answer.values[0];
+    if (!answer.hasReturned() || isNil(value))
         return false;
-    if (answer->values[0].typeId() == QMetaType::Bool)
-        return answer->values[0].toBool();
+    if (const bool *isHidden = std::get_if<bool>(&value))
+        return *isHidden;
     note(HidingFunctionIndex, index, data, element,
-        QStringLiteral("expected true, false or nil, not %1").arg(shown(answer->values[0])));
+        QStringLiteral("expected true, false or nil, not %1").arg(shown(value)));
     return false;
 }
 
@@ -145,18 +151,17 @@ void IndexedFunctions::report()
         System::addCriticalMessage(title, text);
 }
 
-std::optional<FunctionOutcome> IndexedFunctions::outcome(
+FunctionOutcome IndexedFunctions::outcome(
     eParameterProperty kind, quint16 index, const ParameterData &data, quint16 element)
 {
-    if (index == 0 || !m_evaluator->contains(kind, index))
-        return std::nullopt;
+    const int function = m_evaluator->find(kind, index);
+    if (function == FunctionEvaluator::NoFunction)
+        return {};
     FunctionCall call(kind, index, data, element);
-    FunctionOutcome outcome = m_evaluator->run(call);
-    if (outcome.end == FunctionOutcome::eEnd::Returned)
-        return outcome;
+    FunctionOutcome outcome = m_evaluator->run(function, call);
     if (outcome.end == FunctionOutcome::eEnd::Failed)
         note(call, outcome.reason);
-    return std::nullopt;
+    return outcome;
 }
 
 void IndexedFunctions::note(FunctionCall &call, const QString &reason)

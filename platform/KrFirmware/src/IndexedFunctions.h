@@ -36,7 +36,7 @@ public:
     void report();
 
 private:
-    std::optional<FunctionOutcome> outcome(
+    FunctionOutcome outcome(
         eParameterProperty kind, quint16 index, const ParameterData &data, quint16 element);
     void note(FunctionCall &call, const QString &reason);
     void note(eParameterProperty kind, quint16 index, const ParameterData &data, quint16 element,

@@ -121,7 +121,9 @@ int parameterProperty(lua_State *state)
 {
     const quint16 coordinate = LuaValue::coordinateArgument(state, 1);
     const QString key = LuaValue::textArgument(state, 2);
-    const QVariant fallback = LuaValue::read(state, 3);
+    FunctionValue fallbackValue;
+    LuaValue::read(state, 3, fallbackValue);
+    const QVariant fallback = LuaValue::toVariant(fallbackValue);
     const QVariant value = read(state, [&](CallbackProvider &provider) {
         return provider.parameterProperty(coordinate, key, fallback);
     });

@@ -30,18 +30,14 @@ QString readable(const QString &error)
 /// What an error was raised with.
 QString reasonOf(lua_State *state)
 {
-    const QVariant value = LuaValue::read(state, -1);
-    switch (value.typeId()) {
-    case QMetaType::QString:
-        return readable(value.toString());
-    case QMetaType::QByteArray:
-        return QStringLiteral("an error without a text (a %1)")
-            .arg(QLatin1StringView(value.toByteArray()));
-    case QMetaType::UnknownType:
-        return QStringLiteral("an error without a text");
-    default:
-        return value.toString();
-    }
+    FunctionValue value;
+    LuaValue::read(state, -1, value);
+    if (const QString *text = std::get_if<QString>(&value))
+        return readable(*text);
+    if (const FunctionValueType *type = std::get_if<FunctionValueType>(&value))
+        return QStringLiteral("an error without a text (a %1)").arg(QLatin1StringView(type->name));
+    const QString shown = LuaValue::toVariant(value).toString();
+    return shown.isEmpty() ? QStringLiteral("an error without a text") : shown;
 }
 
 struct Chunk {
@@ -116,7 +112,7 @@ LuaState::LuaState()
 
 LuaState::~LuaState() = default;
 
-QString LuaState::add(eParameterProperty kind, quint16 index, const QByteArray &text)
+QString LuaState::compile(const QByteArray &text, int &place)
 {
     m_context.budget().renew();
     m_heap.setMostBytes(MostCompiledBytes);
@@ -126,7 +122,7 @@ QString LuaState::add(eParameterProperty kind, quint16 index, const QByteArray &
     const int status = lua_pcall(m_state.get(), 1, 0, 0);
     m_heap.setMostBytes(LuaHeap::MostBytes);
     if (status == LUA_OK) {
-        m_functions.insert(key(kind, index), chunk.place);
+        place = chunk.place;
         return {};
     }
     QString reason = reasonOf(m_state.get());
@@ -138,38 +134,38 @@ QString LuaState::add(eParameterProperty kind, quint16 index, const QByteArray &
     return reason;
 }
 
-FunctionOutcome LuaState::run(FunctionCall &call)
+FunctionOutcome LuaState::run(int place, FunctionCall &call)
 {
+    FunctionOutcome outcome;
     // What is to end asks nothing more.
-    if (m_context.call() && m_context.isStopped())
-        return {};
+    if (isRunning() && m_context.isStopped())
+        return outcome;
     lua_State *const state = m_state.get();
     const int top = lua_gettop(state);
     const Running running(m_context, call);
-    const FunctionOutcome outcome = called(m_functions.value(key(call.kind(), call.index())));
+    this->call(place, outcome);
     lua_settop(state, top);
     // The next call is to find the memory that this one needed.
-    if (outcome.end != FunctionOutcome::eEnd::Returned && !call.outer)
+    if (!outcome.hasReturned() && !call.outer)
         lua_gc(state, LUA_GCCOLLECT);
     return outcome;
 }
 
-FunctionOutcome LuaState::called(int function)
+void LuaState::call(int place, FunctionOutcome &outcome)
 {
     lua_State *const state = m_state.get();
-    FunctionOutcome outcome;
     if (!lua_checkstack(state, Slots))
-        return failure(LUA_ERRMEM);
-    lua_rawgeti(state, LUA_REGISTRYINDEX, function);
+        return fail(LUA_ERRMEM, outcome);
+    lua_rawgeti(state, LUA_REGISTRYINDEX, place);
     const int status = lua_pcall(state, 0, int(outcome.values.size()), 0);
     if (status != LUA_OK)
-        return failure(status);
+        return fail(status, outcome);
     outcome.end = FunctionOutcome::eEnd::Returned;
-    outcome.values = {LuaValue::read(state, -2), LuaValue::read(state, -1)};
-    return outcome;
+    LuaValue::read(state, -2, outcome.values[0]);
+    LuaValue::read(state, -1, outcome.values[1]);
 }
 
-FunctionOutcome LuaState::failure(int status)
+void LuaState::fail(int status, FunctionOutcome &outcome)
 {
     if (m_context.budget().isSpent()) {
         m_context.stop(QStringLiteral("the budget of %1 instructions is spent")
@@ -179,19 +175,17 @@ FunctionOutcome LuaState::failure(int status)
             QStringLiteral("more than %1 bytes of memory, or %2 in one piece, are needed")
                 .arg(LuaHeap::MostBytes)
                 .arg(LuaHeap::MostBlockBytes));
+    } else if (!m_context.isStopped()) {
+        const QString reason = reasonOf(m_state.get());
+        if (status == LUA_ERRERR || reason.endsWith(TooDeep))
+            m_context.stop(QStringLiteral("the functions are nested too deeply"));
+        else
+            outcome.reason = reason;
     }
-    FunctionOutcome outcome;
-    outcome.reason = m_context.takeReason();
-    if (!m_context.isStopped()) {
-        outcome.reason = reasonOf(m_state.get());
-        if (status == LUA_ERRERR || outcome.reason.endsWith(TooDeep)) {
-            outcome.reason = QStringLiteral("the functions are nested too deeply");
-            m_context.stop(QString());
-        }
-    }
+    if (m_context.isStopped())
+        outcome.reason = m_context.takeReason();
     outcome.end =
         outcome.reason.isEmpty() ? FunctionOutcome::eEnd::Stopped : FunctionOutcome::eEnd::Failed;
-    return outcome;
 }
 
 void LuaState::countStep(lua_State *state, lua_Debug *)

@@ -4,10 +4,7 @@
 #include "FunctionOutcome.h"
 #include "LuaHeap.h"
 
-#include <KrParameterDefinition/eParameterProperty.h>
-
 #include <QtCore/QByteArray>
-#include <QtCore/QHash>
 
 #include <memory>
 
@@ -28,29 +25,19 @@ public:
     ~LuaState();
     Q_DISABLE_COPY_MOVE(LuaState)
 
-    /// The reason of a refusal; empty where the function was taken in.
-    QString add(eParameterProperty kind, quint16 index, const QByteArray &text);
-    bool contains(eParameterProperty kind, quint16 index) const
-    {
-        return m_functions.contains(key(kind, index));
-    }
+    /// The reason of a refusal; empty where the function has got a place, from 1.
+    QString compile(const QByteArray &text, int &place);
     void setCallbackProvider(CallbackProvider *callbacks) { m_context.setCallbacks(callbacks); }
-    FunctionOutcome run(FunctionCall &call);
+    FunctionOutcome run(int place, FunctionCall &call);
     bool isRunning() const { return m_context.call() != nullptr; }
 
 private:
-    static quint32 key(eParameterProperty kind, quint16 index)
-    {
-        return quint32(kind) << 16 | index;
-    }
     static void countStep(lua_State *state, lua_Debug *record);
 
-    FunctionOutcome called(int function);
-    FunctionOutcome failure(int status);
+    void call(int place, FunctionOutcome &outcome);
+    void fail(int status, FunctionOutcome &outcome);
 
     FunctionContext m_context;
     LuaHeap m_heap;
     std::unique_ptr<lua_State, void (*)(lua_State *)> m_state;
-    /// Kind and index to the function's place in Lua's registry.
-    QHash<quint32, int> m_functions;
 };

@@ -99,22 +99,42 @@ void LuaValue::push(lua_State *state, const QVariant &value)
     }
 }
 
-QVariant LuaValue::read(lua_State *state, int position)
+void LuaValue::read(lua_State *state, int position, FunctionValue &value)
 {
     switch (lua_type(state, position)) {
     case LUA_TNONE:
     case LUA_TNIL:
-        return {};
+        value = std::monostate();
+        return;
     case LUA_TBOOLEAN:
-        return lua_toboolean(state, position) != 0;
+        value = lua_toboolean(state, position) != 0;
+        return;
     case LUA_TNUMBER:
-        return lua_isinteger(state, position) ? QVariant(lua_tointeger(state, position))
-                                              : QVariant(lua_tonumber(state, position));
+        if (lua_isinteger(state, position))
+            value = qint64(lua_tointeger(state, position));
+        else
+            value = double(lua_tonumber(state, position));
+        return;
     case LUA_TSTRING:
-        return text(state, position);
+        value = text(state, position);
+        return;
     default:
-        return QByteArray(luaL_typename(state, position));
+        value = FunctionValueType {luaL_typename(state, position)};
     }
+}
+
+QVariant LuaValue::toVariant(const FunctionValue &value)
+{
+    return std::visit(
+        [](const auto &held) -> QVariant {
+            using Held = std::decay_t<decltype(held)>;
+            if constexpr (std::is_same_v<Held,
+                              std::monostate> || std::is_same_v<Held, FunctionValueType>)
+                return {};
+            else
+                return held;
+        },
+        value);
 }
 
 qint64 LuaValue::numberArgument(lua_State *state, int position, qint64 least, qint64 most)
@@ -128,7 +148,9 @@ QString LuaValue::valueArgument(lua_State *state, int position)
 {
     const bool isValue = isText(state, position) || lua_type(state, position) == LUA_TNUMBER;
     luaL_argexpected(state, isValue, position, "number or text");
-    return NativeValue::write(read(state, position));
+    FunctionValue value;
+    read(state, position, value);
+    return NativeValue::write(value);
 }
 
 QString LuaValue::textArgument(lua_State *state, int position)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FunctionOutcome.h"
+
 #include <QtCore/QString>
 #include <QtCore/QVariant>
 
@@ -13,8 +15,9 @@ void push(lua_State *state, const QString &text);
 /// as its long text in the active one, a choice as a table from key to text, a list as a table from
 /// 1. Invalid: nil.
 void push(lua_State *state, const QVariant &value);
-/// bool, qlonglong, double, QString; invalid for nil; the name of any other type as a QByteArray.
-QVariant read(lua_State *state, int position);
+void read(lua_State *state, int position, FunctionValue &value);
+/// A truth value, number or text as such; invalid for anything else.
+QVariant toVariant(const FunctionValue &value);
 
 /// An argument within a range. **Throws** a Lua error that names it.
 qint64 numberArgument(lua_State *state, int position, qint64 least, qint64 most);

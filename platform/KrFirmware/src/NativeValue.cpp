@@ -19,6 +19,9 @@ constexpr size_t WholeSize = 32;
 
 QString writtenDouble(double value)
 {
+    // Without the sign that it may have.
+    if (std::isnan(value))
+        return QStringLiteral("nan");
     if (value != std::trunc(value) || std::abs(value) >= ExponentFrom)
         return RealText::write(value);
     std::array<char, WholeSize> text;
@@ -54,14 +57,12 @@ QVariant NativeValue::ask(
     return read(text, DatatypeProvider::instance()->simpleType(quint8(type.toUInt())));
 }
 
-QString NativeValue::write(const QVariant &value)
+QString NativeValue::write(const FunctionValue &value)
 {
-    switch (value.typeId()) {
-    case QMetaType::LongLong:
-        return QString::number(value.toLongLong());
-    case QMetaType::Double:
-        return writtenDouble(value.toDouble());
-    default:
-        return value.toString();
-    }
+    if (const qint64 *integer = std::get_if<qint64>(&value))
+        return QString::number(*integer);
+    if (const double *real = std::get_if<double>(&value))
+        return writtenDouble(*real);
+    const QString *const text = std::get_if<QString>(&value);
+    return text ? *text : QString();
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FunctionOutcome.h"
+
 #include <QtCore/QString>
 #include <QtCore/QVariant>
 
@@ -15,6 +17,6 @@ public:
     /// The container's value of the element, read by the type that the container has for it.
     static QVariant ask(
         CallbackProvider &callbacks, int livingSpace, quint16 coordinate, quint16 element);
-    /// Plain decimals of a qlonglong or double, a QString as it stands.
-    static QString write(const QVariant &value);
+    /// Plain decimals of a number, a text as it stands; empty for anything else.
+    static QString write(const FunctionValue &value);
 };
