@@ -37,7 +37,7 @@ VALID = {
     "languages": ["de", "en"],
     "dataTypes": ["UINT16"],
     "profiles": {"current": {"dataType": "UINT16", "units": {"scaled": "<localAxis:E12>"}}},
-    "functions": {"limit": {"1": "return 0"}},
+    "functions": {"limit": {"1": "return 0", "2": ["local a = 0", "return a"]}},
     "parameters": [
         {
             "number": 1,
@@ -73,6 +73,11 @@ ELEMENT = (*SIMPLE, "elements", 0)
 RECORD = ("parameters", 1)
 SYSTEM = ("systemParameters", 0)
 
+# Kind of dependency to the kind of function that receives it.
+RECEIVING_KINDS = (
+    "limit", "scaling", "hiding", "preRead", "preWrite", "postRead", "postWrite")
+COORDINATE_IN_A_FUNCTION = re.compile(r"'([A-Z][0-9]{2,3})'")
+
 # Where a value is set, and what it is set to.
 REFUSED = {
     "another format": (("format",), "other"),
@@ -94,6 +99,9 @@ REFUSED = {
     "function index 0": (("functions", "limit"), {"0": "return 0"}),
     "function index 65536": (("functions", "limit"), {"65536": "return 0"}),
     "an unknown function kind": (("functions", "unit"), {}),
+    "a function that is no text": (("functions", "limit"), {"1": 0}),
+    "a line of a function that is no text": (("functions", "limit"), {"1": ["return 0", 0]}),
+    "a function longer than 65536 bytes": (("functions", "limit"), {"1": "x" * 65537}),
     "parameter number 0": ((*SIMPLE, "number"), 0),
     "a parameter number as text": ((*SIMPLE, "number"), "1"),
     "an unknown key of a parameter": ((*SIMPLE, "comment"), "text"),
@@ -546,6 +554,53 @@ class Content:
         actions = [e for e in self.elements if "actionControl" in e["profiles"]]
         self.assertTrue(any(e.get("enableOffRequired") == 1 for e in actions))
         self.assertTrue(any(not e.get("enableOffRequired") for e in actions))
+
+
+    def functions(self):
+        """(kind, index, text) of every function."""
+        for kind, table in self.root["functions"].items():
+            for index, text in table.items():
+                yield kind, int(index), text if isinstance(text, str) else "\n".join(text)
+
+    def used(self, key, kind):
+        """What elements have under a kind of functions or dependencies, without 0."""
+        return {e[key][kind] for e in self.elements if e.get(key, {}).get(kind)}
+
+    def test_functions_are_of_every_kind_and_all_used(self):
+        self.assertEqual(set(self.root["functions"]), set(RECEIVING_KINDS))
+        for kind in RECEIVING_KINDS:
+            indices = {index for each, index, _ in self.functions() if each == kind}
+            self.assertEqual(self.used("functions", kind), indices, kind)
+
+    def test_dependencies_reach_functions(self):
+        for kind in RECEIVING_KINDS:
+            self.assertEqual(self.used("dependencies", kind), self.used("functions", kind), kind)
+
+    def test_global_parameters_name_the_active_axis(self):
+        self.problems(
+            place for p, e, place in self.places if p.get("global")
+            for text in e.get("units", {}).values()
+            if isinstance(text, str) and text.startswith("<local"))
+
+    def test_measuring_unit_dependencies_stand_at_the_units(self):
+        located = {m[2] for m in self.placeholders("units")}
+        dependent = {p["coordinates"][0] for p, e, _ in self.places
+                     if e.get("dependencies", {}).get("measuringUnit")}
+        self.assertEqual(dependent, {"E12", "E14", "E15", "E16"})
+        self.assertLessEqual(located, dependent)
+
+    def test_functions_name_parameters(self):
+        names = {name for _, _, text in self.functions()
+                 for name in COORDINATE_IN_A_FUNCTION.findall(text)}
+        self.assertTrue(names)
+        self.problems(names - set(self.description.by_coordinate))
+
+    def test_system_strings_are_named(self):
+        strings = {int(number) for number in self.root["systemStrings"]}
+        texts = [e.get("commonTexts", {}) for e in self.elements]
+        named = {number for text in texts for number in text.get("choices", [])}
+        named |= {text[key] for text in texts for key in text if key != "choices"}
+        self.assertEqual(named, strings)
 
 
 class TwoAxisDrive(Content, unittest.TestCase):

@@ -82,6 +82,7 @@ private Q_SLOTS:
     void refusedText();
     void acceptedText_data();
     void acceptedText();
+    void textAsAListOfLines();
     void maximaComeFromTheTables();
     void providersAreIndependent();
 
@@ -883,6 +884,25 @@ void tst_FirmwareFunctions::acceptedText()
     FunctionStand stand("postWrite", text);
     QVERIFY(stand.firmware);
     QCOMPARE(told(stand), QString());
+}
+
+void tst_FirmwareFunctions::textAsAListOfLines()
+{
+    MessageRecorder recorder;
+    const auto firmware = TestFirmware::load(TestFirmware::PhysicalAxesFamily,
+        R"json("functions": {"limit": {"1": ["local a = 5 -- a comment ends with its line", "return a"]},
+        "hiding": {"1": ["-- one", "-- two", "error('broken')"]}})json");
+    QVERIFY(firmware);
+    const std::unique_ptr<ParameterFunctionProvider> provider(
+        firmware->createParameterFunctionProvider());
+    PlainContainer container;
+    provider->setCallbackProvider(&container);
+    PlainParameterData data;
+    data.type = Int32;
+    data.address = ParameterAddress(1, ParameterCoordinate(QStringLiteral("D10")), 0).toNumber();
+    QCOMPARE(provider->lowerLimit(&data, 0), QStringLiteral("5"));
+    expectFailure(recorder, QStringLiteral("hiding"), QStringLiteral("line 3: broken"));
+    QVERIFY(!provider->isHidden(&data, 0));
 }
 
 void tst_FirmwareFunctions::maximaComeFromTheTables()

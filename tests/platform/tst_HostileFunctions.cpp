@@ -4,7 +4,6 @@
 
 #include <KrSystem/System.h>
 
-#include <QtCore/QElapsedTimer>
 #include <QtTest/QtTest>
 
 #include <ctime>
@@ -221,16 +220,15 @@ void tst_HostileFunctions::endsInTime()
     MessageRecorder recorder;
     QFETCH(QString, text);
     FunctionStand stand("postWrite", text);
-    // The best of a few: the machine may be busy.
+    // About 10 ms; what stands above leaves room for slow machines and sanitizers.
     qint64 best = std::numeric_limits<qint64>::max();
     for (int round = 0; round < 5; ++round) {
-        QElapsedTimer timer;
-        timer.start();
+        const qint64 begin = processorMilliseconds();
         stand.postWrite();
-        best = qMin(best, timer.elapsed());
+        best = qMin(best, processorMilliseconds() - begin);
         QCOMPARE(reasons(recorder), QStringList({Spent}));
     }
-    QVERIFY2(best <= 50, qPrintable(QString::number(best)));
+    QVERIFY2(best <= 100, qPrintable(QString::number(best)));
 }
 
 void tst_HostileFunctions::endlessOfEveryKind_data()

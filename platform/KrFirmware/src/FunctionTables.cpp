@@ -39,6 +39,16 @@ bool namesSystemString(eParameterProperty property)
         != std::end(SystemStringProperties);
 }
 
+/// One text, or one for each line.
+QString programText(const JsonValue &value, const DescriptionReader &reader)
+{
+    if (value.toList())
+        return reader.textList(value).join(u'\n');
+    if (!value.toText())
+        reader.findings().refuse(value, QStringLiteral("expected a text or a list of lines"));
+    return value.toText() ? *value.toText() : QString();
+}
+
 template <typename Value>
 quint16 lastKey(const QMap<qint32, Value> &table)
 {
@@ -59,7 +69,7 @@ void FunctionTables::readFunctions(const JsonValue &functions, const Description
             continue;
         for (const JsonValue::Member &member : reader.object(*table)) {
             const std::optional<qint32> index = reader.numberKey(member, 1, LastIndex);
-            const QString text = reader.text(member.value);
+            const QString text = programText(member.value, reader);
             const QString reason =
                 index ? evaluator.add(kind.property, quint16(*index), text) : QString();
             if (!reason.isEmpty())
