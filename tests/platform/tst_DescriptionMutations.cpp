@@ -171,13 +171,20 @@ bool isLanguageText(const QString &path)
         || path == QStringLiteral("parameters[0].name.en");
 }
 
+/// A function takes a text or a list of lines.
+bool isFunction(const QString &path)
+{
+    return path.startsWith(QStringLiteral("functions.")) && path.count(u'.') == 2;
+}
+
 bool isAccepted(const QString &path, QJsonValue::Type own, QJsonValue::Type given)
 {
     if (given == own)
         return true;
     const bool isNumberOrText = given == QJsonValue::Double || given == QJsonValue::String;
     const bool isTextOrObject = given == QJsonValue::String || given == QJsonValue::Object;
-    return (contains(NumbersOrTexts, path) && isNumberOrText)
+    return (isFunction(path) && given == QJsonValue::Array)
+        || (contains(NumbersOrTexts, path) && isNumberOrText)
         || ((contains(Texts, path) || isLanguageText(path)) && isTextOrObject);
 }
 

@@ -881,6 +881,13 @@ void tst_ServoDriveFirmware::refused_data()
         "functions.limit.0: expected a key that is a whole number from 1 to 65535");
     row("function index above 16 bits", description(R"("functions": {"limit": {"65536": ""}})"),
         "functions.limit.65536: expected a key that is a whole number from 1 to 65535");
+    row("function that is no text", description(R"("functions": {"limit": {"1": 5}})"),
+        "functions.limit.1: expected a text or a list of lines");
+    row("line of a function that is no text",
+        description(R"("functions": {"limit": {"1": ["return 1", 5]}})"),
+        "functions.limit.1[1]: expected a text");
+    row("function that is no program", description(R"("functions": {"hiding": {"7": "return ="}})"),
+        "functions.hiding.7: line 1: unexpected symbol near '='");
     row("unknown kind of function", description(R"("functions": {"limits": {}})"),
         "functions.limits: unknown key; known are limit, scaling, hiding, preRead, preWrite, "
         "postRead, "
