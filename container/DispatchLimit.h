@@ -30,6 +30,16 @@ public:
         resetWhenIdle();
     }
 
+    /// Questions before a change are counted apart; they are to be left too where true.
+    bool enterPreparation()
+    {
+        if (m_depth >= Depth || m_preparations >= Count)
+            return false;
+        ++m_depth;
+        ++m_preparations;
+        return true;
+    }
+
     /// A change dispatches several kinds of dependency.
     void beginChange() { ++m_changes; }
     void endChange()
@@ -44,11 +54,13 @@ private:
         if (m_depth > 0 || m_changes > 0)
             return;
         m_count = 0;
+        m_preparations = 0;
         m_isReported = false;
     }
 
     int m_changes = 0;
     int m_depth = 0;
     int m_count = 0;
+    int m_preparations = 0;
     bool m_isReported = false;
 };

@@ -382,24 +382,27 @@ QString ParameterContainer::setParameterChangeTag(const QString &tag)
 void ParameterContainer::updateParameterChangeTagsIfEmpty(
     const QMap<QString, QString> &valueTags, const QMap<QString, QString> &defaultTags)
 {
-    const auto each = [this](const QMap<QString, QString> &tags, auto fill) {
-        for (auto it = tags.cbegin(); it != tags.cend(); ++it) {
+    // A tag is kept with a text, and a text that is not there is taken from the firmware first.
+    const QPointer<ParameterContainer> guard(this);
+    const auto each = [&](const QMap<QString, QString> &tags, auto fill) {
+        for (auto it = tags.cbegin(); guard && it != tags.cend(); ++it) {
             const ParameterAddress address(it.key(), true);
             if (CoordinateInstanceSet *set = d->find(address.coordinate()))
                 fill(set, d->livingSpace(address), address.element(), it.value());
         }
     };
-    each(valueTags,
-        [](CoordinateInstanceSet *set, eLivingSpace livingSpace, quint16 element,
-            const QString &tag) {
-            if (set->attribute(livingSpace, element, QStringLiteral("ValueChangeTag")).isEmpty())
-                set->setValueChangeTag(livingSpace, element, tag);
-        });
+    // The defaults first: a value that is not there stamps the default that it is taken from.
     each(defaultTags,
         [](CoordinateInstanceSet *set, eLivingSpace livingSpace, quint16 element,
             const QString &tag) {
             if (set->attribute(livingSpace, element, QStringLiteral("DefaultValueChangeTag"))
                     .isEmpty())
                 set->setDefaultValueChangeTag(livingSpace, element, tag);
+        });
+    each(valueTags,
+        [](CoordinateInstanceSet *set, eLivingSpace livingSpace, quint16 element,
+            const QString &tag) {
+            if (set->attribute(livingSpace, element, QStringLiteral("ValueChangeTag")).isEmpty())
+                set->setValueChangeTag(livingSpace, element, tag);
         });
 }

@@ -70,6 +70,7 @@ ParameterContainerPrivate::~ParameterContainerPrivate()
     m_index.clear();
     locatorSets.clear();
     addressLists.clear();
+    const auto removed = std::exchange(m_going, {});
     const auto going = std::exchange(coordinateSets, {});
 }
 
@@ -123,18 +124,18 @@ bool ParameterContainerPrivate::createOrUpdate(
 {
     if (!definition)
         return false;
-    const Locator locator(locatorText);
     CoordinateInstanceSet *known = find(locatorText);
-    if (!known && !locator.isValid())
+    if (known && known->definition())
+        return update(known, definition);
+
+    const Locator locator(locatorText);
+    if (!locator.isValid())
         return false;
     if (!definition->isValid()) {
         System::addWarningMessage(MessageTitle,
             QStringLiteral("no instance for invalid definition of parameter created"));
         return false;
     }
-    if (known && known->definition())
-        return update(known, definition);
-
     const LifeGuard guard(this);
     const CreationRules::LivingSpaces spaces =
         CreationRules::livingSpaces(locator, definition, hasPhysicalAxes());
@@ -156,7 +157,7 @@ bool ParameterContainerPrivate::createOrUpdate(
         if (!set || set->coordinate() != coordinate)
             set = setForCreation(definition, locatorText, coordinate, spaces.list.size());
         // What listeners removed or replaced meanwhile is not continued: it is another's now.
-        if (!createInstance(set, definition, livingSpace, guard))
+        if (!createInstance(set, definition, livingSpace))
             return false;
     }
     if (!guard)
@@ -232,15 +233,14 @@ CoordinateInstanceSet *ParameterContainerPrivate::setForCreation(ParameterDefini
     return located;
 }
 
-bool ParameterContainerPrivate::createInstance(CoordinateInstanceSet *set,
-    ParameterDefinition *definition, eLivingSpace livingSpace, const LifeGuard &guard)
+bool ParameterContainerPrivate::createInstance(
+    CoordinateInstanceSet *set, ParameterDefinition *definition, eLivingSpace livingSpace)
 {
-    const ParameterCoordinate coordinate = set->coordinate();
+    // A listener may move the set; only one that is gone is another's.
+    const LifeGuard setGuard(set);
     const quint32 serialNumber = addInstance(set, livingSpace);
-    // A serial number is given once; a guarded pointer would cost every set memory.
     const auto isThere = [&] {
-        const CoordinateInstanceSet *now = guard ? find(coordinate) : nullptr;
-        const ParameterInstanceData *record = now ? now->record(livingSpace) : nullptr;
+        const ParameterInstanceData *record = setGuard ? set->record(livingSpace) : nullptr;
         return record && record->serialNumber() == serialNumber;
     };
     if (!isThere())
@@ -266,15 +266,31 @@ void ParameterContainerPrivate::remove(CoordinateInstanceSet *set)
     if (find(coordinate) != set)
         return;
     set->disconnect();
-    // Out of both tables before anyone hears of it, and alive until everyone has.
-    const std::unique_ptr<CoordinateTable::Entry> removed = coordinateSets.take(coordinate);
+    // Out of both tables before anyone hears of it, and alive until everyone has. Kept here, so that it
+    // goes with the container when that goes meanwhile.
+    m_going.push_back(coordinateSets.take(coordinate));
+    const CoordinateTable::Entry *removed = m_going.back().get();
     for (const QString &locatorText : removed->locatorTexts) {
         if (locatorSets.value(locatorText) == set)
             locatorSets.remove(locatorText);
     }
     m_index.remove(set);
     addressLists.clear();
+    const LifeGuard guard(this);
     Q_EMIT parameterRemoved(coordinate);
+    if (!guard)
+        return;
+    const auto place = std::find_if(m_going.begin(), m_going.end(),
+        [removed](const auto &entry) { return entry.get() == removed; });
+    const std::unique_ptr<CoordinateTable::Entry> last = std::move(*place);
+    m_going.erase(place);
+}
+
+void ParameterContainerPrivate::onPropertiesChanged(CoordinateInstanceSet *set)
+{
+    // A set that is being removed may still be written; it is found no more.
+    if (find(set->coordinate()) == set)
+        m_index.update(set);
 }
 
 void ParameterContainerPrivate::removeAll(const QList<QPointer<CoordinateInstanceSet>> &sets)
@@ -549,13 +565,15 @@ void ParameterContainerPrivate::updateAllParameterVisibility()
 {
     const QPointer<ParameterContainerPrivate> guard(this);
     const quint32 before = m_knownAccessLevel;
-    m_knownAccessLevel = System::information()->userAccessLevel();
+    // A listener may change the level again; that change tells its own differences.
+    const quint32 now = System::information()->userAccessLevel();
+    m_knownAccessLevel = now;
     Q_EMIT accessLevelUpdateStarted();
     if (!guard)
         return;
     for (const QPointer<CoordinateInstanceSet> &set : guardedSets()) {
         if (set)
-            set->onAccessLevelChanged(before);
+            set->onAccessLevelChanged(before, now);
         if (!guard)
             return;
     }

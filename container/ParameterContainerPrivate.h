@@ -23,6 +23,7 @@
 #include <QtCore/QVariant>
 
 #include <memory>
+#include <vector>
 
 class ParameterContainer;
 class ParameterContainerHostInformation;
@@ -77,9 +78,11 @@ public:
     QString containerText(const QString &key) const;
 
     void onElementsChanged() override { addressLists.clear(); }
-    void onPropertiesChanged(CoordinateInstanceSet *set) override { m_index.update(set); }
+    void onPropertiesChanged(CoordinateInstanceSet *set) override;
     void beginChange() override { m_dispatchLimit.beginChange(); }
     void endChange() override { m_dispatchLimit.endChange(); }
+    bool beginPreparation() override { return m_dispatchLimit.enterPreparation(); }
+    void endPreparation() override { m_dispatchLimit.leave(); }
     QList<QPointer<CoordinateInstanceSet>> receivers(const DependencyKey &key) override
     {
         return m_index.receivers(key);
@@ -129,8 +132,8 @@ private:
     CoordinateInstanceSet *setForCreation(ParameterDefinition *definition,
         const QString &locatorText, const ParameterCoordinate &coordinate, qsizetype instanceCount);
     /// False when listeners removed or replaced the instance, or destroyed the container.
-    bool createInstance(CoordinateInstanceSet *set, ParameterDefinition *definition,
-        eLivingSpace livingSpace, const LifeGuard &guard);
+    bool createInstance(
+        CoordinateInstanceSet *set, ParameterDefinition *definition, eLivingSpace livingSpace);
     /// The serial number of the record, new or not. **Emits** parameterAdded for a new one.
     quint32 addInstance(CoordinateInstanceSet *set, eLivingSpace livingSpace);
     void reportCut(const ParameterCoordinate &source) const;
@@ -139,6 +142,8 @@ private:
     eLivingSpace resolveForFirmware(int livingSpace) const;
 
     mutable SetIndex m_index;
+    /// Out of the tables, and alive until everyone has heard of their removal.
+    std::vector<std::unique_ptr<CoordinateTable::Entry>> m_going;
     DispatchLimit m_dispatchLimit;
     quint32 m_knownAccessLevel;
     quint32 m_firmwareGeneration = 0;

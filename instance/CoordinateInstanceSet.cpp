@@ -88,6 +88,7 @@ void CoordinateInstanceSet::takeDefinition(ParameterDefinition *definition)
     m_elements = std::move(elements);
     m_properties.onDefinitionChanged();
     m_definition = definition;
+    forgetAnswers();
     if (m_registry)
         m_registry->onPropertiesChanged(this);
     // Another definition may hide by another function.
@@ -172,13 +173,19 @@ void CoordinateInstanceSet::onReadOnlyChanged(bool wasReadOnly)
     });
 }
 
-void CoordinateInstanceSet::onAccessLevelChanged(quint32 oldLevel)
+void CoordinateInstanceSet::forgetAnswers()
 {
-    const quint32 newLevel = System::information()->userAccessLevel();
+    for (const eLivingSpace livingSpace : m_instances.livingSpaces())
+        m_instances.find(livingSpace)->forgetAnswers();
+}
+
+void CoordinateInstanceSet::onAccessLevelChanged(quint32 oldLevel, quint32 newLevel)
+{
     forEachValue([this, oldLevel, newLevel](ParameterInstanceData *record, quint16 element) {
         const LifeGuard guard(this);
         const eLivingSpace livingSpace = record->livingSpace();
         AccessRules::WriteFacts facts = writeFacts(*record, element);
+        facts.userLevel = newLevel;
         const bool isWritableNow = AccessRules::isWritable(facts);
         facts.userLevel = oldLevel;
         const bool isWritabilityChanged = isWritableNow != AccessRules::isWritable(facts);
@@ -196,6 +203,7 @@ void CoordinateInstanceSet::onAccessLevelChanged(quint32 oldLevel)
 
 void CoordinateInstanceSet::askKnownFlagsAnew()
 {
+    forgetAnswers();
     forEachValue([this](ParameterInstanceData *record, quint16 element) {
         if (record->isHiddenKnown(element))
             askHiddenAnew(record, element);
@@ -226,6 +234,7 @@ void CoordinateInstanceSet::loadFromSection(const LmIniParser::IniSection &secti
     const bool hadOverrides = m_properties.hasOverrides();
     m_properties.replaceOverrides(SectionOverrides::load(section, utf8, m_properties));
 
+    forgetAnswers();
     const bool isRecounted = m_elements.count() != before;
     if (m_registry && isRecounted)
         m_registry->onElementsChanged();

@@ -62,7 +62,7 @@ public:
     void onOnlineChanged(bool wasOnline);
     void onReadOnlyChanged(bool wasReadOnly);
     /// **Emits** visibilityChanged and writabilityChanged where the answer differs.
-    void onAccessLevelChanged(quint32 oldLevel);
+    void onAccessLevelChanged(quint32 oldLevel, quint32 newLevel);
     /// The functions or the values behind them changed: hidden flags that were known are asked anew;
     /// differences are signalled.
     void askKnownFlagsAnew();
@@ -247,6 +247,7 @@ private:
     /// No answer comes for an element that the parameter lost.
     /// **Emits** allElementsConsistenceOnceDone where nothing else was awaited.
     bool endRunsOfLostElements();
+    void forgetAnswers();
     bool emitVisibilityChanged(eLivingSpace key, quint16 element);
     bool emitMeasuringUnitChanged(eLivingSpace key, quint16 element);
     bool emitChanges(eLivingSpace key, const ParameterInstanceData::Changes &changes);

@@ -3,6 +3,7 @@
 #include "instance/CoordinateInstanceSet.h"
 
 #include "instance/CoordinateRegistry.h"
+#include "instance/DependencyChange.h"
 #include "instance/DependencyPairs.h"
 #include "instance/DependencyTable.h"
 #include "instance/HidingState.h"
@@ -176,8 +177,10 @@ QString CoordinateInstanceSet::unitTexts(eLivingSpace livingSpace, quint16 eleme
     for (const eParameterProperty property : UnitProperties) {
         if (!has(guard, element))
             return texts;
-        texts += MeasuringUnitResolver::allTexts(unit(property, livingSpace, element))
-            + QChar(QChar::Null);
+        // Nobody asked for a unit that is missing.
+        if (m_properties.facts(element).has(property))
+            texts += MeasuringUnitResolver::allTexts(unit(property, livingSpace, element))
+                + QChar(QChar::Null);
     }
     return texts;
 }
@@ -185,10 +188,13 @@ QString CoordinateInstanceSet::unitTexts(eLivingSpace livingSpace, quint16 eleme
 void CoordinateInstanceSet::prepareReceivers(eLivingSpace key, quint16 element)
 {
     const Guard guard(this);
+    const Preparation preparation(m_registry);
+    if (!preparation.isAllowed())
+        return;
     for (const eParameterProperty property : ComparedDependencies) {
         const qint32 reference =
             has(guard, element) ? m_properties.facts(element).dependency(property) : 0;
-        if (reference == 0 || !m_registry)
+        if (reference == 0)
             continue;
         const DependencyKey wanted = DependencyPairs::key(property, reference, m_coordinate);
         for (const QPointer<CoordinateInstanceSet> &set : m_registry->receivers(wanted)) {
@@ -205,7 +211,7 @@ void CoordinateInstanceSet::dispatchDependencies(eLivingSpace key, quint16 eleme
     const Guard guard(this);
     for (const eParameterProperty property : DependencyOrder) {
         const ParameterProperty reference = elementProperty(element, property);
-        if (!reference.isValid())
+        if (!hasElementProperty(element, property))
             PropertyResolver::report(PropertyResolver::eFault::Missing, property, m_coordinate);
         else if (reference.asInt32() == 0)
             continue;

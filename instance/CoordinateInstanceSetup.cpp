@@ -3,6 +3,7 @@
 #include "instance/CoordinateInstanceSet.h"
 
 #include "instance/DependencyChange.h"
+#include "instance/DependencyPairs.h"
 #include "instance/MeasuringUnitResolver.h"
 
 #include <KrParameterDefinition/ParameterDefinition.h>
@@ -11,6 +12,27 @@
 
 #include <algorithm>
 
+namespace {
+
+/// Whether listeners hear of a change of the answer that the property decides.
+constexpr bool isSignalled(eParameterProperty property)
+{
+    switch (property) {
+    case eParameterProperty::ReadLevel:
+    case eParameterProperty::WriteLevel:
+    case eParameterProperty::LowerLimitValue:
+    case eParameterProperty::UpperLimitValue:
+    case eParameterProperty::ScaledMeasuringUnit:
+    case eParameterProperty::NativeMeasuringUnit:
+    case eParameterProperty::FieldbusMeasuringUnit:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
 void CoordinateInstanceSet::setElementCount(quint16 count)
 {
     const bool isCount =
@@ -18,6 +40,7 @@ void CoordinateInstanceSet::setElementCount(quint16 count)
     if (!isSimpleParameter() || !isCount || m_container->isOnline() || m_container->isReadOnly())
         return;
     m_elements.setCount(count);
+    forgetAnswers();
     if (m_registry)
         m_registry->onElementsChanged();
     const Guard guard(this);
@@ -71,12 +94,17 @@ void CoordinateInstanceSet::setProperty(
         return;
 
     const Guard guard(this);
-    const QList<PropertyAnswer> before = answers(element, property);
+    const bool isAnswer = isSignalled(property);
+    const QList<PropertyAnswer> before =
+        isAnswer ? answers(element, property) : QList<PropertyAnswer>();
     if (!has(guard, element))
         return;
     m_properties.setOverride(element, property, value, m_container->parameterChangeTag());
-    if (m_registry)
+    if (m_registry && DependencyPairs::isIndexed(property))
         m_registry->onPropertiesChanged(this);
+    if (!isAnswer)
+        return;
+    forgetAnswers();
     const QList<PropertyAnswer> after = answers(element, property);
     if (guard)
         emitAnswerChanges(before, after, property);
@@ -321,9 +349,11 @@ void CoordinateInstanceSet::setParameterNeedsConsistence(
         System::addWarningMessage(QStringLiteral("CoordinateInstanceSet"),
             QLatin1String("Missing property \"automatic online update\" at parameter ")
                 + m_coordinate.toText() + QLatin1Char('"'));
-    } else if (automatic.asDouble() != 0.0 && !m_container->isParameterMapped(at)
-        && !m_container->isParameterBlockUsed(at)) {
-        return;
+    } else if (automatic.asDouble() != 0.0) {
+        // Reading what mapping parameters hold may run the firmware.
+        const bool isMapped = m_container->isParameterMapped(at);
+        if (!guard || (!isMapped && !m_container->isParameterBlockUsed(at)))
+            return;
     }
     if (guard)
         m_container->dispatchParameterOnlineConsistenceNeed(at, needed);

@@ -24,6 +24,10 @@ public:
     /// Stand around a change of a value that others follow. They nest.
     virtual void beginChange() = 0;
     virtual void endChange() = 0;
+    /// Stand around the questions before a change. False: too many run inside each other or followed from
+    /// the change; then nothing is to be ended.
+    virtual bool beginPreparation() = 0;
+    virtual void endPreparation() = 0;
     /// Whether a parameter of this definition is global in the device's family.
     virtual bool isGlobal(const ParameterDefinition *definition) const = 0;
 

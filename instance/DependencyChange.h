@@ -3,6 +3,30 @@
 #include "instance/CoordinateRegistry.h"
 #include "value/LifeGuard.h"
 
+/// Stands around the questions that go out before a change. Functions that answer them by further changes
+/// come to an end like dependencies in a circle.
+class Preparation {
+public:
+    /// Null: there is nobody to ask. The registry may go meanwhile.
+    explicit Preparation(CoordinateRegistry *registry)
+        : m_registry(registry && registry->beginPreparation() ? registry : nullptr)
+        , m_guard(m_registry)
+    {
+    }
+    ~Preparation()
+    {
+        if (m_registry && m_guard)
+            m_registry->endPreparation();
+    }
+    Q_DISABLE_COPY_MOVE(Preparation)
+
+    bool isAllowed() const { return m_registry != nullptr; }
+
+private:
+    CoordinateRegistry *const m_registry;
+    const LifeGuard m_guard;
+};
+
 /// Stands around a change of a value that others follow, for the keeper's count of what comes of it.
 class DependencyChange {
 public:

@@ -37,6 +37,27 @@ constexpr bool isDependency(eParameterProperty property)
         && property <= eParameterProperty::MeasuringUnitDependency;
 }
 
+/// Whether it decides who a receiver, or a mapping parameter, is.
+constexpr bool isIndexed(eParameterProperty property)
+{
+    switch (property) {
+    case eParameterProperty::PrereadFunctionIndex:
+    case eParameterProperty::PrewriteFunctionIndex:
+    case eParameterProperty::PostwriteFunctionIndex:
+    case eParameterProperty::PostreadFunctionIndex:
+    case eParameterProperty::HidingFunctionIndex:
+    case eParameterProperty::LimitFunctionIndex:
+    case eParameterProperty::ScalingFunctionIndex:
+    case eParameterProperty::ParameterKind:
+    case eParameterProperty::ScaledMeasuringUnit:
+    case eParameterProperty::NativeMeasuringUnit:
+    case eParameterProperty::FieldbusMeasuringUnit:
+        return true;
+    default:
+        return false;
+    }
+}
+
 /// For what the receivers of a source wait, that has the reference under the dependency property.
 inline DependencyKey key(
     eParameterProperty dependency, qint32 reference, const ParameterCoordinate &source)

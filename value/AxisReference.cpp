@@ -96,8 +96,12 @@ std::optional<QString> AxisReference::resolve(
 {
     if (!container)
         return {};
+    const QPointer<ParameterContainer> isThere(container);
     if (m_axis == eAxis::Active)
         livingSpace = eLivingSpace(std::abs(int(container->activeLivingSpace(ActiveAxisRequest))));
+    // A missing active axis is reported, to whom it may concern.
+    if (!isThere)
+        return {};
     const QPointer<ParameterInformation> information =
         container->parameterInformation(m_coordinate);
     if (!information)

@@ -42,15 +42,22 @@ ParameterTextMap choiceOf(const Place &place)
 ChoiceForm::EntryText entryTextAt(const Place &place)
 {
     return [&place](const ParameterText &entry) {
-        return DisplayForms::choiceEntryText(entry, place.information, place.livingSpace);
+        return place.isThere
+            ? DisplayForms::choiceEntryText(entry, place.information, place.livingSpace)
+            : entry.longText();
     };
 }
 
 QString showDecimal(const QString &valueText, const Value &value)
 {
     const Place &place = value.place;
-    const DecimalForm::Places places {place.information.decimalPlacesBehind(place.element),
-        place.information.decimalPlacesSignificant(place.element)};
+    const int behind = place.information.decimalPlacesBehind(place.element);
+    if (!place.isThere)
+        return valueText;
+    const DecimalForm::Places places {
+        behind, place.information.decimalPlacesSignificant(place.element)};
+    if (!place.isThere)
+        return valueText;
     return DecimalForm::show(
         valueText, value.type, places, place.unit, DecimalForm::systemDecimalPoint());
 }
@@ -194,7 +201,7 @@ QString DisplayForms::show(int kind, const QString &valueText, const Place &plac
     if (!form.show)
         return valueText;
     const quint8 datatype = place.information.datatype(place.element);
-    if (datatype == DatatypeProvider::UnformattedId)
+    if (!place.isThere || datatype == DatatypeProvider::UnformattedId)
         return valueText;
     return form.show(valueText, {place, typeOf(datatype)});
 }
@@ -205,7 +212,7 @@ std::optional<QString> DisplayForms::read(int kind, const QString &displayText, 
     if (!form.read)
         return displayText;
     const quint8 datatype = place.information.datatype(place.element);
-    if (datatype == DatatypeProvider::UnformattedId)
+    if (!place.isThere || datatype == DatatypeProvider::UnformattedId)
         return displayText;
     return form.read(displayText, {place, typeOf(datatype)});
 }
@@ -233,6 +240,8 @@ ParameterTextMap DisplayForms::choiceTexts(const Place &place)
     ParameterTextMap texts;
     for (const qint32 key : choice.keys()) {
         ParameterText entry = choice.text(key);
+        if (!place.isThere)
+            return texts;
         const QString shown = choiceEntryText(entry, place.information, place.livingSpace);
         // Only a placeholder shows another text than its own; it does so in every language.
         if (shown != entry.longText()) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "value/LifeGuard.h"
+
 #include <KrMultilingual/ParameterTextMap.h>
 #include <KrParameterDefinition/eLivingSpace.h>
 
@@ -22,6 +24,9 @@ struct Place {
     quint16 element;
     /// Of the decimal form; empty where there is none or none is wanted.
     const QString &unit;
+    /// False once a listener to a report, or a function of the firmware, has led to the end of the
+    /// parameter; then it is asked no more.
+    LifeGuard isThere {&information};
 };
 
 /// Whether values of the kind are numbers that stand for texts.

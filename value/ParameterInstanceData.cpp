@@ -418,6 +418,14 @@ bool ParameterInstanceData::areUnitsKnown(quint16 element) const
     return known && !known->units.isNull();
 }
 
+void ParameterInstanceData::forgetAnswers()
+{
+    if (m_rare)
+        m_rare->told.clear();
+    for (size_t position = elements().count(); position < m_texts.size(); ++position)
+        m_texts.at(position).isHiddenKnown = false;
+}
+
 bool ParameterInstanceData::isHidden(quint16 element)
 {
     const ElementTexts *texts = find(element);
@@ -549,6 +557,8 @@ void ParameterInstanceData::saveToSection(LmIniParser::IniSection &section)
 {
     const QPointer<ParameterSetup> owner(m_owner);
     for (const quint16 element : elements().list()) {
+        if (!elements().contains(element))
+            continue;
         // Computing a text that is not there yet may run the firmware.
         const QString text = value(element);
         const QString defaultText =

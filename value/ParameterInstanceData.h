@@ -112,6 +112,9 @@ public:
     /// Whether updateLimits() was asked before.
     bool areLimitsKnown(quint16 element) const;
     bool areUnitsKnown(quint16 element) const;
+    /// What was told of limits and units is outdated, and the hidden flags of elements that the
+    /// parameter lacks now.
+    void forgetAnswers();
     /// Stores the unit texts. True where they differ from the ones stored.
     bool updateUnits(quint16 element, const QString &unitTexts);
     /// Asked of the firmware once; see updateHidden().

@@ -16,16 +16,19 @@ QString ValueTextConverter::prepare(
     m_problems.clear();
     if (valueText.isEmpty())
         return {};
-    return DisplayForms::show(
-        m_information.kind(element), valueText, {m_information, livingSpace, element, unit});
+    const DisplayForms::Place place {m_information, livingSpace, element, unit};
+    const int kind = m_information.kind(element);
+    return place.isThere ? DisplayForms::show(kind, valueText, place) : valueText;
 }
 
 QString ValueTextConverter::adopt(
     const QString &displayText, eLivingSpace livingSpace, quint16 element, const QString &unit)
 {
     m_problems.clear();
-    const std::optional<QString> valueText = DisplayForms::read(
-        m_information.kind(element), displayText, {m_information, livingSpace, element, unit});
+    const DisplayForms::Place place {m_information, livingSpace, element, unit};
+    const int kind = m_information.kind(element);
+    const std::optional<QString> valueText =
+        place.isThere ? DisplayForms::read(kind, displayText, place) : displayText;
     if (!valueText)
         m_problems.append(RejectionReport::problemText(displayText, RejectionReport::Invalid));
     return valueText.value_or(QString());
@@ -34,8 +37,10 @@ QString ValueTextConverter::adopt(
 QString ValueTextConverter::adoptDefault(const QString &text, quint16 element)
 {
     m_problems.clear();
-    return DisplayForms::readDefault(m_information.kind(element), text,
-        {m_information, eLivingSpace::Global, element, QString()});
+    const QString noUnit;
+    const DisplayForms::Place place {m_information, eLivingSpace::Global, element, noUnit};
+    const int kind = m_information.kind(element);
+    return place.isThere ? DisplayForms::readDefault(kind, text, place) : text;
 }
 
 QString ValueTextConverter::format(

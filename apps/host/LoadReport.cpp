@@ -63,13 +63,14 @@ LoadReport LoadReport::compare(const QByteArray &block, ParameterContainer &cont
 
 bool LoadReport::isComplete() const
 {
-    return !isCut() && !leavesContentBehind() && sectionsRepeated.isEmpty()
-        && parametersMissing.isEmpty() && valuesEmptied.isEmpty() && defaultsEmptied.isEmpty();
+    return !isCut() && !leavesContentBehind() && parametersMissing.isEmpty()
+        && valuesEmptied.isEmpty() && defaultsEmptied.isEmpty();
 }
 
 bool LoadReport::leavesContentBehind() const
 {
-    return !sectionsSkipped.isEmpty() || !keysNotUnderstood.isEmpty() || malformedLineCount > 0;
+    return !sectionsSkipped.isEmpty() || !sectionsRepeated.isEmpty() || !keysNotUnderstood.isEmpty()
+        || malformedLineCount > 0;
 }
 
 QString LoadReport::toText() const

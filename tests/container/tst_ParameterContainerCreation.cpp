@@ -51,6 +51,9 @@ private Q_SLOTS:
     void nullDefinition();
     void nullDefinitionForKnownLocator();
     void invalidDefinition();
+    void knownTextTakesAnyDefinition();
+    void movedWhileBeingAdded();
+    void movedWhileBeingUpdated();
     void systemMultiInstance();
     void relativeLocator();
     void singleInstanceWithoutCoordinate();
@@ -258,6 +261,44 @@ void tst_ParameterContainerCreation::invalidDefinition()
     QVERIFY(messages.verify());
     QVERIFY(!container.create(at(u"A12"_s).identifier(QString()), u"D"_s));
     QVERIFY(container.coordinates().isEmpty());
+}
+
+void tst_ParameterContainerCreation::knownTextTakesAnyDefinition()
+{
+    MessageRecorder messages;
+    TestContainer container;
+    QVERIFY(container.create(at(u"A12"_s), u"D.1;a"_s));
+    ParameterDefinition *invalid = container.define(at(u"A12"_s).identifier(QString()));
+    QVERIFY(container->createOrUpdateParameter(invalid, u"D.1;a"_s));
+    QCOMPARE(container->queryParameter(u"D.1;a"_s), invalid);
+}
+
+void tst_ParameterContainerCreation::movedWhileBeingAdded()
+{
+    MessageRecorder messages;
+    TestContainer container;
+    connect(container.get(), &ParameterContainer::parameterAdded, this,
+        [&](ParameterCoordinate coordinate) {
+            container->parameterSetup(coordinate)->setCoordinate(ParameterCoordinate(u"A13"_s));
+        });
+    QVERIFY(container.create(
+        DefinitionBuilder().identifier(u"A12"_s).coordinates({u"A12"_s, u"A13"_s}), u"D.1;a"_s));
+    QCOMPARE(container.coordinates(), QStringList {u"A13"_s});
+}
+
+void tst_ParameterContainerCreation::movedWhileBeingUpdated()
+{
+    MessageRecorder messages;
+    TestContainer container;
+    const DefinitionBuilder builder =
+        DefinitionBuilder().identifier(u"A12"_s).coordinates({u"A12"_s, u"A13"_s});
+    QVERIFY(container.create(builder, u"D.1;a"_s));
+    connect(container.get(), &ParameterContainer::parameterAdded, this,
+        [&](ParameterCoordinate coordinate) {
+            container->parameterSetup(coordinate)->setCoordinate(ParameterCoordinate(u"A13"_s));
+        });
+    QVERIFY(container.create(DefinitionBuilder(builder).version(2), u"D.2;a"_s));
+    QCOMPARE(container.setup(u"A13"_s)->version(), 2U);
 }
 
 void tst_ParameterContainerCreation::systemMultiInstance()

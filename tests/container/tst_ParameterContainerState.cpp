@@ -35,6 +35,7 @@ private Q_SLOTS:
     void parameterChangeTag();
     void tagOfTheMoment();
     void updateParameterChangeTagsIfEmpty();
+    void updateChangeTagsOfUnreadValues();
     void updateParameterChangeTagsOfNothing();
 };
 
@@ -366,6 +367,18 @@ void tst_ParameterContainerState::updateParameterChangeTagsOfNothing()
         tags.insert(text, u"tag"_s);
     container->updateParameterChangeTagsIfEmpty(tags, tags);
     QCOMPARE(container.setup(u"A12"_s)->changeTagListOfAllInstances(), QStringList());
+}
+
+void tst_ParameterContainerState::updateChangeTagsOfUnreadValues()
+{
+    MessageRecorder messages;
+    TestContainer container;
+    QVERIFY(container.create(at(u"A12"_s), u"D.1;a"_s));
+    container->setParameterChangeTag(u"x"_s);
+    container->updateParameterChangeTagsIfEmpty({{u"1.A12"_s, u"v"_s}}, {{u"1.A12"_s, u"d"_s}});
+    const ParameterSetup *setup = container.setup(u"A12"_s);
+    QCOMPARE(setup->attribute(eLivingSpace::Axis1, 0, u"ValueChangeTag"_s), u"v"_s);
+    QCOMPARE(setup->attribute(eLivingSpace::Axis1, 0, u"DefaultValueChangeTag"_s), u"d"_s);
 }
 
 QTEST_GUILESS_MAIN(tst_ParameterContainerState)

@@ -50,6 +50,11 @@ private Q_SLOTS:
     void valueOfAGoneElementDispatchesNothing();
     void setDeletedByItsOwnMessage_data();
     void setDeletedByItsOwnMessage();
+    void endedByAMissingProperty_data();
+    void endedByAMissingProperty();
+    void endedByAPlaceholder_data();
+    void endedByAPlaceholder();
+    void endedByTheMissingActiveAxis();
 };
 
 namespace {
@@ -565,6 +570,108 @@ void tst_CoordinateInstanceSetReentrancy::setDeletedByItsOwnMessage()
     stand.expectWarning(u"missing property \"limit dependency\" at parameter A12\""_s);
     set->setOnlineValueText(Axis1, 0, u"9"_s);
     QVERIFY(stand.messages.verify());
+}
+
+void tst_CoordinateInstanceSetReentrancy::endedByAMissingProperty_data()
+{
+    QTest::addColumn<quint32>("missing");
+    QTest::addColumn<QString>("operation");
+    QTest::addColumn<bool>("isContainer");
+    for (const eParameterProperty missing : {ParameterKind, Datatype, DecimalPlacesBehind,
+             DecimalPlacesSignificant, ScaledMeasuringUnit}) {
+        for (const QString &operation :
+            {u"displayValueText"_s, u"preparedValueText"_s, u"prepareValueText"_s,
+                u"adoptValueText"_s, u"setValueText"_s, u"setDefaultValueText"_s,
+                u"formattedValueText"_s, u"isValueTextAcceptable"_s, u"defaultValueText"_s}) {
+            for (const bool isContainer : {false, true}) {
+                const QString name =
+                    u"%1, %2, %3"_s.arg(quint32(missing))
+                        .arg(operation, isContainer ? u"container"_s : u"parameter"_s);
+                QTest::newRow(qPrintable(name)) << quint32(missing) << operation << isContainer;
+            }
+        }
+    }
+}
+
+void tst_CoordinateInstanceSetReentrancy::endedByAMissingProperty()
+{
+    QFETCH(quint32, missing);
+    QFETCH(QString, operation);
+    QFETCH(bool, isContainer);
+    InstanceStand stand;
+    const QPointer<CoordinateInstanceSet> set =
+        stand.add(DefinitionBuilder().without(eParameterProperty(missing)), u"A12"_s);
+    QObject listener;
+    connect(System::instance(), &System::messageAdded, &listener, [&] {
+        if (isContainer)
+            stand.container.reset();
+        else if (stand.container)
+            stand.container->clear();
+    });
+    if (operation == u"displayValueText"_s)
+        set->displayValueText(Axis1, 0, true);
+    else if (operation == u"preparedValueText"_s)
+        set->preparedValueText(Axis1, 0, true);
+    else if (operation == u"prepareValueText"_s)
+        set->prepareValueText(u"5"_s, Axis1, 0, true, nullptr);
+    else if (operation == u"adoptValueText"_s)
+        set->adoptValueText(u"5"_s, Axis1, 0, nullptr);
+    else if (operation == u"setValueText"_s)
+        set->setValueText(Axis1, 0, u"5"_s);
+    else if (operation == u"setDefaultValueText"_s)
+        set->setDefaultValueText(Axis1, 0, u"5"_s);
+    else if (operation == u"formattedValueText"_s)
+        set->formattedValueText(Axis1, 0, 0);
+    else if (operation == u"isValueTextAcceptable"_s)
+        set->isValueTextAcceptable(Axis1, 0, u"5"_s);
+    else
+        set->defaultValueText(Axis1, 0);
+    // Nothing is asked of a parameter that is gone, so nothing more is reported.
+    QCOMPARE(stand.messages.take().size(), set ? 0 : 1);
+}
+
+void tst_CoordinateInstanceSetReentrancy::endedByAPlaceholder_data()
+{
+    QTest::addColumn<QString>("operation");
+    QTest::newRow("selection texts") << u"selectionTexts"_s;
+    QTest::newRow("typed text") << u"setValueText"_s;
+    QTest::newRow("shown text") << u"displayValueText"_s;
+}
+
+void tst_CoordinateInstanceSetReentrancy::endedByAPlaceholder()
+{
+    QFETCH(QString, operation);
+    InstanceStand stand;
+    const QPointer<CoordinateInstanceSet> set = stand.add(
+        DefinitionBuilder().kind(1).choices({{0, u"<localAxis:E13>"_s}, {1, u"<localAxis:E14>"_s}}),
+        u"A12"_s);
+    stand.add(DefinitionBuilder(), u"E13"_s);
+    stand.add(DefinitionBuilder(), u"E14"_s);
+    ProgrammedFunctions *firmware = stand.programFirmware();
+    firmware->valueText = [&](const QString &text, const ParameterData &data, quint16) {
+        if (data.kind(0) != 1)
+            stand.container->clear();
+        return text;
+    };
+    if (operation == u"selectionTexts"_s)
+        set->selectionTexts(Axis1, 0);
+    else if (operation == u"setValueText"_s)
+        set->setValueText(Axis1, 0, u"foo"_s);
+    else
+        set->displayValueText(Axis1, 0, true);
+    QVERIFY(!set);
+}
+
+void tst_CoordinateInstanceSetReentrancy::endedByTheMissingActiveAxis()
+{
+    InstanceStand stand;
+    auto *set = stand.add(DefinitionBuilder().units(u"<activeAxis:E13>"_s), u"A12"_s);
+    stand.add(DefinitionBuilder(), u"E13"_s);
+    QObject listener;
+    connect(System::instance(), &System::messageAdded, &listener, [&] { stand.container.reset(); });
+    set->valueText(Axis1, 0, true);
+    QCOMPARE(stand.messages.take().size(), 1);
+    QVERIFY(!stand.container);
 }
 
 QTEST_GUILESS_MAIN(tst_CoordinateInstanceSetReentrancy)

@@ -42,9 +42,8 @@ ParameterCoordinate coordinateOf(int parameter)
 Outcome runGraph(unsigned seed)
 {
     std::mt19937 random(seed);
-    const auto upTo = [&random](int last) {
-        return std::uniform_int_distribution<int>(0, last)(random);
-    };
+    const auto upTo = [&random](
+                          int last) { return std::uniform_int_distribution<int>(0, last)(random); };
     InstanceStand stand;
     const int count = 1 + upTo(ParameterLimit - 1);
     const int functions = 1 + upTo(count - 1);
@@ -90,8 +89,7 @@ Outcome runGraph(unsigned seed)
     if (messages.size() > 1)
         outcome.problems.append(messages.at(0).text + u" and "_s + messages.at(1).text);
     for (const SystemMessage &message : messages) {
-        if (message.severity != SystemMessage::eSeverity::Critical
-            || message.title != u"Antrieb"_s)
+        if (message.severity != SystemMessage::eSeverity::Critical || message.title != u"Antrieb"_s)
             outcome.problems.append(message.text);
     }
     firmware->runFunction = nullptr;
