@@ -53,13 +53,12 @@ void ParameterValueSnapshotPrivate::rebuild()
     const QList<ParameterCoordinate> coordinates = container->parameterList();
     SnapshotRecordBuilder builder(livingSpaceSet, filter);
     SnapshotRecords built;
-    built.reserve(coordinates.size());
     for (const ParameterCoordinate &coordinate : coordinates) {
         if (!container)
             break;
         if (std::optional<SnapshotRecord> record =
                 builder.build(container->parameterInformation(coordinate)))
-            built.insert(coordinate, *std::move(record));
+            built.insert(built.cend(), coordinate, *record);
     }
     if (self)
         records = std::move(built);
