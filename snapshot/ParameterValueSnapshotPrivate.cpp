@@ -1,5 +1,6 @@
 #include "snapshot/ParameterValueSnapshotPrivate.h"
 
+#include "snapshot/SnapshotJson.h"
 #include "snapshot/SnapshotRecordBuilder.h"
 
 #include <KrParameterInstance/ParameterContainer.h>
@@ -62,6 +63,20 @@ void ParameterValueSnapshotPrivate::rebuild()
     }
     if (self)
         records = std::move(built);
+}
+
+bool ParameterValueSnapshotPrivate::readJson(const QByteArray &json, QString &problem)
+{
+    if (sourceContainer) {
+        problem = ParameterValueSnapshot::tr("der Snapshot hängt noch an seinem Antrieb");
+        return false;
+    }
+    std::optional<SnapshotJson::Content> content = SnapshotJson::read(json, problem);
+    if (!content)
+        return false;
+    records = std::move(content->records);
+    livingSpaceSet = std::move(content->livingSpaces);
+    return true;
 }
 
 bool ParameterValueSnapshotPrivate::unite(const ParameterValueSnapshotPrivate *other)
