@@ -7,7 +7,6 @@
 
 namespace {
 
-constexpr double Factor = 0.01;
 constexpr int Decimals = 2;
 
 /// The text's ASCII digits, without any allocation.
@@ -21,6 +20,14 @@ const char *latin1(const QString &text, char (&buffer)[Size])
 }
 
 } // namespace
+
+qint64 LimitStore::nativeNumber(const QString &text)
+{
+    char buffer[32];
+    qint64 number = 0;
+    std::from_chars(buffer, latin1(text, buffer), number);
+    return number;
+}
 
 void LimitStore::create(quint32 address, const QString &defaultText)
 {
@@ -54,11 +61,10 @@ QString LimitStore::display(quint32 address) const
     const auto found = m_values.constFind(address);
     if (found == m_values.constEnd())
         return {};
+    const double number = double(nativeNumber(found->text)) * Factor;
     char buffer[64];
-    qint64 native = 0;
-    std::from_chars(buffer, latin1(found->text, buffer), native);
-    const auto printed = std::to_chars(buffer, buffer + sizeof(buffer), double(native) * Factor,
-        std::chars_format::fixed, Decimals);
+    const auto printed =
+        std::to_chars(buffer, buffer + sizeof(buffer), number, std::chars_format::fixed, Decimals);
     std::memcpy(printed.ptr, " A", 2);
     return QString::fromLatin1(buffer, printed.ptr + 2 - buffer);
 }

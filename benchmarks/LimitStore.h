@@ -21,6 +21,10 @@ public:
         qint32 upper;
     };
 
+    /// Of a native number to the displayed one.
+    static constexpr double Factor = 0.01;
+    static qint64 nativeNumber(const QString &text);
+
     void create(quint32 address, const QString &defaultText);
     /// Parses, checks the limits, stores with the tag and tells four listeners.
     bool write(quint32 address, const QString &text, const QString &tag);
@@ -29,6 +33,9 @@ public:
     QByteArray save() const;
     void load(const QByteArray &block);
     qsizetype size() const { return m_values.size(); }
+    const QHash<quint32, Value> &values() const { return m_values; }
+    /// In saved order.
+    const QList<quint32> &addresses() const { return m_order; }
 
 Q_SIGNALS:
     void valueChanged(quint32 address);
@@ -38,6 +45,5 @@ Q_SIGNALS:
 
 private:
     QHash<quint32, Value> m_values;
-    /// In saved order.
     QList<quint32> m_order;
 };

@@ -2,17 +2,14 @@
 
 #include "BenchmarkDevice.h"
 #include "LimitStore.h"
-#include "RatioReporter.h"
+#include "Measurement.h"
 
 #include <KrParameterInstance/ParameterSetup.h>
 #include <KrSystem/System.h>
 
 #include <QtCore/QCoreApplication>
 
-#include <ctime>
 #include <cstdio>
-#include <functional>
-#include <malloc.h>
 #include <map>
 
 namespace {
@@ -20,19 +17,8 @@ namespace {
 constexpr int Sizes[] = {400, 4000, 20000};
 constexpr int ReferenceSize = 4000;
 constexpr int RecordElements = 16000;
-constexpr int Rounds = 9;
-/// Of one repetition.
-constexpr double MinimumSeconds = 0.02;
 
 const QString Tag = QStringLiteral("da_2026");
-
-/// Processor time of this thread: the ratios hold on a busy machine too.
-double now()
-{
-    timespec time {};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return double(time.tv_sec) + double(time.tv_nsec) * 1e-9;
-}
 
 const BenchmarkDevice &device(int size)
 {
@@ -70,25 +56,6 @@ std::unique_ptr<ParameterContainer> makeContainer(ServoDriveFirmware *firmware)
     container->setFirmware(firmware);
     container->setParameterChangeTag(Tag);
     return container;
-}
-
-void check(benchmark::State &state, bool isRight)
-{
-    if (!isRight)
-        state.SkipWithError("wrong result");
-}
-
-/// Runs `timed` once an iteration after an untimed `prepare`.
-void measure(benchmark::State &state, qint64 values, const std::function<void()> &prepare,
-    const std::function<void()> &timed)
-{
-    for ([[maybe_unused]] const auto &round : state) {
-        prepare();
-        const double start = now();
-        timed();
-        state.SetIterationTime(now() - start);
-    }
-    state.SetItemsProcessed(state.iterations() * values);
 }
 
 eLivingSpace axis(int index)
@@ -368,12 +335,6 @@ void plainSaveLoad(benchmark::State &state)
     check(state, blocks.first().contains("\r\nV_1_0=13\r\n"));
 }
 
-size_t allocated()
-{
-    const struct mallinfo2 info = mallinfo2();
-    return info.uordblks + info.hblkhd;
-}
-
 /// Bytes a value with value, default and tag set, everything that the container keeps included.
 double memoryPerValue(int size)
 {
@@ -383,21 +344,9 @@ double memoryPerValue(int size)
     return double(allocated() - before) / double(used.valueCount());
 }
 
-void add(const char *name, int size, void (*function)(benchmark::State &, int))
+void addSized(const char *name, int size, void (*function)(benchmark::State &, int))
 {
-    benchmark::RegisterBenchmark((std::string(name) + '/' + std::to_string(size)).c_str(),
-        [function, size](benchmark::State &state) { function(state, size); })
-        ->UseManualTime()
-        ->Unit(benchmark::kMillisecond)
-        ->MinTime(MinimumSeconds);
-}
-
-void addRecord(const char *name, void (*function)(benchmark::State &))
-{
-    benchmark::RegisterBenchmark(name, function)
-        ->UseManualTime()
-        ->Unit(benchmark::kMillisecond)
-        ->MinTime(MinimumSeconds);
+    add(name, size, [function, size](benchmark::State &state) { function(state, size); });
 }
 
 } // namespace
@@ -406,51 +355,32 @@ int main(int argc, char **argv)
 {
     QCoreApplication application(argc, argv);
     System::information()->setUserAccessLevel(6);
-    std::vector<char *> arguments(argv, argv + argc);
-    std::string repetitions = "--benchmark_repetitions=" + std::to_string(Rounds);
-    std::string interleaving = "--benchmark_enable_random_interleaving=true";
-    std::string aggregates = "--benchmark_report_aggregates_only=false";
-    arguments.insert(
-        arguments.begin() + 1, {repetitions.data(), interleaving.data(), aggregates.data()});
-    int count = int(arguments.size());
-    benchmark::Initialize(&count, arguments.data());
-
     std::printf("memory: %.0f bytes a value at %d parameters of four axes (bound 350)\n",
         memoryPerValue(ReferenceSize), ReferenceSize);
     for (const int size : Sizes) {
-        add("create/limit", size, createLimit);
-        add("create/library", size, createLibrary);
-        add("create-by-axis/limit", size, createLimit);
-        add("create-by-axis/library", size, createByAxisLibrary);
-        add("write/limit", size, writeLimit);
-        add("write/library", size, writeLibrary);
-        add("read/limit", size, readLimit);
-        add("read/library", size, readLibrary);
-        add("save/limit", size, saveLimit);
-        add("save/library", size, saveLibrary);
-        add("load/limit", size, loadLimit);
-        add("load/library", size, loadLibrary);
+        addSized("create/limit", size, createLimit);
+        addSized("create/library", size, createLibrary);
+        addSized("create-by-axis/limit", size, createLimit);
+        addSized("create-by-axis/library", size, createByAxisLibrary);
+        addSized("write/limit", size, writeLimit);
+        addSized("write/library", size, writeLibrary);
+        addSized("read/limit", size, readLimit);
+        addSized("read/library", size, readLibrary);
+        addSized("save/limit", size, saveLimit);
+        addSized("save/library", size, saveLibrary);
+        addSized("load/limit", size, loadLimit);
+        addSized("load/library", size, loadLibrary);
     }
     // For the record, 4,000 simple parameters stand in the place of the limit.
-    addRecord("record-write/library/16000", recordWrite);
-    addRecord("record-read/library/16000", recordRead);
-    addRecord("record-save-load/library/16000", recordSaveLoad);
-    const auto plain = [](const char *name, void (*function)(benchmark::State &, int)) {
-        benchmark::RegisterBenchmark(
-            name, [function](benchmark::State &state) { function(state, ReferenceSize); })
-            ->UseManualTime()
-            ->Unit(benchmark::kMillisecond)
-            ->MinTime(MinimumSeconds);
+    const auto plain = [](auto function) {
+        return [function](benchmark::State &state) { function(state, ReferenceSize); };
     };
-    plain("record-write/limit/16000", writeLibrary);
-    plain("record-read/limit/16000", readLibrary);
-    addRecord("record-save-load/limit/16000", plainSaveLoad);
-
-    RatioReporter reporter;
-    for (const auto &[operation, bound] : std::map<std::string, double> {
-             {"create", 3.0}, {"write", 3.0}, {"read", 1.9}, {"save", 4.0}, {"load", 4.0}})
-        reporter.setBound(operation, bound);
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    reporter.printRatios(ReferenceSize);
-    return 0;
+    add("record-write/library", RecordElements, recordWrite);
+    add("record-read/library", RecordElements, recordRead);
+    add("record-save-load/library", RecordElements, recordSaveLoad);
+    add("record-write/limit", RecordElements, plain(writeLibrary));
+    add("record-read/limit", RecordElements, plain(readLibrary));
+    add("record-save-load/limit", RecordElements, plainSaveLoad);
+    return runPairs(argc, argv, ReferenceSize,
+        {{"create", 3.0}, {"write", 3.0}, {"read", 1.9}, {"save", 4.0}, {"load", 4.0}});
 }

@@ -110,6 +110,14 @@ eParameterProperty ParameterFilterElement::property(const QString &propertyName)
     return found == std::end(PropertyNames) ? eParameterProperty::Coordinate : found->property;
 }
 
+QStringList ParameterFilterElement::propertyNames()
+{
+    QStringList names;
+    for (const PropertyName &name : PropertyNames)
+        names.append(name.text);
+    return names;
+}
+
 QString ParameterFilterElement::stringProperty(QString propertyName) const
 {
     if (!m_information)

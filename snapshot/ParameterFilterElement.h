@@ -5,6 +5,7 @@
 #include <KrParameterDefinition/eParameterProperty.h>
 
 #include <QtCore/QPointer>
+#include <QtCore/QStringList>
 
 class ParameterInformation;
 
@@ -27,6 +28,9 @@ public:
 
     /// The number behind a property name; that of "Coordinate" for an unknown one.
     static eParameterProperty property(const QString &propertyName);
+
+    /// Every name that is known, in the order of the numbers.
+    static QStringList propertyNames();
 
     QString stringProperty(QString propertyName) const override;
     quint32 uint32Property(QString propertyName) const override;

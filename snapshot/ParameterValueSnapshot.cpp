@@ -1,7 +1,9 @@
 #include <KrParameterInstance/ParameterValueSnapshot.h>
 
+#include "snapshot/ParameterFilterElement.h"
 #include "snapshot/ParameterValueSnapshotPrivate.h"
 #include "snapshot/SnapshotComparison.h"
+#include "snapshot/SnapshotJson.h"
 #include "snapshot/SnapshotTextExport.h"
 
 #include <KrParameterInstance/ParameterContainer.h>
@@ -12,6 +14,11 @@ ParameterValueSnapshot::ParameterValueSnapshot(ParameterContainer *container)
 }
 
 ParameterValueSnapshot::~ParameterValueSnapshot() = default;
+
+QStringList ParameterValueSnapshot::filterPropertyNames()
+{
+    return ParameterFilterElement::propertyNames();
+}
 
 void ParameterValueSnapshot::apply(const Filter &filter)
 {
@@ -95,6 +102,20 @@ QString ParameterValueSnapshot::undecoratedValue(
 {
     const SnapshotValue &value = d->value(livingSpace, coordinate, element);
     return withUnit ? value.undecoratedWithUnit() : value.undecorated;
+}
+
+QByteArray ParameterValueSnapshot::toJson() const
+{
+    return SnapshotJson::write({d->livingSpaceSet, d->records});
+}
+
+bool ParameterValueSnapshot::fromJson(const QByteArray &json, QString *problem)
+{
+    QString found;
+    const bool isRead = d->readJson(json, found);
+    if (problem)
+        *problem = found;
+    return isRead;
 }
 
 bool ParameterValueSnapshot::unite(ParameterValueSnapshot *other)

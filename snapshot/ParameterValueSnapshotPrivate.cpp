@@ -1,5 +1,6 @@
 #include "snapshot/ParameterValueSnapshotPrivate.h"
 
+#include "snapshot/SnapshotJson.h"
 #include "snapshot/SnapshotRecordBuilder.h"
 
 #include <KrParameterInstance/ParameterContainer.h>
@@ -53,16 +54,29 @@ void ParameterValueSnapshotPrivate::rebuild()
     const QList<ParameterCoordinate> coordinates = container->parameterList();
     SnapshotRecordBuilder builder(livingSpaceSet, filter);
     SnapshotRecords built;
-    built.reserve(coordinates.size());
     for (const ParameterCoordinate &coordinate : coordinates) {
         if (!container)
             break;
         if (std::optional<SnapshotRecord> record =
                 builder.build(container->parameterInformation(coordinate)))
-            built.insert(coordinate, *std::move(record));
+            built.insert(built.cend(), coordinate, *record);
     }
     if (self)
         records = std::move(built);
+}
+
+bool ParameterValueSnapshotPrivate::readJson(const QByteArray &json, QString &problem)
+{
+    if (sourceContainer) {
+        problem = ParameterValueSnapshot::tr("der Snapshot hängt noch an seinem Antrieb");
+        return false;
+    }
+    std::optional<SnapshotJson::Content> content = SnapshotJson::read(json, problem);
+    if (!content)
+        return false;
+    records = std::move(content->records);
+    livingSpaceSet = std::move(content->livingSpaces);
+    return true;
 }
 
 bool ParameterValueSnapshotPrivate::unite(const ParameterValueSnapshotPrivate *other)

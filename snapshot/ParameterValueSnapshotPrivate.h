@@ -26,6 +26,7 @@ public:
     void apply(const Filter &usedFilter);
     /// Replaces the records by what the container holds and the filter accepts.
     void rebuild();
+    bool readJson(const QByteArray &json, QString &problem);
     bool unite(const ParameterValueSnapshotPrivate *other);
 
     /// Null once disconnected or destroyed.

@@ -32,5 +32,10 @@ bool ParameterValueSnapshotWidget::isEmpty() const
 
 QString ParameterValueSnapshotWidget::report() const
 {
-    return d->report();
+    return d->document(SnapshotHtmlReport::eForm::Report);
+}
+
+QString ParameterValueSnapshotWidget::safeReport() const
+{
+    return d->document(SnapshotHtmlReport::eForm::Safe);
 }

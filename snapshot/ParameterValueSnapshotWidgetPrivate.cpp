@@ -1,6 +1,5 @@
 #include "snapshot/ParameterValueSnapshotWidgetPrivate.h"
 
-#include "snapshot/SnapshotHtmlReport.h"
 #include "snapshot/SnapshotRowComparison.h"
 #include "snapshot/SnapshotRowModel.h"
 
@@ -92,10 +91,9 @@ bool ParameterValueSnapshotWidgetPrivate::isEmpty() const
     return topLevelItemCount() == 0;
 }
 
-QString ParameterValueSnapshotWidgetPrivate::report() const
+QString ParameterValueSnapshotWidgetPrivate::document(SnapshotHtmlReport::eForm form) const
 {
-    return SnapshotHtmlReport::document(
-        htmlHeader, shownTitles(), shownRows, SnapshotHtmlReport::eCharsetLine::Without);
+    return SnapshotHtmlReport::document(htmlHeader, shownTitles(), shownRows, form);
 }
 
 /// The widget may be gone when the dialog comes back, and with it the function that asked.
@@ -132,8 +130,7 @@ void ParameterValueSnapshotWidgetPrivate::onHtmlExportButtonClicked()
         return;
     QTextStream stream(&file);
     stream.setEncoding(QStringConverter::Utf8);
-    stream << SnapshotHtmlReport::document(
-        htmlHeader, shownTitles(), shownRows, SnapshotHtmlReport::eCharsetLine::With);
+    stream << document(SnapshotHtmlReport::eForm::File);
     directory.setPath(QFileInfo(fileName).absolutePath());
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "snapshot/SnapshotHtmlReport.h"
 #include "snapshot/SnapshotRow.h"
 #include "snapshot/SnapshotTreeFilling.h"
 
@@ -27,7 +28,7 @@ public:
     void setHtmlHeader(const QString &header);
     void refill();
     bool isEmpty() const;
-    QString report() const;
+    QString document(SnapshotHtmlReport::eForm form) const;
 
     /// Asks for the name of a file to save: dialog parent, caption, start folder and name filter.
     /// An empty name: nothing is to be saved.

@@ -1,31 +1,51 @@
 #include "snapshot/SnapshotComparison.h"
 
+#include <algorithm>
+
 namespace {
 
-bool haveSameUnits(const SnapshotValue &a, const SnapshotValue &b)
+const SnapshotUnits &unitsOf(const SnapshotValue &value)
 {
-    if (a.units == b.units)
-        return true;
-    return a.scaledUnit() == b.scaledUnit() && a.nativeUnit() == b.nativeUnit();
+    static const SnapshotUnits none;
+    return value.units ? *value.units : none;
+}
+
+/// Nothing of the texts is read: a value that nobody wrote shares its native text with the
+/// container, and so do all snapshots of it.
+bool shareNativeText(const SnapshotValue &a, const SnapshotValue &b)
+{
+    return a.native.constData() == b.native.constData() && a.native.size() == b.native.size();
 }
 
 /// Texts are put together with their units only where they differ piece by piece.
 bool areDifferent(const SnapshotValue &a, const SnapshotValue &b)
 {
-    const bool sameUnits = haveSameUnits(a, b);
-    if (sameUnits && (a.display == b.display || a.native == b.native))
+    const SnapshotUnits &units = unitsOf(a);
+    const SnapshotUnits &otherUnits = unitsOf(b);
+    const bool hasSameNativeUnit = units.native == otherUnits.native;
+    if (hasSameNativeUnit && (shareNativeText(a, b) || a.native == b.native))
+        return false;
+    if (a.display == b.display && units.scaled == otherUnits.scaled)
         return false;
     return a.displayWithUnit() != b.displayWithUnit() && a.nativeWithUnit() != b.nativeWithUnit();
 }
 
-/// The coordinates of the records that the others lack.
-void appendMissing(QList<ParameterCoordinate> &result, const SnapshotRecords &records,
-    const SnapshotRecords &others)
+/// In one living space.
+bool areDifferent(
+    const SnapshotRecord &record, const SnapshotRecord &other, eLivingSpace livingSpace)
 {
-    for (auto record = records.cbegin(); record != records.cend(); ++record) {
-        if (!others.contains(record.key()))
-            result.append(record.key());
+    const QList<quint16> &elements = record.layout().elements;
+    const auto values = record.sequence(livingSpace);
+    const auto others = other.sequence(livingSpace);
+    // Elements are among the positions: as many of both are the same ones.
+    const auto size = static_cast<size_t>(elements.size());
+    if (values.size() == size && others.size() == size) {
+        return !std::equal(values.begin(), values.end(), others.begin(),
+            [](const SnapshotValue &a, const SnapshotValue &b) { return !areDifferent(a, b); });
     }
+    return std::any_of(elements.cbegin(), elements.cend(), [&](quint16 element) {
+        return areDifferent(record.value(livingSpace, element), other.value(livingSpace, element));
+    });
 }
 
 } // namespace
@@ -33,29 +53,35 @@ void appendMissing(QList<ParameterCoordinate> &result, const SnapshotRecords &re
 QList<ParameterCoordinate> SnapshotComparison::differentCoordinates(
     const SnapshotRecords &records, const SnapshotRecords &others)
 {
-    QList<ParameterCoordinate> result;
-    appendMissing(result, records, others);
-    appendMissing(result, others, records);
-    for (auto record = records.cbegin(); record != records.cend(); ++record) {
-        const auto other = others.constFind(record.key());
-        if (other != others.cend() && areDifferent(*record, *other))
-            result.append(record.key());
+    QList<ParameterCoordinate> onOneSide;
+    QList<ParameterCoordinate> different;
+    auto record = records.cbegin();
+    auto other = others.cbegin();
+    while (record != records.cend() && other != others.cend()) {
+        if (record.key() < other.key()) {
+            onOneSide.append(record++.key());
+        } else if (other.key() < record.key()) {
+            onOneSide.append(other++.key());
+        } else {
+            if (areDifferent(*record, *other))
+                different.append(record.key());
+            ++record;
+            ++other;
+        }
     }
-    return result;
+    for (; record != records.cend(); ++record)
+        onOneSide.append(record.key());
+    for (; other != others.cend(); ++other)
+        onOneSide.append(other.key());
+    return onOneSide + different;
 }
 
 bool SnapshotComparison::areDifferent(const SnapshotRecord &record, const SnapshotRecord &other)
 {
-    const QList<eLivingSpace> &livingSpaces = record.layout().livingSpaces;
-    const QList<quint16> &elements = record.layout().elements;
-    if (livingSpaces != other.layout().livingSpaces || elements != other.layout().elements)
+    const SnapshotLayout &layout = record.layout();
+    if (layout.livingSpaces != other.layout().livingSpaces
+        || layout.elements != other.layout().elements)
         return true;
-    for (const eLivingSpace livingSpace : livingSpaces) {
-        for (const quint16 element : elements) {
-            if (::areDifferent(
-                    record.value(livingSpace, element), other.value(livingSpace, element)))
-                return true;
-        }
-    }
-    return false;
+    return std::any_of(layout.livingSpaces.cbegin(), layout.livingSpaces.cend(),
+        [&](eLivingSpace livingSpace) { return ::areDifferent(record, other, livingSpace); });
 }

@@ -4,6 +4,8 @@
 
 namespace {
 
+using eForm = SnapshotHtmlReport::eForm;
+
 constexpr qsizetype EstimatedRowSize = 160;
 
 QLatin1StringView escape(QChar character)
@@ -36,11 +38,35 @@ void appendEscaped(QString &html, const QString &text)
     html.append(QStringView(text).mid(begin));
 }
 
-void appendHead(QString &html, const QStringList &columnTitles)
+/// Titles of rows are HTML but in the safe form.
+void appendTitle(QString &html, const QString &title, eForm form)
 {
-    html.append(QLatin1StringView("<thead bgcolor=\"lightgrey\"><th  width=\"40%\">"))
-        .append(columnTitles.value(0))
-        .append(QLatin1StringView("</th>\n"));
+    if (form == eForm::Safe)
+        appendEscaped(html, title);
+    else
+        html.append(title);
+}
+
+QLatin1StringView documentHead(eForm form)
+{
+    switch (form) {
+    case eForm::Report:
+        break;
+    case eForm::File:
+        return QLatin1StringView("<meta charset=\"UTF-8\">");
+    case eForm::Safe:
+        return QLatin1StringView(
+            "<head>\n<meta charset=\"UTF-8\">\n<meta http-equiv=\"Content-Security-Policy\" "
+            "content=\"default-src 'none'\">\n</head>\n");
+    }
+    return {};
+}
+
+void appendTableHead(QString &html, const QStringList &columnTitles, eForm form)
+{
+    html.append(QLatin1StringView("<thead bgcolor=\"lightgrey\"><th  width=\"40%\">"));
+    appendTitle(html, columnTitles.value(0), form);
+    html.append(QLatin1StringView("</th>\n"));
     for (qsizetype column = 1; column < columnTitles.size(); ++column) {
         html.append(QLatin1StringView("<th width=\"30%\">"));
         appendEscaped(html, columnTitles.at(column));
@@ -49,14 +75,15 @@ void appendHead(QString &html, const QStringList &columnTitles)
     html.append(QLatin1StringView("</thead>"));
 }
 
-void appendRow(QString &html, const SnapshotRow &row, int depth, qsizetype columnCount)
+void appendRow(QString &html, const SnapshotRow &row, int depth, qsizetype columnCount, eForm form)
 {
     if (row.isHidden)
         return;
     html.append(QLatin1StringView("<tr><td>"));
     for (int level = 0; level < depth; ++level)
         html.append(QLatin1StringView("&nbsp;&nbsp;"));
-    html.append(row.title).append(QLatin1StringView("</td>\n"));
+    appendTitle(html, row.title, form);
+    html.append(QLatin1StringView("</td>\n"));
     for (qsizetype column = 1; column < columnCount; ++column) {
         html.append(QLatin1StringView("<td>"));
         if (column <= row.cells.size())
@@ -65,24 +92,23 @@ void appendRow(QString &html, const SnapshotRow &row, int depth, qsizetype colum
     }
     html.append(QLatin1StringView("</tr>"));
     for (const SnapshotRow &child : row.children)
-        appendRow(html, child, depth + 1, columnCount);
+        appendRow(html, child, depth + 1, columnCount, form);
 }
 
 } // namespace
 
 QString SnapshotHtmlReport::document(const QString &header, const QStringList &columnTitles,
-    const QList<SnapshotRow> &rows, eCharsetLine charsetLine)
+    const QList<SnapshotRow> &rows, eForm form)
 {
     QString html;
     html.reserve(rows.size() * EstimatedRowSize);
-    html.append(QLatin1StringView("<html>\n"));
-    if (charsetLine == eCharsetLine::With)
-        html.append(QLatin1StringView("<meta charset=\"UTF-8\">"));
-    html.append(QLatin1StringView("<body>\n"))
+    html.append(QLatin1StringView("<html>\n"))
+        .append(documentHead(form))
+        .append(QLatin1StringView("<body>\n"))
         .append(header)
         .append(QLatin1StringView("<br><br>\n<table border=\"1\" width=\"100%\">\n"));
-    appendHead(html, columnTitles);
+    appendTableHead(html, columnTitles, form);
     for (const SnapshotRow &row : rows)
-        appendRow(html, row, 0, columnTitles.size());
+        appendRow(html, row, 0, columnTitles.size(), form);
     return html.append(QLatin1StringView("</table></body>\n</html>\n"));
 }

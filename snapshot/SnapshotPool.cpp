@@ -31,15 +31,17 @@ SnapshotPool::Units SnapshotPool::units(const QString &scaled, const QString &na
     return known;
 }
 
-SnapshotPool::Layout SnapshotPool::layout(SnapshotLayout &&layout)
+SnapshotPool::Layout SnapshotPool::layout(const SnapshotLayout &layout)
 {
+    if (m_lastLayout && *m_lastLayout == layout)
+        return m_lastLayout;
     const size_t hash = contentHash(layout);
     for (auto known = m_layouts.constFind(hash); known != m_layouts.cend() && known.key() == hash;
          ++known) {
         if (**known == layout)
-            return *known;
+            return m_lastLayout = *known;
     }
-    const Layout made(new SnapshotLayout(std::move(layout)));
-    m_layouts.insert(hash, made);
-    return made;
+    m_lastLayout.reset(new SnapshotLayout(layout));
+    m_layouts.insert(hash, m_lastLayout);
+    return m_lastLayout;
 }

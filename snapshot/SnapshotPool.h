@@ -15,10 +15,12 @@ public:
 
     /// Null where both are empty.
     Units units(const QString &scaled, const QString &native);
-    Layout layout(SnapshotLayout &&layout);
+    Layout layout(const SnapshotLayout &layout);
 
 private:
+    /// Neighbours are mostly alike.
     Units m_lastUnits;
+    Layout m_lastLayout;
     /// By scaled and native unit.
     QHash<std::pair<QString, QString>, Units> m_units;
     /// By hash of the content.

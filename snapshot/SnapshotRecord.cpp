@@ -31,11 +31,20 @@ quint32 SnapshotRecord::elementReadLevel(quint16 element) const
 
 const SnapshotValue &SnapshotRecord::value(eLivingSpace livingSpace, quint16 element) const
 {
-    const qsizetype table = layout().tables.indexOf(livingSpace);
+    const std::span<const SnapshotValue> values = sequence(livingSpace);
     const qsizetype index = position(element);
-    if (table < 0 || index == NoPosition)
+    if (values.empty() || index == NoPosition)
         return SnapshotValue::none();
-    return m_values.at(table * layout().positions.size() + index);
+    return values[static_cast<size_t>(index)];
+}
+
+std::span<const SnapshotValue> SnapshotRecord::sequence(eLivingSpace livingSpace) const
+{
+    const qsizetype table = layout().tables.indexOf(livingSpace);
+    if (table < 0)
+        return {};
+    const qsizetype size = layout().positions.size();
+    return {m_values.constData() + table * size, static_cast<size_t>(size)};
 }
 
 qsizetype SnapshotRecord::position(quint16 element) const

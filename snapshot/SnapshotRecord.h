@@ -4,10 +4,12 @@
 #include <KrParameterDefinition/eLivingSpace.h>
 
 #include <QtCore/QExplicitlySharedDataPointer>
-#include <QtCore/QHash>
+#include <QtCore/QMap>
 #include <QtCore/QList>
 #include <QtCore/QSharedData>
 #include <QtCore/QString>
+
+#include <span>
 
 /// The two units of a value. One object serves all values of a snapshot that have the same two.
 struct SnapshotUnits : QSharedData {
@@ -26,8 +28,9 @@ struct SnapshotValue {
     QString nativeUnit() const { return units ? units->native : QString(); }
 
     QString display;
-    QString native;
     QString undecorated;
+    // Side by side: a comparison reads mostly these two.
+    QString native;
     /// Null where both units are empty.
     QExplicitlySharedDataPointer<const SnapshotUnits> units;
 
@@ -58,7 +61,7 @@ struct SnapshotLayout : QSharedData {
 };
 
 /// The frozen texts of one parameter: for each living space a sequence of values by element
-/// position. Made by SnapshotRecordBuilder.
+/// position. Made by SnapshotRecordBuilder and SnapshotJsonParameter.
 class SnapshotRecord {
 public:
     const SnapshotLayout &layout() const { return *m_layout; }
@@ -68,8 +71,11 @@ public:
     quint32 elementReadLevel(quint16 element) const;
     /// The empty value where there is none.
     const SnapshotValue &value(eLivingSpace livingSpace, quint16 element) const;
+    /// All values of a living space, by position; empty where none is held.
+    std::span<const SnapshotValue> sequence(eLivingSpace livingSpace) const;
 
 private:
+    friend class SnapshotJsonParameter;
     friend class SnapshotRecordBuilder;
     SnapshotRecord() = default;
 
@@ -85,4 +91,4 @@ private:
     QList<SnapshotValue> m_values;
 };
 
-using SnapshotRecords = QHash<ParameterCoordinate, SnapshotRecord>;
+using SnapshotRecords = QMap<ParameterCoordinate, SnapshotRecord>;

@@ -4,6 +4,7 @@
 #include <KrParameterInstance/ParameterInformation.h>
 
 #include <QtCore/QPointer>
+#include <QtCore/QVarLengthArray>
 
 #include <algorithm>
 
@@ -11,6 +12,10 @@ namespace {
 
 /// A parameter of this kind stores no units.
 constexpr int UnitlessKind = 5;
+/// From this write level on the display text may hide the value.
+constexpr int MaskableWriteLevel = 6;
+/// Most parameters have no more elements; their drafts need no memory of their own.
+constexpr qsizetype FewElements = 4;
 
 /// Where a unit stands: the property, the accessor that answers for the parameter's first living
 /// space, and the value text that shows the unit of the living space at hand.
@@ -61,8 +66,10 @@ private:
         Unit native;
         SnapshotPool::Units units;
         quint32 readLevel = 0;
+        bool isMaskable = false;
         bool isAsked = false;
-        bool isRejected = false;
+        bool isAccepted = false; ///< In the living space at hand.
+        bool isRejected = false; ///< In some living space.
         bool isHeld = false;
     };
 
@@ -75,8 +82,10 @@ private:
 
     bool isAccepted(eLivingSpace livingSpace, qsizetype position) const;
     void take(eLivingSpace livingSpace);
-    void hold(eLivingSpace livingSpace, const QList<bool> &accepted);
+    void hold(eLivingSpace livingSpace);
     SnapshotValue value(eLivingSpace livingSpace, qsizetype position);
+    QString displayText(eLivingSpace livingSpace, quint16 number, const SnapshotValue &value,
+        const Element &element) const;
     const Element &element(qsizetype position);
     Unit unit(quint16 number, const UnitPlace &place) const;
     SnapshotPool::Units units(
@@ -84,15 +93,16 @@ private:
     QString localUnit(eLivingSpace livingSpace, quint16 number, const UnitPlace &place) const;
     QString accessorUnit(quint16 number, const UnitPlace &place) const;
     void finishLayout();
-    QList<QString> elementNames() const;
+    QList<QString> takeElementNames();
 
     SnapshotRecordBuilder &m_builder;
     QPointer<ParameterInformation> m_information;
     bool m_isRecord;
     QList<eLivingSpace> m_livingSpaces;
-    QList<Element> m_elements;
+    QVarLengthArray<Element, FewElements> m_elements;
     qsizetype m_rejectedCount = 0;
-    SnapshotLayout m_layout;
+    /// The builder's, whose memory serves one parameter after the other.
+    SnapshotLayout &m_layout;
     QList<SnapshotValue> m_values;
 };
 
@@ -102,7 +112,13 @@ SnapshotRecordBuilder::Draft::Draft(
     , m_information(information)
     , m_isRecord(information->isRecordParameter())
     , m_livingSpaces(information->livingSpaces())
+    , m_layout(builder.m_layout)
 {
+    m_layout.livingSpaces.clear();
+    // Shares the memory of the positions; clearing would give it one of its own.
+    m_layout.elements = {};
+    m_layout.tables.clear();
+    m_layout.readLevels.clear();
     QList<quint16> &positions = m_layout.positions;
     positions = information->elementList();
     if (!std::is_sorted(positions.cbegin(), positions.cend()))
@@ -124,14 +140,16 @@ std::optional<SnapshotRecord> SnapshotRecordBuilder::Draft::record()
     m_values.squeeze();
     SnapshotRecord record;
     record.m_name = name;
-    record.m_elementNames = elementNames();
-    record.m_layout = m_builder.m_pool.layout(std::move(m_layout));
+    record.m_elementNames = takeElementNames();
+    record.m_layout = m_builder.m_pool.layout(m_layout);
     record.m_values = std::move(m_values);
     return record;
 }
 
 bool SnapshotRecordBuilder::Draft::isAccepted(eLivingSpace livingSpace, qsizetype position) const
 {
+    if (!m_builder.m_filter)
+        return true;
     const quint16 number = m_layout.positions.at(position);
     return ask(
         [&](auto &information) { return m_builder.isAccepted(information, livingSpace, number); });
@@ -142,45 +160,54 @@ bool SnapshotRecordBuilder::Draft::isAccepted(eLivingSpace livingSpace, qsizetyp
 void SnapshotRecordBuilder::Draft::take(eLivingSpace livingSpace)
 {
     const qsizetype begin = m_values.size();
-    QList<bool> accepted(m_elements.size());
     for (qsizetype i = 0; i < m_elements.size(); ++i) {
-        accepted[i] = isAccepted(livingSpace, i);
-        m_values.append(accepted.at(i) ? value(livingSpace, i) : SnapshotValue());
-        if (accepted.at(i) || m_elements.at(i).isRejected)
+        const bool accepted = isAccepted(livingSpace, i);
+        m_elements[i].isAccepted = accepted;
+        m_values.append(accepted ? value(livingSpace, i) : SnapshotValue());
+        if (accepted || m_elements[i].isRejected)
             continue;
         m_elements[i].isRejected = true;
         ++m_rejectedCount;
     }
     if (m_rejectedCount < m_elements.size())
-        hold(livingSpace, accepted);
+        hold(livingSpace);
     else
         m_values.resize(begin);
 }
 
-void SnapshotRecordBuilder::Draft::hold(eLivingSpace livingSpace, const QList<bool> &accepted)
+void SnapshotRecordBuilder::Draft::hold(eLivingSpace livingSpace)
 {
     m_layout.tables.append(livingSpace);
-    for (qsizetype i = 0; i < m_elements.size(); ++i) {
-        if (accepted.at(i))
-            m_elements[i].isHeld = true;
-    }
+    for (Element &element : m_elements)
+        element.isHeld = element.isHeld || element.isAccepted;
 }
 
 SnapshotValue SnapshotRecordBuilder::Draft::value(eLivingSpace livingSpace, qsizetype position)
 {
     const quint16 number = m_layout.positions.at(position);
+    const Element &known = element(position);
     SnapshotValue value;
-    value.display = ask([&](auto &information) {
-        return information.displayValueText(livingSpace, number, false);
-    });
     value.native = ask(
         [&](auto &information) { return information.nativeValueText(livingSpace, number, false); });
     value.undecorated =
         ask([&](auto &information) { return information.valueText(livingSpace, number, false); });
+    value.display = displayText(livingSpace, number, value, known);
     share(value.undecorated, value.native);
     share(value.display, value.undecorated);
-    value.units = units(livingSpace, number, element(position));
+    value.units = units(livingSpace, number, known);
     return value;
+}
+
+/// Unless something may hide the value, the value text leads to the display text: asking for the
+/// display text would convert the native text once more.
+QString SnapshotRecordBuilder::Draft::displayText(eLivingSpace livingSpace, quint16 number,
+    const SnapshotValue &value, const Element &element) const
+{
+    return ask([&](auto &information) {
+        return element.isMaskable
+            ? information.displayValueText(livingSpace, number, false)
+            : information.prepareValueText(value.undecorated, livingSpace, number, false, nullptr);
+    });
 }
 
 const SnapshotRecordBuilder::Draft::Element &SnapshotRecordBuilder::Draft::element(
@@ -191,6 +218,8 @@ const SnapshotRecordBuilder::Draft::Element &SnapshotRecordBuilder::Draft::eleme
         return element;
     element.isAsked = true;
     const quint16 number = m_layout.positions.at(position);
+    element.isMaskable = ask([&](auto &information) { return information.writeLevel(number); })
+        >= MaskableWriteLevel;
     element.readLevel = ask([&](auto &information) { return information.readLevel(number); });
     if (ask([&](auto &information) { return information.kind(number); }) != UnitlessKind) {
         element.scaled = unit(number, ScaledUnit);
@@ -260,26 +289,27 @@ void SnapshotRecordBuilder::Draft::finishLayout()
             m_layout.livingSpaces.append(livingSpace);
     }
     m_layout.readLevels.reserve(m_elements.size());
-    for (const Element &element : std::as_const(m_elements))
+    for (const Element &element : m_elements)
         m_layout.readLevels.append(element.isHeld ? element.readLevel : 0);
     if (m_rejectedCount == 0) {
         m_layout.elements = m_layout.positions;
         return;
     }
     for (qsizetype i = 0; i < m_elements.size(); ++i) {
-        if (!m_elements.at(i).isRejected)
+        if (!m_elements[i].isRejected)
             m_layout.elements.append(m_layout.positions.at(i));
     }
 }
 
-QList<QString> SnapshotRecordBuilder::Draft::elementNames() const
+/// At the end: the names move.
+QList<QString> SnapshotRecordBuilder::Draft::takeElementNames()
 {
     QList<QString> names;
     if (!m_isRecord)
         return names;
     names.reserve(m_elements.size());
-    for (const Element &element : m_elements)
-        names.append(element.isHeld ? element.name : QString());
+    for (Element &element : m_elements)
+        names.append(element.isHeld ? std::move(element.name) : QString());
     return names;
 }
 
@@ -298,8 +328,6 @@ std::optional<SnapshotRecord> SnapshotRecordBuilder::build(ParameterInformation 
 bool SnapshotRecordBuilder::isAccepted(
     const ParameterInformation &information, eLivingSpace livingSpace, quint16 element)
 {
-    if (!m_filter)
-        return true;
     m_filterElement.load(&information, livingSpace, element);
     return m_filter->testElement(m_filterElement);
 }

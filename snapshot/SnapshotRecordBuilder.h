@@ -34,4 +34,6 @@ private:
     const Filter *m_filter;
     ParameterFilterElement m_filterElement;
     SnapshotPool m_pool;
+    /// Of the parameter at hand.
+    SnapshotLayout m_layout;
 };

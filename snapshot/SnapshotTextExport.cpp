@@ -8,12 +8,18 @@ namespace {
 
 constexpr char FileBegin[] = "\xEF\xBB\xBF\r\n";
 constexpr qsizetype FileBeginSize = 5;
+constexpr QLatin1StringView Separator("\";\"");
+/// Lines are collected up to this length. **Unit** characters.
+constexpr qsizetype PieceSize = 64 * 1024;
 
 void appendLine(
     QString &lines, const QString &place, const QString &name, const SnapshotValue &value)
 {
-    lines += QLatin1Char('"') + place + QLatin1StringView("\";\"") + name
-        + QLatin1StringView("\";\"") + value.displayWithUnit() + QLatin1StringView("\"\n");
+    lines.append(QLatin1Char('"')).append(place).append(Separator);
+    lines.append(name).append(Separator).append(value.display);
+    if (value.units && !value.units->scaled.isEmpty())
+        lines.append(QLatin1Char(' ')).append(value.units->scaled);
+    lines.append(QLatin1StringView("\"\n"));
 }
 
 QString prefix(eLivingSpace livingSpace)
@@ -35,7 +41,9 @@ void appendLines(QString &lines, const ParameterCoordinate &coordinate,
     }
     for (const quint16 element : elements) {
         const QString elementName = record.elementName(element);
-        appendLine(lines, place + QLatin1Char('[') + QString::number(element) + QLatin1Char(']'),
+        QString elementPlace = place;
+        elementPlace.append(QLatin1Char('[')).append(QString::number(element));
+        appendLine(lines, elementPlace.append(QLatin1Char(']')),
             elementName.isEmpty() ? record.name() : elementName,
             record.value(livingSpace, element));
     }
@@ -54,16 +62,21 @@ bool SnapshotTextExport::write(const QString &fileName, const SnapshotRecords &r
     file.setTextModeEnabled(true);
     std::sort(coordinates.begin(), coordinates.end());
     QString lines;
+    const auto flush = [&] {
+        file.write(lines.toUtf8());
+        lines.resize(0);
+    };
     for (const ParameterCoordinate &coordinate : std::as_const(coordinates)) {
         const auto record = records.constFind(coordinate);
         if (record == records.cend())
             continue;
-        lines.resize(0);
         for (const eLivingSpace livingSpace : record->layout().livingSpaces) {
             if (livingSpaces.contains(livingSpace))
                 appendLines(lines, coordinate, *record, livingSpace);
         }
-        file.write(lines.toUtf8());
+        if (lines.size() >= PieceSize)
+            flush();
     }
+    flush();
     return true;
 }

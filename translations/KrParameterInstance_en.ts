@@ -27,6 +27,37 @@
     </message>
 </context>
 <context>
+    <name>ParameterValueSnapshot</name>
+    <message>
+        <source>der Snapshot hängt noch an seinem Antrieb</source>
+        <translation>the snapshot is still connected to its drive</translation>
+    </message>
+    <message>
+        <source>das ist kein Snapshot</source>
+        <translation>this is no snapshot</translation>
+    </message>
+    <message>
+        <source>diese Version eines Snapshots ist unbekannt</source>
+        <translation>this version of a snapshot is unknown</translation>
+    </message>
+    <message>
+        <source>die Liste der Parameter fehlt</source>
+        <translation>the list of parameters is missing</translation>
+    </message>
+    <message>
+        <source>das ist kein JSON (ab Byte %1)</source>
+        <translation>this is no JSON (from byte %1 on)</translation>
+    </message>
+    <message>
+        <source>die Liste der Achsen ist fehlerhaft</source>
+        <translation>the list of axes is faulty</translation>
+    </message>
+    <message>
+        <source>der %1. Parameter ist fehlerhaft</source>
+        <translation>parameter number %1 is faulty</translation>
+    </message>
+</context>
+<context>
     <name>ParameterValueSnapshotWidget</name>
     <message>
         <source>Spalte &quot;%1&quot; exportieren</source>

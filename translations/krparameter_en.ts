@@ -310,6 +310,48 @@ only with --force.
     </message>
 </context>
 <context>
+    <name>DiffCommand</name>
+    <message>
+        <source>&lt;nicht vorhanden&gt;</source>
+        <translation>&lt;not present&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;nicht lesbar&gt;</source>
+        <translation>&lt;not readable&gt;</translation>
+    </message>
+    <message>
+        <source>A und B sind Projektordner oder Dateien von snapshot; ein --project gilt als A. Ohne B
+wird mit den Defaultwerten des Geräts verglichen, die dann links stehen. Ein Wert gilt
+als verschieden, wenn sich Anzeigetext und nativer Text unterscheiden. Rückgabewert
+1, wo es Unterschiede gibt.
+</source>
+        <translation>A and B are project folders or files of snapshot; a --project counts as A. Without B the
+defaults of the device are compared with, which then stand on the left. A value differs
+when its display text and its native text do. Exit code 1 where there are differences.
+</translation>
+    </message>
+    <message>
+        <source>Ausgabe als Tabelle mit Kommas (RFC 4180)</source>
+        <translation>output as a table with commas (RFC 4180)</translation>
+    </message>
+    <message>
+        <source>diff braucht ein oder zwei Projekte oder Snapshots</source>
+        <translation>diff needs one or two projects or snapshots</translation>
+    </message>
+    <message>
+        <source>--csv und --json schließen sich aus</source>
+        <translation>--csv and --json exclude each other</translation>
+    </message>
+    <message>
+        <source>A [B]</source>
+        <translation>A [B]</translation>
+    </message>
+    <message>
+        <source>Unterschiede zweier Zustände, einer je Zeile</source>
+        <translation>differences of two states, one a line</translation>
+    </message>
+</context>
+<context>
     <name>DriveProject</name>
     <message>
         <source>abgebrochen</source>
@@ -356,6 +398,76 @@ only with --force.
     <message>
         <source>ist keine 32-Bit-Zahl und zählt als 0</source>
         <translation>is no number of 32 bits and counts as 0</translation>
+    </message>
+</context>
+<context>
+    <name>ExportCommand</name>
+    <message>
+        <source>A ist ein Projektordner oder eine Datei von snapshot; ohne A und --project gelten die
+Defaultwerte. Die Datei wird neben ihrem Platz geschrieben, zurückgelesen und dann
+umbenannt. Texte, die sie nicht trägt (Anführungszeichen, Zeilenenden, Formeln), werden
+mit Adresse genannt; --rfc4180 schreibt eine zweite Datei, die sie trägt.
+</source>
+        <translation>A is a project folder or a file of snapshot; without A and --project the defaults hold. The
+file is written beside its place, read back and then renamed. Texts that it cannot carry
+(quotation marks, line ends, formulas) are named by address; --rfc4180 writes a second file
+that carries them.
+</translation>
+    </message>
+    <message>
+        <source>DATEI</source>
+        <translation>FILE</translation>
+    </message>
+    <message>
+        <source>Datei, die geschrieben wird</source>
+        <translation>file that is written</translation>
+    </message>
+    <message>
+        <source>dazu als Tabelle mit Kommas, in der alles maskiert ist</source>
+        <translation>also as a table with commas in which everything is escaped</translation>
+    </message>
+    <message>
+        <source>export nimmt höchstens ein Projekt oder einen Snapshot</source>
+        <translation>export takes at most one project or snapshot</translation>
+    </message>
+    <message>
+        <source>export braucht -o DATEI</source>
+        <translation>export needs -o FILE</translation>
+    </message>
+    <message>
+        <source>%1: %2 Zeilen geschrieben und zurückgelesen</source>
+        <translation>%1: %2 lines written and read back</translation>
+    </message>
+    <message>
+        <source>[A]</source>
+        <translation>[A]</translation>
+    </message>
+    <message>
+        <source>Werte als Text mit Semikolons schreiben</source>
+        <translation>write values as text with semicolons</translation>
+    </message>
+</context>
+<context>
+    <name>ExportIssue</name>
+    <message>
+        <source>enthält ein Anführungszeichen</source>
+        <translation>contains a quotation mark</translation>
+    </message>
+    <message>
+        <source>enthält ein Zeilenende</source>
+        <translation>contains a line end</translation>
+    </message>
+    <message>
+        <source>wird von Tabellenprogrammen als Formel ausgeführt</source>
+        <translation>is run as a formula by spreadsheets</translation>
+    </message>
+    <message>
+        <source>Parameter %1: der Name %2</source>
+        <translation>Parameter %1: the name %2</translation>
+    </message>
+    <message>
+        <source>Parameter %1: der Wert %2</source>
+        <translation>Parameter %1: the value %2</translation>
     </message>
 </context>
 <context>
@@ -997,6 +1109,103 @@ value when typed in; get says which.
     </message>
 </context>
 <context>
+    <name>PropertyFilter</name>
+    <message>
+        <source>&quot;%1&quot; ist keine Bedingung der Form EIGENSCHAFT=WERT</source>
+        <translation>&quot;%1&quot; is no condition of the form PROPERTY=VALUE</translation>
+    </message>
+</context>
+<context>
+    <name>ReadBackFile</name>
+    <message>
+        <source>in den Ordner kann nicht geschrieben werden</source>
+        <translation>the folder cannot be written to</translation>
+    </message>
+    <message>
+        <source>kann nicht geöffnet werden</source>
+        <translation>cannot be opened</translation>
+    </message>
+    <message>
+        <source>wurde nicht vollständig geschrieben</source>
+        <translation>was not written completely</translation>
+    </message>
+    <message>
+        <source>ist keine Datei</source>
+        <translation>is not a file</translation>
+    </message>
+    <message>
+        <source>darf nicht geschrieben werden</source>
+        <translation>must not be written</translation>
+    </message>
+    <message>
+        <source>der Ordner ist nicht vorhanden</source>
+        <translation>the folder does not exist</translation>
+    </message>
+    <message>
+        <source>ist ein Ordner</source>
+        <translation>is a folder</translation>
+    </message>
+</context>
+<context>
+    <name>ReportCommand</name>
+    <message>
+        <source>A, B und weitere sind Projektordner oder Dateien von snapshot; ein --project steht vor
+ihnen. Gezeigt wird, was sich zwischen Nachbarn unterscheidet, von einem allein alles.
+Werte über der Zugriffsstufe bleiben leer. Das Dokument verbietet Skripte und
+Nachladen, und Namen darin sind maskiert; --exact schreibt es ohne beides.
+</source>
+        <translation>A, B and more are project folders or files of snapshot; a --project comes before them. What
+differs between neighbours is shown, of a single one everything. Values above the access
+level stay empty. The document forbids scripts and loading, and names in it are escaped;
+--exact writes it without both.
+</translation>
+    </message>
+    <message>
+        <source>DATEI</source>
+        <translation>FILE</translation>
+    </message>
+    <message>
+        <source>HTML-Datei, die geschrieben wird</source>
+        <translation>HTML file that is written</translation>
+    </message>
+    <message>
+        <source>Namen als HTML, ohne Schutz; so wie das Fenster exportiert</source>
+        <translation>names as HTML, without protection; as the window exports</translation>
+    </message>
+    <message>
+        <source>der Bericht als PDF</source>
+        <translation>the report as PDF</translation>
+    </message>
+    <message>
+        <source>report braucht Projekte oder Snapshots</source>
+        <translation>report needs projects or snapshots</translation>
+    </message>
+    <message>
+        <source>report braucht -o DATEI oder --pdf DATEI</source>
+        <translation>report needs -o FILE or --pdf FILE</translation>
+    </message>
+    <message>
+        <source>Parameterwerte</source>
+        <translation>Parameter values</translation>
+    </message>
+    <message>
+        <source>Änderungen</source>
+        <translation>Changes</translation>
+    </message>
+    <message>
+        <source>%1: geschrieben und zurückgelesen</source>
+        <translation>%1: written and read back</translation>
+    </message>
+    <message>
+        <source>A [B...]</source>
+        <translation>A [B...]</translation>
+    </message>
+    <message>
+        <source>Bericht der Unterschiede als HTML und PDF</source>
+        <translation>report of the differences as HTML and PDF</translation>
+    </message>
+</context>
+<context>
     <name>Session</name>
     <message>
         <source>krparameter: %1</source>
@@ -1137,6 +1346,79 @@ saved. Without --project the command only shows what would apply.
     <message>
         <source>Fehler</source>
         <translation>Error</translation>
+    </message>
+</context>
+<context>
+    <name>SnapshotCommand</name>
+    <message>
+        <source>Schreibt die Texte aller Werte, so wie sie jetzt gelten, in eine Datei, die diff,
+export und report wie ein Projekt lesen. Sie braucht dann kein Gerät mehr.
+</source>
+        <translation>Writes the texts of all values as they are now to a file that diff, export and report read
+like a project. It then needs no device any more.
+</translation>
+    </message>
+    <message>
+        <source>DATEI</source>
+        <translation>FILE</translation>
+    </message>
+    <message>
+        <source>Datei, die geschrieben wird; sonst die Ausgabe</source>
+        <translation>file that is written; otherwise the output</translation>
+    </message>
+    <message>
+        <source>snapshot nimmt keine Argumente</source>
+        <translation>snapshot takes no arguments</translation>
+    </message>
+    <message>
+        <source>%1: %2 Parameter eingefroren</source>
+        <translation>%1: %2 parameters frozen</translation>
+    </message>
+    <message>
+        <source>Texte einfrieren und als JSON schreiben</source>
+        <translation>freeze texts and write them as JSON</translation>
+    </message>
+</context>
+<context>
+    <name>SnapshotFile</name>
+    <message>
+        <source>ist keine Datei</source>
+        <translation>is not a file</translation>
+    </message>
+</context>
+<context>
+    <name>SnapshotSource</name>
+    <message>
+        <source>EIGENSCHAFT=WERT</source>
+        <translation>PROPERTY=VALUE</translation>
+    </message>
+    <message>
+        <source>nur diese Werte, mehrfach möglich</source>
+        <translation>only these values, may be repeated</translation>
+    </message>
+    <message>
+        <source>Die Eigenschaft &quot;%1&quot; ist unbekannt und antwortet wie &quot;Coordinate&quot;.</source>
+        <translation>The property &quot;%1&quot; is unknown and answers like &quot;Coordinate&quot;.</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Default</translation>
+    </message>
+    <message>
+        <source>%1: weder Projektordner noch Snapshot</source>
+        <translation>%1: neither project folder nor snapshot</translation>
+    </message>
+    <message>
+        <source>--filter wählt aus Projekten; %1 ist ein Snapshot</source>
+        <translation>--filter selects from projects; %1 is a snapshot</translation>
+    </message>
+    <message>
+        <source>Verschiedene Eigenschaften in --filter gelten zugleich, Werte derselben wahlweise. Ein
+Element, das auf einer Achse nicht passt, fehlt auf allen. Eigenschaften sind:
+</source>
+        <translation>Different properties in --filter hold at once, values of the same one alternatively. An
+element that does not match on one axis is missing on all. Properties are:
+</translation>
     </message>
 </context>
 <context>

@@ -27,6 +27,13 @@ bool contains(const QList<Option> &options, const QString &name)
 
 } // namespace
 
+bool Application::needsWidgets(const QStringList &words)
+{
+    const CommandTable table;
+    const Command *command = table.find(CommandLine(words, table.options()).command());
+    return command && command->needsWidgets();
+}
+
 eExitCode Application::run(const QStringList &words)
 {
     const CommandTable table;

@@ -14,6 +14,9 @@ class Application {
     Q_DECLARE_TR_FUNCTIONS(Application)
 
 public:
+    /// Whether the command that the words name draws.
+    static bool needsWidgets(const QStringList &words);
+
     explicit Application(Console &console)
         : m_console(console)
     {

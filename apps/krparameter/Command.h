@@ -24,5 +24,7 @@ public:
     virtual QList<Option> options() const { return {}; }
     /// Common options that would do nothing here; they are refused.
     virtual QStringList unusedOptions() const { return {}; }
+    /// Draws, if off the screen: the program then is one with widgets.
+    virtual bool needsWidgets() const { return false; }
     virtual eExitCode run(const CommandLine &line, Console &console) = 0;
 };

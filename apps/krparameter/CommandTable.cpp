@@ -2,11 +2,15 @@
 
 #include "apps/krparameter/CommonOptions.h"
 #include "apps/krparameter/DemoCommand.h"
+#include "apps/krparameter/DiffCommand.h"
+#include "apps/krparameter/ExportCommand.h"
 #include "apps/krparameter/GetCommand.h"
 #include "apps/krparameter/ImportEdsCommand.h"
 #include "apps/krparameter/InfoCommand.h"
 #include "apps/krparameter/ListCommand.h"
+#include "apps/krparameter/ReportCommand.h"
 #include "apps/krparameter/SetCommand.h"
+#include "apps/krparameter/SnapshotCommand.h"
 
 #include <algorithm>
 
@@ -16,6 +20,10 @@ CommandTable::CommandTable()
     m_commands.push_back(std::make_unique<ListCommand>());
     m_commands.push_back(std::make_unique<GetCommand>());
     m_commands.push_back(std::make_unique<SetCommand>());
+    m_commands.push_back(std::make_unique<SnapshotCommand>());
+    m_commands.push_back(std::make_unique<DiffCommand>());
+    m_commands.push_back(std::make_unique<ExportCommand>());
+    m_commands.push_back(std::make_unique<ReportCommand>());
     m_commands.push_back(std::make_unique<ImportEdsCommand>());
     m_commands.push_back(std::make_unique<DemoCommand>());
 }

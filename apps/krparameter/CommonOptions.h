@@ -25,5 +25,7 @@ constexpr QLatin1StringView Force("force");
 constexpr QLatin1StringView AllowLoss("allow-loss");
 constexpr QLatin1StringView Help("help");
 constexpr QLatin1StringView Version("version");
+constexpr QLatin1StringView Filter("filter");
+constexpr QLatin1StringView Output("output");
 
 } // namespace OptionName

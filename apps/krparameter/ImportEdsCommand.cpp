@@ -12,7 +12,6 @@
 namespace {
 
 constexpr QLatin1StringView Coordinates("coordinates");
-constexpr QLatin1StringView Output("output");
 constexpr QLatin1StringView NodeId("node-id");
 constexpr quint32 LastNodeId = 127;
 
@@ -55,7 +54,7 @@ QList<Option> ImportEdsCommand::options() const
 {
     return {
         {Coordinates, tr("TABELLE"), tr("Tabelle der Koordinaten")},
-        {Output, tr("DATEI"), tr("Gerätebeschreibung, die geschrieben wird"), u'o'},
+        {OptionName::Output, tr("DATEI"), tr("Gerätebeschreibung, die geschrieben wird"), u'o'},
         {NodeId, QStringLiteral("N"), tr("Knotennummer von 1 bis 127 statt der in der Datei")},
     };
 }
@@ -99,10 +98,10 @@ std::optional<ImportRequest> ImportEdsCommand::requestOf(const CommandLine &line
     };
     if (line.arguments().size() != 1)
         return refuse(tr("import-eds braucht genau eine Datei"));
-    if (!line.has(Coordinates) || !line.has(Output))
+    if (!line.has(Coordinates) || !line.has(OptionName::Output))
         return refuse(tr("import-eds braucht --coordinates TABELLE und -o DATEI"));
-    ImportRequest request {
-        line.arguments().constFirst(), line.value(Coordinates), line.value(Output), std::nullopt};
+    ImportRequest request {line.arguments().constFirst(), line.value(Coordinates),
+        line.value(OptionName::Output), std::nullopt};
     if (line.has(NodeId)) {
         const auto number = EdsNumber::parse(line.value(NodeId)).unsignedValue(LastNodeId);
         if (!number || *number == 0)

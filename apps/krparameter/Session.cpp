@@ -38,6 +38,8 @@ Session::Session(const CommandLine &line, Console &console)
     : m_line(line)
     , m_console(console)
 {
+    if (line.has(OptionName::Project))
+        m_folder = line.value(OptionName::Project);
 }
 
 Session::~Session() = default;
@@ -56,16 +58,6 @@ eExitCode Session::fail(eExitCode code, const QString &reason)
 {
     m_console.report(tr("krparameter: %1").arg(reason));
     return code;
-}
-
-bool Session::hasFolder() const
-{
-    return m_line.has(OptionName::Project);
-}
-
-QString Session::folder() const
-{
-    return m_line.value(OptionName::Project);
 }
 
 QList<ValuePlace> Session::find(const QString &addressText, QString &error)

@@ -28,6 +28,10 @@ public:
     Session(const CommandLine &line, Console &console);
     ~Session();
 
+    /// In the place of the project that the options name; empty: the defaults.
+    void setFolder(const std::optional<QString> &folder) { m_folder = folder; }
+    /// Checks the options and applies the access level; part of open().
+    eExitCode readOptions();
     /// Opens the device, and the project where one is named. Reports what went wrong and, of a
     /// project, what loading it did. Everything but Good ends the command.
     eExitCode open(eMissingProject missing = eMissingProject::Refuse);
@@ -35,8 +39,8 @@ public:
     eExitCode fail(eExitCode code, const QString &reason);
 
     DriveProject &project() { return *m_project; }
-    bool hasFolder() const;
-    QString folder() const;
+    bool hasFolder() const { return m_folder.has_value(); }
+    QString folder() const { return m_folder.value_or(QString()); }
     /// Empty where no project was loaded.
     const std::optional<LoadReport> &loadReport() const { return m_loadReport; }
     /// The axis that was asked for; empty where none was.
@@ -46,7 +50,6 @@ public:
     QList<ValuePlace> find(const QString &addressText, QString &error);
 
 private:
-    eExitCode readOptions();
     eExitCode openDevice();
     static QString reasonNotRead(const QString &description);
     eExitCode loadProject(eMissingProject missing);
@@ -54,6 +57,7 @@ private:
 
     const CommandLine &m_line;
     Console &m_console;
+    std::optional<QString> m_folder;
     std::unique_ptr<DriveProject> m_project;
     std::optional<LoadReport> m_loadReport;
     std::optional<int> m_axis;

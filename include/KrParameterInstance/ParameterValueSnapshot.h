@@ -4,9 +4,11 @@
 #include <KrParameterDefinition/ParameterCoordinate.h>
 #include <KrParameterDefinition/eLivingSpace.h>
 
+#include <QtCore/QByteArray>
 #include <QtCore/QList>
 #include <QtCore/QObject>
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 
 class Filter;
 class ParameterContainer;
@@ -25,6 +27,9 @@ public:
     /// Takes nothing yet. The container may be null.
     explicit ParameterValueSnapshot(ParameterContainer *container);
     ~ParameterValueSnapshot() override;
+
+    /// The properties by which a filter can ask. Any other name answers like "Coordinate".
+    static QStringList filterPropertyNames();
 
     /// Replaces the content by the elements that the filter accepts.
     void apply(const Filter &filter);
@@ -52,6 +57,12 @@ public:
     /// The value text, with the scaled unit.
     QString undecoratedValue(
         eLivingSpace livingSpace, ParameterCoordinate coordinate, quint16 element, bool withUnit);
+
+    /// Everything that the snapshot holds, so that it outlives the program. **Encoding** UTF-8.
+    QByteArray toJson() const;
+    /// Replaces the content by what toJson() wrote. **Refused** while a source container is
+    /// connected, and any other text: false, the content stays; `problem` is told why.
+    bool fromJson(const QByteArray &json, QString *problem = nullptr);
 
     /// Takes over every record of the other. **Refused** while a source container is connected.
     bool unite(ParameterValueSnapshot *other);

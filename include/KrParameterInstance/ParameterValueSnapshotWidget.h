@@ -26,6 +26,9 @@ public:
     bool isEmpty() const;
     /// The report as HTML, without charset line.
     QString report() const;
+    /// The report as a document to hand on: its head names the charset and forbids scripts and
+    /// loading, and the names in it are escaped. The header stands as it is.
+    QString safeReport() const;
 
 private:
     ParameterValueSnapshotWidgetPrivate *d;

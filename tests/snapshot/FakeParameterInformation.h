@@ -72,13 +72,15 @@ public:
     QMap<eLivingSpace, QString> localScaledUnits;
     QMap<eLivingSpace, QString> localNativeUnits;
     QMap<QString, QString> attributes;
-    /// Value texts to display texts.
+    /// Value texts to display texts; the display text of the place where there is none.
     QMap<QString, QString> preparedTexts;
     QMap<quint16, int> kinds;
     QMap<quint16, quint32> readLevels;
-    /// Runs inside every question for a display text.
+    QMap<quint16, int> writeLevels;
+    /// Runs inside every question for a display text, be it stored or to be prepared.
     std::function<void()> onDisplayText;
 
+    mutable int displayCount = 0;
     mutable int nameCount = 0;
     mutable int elementNameCount = 0;
     mutable int unitCount = 0;
@@ -135,6 +137,7 @@ public:
     }
     QString displayValueText(eLivingSpace livingSpace, quint16 element, bool) const override
     {
+        ++displayCount;
         const QString answer = values.value({livingSpace, element}).display;
         if (onDisplayText)
             onDisplayText();
@@ -160,9 +163,13 @@ public:
     QString formattedValueText(eLivingSpace, quint16, int) const override { return {}; }
     QString formattedNativeValueText(eLivingSpace, quint16, int, bool) const override { return {}; }
     QString prepareValueText(
-        const QString &text, eLivingSpace, quint16, bool, bool *) const override
+        const QString &text, eLivingSpace livingSpace, quint16 element, bool, bool *) const override
     {
-        return preparedTexts.value(text);
+        const QString shown = values.value({livingSpace, element}).display;
+        const QString answer = preparedTexts.value(text, shown);
+        if (onDisplayText)
+            onDisplayText();
+        return answer;
     }
     QString adoptValueText(const QString &, eLivingSpace, quint16, bool *) const override
     {
@@ -174,7 +181,7 @@ public:
     quint8 datatype(quint16) const override { return 0; }
     int kind(quint16 element) const override { return kinds.value(element); }
     int memoryAllocation(quint16) const override { return 0; }
-    int writeLevel(quint16) const override { return 0; }
+    int writeLevel(quint16 element) const override { return writeLevels.value(element); }
     quint32 readLevel(quint16 element) const override { return readLevels.value(element); }
     int decimalPlacesBehind(quint16) const override { return 0; }
     quint32 decimalPlacesSignificant(quint16) const override { return 0; }

@@ -49,6 +49,11 @@ private Q_SLOTS:
     void uniteWithNothing();
     void uniteWithItself();
 
+    void jsonKeepsEverything();
+    void jsonKeepsTheLivingSpaces();
+    void jsonIsRefused();
+    void filterPropertyNames();
+
     void exportFile();
     void exportDisabled();
     void exportCannotBeOpened();
@@ -523,6 +528,68 @@ void tst_ParameterValueSnapshot::uniteWithItself()
     QVERIFY(snapshot.unite(&snapshot));
     QCOMPARE(snapshot.parameterList().size(), 3);
     QCOMPARE(snapshot.value(Axis1, at("A00"), 0, true), QStringLiteral("11 rpm"));
+}
+
+void tst_ParameterValueSnapshot::jsonKeepsEverything()
+{
+    SnapshotFixture fixture;
+    fill(fixture);
+    ParameterValueSnapshot snapshot(fixture.container.get());
+    snapshot.applyNoFilter();
+    ParameterValueSnapshot back(nullptr);
+    QVERIFY(back.fromJson(snapshot.toJson()));
+    QCOMPARE(back.parameterListDifferent(&snapshot), QList<ParameterCoordinate>());
+    QCOMPARE(sortedTexts(back.parameterList()), sortedTexts(snapshot.parameterList()));
+    QCOMPARE(back.value(Axis1, at("A00"), 0, true), QStringLiteral("11 rpm"));
+    QCOMPARE(back.elementName(at("C02"), 2), QStringLiteral("Second"));
+    QCOMPARE(back.elementReadLevel(at("C02"), 2), 3U);
+    // Anew from the other's text: what was there before is gone.
+    QVERIFY(back.fromJson(ParameterValueSnapshot(nullptr).toJson()));
+    QCOMPARE(back.parameterList(), QList<ParameterCoordinate>());
+}
+
+void tst_ParameterValueSnapshot::jsonKeepsTheLivingSpaces()
+{
+    QTemporaryDir directory;
+    const QString fileName = directory.filePath(QStringLiteral("export.txt"));
+    SnapshotFixture fixture;
+    fill(fixture);
+    ParameterValueSnapshot snapshot(fixture.container.get());
+    snapshot.applyNoFilter();
+    ParameterValueSnapshot back(nullptr);
+    QVERIFY(back.fromJson(snapshot.toJson()));
+    QVERIFY(back.saveToTextFile(fileName, {at("A00")}));
+    QCOMPARE(content(fileName),
+        QByteArrayLiteral("\xEF\xBB\xBF\r\n"
+                          "\"1.A00\";\"Speed\";\"11 rpm\"\n"
+                          "\"2.A00\";\"Speed\";\"12 rpm\"\n"));
+}
+
+void tst_ParameterValueSnapshot::jsonIsRefused()
+{
+    SnapshotFixture fixture;
+    fill(fixture);
+    ParameterValueSnapshot snapshot(fixture.container.get());
+    snapshot.applyNoFilter();
+    const QByteArray json = snapshot.toJson();
+    QString problem;
+    QVERIFY(!snapshot.fromJson(json, &problem));
+    QCOMPARE(problem, QStringLiteral("der Snapshot hängt noch an seinem Antrieb"));
+    snapshot.disconnectFromSourceContainer();
+    QVERIFY(!snapshot.fromJson("{}", &problem));
+    QCOMPARE(problem, QStringLiteral("das ist kein Snapshot"));
+    QVERIFY(!snapshot.fromJson("{}"));
+    QCOMPARE(snapshot.toJson(), json);
+    QVERIFY(snapshot.fromJson(json, &problem));
+    QCOMPARE(problem, QString());
+}
+
+void tst_ParameterValueSnapshot::filterPropertyNames()
+{
+    const QStringList names = ParameterValueSnapshot::filterPropertyNames();
+    QCOMPARE(names.size(), 62);
+    QCOMPARE(names.first(), QStringLiteral("PrereadFunctionIndex"));
+    QCOMPARE(names.last(), QStringLiteral("ChangeTagWriteLevel"));
 }
 
 void tst_ParameterValueSnapshot::exportFile()

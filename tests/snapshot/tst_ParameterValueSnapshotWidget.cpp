@@ -54,6 +54,7 @@ private Q_SLOTS:
     void widgetGoesWhileTheDialogIsOpen();
 
     void report();
+    void safeReport();
     void reportBeforeFilling();
     void reportFollowsTheShownRows();
 
@@ -547,6 +548,22 @@ void tst_ParameterValueSnapshotWidget::report()
     m_widget->setHtmlHeader(QStringLiteral("<h1>Prüfstand</h1>"));
     m_widget->update();
     QCOMPARE(m_widget->report().toUtf8(), content(QFINDTESTDATA("../data/snapshot/widget-2.html")));
+}
+
+void tst_ParameterValueSnapshotWidget::safeReport()
+{
+    m_fixture->add(SnapshotFixture::parameter("D04", "<script>").global());
+    m_fixture->write(0, "D04", 0, QStringLiteral("7"));
+    m_widget->appendSnapshot(take(), QStringLiteral("Jetzt"));
+    m_widget->update();
+    QVERIFY(m_widget->report().contains(QStringLiteral("<td>D04 <script></td>")));
+    QVERIFY(!m_widget->report().contains(QStringLiteral("Content-Security-Policy")));
+    QVERIFY(!m_widget->safeReport().contains(QStringLiteral("<script>")));
+    QVERIFY(m_widget->safeReport().contains(QStringLiteral("<td>D04 &lt;script&gt;</td>")));
+    QVERIFY(m_widget->safeReport().startsWith(
+        QStringLiteral("<html>\n<head>\n<meta charset=\"UTF-8\">\n"
+                       "<meta http-equiv=\"Content-Security-Policy\" "
+                       "content=\"default-src 'none'\">\n</head>\n<body>\n")));
 }
 
 void tst_ParameterValueSnapshotWidget::reportBeforeFilling()

@@ -12,13 +12,14 @@ private Q_SLOTS:
     void goldenFile();
     void escaping_data();
     void escaping();
+    void safeForm();
     void withoutRows();
     void withoutColumns();
 };
 
 namespace {
 
-using eCharsetLine = SnapshotHtmlReport::eCharsetLine;
+using eForm = SnapshotHtmlReport::eForm;
 
 SnapshotRow row(const QString &title, const QStringList &texts)
 {
@@ -65,24 +66,24 @@ QList<SnapshotRow> rows(int columnCount)
 void tst_SnapshotHtmlReport::goldenFile_data()
 {
     QTest::addColumn<int>("columnCount");
-    QTest::addColumn<eCharsetLine>("charsetLine");
+    QTest::addColumn<eForm>("form");
     QTest::addColumn<QString>("header");
     const QString header = QStringLiteral("<h1>Änderungen</h1>");
-    QTest::newRow("report-1.html") << 1 << eCharsetLine::Without << QString();
-    QTest::newRow("report-2.html") << 2 << eCharsetLine::Without << header;
-    QTest::newRow("report-3.html") << 3 << eCharsetLine::Without << header;
-    QTest::newRow("report-2-file.html") << 2 << eCharsetLine::With << header;
+    QTest::newRow("report-1.html") << 1 << eForm::Report << QString();
+    QTest::newRow("report-2.html") << 2 << eForm::Report << header;
+    QTest::newRow("report-3.html") << 3 << eForm::Report << header;
+    QTest::newRow("report-2-file.html") << 2 << eForm::File << header;
 }
 
 void tst_SnapshotHtmlReport::goldenFile()
 {
     QFETCH(int, columnCount);
-    QFETCH(eCharsetLine, charsetLine);
+    QFETCH(eForm, form);
     QFETCH(QString, header);
     const QStringList titles {QStringLiteral("Parameter"), QStringLiteral("Vor<her>"),
         QStringLiteral("Nach&her"), QStringLiteral("Jetzt")};
     const QString document = SnapshotHtmlReport::document(
-        header, titles.first(columnCount + 1), rows(columnCount), charsetLine);
+        header, titles.first(columnCount + 1), rows(columnCount), form);
     QCOMPARE(document.toUtf8(), golden(QString::fromLatin1(QTest::currentDataTag())));
 }
 
@@ -105,8 +106,7 @@ void tst_SnapshotHtmlReport::escaping()
 {
     QFETCH(QString, text);
     QFETCH(QString, html);
-    QCOMPARE(SnapshotHtmlReport::document(
-                 text, {text, text}, {row(text, {text})}, eCharsetLine::Without),
+    QCOMPARE(SnapshotHtmlReport::document(text, {text, text}, {row(text, {text})}, eForm::Report),
         QStringLiteral("<html>\n<body>\n%1<br><br>\n<table border=\"1\" width=\"100%\">\n"
                        "<thead bgcolor=\"lightgrey\"><th  width=\"40%\">%1</th>\n"
                        "<th width=\"30%\">%2</th>\n</thead>"
@@ -114,10 +114,30 @@ void tst_SnapshotHtmlReport::escaping()
             .arg(text, html));
 }
 
+/// Names are escaped; the header is the host's own HTML.
+void tst_SnapshotHtmlReport::safeForm()
+{
+    const QString script = QStringLiteral("<script>alert(\"1\")</script>");
+    SnapshotRow parent = row(QStringLiteral("A00 ") + script, {});
+    parent.children = {row(QStringLiteral("A00[1] ") + script, {script})};
+    QCOMPARE(SnapshotHtmlReport::document(QStringLiteral("<h1>H</h1>"),
+                 {QStringLiteral("<b>P</b>"), script}, {parent}, eForm::Safe),
+        QStringLiteral("<html>\n<head>\n<meta charset=\"UTF-8\">\n"
+                       "<meta http-equiv=\"Content-Security-Policy\" "
+                       "content=\"default-src 'none'\">\n</head>\n"
+                       "<body>\n<h1>H</h1><br><br>\n<table border=\"1\" width=\"100%\">\n"
+                       "<thead bgcolor=\"lightgrey\"><th  width=\"40%\">&lt;b&gt;P&lt;/b&gt;</th>\n"
+                       "<th width=\"30%\">%1</th>\n</thead>"
+                       "<tr><td>A00 %1</td>\n<td></td>\n</tr>"
+                       "<tr><td>&nbsp;&nbsp;A00[1] %1</td>\n<td>%1</td>\n</tr>"
+                       "</table></body>\n</html>\n")
+            .arg(QStringLiteral("&lt;script&gt;alert(&quot;1&quot;)&lt;/script&gt;")));
+}
+
 void tst_SnapshotHtmlReport::withoutRows()
 {
-    QCOMPARE(SnapshotHtmlReport::document(
-                 QStringLiteral("H"), {QStringLiteral("P")}, {}, eCharsetLine::With),
+    QCOMPARE(
+        SnapshotHtmlReport::document(QStringLiteral("H"), {QStringLiteral("P")}, {}, eForm::File),
         QStringLiteral("<html>\n<meta charset=\"UTF-8\"><body>\nH<br><br>\n"
                        "<table border=\"1\" width=\"100%\">\n<thead bgcolor=\"lightgrey\">"
                        "<th  width=\"40%\">P</th>\n</thead></table></body>\n</html>\n"));
@@ -125,7 +145,7 @@ void tst_SnapshotHtmlReport::withoutRows()
 
 void tst_SnapshotHtmlReport::withoutColumns()
 {
-    QCOMPARE(SnapshotHtmlReport::document(QString(), {}, {}, eCharsetLine::Without),
+    QCOMPARE(SnapshotHtmlReport::document(QString(), {}, {}, eForm::Report),
         QStringLiteral("<html>\n<body>\n<br><br>\n<table border=\"1\" width=\"100%\">\n"
                        "<thead bgcolor=\"lightgrey\"><th  width=\"40%\"></th>\n"
                        "</thead></table></body>\n</html>\n"));

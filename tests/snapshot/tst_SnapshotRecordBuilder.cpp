@@ -43,6 +43,8 @@ private Q_SLOTS:
     void filterSeesEveryPlaceOnce();
 
     void namesAndUnitsAreAskedOnce();
+    void displayTextIsAskedForWhereItMayBeMasked_data();
+    void displayTextIsAskedForWhereItMayBeMasked();
     void equalTextsAreShared();
     void equalLayoutsAndUnitsAreShared();
     void parameterGoesAwayMeanwhile();
@@ -421,6 +423,33 @@ void tst_SnapshotRecordBuilder::namesAndUnitsAreAskedOnce()
     QCOMPARE(information->elementNameCount, 2);
     // Two elements, two units each, whatever the number of living spaces.
     QCOMPARE(information->unitCount, 4);
+}
+
+void tst_SnapshotRecordBuilder::displayTextIsAskedForWhereItMayBeMasked_data()
+{
+    QTest::addColumn<int>("writeLevel");
+    QTest::addColumn<QString>("display");
+    QTest::addColumn<int>("displayCount");
+    QTest::newRow("level 5: from the value text") << 5 << QStringLiteral("prepared") << 0;
+    QTest::newRow("level 6: the masked text") << 6 << QStringLiteral("<offline>") << 1;
+    QTest::newRow("level 7: the masked text") << 7 << QStringLiteral("<offline>") << 1;
+    QTest::newRow("no level") << -1 << QStringLiteral("prepared") << 0;
+}
+
+void tst_SnapshotRecordBuilder::displayTextIsAskedForWhereItMayBeMasked()
+{
+    QFETCH(int, writeLevel);
+    QFETCH(QString, display);
+    QFETCH(int, displayCount);
+    FakeParameterInformation information(QStringLiteral("A00"));
+    information.setValue(
+        Global, 0, {QStringLiteral("<offline>"), QStringLiteral("1500"), QStringLiteral("1.5")});
+    information.preparedTexts = {{QStringLiteral("1.5"), QStringLiteral("prepared")}};
+    information.writeLevels = {{0, writeLevel}};
+    const auto record = frozen(information);
+    QVERIFY(record);
+    QCOMPARE(record->value(Global, 0).display, display);
+    QCOMPARE(information.displayCount, displayCount);
 }
 
 void tst_SnapshotRecordBuilder::equalTextsAreShared()

@@ -16,10 +16,12 @@ private Q_SLOTS:
     void goldenFile();
     void selection_data();
     void selection();
+    void longFile();
     void replacesAnEarlierFile();
     void cannotBeOpened_data();
     void cannotBeOpened();
     void fullDisk();
+    void removedWhileOpen();
 
 private:
     QByteArray exported(
@@ -148,6 +150,30 @@ void tst_SnapshotTextExport::selection()
     QCOMPARE(exported(texts, livingSpaces), Begin + lines);
 }
 
+/// Longer than any piece in which lines are written, with characters of several bytes.
+void tst_SnapshotTextExport::longFile()
+{
+    constexpr int Count = 5000;
+    const QString unit = QString(30, QChar(0x20AC));
+    SnapshotRecordBuilder builder({Global}, nullptr);
+    SnapshotRecords records;
+    QByteArray expected = Begin;
+    for (int i = 0; i < Count; ++i) {
+        const ParameterCoordinate coordinate(quint16(i / 1000 + 1), quint16(i % 1000));
+        FakeParameterInformation information(coordinate.toText(), QStringLiteral("Name"));
+        information.setUnits(unit, QString());
+        information.setValue(Global, 0, QString::number(i));
+        records.insert(coordinate, *builder.build(&information));
+        expected += '"' + coordinate.toText().toLatin1() + "\";\"Name\";\"" + QByteArray::number(i)
+            + ' ' + unit.toUtf8() + "\"\n";
+    }
+    const QString fileName = m_directory.filePath(QStringLiteral("long.txt"));
+    QVERIFY(SnapshotTextExport::write(fileName, records, records.keys(), {Global}));
+    QFile file(fileName);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), expected);
+}
+
 void tst_SnapshotTextExport::replacesAnEarlierFile()
 {
     QVERIFY(exported({QStringLiteral("A00"), QStringLiteral("A12")}, AllSpaces).size() > 100);
@@ -160,6 +186,7 @@ void tst_SnapshotTextExport::cannotBeOpened_data()
     QTest::newRow("no name") << QString();
     QTest::newRow("folder is missing") << m_directory.filePath(QStringLiteral("missing/a.txt"));
     QTest::newRow("is a folder") << m_directory.path();
+    QTest::newRow("folder in which nobody may write") << QStringLiteral("/proc/export.txt");
 }
 
 void tst_SnapshotTextExport::cannotBeOpened()
@@ -178,6 +205,20 @@ void tst_SnapshotTextExport::fullDisk()
         return;
     QVERIFY(SnapshotTextExport::write(
         fullDevice, m_records, coordinates({QStringLiteral("A00")}), AllSpaces));
+}
+
+/// The place of a file that is gone while it is open is still written to.
+void tst_SnapshotTextExport::removedWhileOpen()
+{
+    QFile removed(m_directory.filePath(QStringLiteral("removed.txt")));
+    QVERIFY(removed.open(QIODevice::ReadWrite));
+    const QString open = QStringLiteral("/proc/self/fd/%1").arg(removed.handle());
+    if (!QFile::exists(open))
+        return;
+    QVERIFY(QFile::remove(removed.fileName()));
+    QVERIFY(SnapshotTextExport::write(
+        open, m_records, coordinates({QStringLiteral("B03")}), AllSpaces));
+    QVERIFY(!QFile::exists(removed.fileName()));
 }
 
 QTEST_GUILESS_MAIN(tst_SnapshotTextExport)

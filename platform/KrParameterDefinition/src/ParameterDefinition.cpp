@@ -106,5 +106,8 @@ bool ParameterDefinition::isSameParameter(const ParameterDefinition *other) cons
 
 qsizetype ParameterDefinition::recordPosition(quint16 element) const
 {
+    // Most records count their elements from 0 without a gap.
+    if (element < m_content.elements.size() && m_content.elements.at(element).number == element)
+        return element;
     return m_positions.value(element, Nowhere);
 }

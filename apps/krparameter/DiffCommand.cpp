@@ -1,0 +1,124 @@
+#include "apps/krparameter/DiffCommand.h"
+
+#include "apps/host/Rfc4180Text.h"
+#include "apps/host/SnapshotDifference.h"
+#include "apps/krparameter/CommandLine.h"
+#include "apps/krparameter/CommonOptions.h"
+#include "apps/krparameter/Console.h"
+#include "apps/krparameter/Session.h"
+#include "apps/krparameter/SnapshotSource.h"
+#include "apps/krparameter/ValueView.h"
+
+#include <KrParameterInstance/ParameterValueSnapshot.h>
+#include <KrSystem/System.h>
+
+namespace {
+
+constexpr QLatin1StringView Csv("csv");
+
+QString textOf(const SnapshotDifference::Side &side)
+{
+    if (!side.isHeld)
+        return DiffCommand::tr("<nicht vorhanden>");
+    if (!side.isReadable)
+        return DiffCommand::tr("<nicht lesbar>");
+    return ValueView::singleLine(side.display);
+}
+
+/// Null where the side lacks the value; without texts where this user may not read it.
+QJsonValue jsonOf(const SnapshotDifference::Side &side)
+{
+    if (!side.isHeld)
+        return QJsonValue::Null;
+    if (!side.isReadable)
+        return QJsonObject {{QStringLiteral("readable"), false}};
+    return QJsonObject {{QStringLiteral("display"), side.display},
+        {QStringLiteral("value"), side.value}, {QStringLiteral("native"), side.native}};
+}
+
+void writeText(const QList<SnapshotDifference> &differences, Console &console)
+{
+    for (const SnapshotDifference &difference : differences) {
+        console.writeLine(QStringLiteral("%1  %2: %3 -> %4")
+                              .arg(difference.address, ValueView::singleLine(difference.name),
+                                  textOf(difference.left), textOf(difference.right)));
+    }
+}
+
+void writeJson(const QList<SnapshotDifference> &differences, Console &console)
+{
+    for (const SnapshotDifference &difference : differences) {
+        console.writeLine(QJsonObject {{QStringLiteral("address"), difference.address},
+            {QStringLiteral("name"), difference.name},
+            {QStringLiteral("left"), jsonOf(difference.left)},
+            {QStringLiteral("right"), jsonOf(difference.right)}});
+    }
+}
+
+void writeCsv(const QList<SnapshotDifference> &differences, Console &console)
+{
+    const auto write = [&console](const QStringList &fields) {
+        console.write(QString::fromUtf8(Rfc4180Text::row(fields)));
+    };
+    write({QStringLiteral("address"), QStringLiteral("name"), QStringLiteral("left"),
+        QStringLiteral("right"), QStringLiteral("leftNative"), QStringLiteral("rightNative")});
+    for (const SnapshotDifference &difference : differences) {
+        write({difference.address, difference.name, difference.left.display,
+            difference.right.display, difference.left.native, difference.right.native});
+    }
+}
+
+} // namespace
+
+QString DiffCommand::details() const
+{
+    return tr("A und B sind Projektordner oder Dateien von snapshot; ein --project gilt als A. "
+              "Ohne B\n"
+              "wird mit den Defaultwerten des Geräts verglichen, die dann links stehen. Ein Wert "
+              "gilt\n"
+              "als verschieden, wenn sich Anzeigetext und nativer Text unterscheiden. "
+              "Rückgabewert\n"
+              "1, wo es Unterschiede gibt.\n")
+        + SnapshotSource::filterDetails();
+}
+
+QList<Option> DiffCommand::options() const
+{
+    return {
+        SnapshotSource::filterOption(), {Csv, {}, tr("Ausgabe als Tabelle mit Kommas (RFC 4180)")}};
+}
+
+QStringList DiffCommand::unusedOptions() const
+{
+    return {OptionName::Axis, OptionName::AllowLoss};
+}
+
+eExitCode DiffCommand::run(const CommandLine &line, Console &console)
+{
+    Session session(line, console);
+    SnapshotSource source(line, console);
+    const QStringList paths = source.paths();
+    if (paths.isEmpty() || paths.size() > 2) {
+        return session.fail(
+            eExitCode::Usage, tr("diff braucht ein oder zwei Projekte oder Snapshots"));
+    }
+    if (line.has(Csv) && line.has(OptionName::Json))
+        return session.fail(eExitCode::Usage, tr("--csv und --json schließen sich aus"));
+    eExitCode code = source.open();
+    if (code == eExitCode::Good && paths.size() == 1)
+        code = source.freezeDefaults();
+    if (code == eExitCode::Good)
+        code = source.freeze(paths);
+    if (code != eExitCode::Good)
+        return code;
+    const QList<SnapshotDifference> differences =
+        SnapshotDifference::between(*source.snapshots().front().snapshot,
+            *source.snapshots().back().snapshot, System::information()->userAccessLevel());
+    if (line.has(OptionName::Json))
+        writeJson(differences, console);
+    else if (line.has(Csv))
+        writeCsv(differences, console);
+    else
+        writeText(differences, console);
+    return differences.isEmpty() ? eExitCode::Good : eExitCode::Differences;
+}

@@ -1,0 +1,55 @@
+#include "apps/krparameter/SnapshotCommand.h"
+
+#include "apps/host/SnapshotFile.h"
+#include "apps/krparameter/CommandLine.h"
+#include "apps/krparameter/CommonOptions.h"
+#include "apps/krparameter/Console.h"
+#include "apps/krparameter/Session.h"
+#include "apps/krparameter/SnapshotSource.h"
+
+#include <KrParameterInstance/ParameterValueSnapshot.h>
+
+QString SnapshotCommand::details() const
+{
+    return tr("Schreibt die Texte aller Werte, so wie sie jetzt gelten, in eine Datei, die diff,\n"
+              "export und report wie ein Projekt lesen. Sie braucht dann kein Gerät mehr.\n")
+        + SnapshotSource::filterDetails();
+}
+
+QList<Option> SnapshotCommand::options() const
+{
+    return {{OptionName::Output, tr("DATEI"), tr("Datei, die geschrieben wird; sonst die Ausgabe"),
+                u'o'},
+        SnapshotSource::filterOption()};
+}
+
+QStringList SnapshotCommand::unusedOptions() const
+{
+    return {OptionName::Axis, OptionName::AllowLoss};
+}
+
+eExitCode SnapshotCommand::run(const CommandLine &line, Console &console)
+{
+    Session session(line, console);
+    if (!line.arguments().isEmpty())
+        return session.fail(eExitCode::Usage, tr("snapshot nimmt keine Argumente"));
+    SnapshotSource source(line, console);
+    eExitCode code = source.open();
+    if (code == eExitCode::Good && line.has(OptionName::Project))
+        code = source.freeze(source.paths());
+    else if (code == eExitCode::Good)
+        code = source.freezeDefaults();
+    if (code != eExitCode::Good)
+        return code;
+    ParameterValueSnapshot &snapshot = *source.snapshots().front().snapshot;
+    if (!line.has(OptionName::Output)) {
+        console.write(QString::fromUtf8(snapshot.toJson()));
+        return eExitCode::Good;
+    }
+    const QString fileName = line.value(OptionName::Output);
+    if (const QString error = SnapshotFile::write(fileName, snapshot); !error.isEmpty())
+        return session.fail(eExitCode::WriteFailed, error);
+    console.report(
+        tr("%1: %2 Parameter eingefroren").arg(fileName).arg(snapshot.parameterList().size()));
+    return eExitCode::Good;
+}

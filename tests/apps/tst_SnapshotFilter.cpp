@@ -1,0 +1,233 @@
+#include "apps/host/DriveProject.h"
+
+#include <KrFilter/Filter.h>
+#include <KrFilter/FilterElement.h>
+#include <KrParameterInstance/ParameterSetup.h>
+#include <KrParameterInstance/ParameterValueSnapshot.h>
+
+#include <QtTest/QtTest>
+
+#include <limits>
+
+/// What a filter hears of a shipped drive: every property by its name, in four conversions.
+class tst_SnapshotFilter : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void property_data();
+    void property();
+    void everyNameIsAsked();
+    void unknownNames_data();
+    void unknownNames();
+
+private:
+    std::unique_ptr<DriveProject> m_project;
+};
+
+namespace {
+
+struct Row {
+    const char *address;
+    const char *name;
+    const char *text;
+    quint32 unsignedNumber;
+    qint32 signedNumber;
+    double real;
+};
+
+/// The element 2.H05[2] holds 123.5 in the unit of axis 2; its read level was changed.
+constexpr Row Rows[] = {
+    {"2.H005[00002]", "PrereadFunctionIndex", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "PrewriteFunctionIndex", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "PostwriteFunctionIndex", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "PostreadFunctionIndex", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "HidingFunctionIndex", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "ReadLevel", "3", 3U, 3, 3.0},
+    {"2.H005[00002]", "WriteLevel", "2", 2U, 2, 2.0},
+    {"2.H005[00002]", "LimitFunctionIndex", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "LowerLimitValue", "-2147483648", 0U, std::numeric_limits<qint32>::min(),
+        -2147483648.0},
+    {"2.H005[00002]", "UpperLimitValue", "2147483647", 2147483647U, 2147483647, 2147483647.0},
+    {"2.H005[00002]", "MemoryAllocation", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "ParameterKind", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "EnableOffRequired", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "ProcessDataMappable", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "AutomaticOnlineUpdate", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "NoWrite", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "Datatype", "3", 3U, 3, 3.0},
+    {"2.H005[00002]", "ChoiceMap", "", 0U, 0, 0.0},
+    {"2.H005[00002]", "ScaledMeasuringUnit", "<localAxis:E12>", 0U, 0, 0.0},
+    {"2.H005[00002]", "NativeMeasuringUnit", "Inkremente", 0U, 0, 0.0},
+    {"2.H005[00002]", "ScalingFactor", "0.001", 0U, 0, 0.0010000000474974513},
+    {"2.H005[00002]", "ScalingFunctionIndex", "1", 1U, 1, 1.0},
+    {"2.H005[00002]", "FullScaleValue", "", 0U, 0, 0.0},
+    {"2.H005[00002]", "DecimalPlacesBehind", "3", 3U, 3, 3.0},
+    {"2.H005[00002]", "DecimalPlacesSignificant", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "EditStartStepSize", "", 0U, 0, 0.0},
+    {"2.H005[00002]", "FieldbusMeasuringUnit", "<localAxis:E12>", 0U, 0, 0.0},
+    {"2.H005[00002]", "FieldbusScalingFactor", "0.001", 0U, 0, 0.0010000000474974513},
+    {"2.H005[00002]", "FieldbusDecimalPlacesBehind", "3", 3U, 3, 3.0},
+    {"2.H005[00002]", "AdditionalReadTimeout", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "AdditionalWriteTimeout", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "CyclicOnlineUpdateRate", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "LimitDependency", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "ScalingDependency", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "PostwriteDependency", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "PrereadDependency", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "PostreadDependency", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "PrewriteDependency", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "HidingDependency", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "MeasuringUnitDependency", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "IsScopeChoice", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "ChoiceMapCommonTextIndex", "", 0U, 0, 0.0},
+    {"2.H005[00002]", "ScaledMeasuringUnitCommonTextIndex", "", 0U, 0, 0.0},
+    {"2.H005[00002]", "NativeMeasuringUnitCommonTextIndex", "", 0U, 0, 0.0},
+    {"2.H005[00002]", "FieldbusMeasuringUnitCommonTextIndex", "", 0U, 0, 0.0},
+    {"2.H005[00002]", "OnlineOrder", "8", 8U, 8, 8.0},
+    {"2.H005[00002]", "IsSimpleParameter", "0", 0U, 0, 0.0},
+    {"2.H005[00002]", "IsRecordParameter", "1", 1U, 1, 1.0},
+    {"2.H005[00002]", "LivingSpace", "1;2", 0U, 0, 0.0},
+    {"2.H005[00002]", "Coordinate", "H05", 0U, 0, 0.0},
+    {"2.H005[00002]", "Address", "2.H005[00002]", 0U, 0, 0.0},
+    {"2.H005[00002]", "Name", "Software-Endschalter", 0U, 0, 0.0},
+    {"2.H005[00002]", "ElementCount", "2", 2U, 2, 2.0},
+    {"2.H005[00002]", "ElementName", "Obere Grenze", 0U, 0, 0.0},
+    {"2.H005[00002]", "ValueNative", "123500", 123500U, 123500, 123500.0},
+    {"2.H005[00002]", "ValueScaled", "123.500", 0U, 0, 123.5},
+    {"2.H005[00002]", "DefaultvalueNative", "500000", 500000U, 500000, 500000.0},
+    {"2.H005[00002]", "DefaultvalueScaled", "500.000", 0U, 0, 500.0},
+    {"2.H005[00002]", "ChangeTagValue", "da_2026", 0U, 0, 0.0},
+    {"2.H005[00002]", "ChangeTagDefaultValue", "da_2026", 0U, 0, 0.0},
+    {"2.H005[00002]", "ChangeTagReadLevel", "da_level", 0U, 0, 0.0},
+    {"2.H005[00002]", "ChangeTagWriteLevel", "", 0U, 0, 0.0},
+    {"1.M004[00001]", "PrereadFunctionIndex", "1", 1U, 1, 1.0},
+    {"1.H001[00000]", "PrewriteFunctionIndex", "1", 1U, 1, 1.0},
+    {"1.E011[00000]", "PostwriteFunctionIndex", "1", 1U, 1, 1.0},
+    {"1.C004[00000]", "PostreadFunctionIndex", "1", 1U, 1, 1.0},
+    {"1.D020[00000]", "HidingFunctionIndex", "2", 2U, 2, 2.0},
+    {"1.H000[00000]", "LimitFunctionIndex", "1", 1U, 1, 1.0},
+    {"1.B001[00000]", "LimitDependency", "1", 1U, 1, 1.0},
+    {"1.E011[00000]", "ScalingDependency", "1", 1U, 1, 1.0},
+    {"1.E011[00000]", "PostwriteDependency", "1", 1U, 1, 1.0},
+    {"1.C004[00000]", "PostreadDependency", "1", 1U, 1, 1.0},
+    {"1.B001[00000]", "PrewriteDependency", "1", 1U, 1, 1.0},
+    {"1.E010[00000]", "HidingDependency", "2", 2U, 2, 2.0},
+    {"1.E012[00000]", "MeasuringUnitDependency", "1", 1U, 1, 1.0},
+    {"1.H000[00000]", "EditStartStepSize", "100", 100U, 100, 100.0},
+    {"1.N007[00000]", "CyclicOnlineUpdateRate", "1000", 1000U, 1000, 1000.0},
+    {"1.D022[00000]", "FullScaleValue", "16384", 16384U, 16384, 16384.0},
+    {"1.A031[00000]", "AdditionalWriteTimeout", "3000", 3000U, 3000, 3000.0},
+    {"1.B030[00000]", "IsScopeChoice", "1", 1U, 1, 1.0},
+    {"1.B029[00000]", "NoWrite", "1", 1U, 1, 1.0},
+    {"1.D010[00000]", "AutomaticOnlineUpdate", "1", 1U, 1, 1.0},
+    {"1.C025[00000]", "MemoryAllocation", "1", 1U, 1, 1.0},
+    {"1.B016[00000]", "ParameterKind", "1", 1U, 1, 1.0},
+    {"1.B016[00000]", "EnableOffRequired", "1", 1U, 1, 1.0},
+    {"1.B016[00000]", "IsSimpleParameter", "1", 1U, 1, 1.0},
+    {"1.B016[00000]", "DefaultvalueScaled", "0: Rechtsdrehend positiv", 0U, 0, 0.0},
+    {"1.A020[00000]", "LivingSpace", "0", 0U, 0, 0.0},
+};
+
+/// Asks one element for one property.
+class Question final : public Filter {
+public:
+    Question(const QString &address, const QString &name)
+        : m_address(address)
+        , m_name(name)
+    {
+    }
+
+    bool testElement(const FilterElement &element) const override
+    {
+        if (element.stringProperty(QStringLiteral("Address")) != m_address)
+            return false;
+        ++askedCount;
+        text = element.stringProperty(m_name);
+        unsignedNumber = element.uint32Property(m_name);
+        signedNumber = element.int32Property(m_name);
+        real = element.doubleProperty(m_name);
+        return true;
+    }
+
+    mutable int askedCount = 0;
+    mutable QString text;
+    mutable quint32 unsignedNumber = 0;
+    mutable qint32 signedNumber = 0;
+    mutable double real = 0.0;
+
+private:
+    QString m_address;
+    QString m_name;
+};
+
+} // namespace
+
+void tst_SnapshotFilter::initTestCase()
+{
+    QString error;
+    m_project = DriveProject::open(QFINDTESTDATA("../../devices/two-axis-drive.json"), error);
+    QVERIFY2(m_project, qPrintable(error));
+    ParameterContainer &container = m_project->container();
+    const ParameterCoordinate coordinate(QStringLiteral("H05"));
+    container.setParameterChangeTag(QStringLiteral("da_level"));
+    container.parameterSetup(coordinate)
+        ->setProperty(2, eParameterProperty::ReadLevel, ParameterProperty(3));
+    container.setParameterChangeTag(QStringLiteral("da_2026"));
+    container.writeValue(eLivingSpace::Axis2, coordinate, 2, QStringLiteral("123.5"));
+}
+
+void tst_SnapshotFilter::property_data()
+{
+    QTest::addColumn<int>("index");
+    for (size_t i = 0; i < std::size(Rows); ++i)
+        QTest::addRow("%s of %s", Rows[i].name, Rows[i].address) << int(i);
+}
+
+void tst_SnapshotFilter::property()
+{
+    QFETCH(int, index);
+    const Row &row = Rows[index];
+    const Question question(QString::fromLatin1(row.address), QString::fromLatin1(row.name));
+    ParameterValueSnapshot snapshot(&m_project->container());
+    snapshot.apply(question);
+    QCOMPARE(question.askedCount, 1);
+    QCOMPARE(question.text, QString::fromUtf8(row.text));
+    QCOMPARE(question.unsignedNumber, row.unsignedNumber);
+    QCOMPARE(question.signedNumber, row.signedNumber);
+    QCOMPARE(question.real, row.real);
+}
+
+void tst_SnapshotFilter::everyNameIsAsked()
+{
+    QStringList names;
+    for (const Row &row : Rows) {
+        if (!names.contains(QString::fromLatin1(row.name)))
+            names.append(QString::fromLatin1(row.name));
+    }
+    QCOMPARE(names.size(), 62);
+    QCOMPARE(ParameterValueSnapshot::filterPropertyNames(), names);
+}
+
+void tst_SnapshotFilter::unknownNames_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("unknown") << QStringLiteral("Colour");
+    QTest::newRow("empty") << QString();
+    QTest::newRow("differs in case") << QStringLiteral("valuenative");
+}
+
+void tst_SnapshotFilter::unknownNames()
+{
+    QFETCH(QString, name);
+    const Question question(QStringLiteral("2.H005[00002]"), name);
+    ParameterValueSnapshot snapshot(&m_project->container());
+    snapshot.apply(question);
+    QCOMPARE(question.text, QStringLiteral("H05"));
+    QCOMPARE(question.unsignedNumber, 0U);
+    QCOMPARE(question.signedNumber, 0);
+    QCOMPARE(question.real, 0.0);
+}
+
+QTEST_GUILESS_MAIN(tst_SnapshotFilter)
+#include "tst_SnapshotFilter.moc"
