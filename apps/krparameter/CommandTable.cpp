@@ -6,7 +6,9 @@
 #include "apps/krparameter/ImportEdsCommand.h"
 #include "apps/krparameter/InfoCommand.h"
 #include "apps/krparameter/ListCommand.h"
+#include "apps/krparameter/OnlineCommand.h"
 #include "apps/krparameter/SetCommand.h"
+#include "apps/krparameter/SimulateCommand.h"
 
 #include <algorithm>
 
@@ -16,6 +18,8 @@ CommandTable::CommandTable()
     m_commands.push_back(std::make_unique<ListCommand>());
     m_commands.push_back(std::make_unique<GetCommand>());
     m_commands.push_back(std::make_unique<SetCommand>());
+    m_commands.push_back(std::make_unique<OnlineCommand>());
+    m_commands.push_back(std::make_unique<SimulateCommand>());
     m_commands.push_back(std::make_unique<ImportEdsCommand>());
     m_commands.push_back(std::make_unique<DemoCommand>());
 }
