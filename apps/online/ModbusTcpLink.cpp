@@ -26,6 +26,21 @@ QString refusalText(QModbusPdu::ExceptionCode code)
     }
 }
 
+/// Counts for as long as it lives, also where the link goes meanwhile.
+class Telling {
+public:
+    explicit Telling(std::shared_ptr<int> depth)
+        : m_depth(std::move(depth))
+    {
+        ++*m_depth;
+    }
+    ~Telling() { --*m_depth; }
+    Q_DISABLE_COPY_MOVE(Telling)
+
+private:
+    const std::shared_ptr<int> m_depth;
+};
+
 QModbusDataUnit dataUnit(const RegisterSpan &span)
 {
     return QModbusDataUnit(QModbusDataUnit::HoldingRegisters, span.first, span.count);
@@ -49,13 +64,18 @@ ModbusTcpLink::~ModbusTcpLink()
 void ModbusTcpLink::open()
 {
     close();
-    m_client = new QModbusTcpClient(this);
-    m_client->setTimeout(NoTimeout);
-    m_client->setNumberOfRetries(0);
-    m_client->setConnectionParameter(QModbusDevice::NetworkAddressParameter, m_host);
-    m_client->setConnectionParameter(QModbusDevice::NetworkPortParameter, m_port);
-    connect(m_client, &QModbusDevice::stateChanged, this, &ModbusTcpLink::onStateChanged);
-    if (!m_client->connectDevice())
+    // It may have gone from m_client before the call is over.
+    auto *const client = new QModbusTcpClient;
+    m_client = client;
+    client->setTimeout(NoTimeout);
+    client->setNumberOfRetries(0);
+    client->setConnectionParameter(QModbusDevice::NetworkAddressParameter, m_host);
+    client->setConnectionParameter(QModbusDevice::NetworkPortParameter, m_port);
+    connect(client, &QModbusDevice::stateChanged, this, [this](QModbusDevice::State state) {
+        const Telling telling(m_telling);
+        onStateChanged(state);
+    });
+    if (!client->connectDevice())
         onStateChanged(QModbusDevice::UnconnectedState);
 }
 
@@ -67,7 +87,10 @@ void ModbusTcpLink::close()
     for (const quint32 ticket : tickets)
         forget(ticket);
     m_client->disconnect(this);
-    m_client->deleteLater();
+    if (*m_telling > 0)
+        m_client->deleteLater();
+    else
+        delete m_client;
     m_client.clear();
 }
 
@@ -121,6 +144,8 @@ void ModbusTcpLink::onFinished(quint32 ticket, QModbusReply *reply)
 
 void ModbusTcpLink::onStateChanged(QModbusDevice::State state)
 {
+    if (!m_client)
+        return;
     if (state == QModbusDevice::ConnectedState) {
         // Requests are small; held back until an acknowledgement they would take 40 ms each.
         if (auto *socket = qobject_cast<QAbstractSocket *>(m_client->device()))

@@ -7,6 +7,8 @@
 #include <QtCore/QString>
 #include <QtSerialBus/QModbusTcpClient>
 
+#include <memory>
+
 class QModbusReply;
 
 /// The line as Modbus TCP: values in the holding registers of the units.
@@ -31,8 +33,9 @@ private:
 
     const QString m_host;
     const quint16 m_port;
-    /// One for each opening, so that nothing of the last line is left; null while closed. Goes at the
-    /// next turn of the loop, since it may be telling something just now.
+    /// One for each opening, so that nothing of the last line is left; null while closed.
     QPointer<QModbusTcpClient> m_client;
     QHash<quint32, QModbusReply *> m_replies;
+    /// How deep the client is in telling something: it must not go before it has finished.
+    std::shared_ptr<int> m_telling = std::make_shared<int>(0);
 };

@@ -34,6 +34,7 @@ quint32 RequestExchange::write(const RegisterSpan &span, const QList<quint16> &r
 
 void RequestExchange::clear()
 {
+    ++m_clearings;
     for (auto it = m_underWay.cbegin(); it != m_underWay.cend(); ++it)
         m_link.forget(it.key());
     m_requests.clear();
@@ -67,8 +68,8 @@ void RequestExchange::pump()
 void RequestExchange::send(Request &request, quint32 number)
 {
     const milliseconds now = m_clock.now();
-    if (request.firstSent < milliseconds(0))
-        request.firstSent = now;
+    if (request.failures == 0)
+        request.heardBefore = m_heard;
     --request.attemptsLeft;
     request.due = now + m_rules.answerSpan + request.additionalTime;
     request.ticket = ++m_lastTicket;
@@ -89,7 +90,7 @@ void RequestExchange::onAnswered(quint32 ticket, const OnlineAnswer &answer)
     m_requests[number].ticket = 0;
     const QPointer<RequestExchange> guard(this);
     if (answer.kind != OnlineAnswer::eKind::Lost)
-        m_lastHeard = m_clock.now();
+        ++m_heard;
     // The next one goes out first: the drive works on it while this answer is taken in.
     pump();
     if (answer.kind == OnlineAnswer::eKind::Good || answer.kind == OnlineAnswer::eKind::Refused)
@@ -154,11 +155,12 @@ void RequestExchange::fail(quint32 number, const OnlineAnswer &answer)
         return;
     }
     // A command is sent once; that its answer is missing says nothing about the line yet.
-    const bool isSilent = answer.kind == OnlineAnswer::eKind::Lost && m_lastHeard < found->firstSent
+    const bool isSilent = answer.kind == OnlineAnswer::eKind::Lost && m_heard == found->heardBefore
         && found->failures + 1 >= m_rules.attempts;
     const QPointer<RequestExchange> guard(this);
+    const quint32 clearing = m_clearings;
     finish(number, answer);
-    if (guard && isSilent)
+    if (guard && isSilent && m_clearings == clearing)
         Q_EMIT silent();
 }
 

@@ -50,7 +50,8 @@ private:
         milliseconds additionalTime {0};
         int attemptsLeft = 0;
         int failures = 0;
-        milliseconds firstSent {-1};
+        /// Answers that had come when it was sent first.
+        quint64 heardBefore = 0;
         /// Of the answer while under way, of the pause otherwise.
         milliseconds due {0};
         /// 0 while it is not under way.
@@ -78,8 +79,10 @@ private:
     QHash<quint32, quint32> m_underWay;
     /// Numbers of those that pause.
     QList<quint32> m_pausing;
-    /// Negative: nothing was heard yet.
-    milliseconds m_lastHeard {-1};
+    /// Answers that came, whatever they said.
+    quint64 m_heard = 0;
     quint32 m_lastNumber = 0;
     quint32 m_lastTicket = 0;
+    /// Whoever clears knows that the line is gone.
+    quint32 m_clearings = 0;
 };

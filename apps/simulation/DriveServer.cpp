@@ -58,6 +58,11 @@ bool DriveServer::open()
 {
     const QHostAddress address(connectionParameter(NetworkAddressParameter).toString());
     const auto port = quint16(connectionParameter(NetworkPortParameter).toUInt());
+    // Without an address the socket would be open to everybody.
+    if (address.isNull()) {
+        setError(tr("das ist keine IP-Adresse"), ConfigurationError);
+        return false;
+    }
     if (!m_server.listen(address, port)) {
         setError(m_server.errorString(), ConnectionError);
         return false;

@@ -18,7 +18,11 @@ public:
     };
 
     void open() override { ++openings; }
-    void close() override { ++closings; }
+    void close() override
+    {
+        ++closings;
+        sent.clear();
+    }
     void read(quint32 ticket, const RegisterSpan &span) override
     {
         sent.append({ticket, span, {}});

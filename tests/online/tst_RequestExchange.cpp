@@ -241,7 +241,7 @@ void tst_RequestExchange::survivesAListenerThatDropsEverything()
     s.exchange.read(Span, milliseconds(0));
     s.exchange.read(Span, milliseconds(0));
     s.clock.advance(10000);
-    QCOMPARE(s.outcomes, (QStringList {QStringLiteral("1 lost"), QStringLiteral("silent")}));
+    QCOMPARE(s.outcomes, QStringList {QStringLiteral("1 lost")});
 }
 
 void tst_RequestExchange::survivesAListenerThatDeletesIt()
