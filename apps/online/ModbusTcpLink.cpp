@@ -71,10 +71,7 @@ void ModbusTcpLink::open()
     client->setNumberOfRetries(0);
     client->setConnectionParameter(QModbusDevice::NetworkAddressParameter, m_host);
     client->setConnectionParameter(QModbusDevice::NetworkPortParameter, m_port);
-    connect(client, &QModbusDevice::stateChanged, this, [this](QModbusDevice::State state) {
-        const Telling telling(m_telling);
-        onStateChanged(state);
-    });
+    connect(client, &QModbusDevice::stateChanged, this, &ModbusTcpLink::onStateChanged);
     if (!client->connectDevice())
         onStateChanged(QModbusDevice::UnconnectedState);
 }
@@ -135,6 +132,7 @@ void ModbusTcpLink::await(quint32 ticket, QModbusReply *reply)
 
 void ModbusTcpLink::onFinished(quint32 ticket, QModbusReply *reply)
 {
+    const Telling telling(m_telling);
     m_replies.remove(ticket);
     reply->deleteLater();
     // A line that broke tells so itself.
@@ -146,6 +144,7 @@ void ModbusTcpLink::onStateChanged(QModbusDevice::State state)
 {
     if (!m_client)
         return;
+    const Telling telling(m_telling);
     if (state == QModbusDevice::ConnectedState) {
         // Requests are small; held back until an acknowledgement they would take 40 ms each.
         if (auto *socket = qobject_cast<QAbstractSocket *>(m_client->device()))
