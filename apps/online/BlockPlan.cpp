@@ -19,11 +19,13 @@ QList<qsizetype> BlockPlan::inOnlineOrder(const RegisterMap &map, QList<qsizetyp
 {
     const QList<MappedValue> &all = map.values();
     // Positions ascend by unit and register.
-    std::sort(values.begin(), values.end(), [&all](qsizetype a, qsizetype b) {
+    const auto comesBefore = [&all](qsizetype a, qsizetype b) {
         const quint32 orderA = all.at(a).onlineOrder;
         const quint32 orderB = all.at(b).onlineOrder;
         return orderA != orderB ? orderA < orderB : a < b;
-    });
+    };
+    if (!std::is_sorted(values.begin(), values.end(), comesBefore))
+        std::sort(values.begin(), values.end(), comesBefore);
     return values;
 }
 

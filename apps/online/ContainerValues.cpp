@@ -5,8 +5,7 @@
 
 #include <KrDatatype/SimpleType.h>
 #include <KrParameterInstance/ParameterContainer.h>
-
-#include <QtCore/QPointer>
+#include <KrParameterInstance/ParameterSetup.h>
 
 #include <utility>
 
@@ -22,6 +21,22 @@ bool areSameNumbers(const QString &a, const QString &b)
     const double first = a.toDouble(&isFirstNumber);
     const double second = b.toDouble(&isSecondNumber);
     return isFirstNumber && isSecondNumber && first == second;
+}
+
+bool isInteger(const SimpleType &type)
+{
+    return type.kind() == SimpleType::SignedInteger || type.kind() == SimpleType::UnsignedInteger;
+}
+
+QString integerText(const SimpleType &type, const QByteArray &bytes)
+{
+    quint64 number = 0;
+    for (const char byte : bytes)
+        number = number << 8 | quint8(byte);
+    if (type.kind() == SimpleType::UnsignedInteger)
+        return QString::number(number);
+    const int unused = 64 - 8 * int(type.sizeInBytes());
+    return QString::number(qint64(number << unused) >> unused);
 }
 
 } // namespace
@@ -47,13 +62,16 @@ QList<quint16> ContainerValues::registers(const MappedValue &value) const
     return RegisterBytes::fromBytes(bytes, *value.type);
 }
 
-bool ContainerValues::adopt(const MappedValue &value, const QByteArray &bytes)
+bool ContainerValues::adopt(
+    const MappedValue &value, const QByteArray &bytes, const QPointer<QObject> &guard)
 {
-    // A listener may ask for the next value of the drive to be stored, or end all this.
-    const QPointer<ContainerValues> guard(this);
+    // A listener may have the next value of the drive stored.
     const ParameterAddress outer = std::exchange(m_adopted, value.address);
     m_hasChanged = false;
-    m_container.setNativeValueBinary(value.address, bytes, BigEndian, FromDevice);
+    if (isInteger(*value.type))
+        adoptInteger(value, bytes);
+    else
+        m_container.setNativeValueBinary(value.address, bytes, BigEndian, FromDevice);
     if (!guard)
         return true;
     m_adopted = outer;
@@ -78,6 +96,19 @@ bool ContainerValues::isSame(const MappedValue &value, const QString &sent, cons
             && kept.count(u'0') - kept.first(sent.size()).count(u'0') == kept.size() - sent.size();
     }
     return false;
+}
+
+// Most of what a drive has are integers; they take the shorter of two ways that lead to the same.
+void ContainerValues::adoptInteger(const MappedValue &value, const QByteArray &bytes)
+{
+    const ValuePlace &place = value.place;
+    if (!m_parameter || m_coordinate != place.coordinate) {
+        m_parameter = m_container.parameterSetup(place.coordinate);
+        m_coordinate = place.coordinate;
+    }
+    if (m_parameter)
+        m_parameter->setOnlineValueText(
+            place.livingSpace, place.element, integerText(*value.type, bytes));
 }
 
 void ContainerValues::onChanged(const ParameterAddress &address)

@@ -2,12 +2,13 @@
 
 #include <KrParameterDefinition/ParameterAddress.h>
 
-#include <QtCore/QHash>
 #include <QtCore/QList>
+#include <QtCore/QMap>
 #include <QtCore/QSet>
 
 #include <chrono>
 #include <optional>
+#include <vector>
 
 class RegisterMap;
 
@@ -30,7 +31,7 @@ public:
 
     /// The addresses that the map lacks, in order.
     QList<ParameterAddress> unmapped() const;
-    bool contains(qsizetype value) const { return m_dues.contains(value); }
+    bool contains(qsizetype value) const;
     /// Positions in the map; they count as on their way until done() is told.
     QList<qsizetype> takeDue(milliseconds now);
     /// The value was read or not; the next read is due an interval later, or the value's own where
@@ -40,9 +41,21 @@ public:
     std::optional<milliseconds> nextDue() const;
 
 private:
+    enum class eStep { NotNeeded, Waiting, OnItsWay };
+
+    struct State {
+        eStep step = eStep::NotNeeded;
+        /// While waiting.
+        milliseconds due {0};
+    };
+
+    void wait(qsizetype value, milliseconds due);
+
     const milliseconds m_interval;
     const RegisterMap *m_map = nullptr;
     QSet<ParameterAddress> m_addresses;
-    /// Position to the time of the next read; none while it is on its way.
-    QHash<qsizetype, std::optional<milliseconds>> m_dues;
+    /// By position.
+    std::vector<State> m_states;
+    /// Time to the positions that wait for it, and to some that do no more.
+    QMap<milliseconds, QList<qsizetype>> m_dues;
 };

@@ -2,6 +2,7 @@
 
 #include "apps/online/OnlineClock.h"
 #include "apps/online/OnlineRules.h"
+#include "apps/online/RegisterBytes.h"
 #include "apps/online/RegisterMap.h"
 #include "apps/online/RequestExchange.h"
 
@@ -10,10 +11,10 @@
 
 #include <QtCore/QPointer>
 
-#include <algorithm>
 #include <utility>
 
 using eKind = OnlineOutcome::eKind;
+using std::chrono::milliseconds;
 
 OnlineCycle::OnlineCycle(ParameterContainer &container, RequestExchange &exchange,
     OnlineClock &clock, const OnlineRules &rules)
@@ -31,10 +32,12 @@ OnlineCycle::OnlineCycle(ParameterContainer &container, RequestExchange &exchang
     connect(&container, &ParameterProvider::parameterNeedsOnlineConsistenceOnce, this,
         &OnlineCycle::onNeededOnce);
     connect(&clock, &OnlineClock::rang, this, &OnlineCycle::onRang);
-    connect(&m_reader, &ValueReader::valueRead, this, &OnlineCycle::onValueRead);
-    connect(&m_reader, &ValueReader::valueFailed, this, &OnlineCycle::onValueFailed);
-    connect(&m_reader, &ValueReader::requestDone, this, &OnlineCycle::arm);
-    connect(&m_writer, &ValueWriter::finished, this, &OnlineCycle::finished);
+    connect(&m_reader, &ValueReader::blockRead, this, &OnlineCycle::onBlockRead);
+    connect(&m_reader, &ValueReader::blockFailed, this, &OnlineCycle::onBlockFailed);
+    connect(&m_writer, &ValueWriter::finished, this,
+        [this](qsizetype value, const OnlineOutcome &outcome) {
+            Q_EMIT finished({{value, outcome}});
+        });
 }
 
 void OnlineCycle::start(const RegisterMap &map)
@@ -42,6 +45,7 @@ void OnlineCycle::start(const RegisterMap &map)
     m_map = &map;
     m_reader.start(map);
     m_writer.start(map);
+    m_requests.assign(std::size_t(map.values().size()), Request());
     m_cyclic.setMap(&map, m_clock.now());
     arm();
     const QPointer<OnlineCycle> guard(this);
@@ -60,22 +64,22 @@ void OnlineCycle::stop(const QString &reason)
     m_reader.stop();
     m_cyclic.setMap(nullptr, m_clock.now());
     m_clock.clearAlarm(eOnlineAlarm::Cycle);
-    m_failed.clear();
-    QList<qsizetype> lost = m_writer.stop() + std::exchange(m_once, {}).values();
-    std::sort(lost.begin(), lost.end());
-    QList<MappedValue> lostValues;
-    for (const qsizetype value : std::as_const(lost))
-        lostValues.append(map->values().at(value));
+    const QList<qsizetype> writes = m_writer.stop();
+    const std::vector<Request> requests = std::exchange(m_requests, {});
+    QList<Ended> lost;
     QList<ValuePlace> waiting;
-    for (const qsizetype value : std::exchange(m_waitedFor, {})) {
-        ValuePlace place = map->values().at(value).place;
-        place.element = 0;
-        if (!waiting.contains(place))
+    for (qsizetype value = 0; value < map->values().size(); ++value) {
+        const Request &request = requests.at(std::size_t(value));
+        const MappedValue &mapped = map->values().at(value);
+        if (request.isOnce || writes.contains(value))
+            lost.append(ended(value, mapped, eKind::Lost, reason));
+        const ValuePlace place {mapped.place.coordinate, mapped.place.livingSpace, 0};
+        if (request.isWaitedFor && !waiting.contains(place))
             waiting.append(place);
     }
     const QPointer<OnlineCycle> guard(this);
-    for (qsizetype i = 0; i < lost.size() && guard; ++i)
-        report(lost.at(i), lostValues.at(i), eKind::Lost, reason);
+    if (!lost.isEmpty())
+        Q_EMIT finished(lost);
     for (const ValuePlace &place : std::as_const(waiting)) {
         if (guard)
             cancelWaiting(place);
@@ -85,7 +89,7 @@ void OnlineCycle::stop(const QString &reason)
 void OnlineCycle::read(const QList<qsizetype> &values)
 {
     for (const qsizetype value : values) {
-        m_once.insert(value);
+        m_requests[std::size_t(value)].isOnce = true;
         m_reader.want(value);
     }
     arm();
@@ -132,7 +136,7 @@ void OnlineCycle::onNeededOnce(const ParameterAddress &address)
         return;
     const qsizetype value = m_map->indexOf(address);
     if (value >= 0) {
-        m_waitedFor.insert(value);
+        m_requests[std::size_t(value)].isWaitedFor = true;
         read({value});
         return;
     }
@@ -152,38 +156,65 @@ void OnlineCycle::onRang(eOnlineAlarm alarm)
     arm();
 }
 
-void OnlineCycle::onValueRead(qsizetype value, const QByteArray &bytes, quint32 request)
+void OnlineCycle::onBlockRead(
+    const BlockPlan::Block &block, const QByteArray &bytes, quint32 request)
 {
-    const QPointer<OnlineCycle> guard(this);
-    const MappedValue &mapped = m_map->values().at(value);
-    bool hasChanged = false;
-    // What is being written, or was written meanwhile, is newer here than what was read.
-    if (!m_writer.isUnderWay(value) && request > m_writer.lastReadBack(value))
-        hasChanged = m_values.adopt(mapped, bytes);
-    if (!guard || !m_map)
+    const QPointer<QObject> guard(this);
+    const RegisterMap *const map = m_map;
+    const milliseconds now = m_clock.now();
+    QList<Ended> news;
+    news.reserve(block.values.size());
+    for (const qsizetype value : block.values) {
+        const MappedValue &mapped = map->values().at(value);
+        bool hasChanged = false;
+        // What is being written, or was written meanwhile, is newer here than what was read.
+        if (!m_writer.isUnderWay(value) && request > m_writer.lastReadBack(value)) {
+            hasChanged = m_values.adopt(mapped,
+                RegisterBytes::valueAt(bytes, mapped.span.first - block.span.first, *mapped.type),
+                guard);
+        }
+        // A run that was ended has reported the value already.
+        if (!guard || m_map != map)
+            break;
+        m_cyclic.done(value, now);
+        if (std::exchange(m_requests[std::size_t(value)], {}).isOnce)
+            news.append(ended(value, mapped, hasChanged ? eKind::Changed : eKind::Unchanged));
+    }
+    if (!guard)
         return;
-    m_cyclic.done(value, m_clock.now());
-    m_failed.remove(value);
-    m_waitedFor.remove(value);
-    if (m_once.remove(value))
-        report(value, mapped, hasChanged ? eKind::Changed : eKind::Unchanged);
+    arm();
+    if (!news.isEmpty())
+        Q_EMIT finished(news);
 }
 
-void OnlineCycle::onValueFailed(qsizetype value, const OnlineAnswer &answer)
+void OnlineCycle::onBlockFailed(const BlockPlan::Block &block, const OnlineAnswer &answer)
 {
-    const MappedValue mapped = m_map->values().at(value);
-    const bool isCyclic = m_cyclic.contains(value);
-    m_cyclic.done(value, m_clock.now());
-    const bool isNews = m_once.remove(value) || (isCyclic && !m_failed.contains(value));
-    if (isCyclic)
-        m_failed.insert(value);
-    const bool isWaitedFor = m_waitedFor.remove(value);
+    const milliseconds now = m_clock.now();
     const bool isRefused = answer.kind == OnlineAnswer::eKind::Refused;
+    QList<Ended> news;
+    QList<ValuePlace> waiting;
+    for (const qsizetype value : block.values) {
+        const MappedValue &mapped = m_map->values().at(value);
+        const bool isCyclic = m_cyclic.contains(value);
+        m_cyclic.done(value, now);
+        Request &request = m_requests[std::size_t(value)];
+        if (request.isOnce || (isCyclic && !request.hasFailed)) {
+            news.append(
+                ended(value, mapped, isRefused ? eKind::Refused : eKind::Lost, answer.reason));
+        }
+        const ValuePlace place {mapped.place.coordinate, mapped.place.livingSpace, 0};
+        if (request.isWaitedFor && !waiting.contains(place))
+            waiting.append(place);
+        request = {false, false, isCyclic};
+    }
     const QPointer<OnlineCycle> guard(this);
-    if (isNews)
-        report(value, mapped, isRefused ? eKind::Refused : eKind::Lost, answer.reason);
-    if (guard && isWaitedFor)
-        cancelWaiting(mapped.place);
+    arm();
+    if (!news.isEmpty())
+        Q_EMIT finished(news);
+    for (const ValuePlace &place : std::as_const(waiting)) {
+        if (guard)
+            cancelWaiting(place);
+    }
 }
 
 void OnlineCycle::arm()
@@ -207,26 +238,25 @@ ValuePlace OnlineCycle::placeOf(const ParameterAddress &address) const
 void OnlineCycle::reportUnmapped(const ParameterAddress &address)
 {
     const ValuePlace place = placeOf(address);
-    Q_EMIT finished(-1,
+    Q_EMIT finished({{-1,
         {place, address.toText(place.livingSpace == eLivingSpace::Global, true), eKind::Unmapped,
-            {}, {}, tr("der Antrieb hat kein Register dafür")});
+            {}, {}, tr("der Antrieb hat kein Register dafür")}}});
 }
 
 void OnlineCycle::cancelWaiting(const ValuePlace &place)
 {
     // Its other elements wait for nothing then.
-    if (m_map) {
-        m_waitedFor.removeIf([this, &place](qsizetype other) {
-            const ValuePlace &at = m_map->values().at(other).place;
-            return at.coordinate == place.coordinate && at.livingSpace == place.livingSpace;
-        });
+    for (std::size_t i = 0; m_map && i < m_requests.size(); ++i) {
+        const ValuePlace &other = m_map->values().at(qsizetype(i)).place;
+        if (other.coordinate == place.coordinate && other.livingSpace == place.livingSpace)
+            m_requests[i].isWaitedFor = false;
     }
     if (const auto parameter = m_container.parameterInformation(place.coordinate))
         parameter->cancelAllElementsConsistenceOnce(place.livingSpace);
 }
 
-void OnlineCycle::report(
-    qsizetype value, const MappedValue &mapped, OnlineOutcome::eKind kind, const QString &reason)
+OnlineCycle::Ended OnlineCycle::ended(
+    qsizetype value, const MappedValue &mapped, eKind kind, const QString &reason)
 {
-    Q_EMIT finished(value, {mapped.place, mapped.addressText, kind, {}, {}, reason});
+    return {value, {mapped.place, mapped.addressText, kind, {}, {}, reason}};
 }

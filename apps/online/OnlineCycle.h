@@ -8,7 +8,8 @@
 
 #include <QtCore/QList>
 #include <QtCore/QObject>
-#include <QtCore/QSet>
+
+#include <vector>
 
 class OnlineClock;
 class ParameterContainer;
@@ -21,6 +22,13 @@ class OnlineCycle : public QObject {
     Q_OBJECT
 
 public:
+    /// What came to its end.
+    struct Ended {
+        /// Position in the map; -1 for what has no register.
+        qsizetype value;
+        OnlineOutcome outcome;
+    };
+
     /// **Owner** the caller of all; they outlive the cycle.
     OnlineCycle(ParameterContainer &container, RequestExchange &exchange, OnlineClock &clock,
         const OnlineRules &rules);
@@ -37,24 +45,33 @@ public:
     void write(const QList<qsizetype> &values);
 
 Q_SIGNALS:
-    /// A value that was asked for once came or not, a write came to its end, a cyclic read failed
-    /// for the first time, or what is asked for has no register (`value` is -1 then).
-    void finished(qsizetype value, const OnlineOutcome &outcome);
+    /// Values that were asked for once came or not, writes came to their end, cyclic reads failed for
+    /// the first time, or what is asked for has no register.
+    void finished(const QList<OnlineCycle::Ended> &ended);
 
 private:
     void onChangedHere(const ParameterAddress &address);
     void onNeeded(const ParameterAddress &address, bool isNeeded);
     void onNeededOnce(const ParameterAddress &address);
     void onRang(eOnlineAlarm alarm);
-    void onValueRead(qsizetype value, const QByteArray &bytes, quint32 request);
-    void onValueFailed(qsizetype value, const OnlineAnswer &answer);
+    void onBlockRead(const BlockPlan::Block &block, const QByteArray &bytes, quint32 request);
+    void onBlockFailed(const BlockPlan::Block &block, const OnlineAnswer &answer);
     void arm();
     ValuePlace placeOf(const ParameterAddress &address) const;
     void reportUnmapped(const ParameterAddress &address);
     /// Tells a parameter that waits for all its elements that one does not come.
     void cancelWaiting(const ValuePlace &place);
-    void report(qsizetype value, const MappedValue &mapped, OnlineOutcome::eKind kind,
+    static Ended ended(qsizetype value, const MappedValue &mapped, OnlineOutcome::eKind kind,
         const QString &reason = {});
+
+    struct Request {
+        /// Asked for once, by whomever.
+        bool isOnce = false;
+        /// Asked for by a parameter that waits for all its elements.
+        bool isWaitedFor = false;
+        /// The cyclic read failed and was reported.
+        bool hasFailed = false;
+    };
 
     ParameterContainer &m_container;
     RequestExchange &m_exchange;
@@ -65,10 +82,6 @@ private:
     CyclicNeeds m_cyclic;
     /// Null while stopped.
     const RegisterMap *m_map = nullptr;
-    /// Positions asked for once, by whomever.
-    QSet<qsizetype> m_once;
-    /// Positions asked for by parameters that wait for all their elements.
-    QSet<qsizetype> m_waitedFor;
-    /// Positions whose cyclic read failed and was reported.
-    QSet<qsizetype> m_failed;
+    /// By position.
+    std::vector<Request> m_requests;
 };

@@ -12,6 +12,7 @@ class OnlineReport {
     Q_DECLARE_TR_FUNCTIONS(OnlineReport)
 
 public:
+    void reserve(qsizetype count) { m_outcomes.reserve(count); }
     void add(const OnlineOutcome &outcome);
     void clear() { *this = OnlineReport(); }
 

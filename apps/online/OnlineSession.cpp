@@ -225,13 +225,14 @@ bool OnlineSession::transfer(
     m_transfer.emplace();
     m_transfer->isAwaited.resize(std::size_t(m_map->values().size()));
     m_transfer->total = values.size();
+    m_report.reserve(values.size() + unmapped.size());
     for (const qsizetype value : values)
         m_transfer->isAwaited[std::size_t(value)] = true;
     const QPointer<OnlineSession> guard(this);
-    for (const OnlineOutcome &outcome : unmapped) {
-        if (guard)
-            onFinished(-1, outcome);
-    }
+    QList<OnlineCycle::Ended> ended;
+    for (const OnlineOutcome &outcome : unmapped)
+        ended.append({-1, outcome});
+    onFinished(ended);
     if (!guard || !m_transfer)
         return true;
     if (direction == eDirection::FromDrive)
@@ -244,18 +245,25 @@ bool OnlineSession::transfer(
     return true;
 }
 
-void OnlineSession::onFinished(qsizetype value, const OnlineOutcome &outcome)
+void OnlineSession::onFinished(const QList<OnlineCycle::Ended> &ended)
 {
-    const bool isAwaited = m_transfer && value >= 0 && m_transfer->isAwaited.at(std::size_t(value));
-    if (isAwaited) {
-        m_transfer->isAwaited[std::size_t(value)] = false;
-        ++m_transfer->done;
-    }
-    if (m_transfer && (isAwaited || value < 0))
-        m_report.add(outcome);
     const QPointer<OnlineSession> guard(this);
-    Q_EMIT valueReported(outcome);
-    if (!guard || !isAwaited || !m_transfer)
+    bool hasProgress = false;
+    for (const auto &[value, outcome] : ended) {
+        const bool isAwaited =
+            m_transfer && value >= 0 && m_transfer->isAwaited.at(std::size_t(value));
+        if (isAwaited) {
+            m_transfer->isAwaited[std::size_t(value)] = false;
+            ++m_transfer->done;
+            hasProgress = true;
+        }
+        if (m_transfer && (isAwaited || value < 0))
+            m_report.add(outcome);
+        Q_EMIT valueReported(outcome);
+        if (!guard)
+            return;
+    }
+    if (!hasProgress || !m_transfer)
         return;
     Q_EMIT transferProgress(m_transfer->done, m_transfer->total);
     if (guard && m_transfer && m_transfer->done == m_transfer->total)

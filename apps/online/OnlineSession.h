@@ -66,6 +66,7 @@ Q_SIGNALS:
     /// Every value that is read on request or written, within a transfer and outside of one, and the
     /// first failure of a cyclic read.
     void valueReported(const OnlineOutcome &outcome);
+    /// Now and then, and at the end.
     void transferProgress(qsizetype done, qsizetype total);
     void transferFinished(const OnlineReport &report);
 
@@ -95,7 +96,7 @@ private:
     /// Positions in the map, and what has none.
     bool transfer(
         const QList<qsizetype> &values, const QList<OnlineOutcome> &unmapped, eDirection direction);
-    void onFinished(qsizetype value, const OnlineOutcome &outcome);
+    void onFinished(const QList<OnlineCycle::Ended> &ended);
     void finishTransfer();
     OnlineOutcome unmappedOutcome(const ValuePlace &place) const;
 

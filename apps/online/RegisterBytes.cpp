@@ -47,5 +47,5 @@ QByteArray RegisterBytes::valueAt(
     const QByteArray &flat, qsizetype firstRegister, const SimpleType &type)
 {
     const qsizetype offset = firstRegister * RegisterSize + (standsInLowHalf(type) ? 1 : 0);
-    return flat.sliced(offset, type.sizeInBytes());
+    return QByteArray::fromRawData(flat.constData() + offset, type.sizeInBytes());
 }

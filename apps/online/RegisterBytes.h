@@ -18,7 +18,7 @@ quint16 registerCount(const SimpleType &type);
 QList<quint16> fromBytes(const QByteArray &bytes, const SimpleType &type);
 /// The bytes of all registers as they are sent.
 QByteArray flat(const QList<quint16> &registers);
-/// The bytes of one value. **Range** `flat` has the registers of the type at `firstRegister`.
+/// The bytes of one value; they belong to `flat`, which outlives them. **Range** `flat` has the registers of the type at `firstRegister`.
 QByteArray valueAt(const QByteArray &flat, qsizetype firstRegister, const SimpleType &type);
 
 } // namespace RegisterBytes

@@ -5,8 +5,6 @@
 #include "apps/online/RegisterMap.h"
 #include "apps/online/RequestExchange.h"
 
-#include <QtCore/QPointer>
-
 #include <algorithm>
 #include <utility>
 
@@ -27,7 +25,6 @@ void ValueReader::start(const RegisterMap &map)
 
 void ValueReader::stop()
 {
-    ++m_run;
     m_map = nullptr;
     m_wanted.clear();
     m_isAwaited.clear();
@@ -66,48 +63,18 @@ void ValueReader::onFinished(quint32 request, const OnlineAnswer &answer)
         return;
     const BlockPlan::Block block = *found;
     m_blocks.erase(found);
-    const QPointer<ValueReader> guard(this);
-    const quint32 run = m_run;
-    if (answer.kind == OnlineAnswer::eKind::Good && answer.registers.size() == block.span.count) {
-        take(block, answer, request);
-    } else if (answer.kind == OnlineAnswer::eKind::Refused && block.values.size() > 1) {
+    const bool isGood = answer.kind == OnlineAnswer::eKind::Good;
+    if (answer.kind == OnlineAnswer::eKind::Refused && block.values.size() > 1) {
         for (const qsizetype value : block.values)
             this->request({m_map->values().at(value).span, {value}});
-    } else {
-        fail(block, answer);
+        return;
     }
-    if (guard && m_run == run)
-        Q_EMIT requestDone();
-}
-
-void ValueReader::take(const BlockPlan::Block &block, const OnlineAnswer &answer, quint32 request)
-{
-    const QPointer<ValueReader> guard(this);
-    const quint32 run = m_run;
-    const QByteArray bytes = RegisterBytes::flat(answer.registers);
-    for (const qsizetype value : block.values) {
-        const MappedValue &mapped = m_map->values().at(value);
+    for (const qsizetype value : block.values)
         m_isAwaited[std::size_t(value)] = false;
-        Q_EMIT valueRead(value,
-            RegisterBytes::valueAt(bytes, mapped.span.first - block.span.first, *mapped.type),
-            request);
-        if (!guard || m_run != run)
-            return;
-    }
-}
-
-void ValueReader::fail(const BlockPlan::Block &block, const OnlineAnswer &answer)
-{
-    const QPointer<ValueReader> guard(this);
-    const quint32 run = m_run;
-    // A good answer of another length is none.
-    OnlineAnswer failure = answer;
-    if (failure.kind == OnlineAnswer::eKind::Good)
-        failure = {OnlineAnswer::eKind::Lost, {}, tr("unlesbare Antwort")};
-    for (const qsizetype value : block.values) {
-        m_isAwaited[std::size_t(value)] = false;
-        Q_EMIT valueFailed(value, failure);
-        if (!guard || m_run != run)
-            return;
-    }
+    if (isGood && answer.registers.size() == block.span.count)
+        Q_EMIT blockRead(block, RegisterBytes::flat(answer.registers), request);
+    else if (isGood)
+        Q_EMIT blockFailed(block, {OnlineAnswer::eKind::Lost, {}, tr("unlesbare Antwort")});
+    else
+        Q_EMIT blockFailed(block, answer);
 }

@@ -33,23 +33,18 @@ public:
     void send();
 
 Q_SIGNALS:
-    /// `request` is the number of the exchange's request.
-    void valueRead(qsizetype value, const QByteArray &bytes, quint32 request);
-    void valueFailed(qsizetype value, const OnlineAnswer &answer);
-    /// Behind the values of one request.
-    void requestDone();
+    /// `bytes` are those of all registers of the block, `request` is the number of the exchange's
+    /// request.
+    void blockRead(const BlockPlan::Block &block, const QByteArray &bytes, quint32 request);
+    void blockFailed(const BlockPlan::Block &block, const OnlineAnswer &answer);
 
 private:
     void request(const BlockPlan::Block &block);
     void onFinished(quint32 request, const OnlineAnswer &answer);
-    void take(const BlockPlan::Block &block, const OnlineAnswer &answer, quint32 request);
-    void fail(const BlockPlan::Block &block, const OnlineAnswer &answer);
 
     RequestExchange &m_exchange;
     /// Null while stopped.
     const RegisterMap *m_map = nullptr;
-    /// Counts starts and stops: a listener may have ended the run in which a block came.
-    quint32 m_run = 0;
     QList<qsizetype> m_wanted;
     /// By position: wanted or on its way.
     std::vector<bool> m_isAwaited;

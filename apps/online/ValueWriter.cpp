@@ -96,9 +96,9 @@ void ValueWriter::conclude(qsizetype value, const OnlineAnswer &answer)
     }
     // Its listeners may end the run.
     const MappedValue copy = mapped;
-    const QPointer<ValueWriter> guard(this);
+    const QPointer<QObject> guard(this);
     m_values.adopt(
-        copy, RegisterBytes::valueAt(RegisterBytes::flat(answer.registers), 0, *copy.type));
+        copy, RegisterBytes::valueAt(RegisterBytes::flat(answer.registers), 0, *copy.type), guard);
     if (guard)
         Q_EMIT finished(value, outcomeOf(copy, pending));
 }

@@ -1,4 +1,5 @@
 #include "apps/online/ContainerValues.h"
+#include "apps/online/RegisterBytes.h"
 #include "apps/online/RegisterMap.h"
 #include "tests/online/OnlineDevice.h"
 
@@ -13,6 +14,8 @@ class tst_ContainerValues : public QObject {
 private Q_SLOTS:
     void carriesWhatTheContainerHas();
     void storesWhatTheDriveHas();
+    void storesNumbersOfEveryType_data();
+    void storesNumbersOfEveryType();
     void tellsChangesMadeHere();
     void comparesWhatADriveMeans_data();
     void comparesWhatADriveMeans();
@@ -47,13 +50,64 @@ void tst_ContainerValues::storesWhatTheDriveHas()
     ContainerValues values(project->container());
     const QSignalSpy changes(&values, &ContainerValues::changedHere);
     const MappedValue value = map.values().at(map.indexOf(address("2.B01")));
-    QVERIFY(values.adopt(value, QByteArray::fromHex("ffce")));
+    QVERIFY(values.adopt(value, QByteArray::fromHex("ffce"), &values));
     QCOMPARE(values.nativeText(value), QStringLiteral("-50"));
-    QVERIFY(!values.adopt(value, QByteArray::fromHex("ffce")));
+    QVERIFY(!values.adopt(value, QByteArray::fromHex("ffce"), &values));
     // What the drive has is not checked.
-    QVERIFY(values.adopt(value, QByteArray::fromHex("7fff")));
+    QVERIFY(values.adopt(value, QByteArray::fromHex("7fff"), &values));
     QCOMPARE(values.nativeText(value), QStringLiteral("32767"));
     QCOMPARE(changes.size(), 0);
+}
+
+void tst_ContainerValues::storesNumbersOfEveryType_data()
+{
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("text");
+
+    const auto row = [](const char *name, const char *type, const char *bytes, const char *text) {
+        QTest::newRow(name) << QString::fromLatin1(type) << QByteArray::fromHex(bytes)
+                            << QString::fromLatin1(text);
+    };
+    row("INT8", "INT8", "80", "-128");
+    row("INT8 above", "INT8", "7f", "127");
+    row("UINT8", "UINT8", "ff", "255");
+    row("INT16", "INT16", "8000", "-32768");
+    row("UINT16", "UINT16", "ffff", "65535");
+    row("INT32", "INT32", "80000000", "-2147483648");
+    row("UINT32", "UINT32", "ffffffff", "4294967295");
+    row("INT64", "INT64", "8000000000000000", "-9223372036854775808");
+    row("INT64 -1", "INT64", "ffffffffffffffff", "-1");
+    row("UINT64", "UINT64", "ffffffffffffffff", "18446744073709551615");
+    row("REAL32", "REAL32", "3fc00000", "1.5");
+    row("REAL64", "REAL64", "bfb999999999999a", "-0.1");
+    row("STRING8", "STRING8", "e46f750000000000", "\xe4ou");
+    row("BYTES4", "BYTES4", "deadbeef", "deadbeef");
+}
+
+void tst_ContainerValues::storesNumbersOfEveryType()
+{
+    QFETCH(QString, type);
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, text);
+
+    const OnlineDevice device(QStringLiteral(R"({"format": "kr-device-description", "version": 1,
+          "family": {"identifier": 9, "name": "Device", "hasPhysicalAxes": true, "axes": [1]},
+          "languages": ["de"], "dataTypes": ["%1"],
+          "parameters": [{"number": 1, "coordinates": ["A01"], "name": "N",
+                          "elements": [{"dataType": "%1", "kind": 5}]}]})")
+                                  .arg(type)
+                                  .toUtf8());
+    const auto project = device.open();
+    const RegisterMap map(project->container());
+    ContainerValues values(project->container());
+    QVERIFY(values.adopt(map.values().constFirst(), bytes, &values));
+    QCOMPARE(values.nativeText(map.values().constFirst()), text);
+    // The longer way leads to the same.
+    project->container().setNativeValueBinary(address("1.A01"), bytes, true, true);
+    QCOMPARE(values.nativeText(map.values().constFirst()), text);
+    QCOMPARE(values.registers(map.values().constFirst()),
+        RegisterBytes::fromBytes(bytes, *map.values().constFirst().type));
 }
 
 void tst_ContainerValues::tellsChangesMadeHere()
@@ -75,7 +129,7 @@ void tst_ContainerValues::tellsChangesMadeHere()
                 container.writeValueNative(eLivingSpace::Global, at("A01"), 0, QStringLiteral("8"));
         });
     const MappedValue value = map.values().at(map.indexOf(address("2.B01")));
-    QVERIFY(values.adopt(value, QByteArray::fromHex("0009")));
+    QVERIFY(values.adopt(value, QByteArray::fromHex("0009"), &values));
     QCOMPARE(
         container.readValueNative(eLivingSpace::Global, at("A01"), 0, false), QStringLiteral("8"));
     QCOMPARE(changes.size(), 1);
