@@ -1,5 +1,7 @@
 #include "container/GuardedFunctionProvider.h"
 
+#include "value/RunningFunctions.h"
+
 GuardedFunctionProvider::GuardedFunctionProvider(
     std::unique_ptr<ParameterFunctionProvider> provider)
     : m_provider(std::move(provider))
@@ -40,6 +42,7 @@ Answer GuardedFunctionProvider::answer(const Answer &empty, Function function)
 
         GuardedFunctionProvider *const provider;
     };
+    const RunningFunctions keptInUse;
     const Running running(this);
     return function(*m_provider);
 }

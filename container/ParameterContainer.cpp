@@ -343,15 +343,7 @@ void ParameterContainer::resetParameterAddressList(const QString &name)
 void ParameterContainer::dispatchDependencyChange(eParameterProperty property,
     eLivingSpace livingSpace, const ParameterCoordinate &coordinate, quint16 element)
 {
-    const QPointer<ParameterContainer> guard(this);
-    // A copy: the coordinate may be a set's own, which a listener may remove meanwhile.
-    const ParameterCoordinate source = coordinate;
-    for (const QPointer<CoordinateInstanceSet> &set : d->guardedSets()) {
-        if (set)
-            set->onDependencyChanged(property, livingSpace, source, element);
-        if (!guard)
-            return;
-    }
+    d->dispatchDependencyChange(property, livingSpace, coordinate, element);
 }
 
 void ParameterContainer::dispatchParameterOnlineConsistenceNeed(

@@ -1,6 +1,7 @@
 #include "container/ParameterContainerPrivate.h"
 
 #include "container/CreationRules.h"
+#include "instance/DependencyPairs.h"
 
 #include <KrDatatype/DatatypeProvider.h>
 #include <KrFirmware/ParameterFunctionProvider.h>
@@ -11,6 +12,8 @@
 #include <KrProjectRepository/HardwareRepository.h>
 #include <KrSystem/System.h>
 
+#include <QtCore/QScopeGuard>
+
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
@@ -18,7 +21,6 @@
 
 namespace {
 
-constexpr int MappingKind = 11;
 constexpr int AxisCount = 4;
 
 const QString MessageTitle = QStringLiteral("ParameterContainer");
@@ -61,11 +63,11 @@ ParameterContainerPrivate::ParameterContainerPrivate(ParameterContainer *contain
 ParameterContainerPrivate::~ParameterContainerPrivate()
 {
     LifeGuard::died(this);
+    LifeGuard::died(static_cast<CoordinateRegistry *>(this));
     liveContainers.removeOne(owner);
     GuardedFunctionProvider::retire(std::move(functionProvider));
     // Whoever hears that a set goes finds none any more.
-    m_mappingSets.clear();
-    m_newSets.clear();
+    m_index.clear();
     locatorSets.clear();
     addressLists.clear();
     const auto going = std::exchange(coordinateSets, {});
@@ -169,10 +171,7 @@ bool ParameterContainerPrivate::update(CoordinateInstanceSet *set, ParameterDefi
         return true;
     addressLists.clear();
     const QPointer<ParameterContainerPrivate> guard(this);
-    const QPointer<CoordinateInstanceSet> guardedSet(set);
     set->takeDefinition(definition);
-    if (guard && guardedSet)
-        noteMapping(set);
     return guard;
 }
 
@@ -224,7 +223,7 @@ CoordinateInstanceSet *ParameterContainerPrivate::setForCreation(ParameterDefini
         created->set.initialize(definition, coordinate);
         created->set.reserveInstances(size_t(instanceCount));
         entry = coordinateSets.insert(coordinate, std::move(created));
-        m_newSets.append(&entry->set);
+        m_index.add(&entry->set);
     }
     CoordinateInstanceSet *&located = locatorSets[locatorText];
     if (located != &entry->set)
@@ -261,32 +260,6 @@ quint32 ParameterContainerPrivate::addInstance(CoordinateInstanceSet *set, eLivi
     return serialNumber;
 }
 
-void ParameterContainerPrivate::onKindsChanged(CoordinateInstanceSet *set)
-{
-    noteMapping(set);
-}
-
-QList<CoordinateInstanceSet *> ParameterContainerPrivate::mappingSets() const
-{
-    for (CoordinateInstanceSet *set : std::exchange(m_newSets, {}))
-        noteMapping(set);
-    return m_mappingSets;
-}
-
-void ParameterContainerPrivate::noteMapping(CoordinateInstanceSet *set) const
-{
-    m_mappingSets.removeOne(set);
-    const auto isMapping = [set](quint16 element) {
-        return set->elementProperty(element, eParameterProperty::ParameterKind).asInt32()
-            == MappingKind;
-    };
-    const QList<quint16> elements =
-        set->isRecordParameter() ? set->elementList() : QList<quint16>();
-    if (elements.isEmpty() ? isMapping(0)
-                           : std::any_of(elements.begin(), elements.end(), isMapping))
-        m_mappingSets.append(set);
-}
-
 void ParameterContainerPrivate::remove(CoordinateInstanceSet *set)
 {
     const ParameterCoordinate coordinate = set->coordinate();
@@ -299,9 +272,7 @@ void ParameterContainerPrivate::remove(CoordinateInstanceSet *set)
         if (locatorSets.value(locatorText) == set)
             locatorSets.remove(locatorText);
     }
-    // Looks at the new ones first, so that removing many costs no search for each.
-    if (mappingSets().contains(set))
-        m_mappingSets.removeOne(set);
+    m_index.remove(set);
     addressLists.clear();
     Q_EMIT parameterRemoved(coordinate);
 }
@@ -383,7 +354,7 @@ bool ParameterContainerPrivate::isMapped(const ParameterAddress &address) const
 {
     const quint32 number = address.toNumber();
     // Reading a value may run the firmware, whose functions may lead to anything.
-    const QList<CoordinateInstanceSet *> mapping = mappingSets();
+    const QList<CoordinateInstanceSet *> &mapping = mappingSets();
     const QList<QPointer<CoordinateInstanceSet>> sets(mapping.cbegin(), mapping.cend());
     for (const QPointer<CoordinateInstanceSet> &set : sets) {
         for (const eLivingSpace livingSpace : set ? set->livingSpaces() : QList<eLivingSpace>()) {
@@ -394,6 +365,46 @@ bool ParameterContainerPrivate::isMapped(const ParameterAddress &address) const
         }
     }
     return false;
+}
+
+void ParameterContainerPrivate::dispatchDependencyChange(eParameterProperty property,
+    eLivingSpace livingSpace, ParameterCoordinate source, quint16 element)
+{
+    const CoordinateInstanceSet *set = find(source);
+    const qint32 reference = set && DependencyPairs::isDependency(property)
+        ? set->elementProperty(element, property).asInt32()
+        : 0;
+    if (reference == 0)
+        return;
+    const LifeGuard guard(this);
+    switch (m_dispatchLimit.enter()) {
+    case DispatchLimit::eDecision::CutAndReport:
+        reportCut(source);
+        return;
+    case DispatchLimit::eDecision::Cut:
+        return;
+    case DispatchLimit::eDecision::Dispatch:
+        break;
+    }
+    const auto leave = qScopeGuard([&guard, this] {
+        if (guard)
+            m_dispatchLimit.leave();
+    });
+    const DependencyKey key = DependencyPairs::key(property, reference, source);
+    for (const QPointer<CoordinateInstanceSet> &receiver : m_index.receivers(key)) {
+        if (receiver)
+            receiver->onDependencyChanged(key, livingSpace);
+        if (!guard)
+            return;
+    }
+}
+
+void ParameterContainerPrivate::reportCut(const ParameterCoordinate &source) const
+{
+    System::addCriticalMessage(domain,
+        source.toText()
+            + tr(" löst zu viele aufeinander folgende Änderungen aus. Die weiteren Abhängigkeiten "
+                 "wurden nicht mehr ausgeführt!"));
 }
 
 QList<ParameterAddress> ParameterContainerPrivate::addresses() const
@@ -524,6 +535,7 @@ void ParameterContainerPrivate::onCoordinateChanged(
     if (!set || set->coordinate() != newAddress.coordinate())
         return;
     coordinateSets.insert(newAddress.coordinate(), coordinateSets.take(oldAddress.coordinate()));
+    m_index.update(find(newAddress.coordinate()));
     addressLists.clear();
 }
 

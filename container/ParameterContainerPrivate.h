@@ -2,7 +2,9 @@
 
 #include "container/CallbackProviderDelegate.h"
 #include "container/CoordinateTable.h"
+#include "container/DispatchLimit.h"
 #include "container/GuardedFunctionProvider.h"
+#include "container/SetIndex.h"
 #include "instance/CoordinateInstanceSet.h"
 #include "instance/CoordinateRegistry.h"
 #include "value/LifeGuard.h"
@@ -47,7 +49,7 @@ public:
     bool hasPhysicalAxes() const;
     bool isGlobal(const ParameterDefinition *definition) const override;
     /// The sets with an element of kind 11 (parameter address).
-    QList<CoordinateInstanceSet *> mappingSets() const;
+    const QList<CoordinateInstanceSet *> &mappingSets() const { return m_index.mappingSets(); }
     /// The living space that an address means: 0 of a global parameter, else its axis.
     eLivingSpace livingSpace(const ParameterAddress &address) const;
 
@@ -57,6 +59,10 @@ public:
     void setFirmware(ServoDriveFirmware *newFirmware);
     eLivingSpace activeLivingSpace(eLivingSpace requested) const;
     bool isMapped(const ParameterAddress &address) const;
+    /// Hands the change to every value that depends on it, by coordinate. A change that follows from too
+    /// many others is not handed on; one critical **report** for each outermost change.
+    void dispatchDependencyChange(eParameterProperty property, eLivingSpace livingSpace,
+        ParameterCoordinate source, quint16 element);
     QList<ParameterAddress> addresses() const;
 
     // What the firmware's functions ask; see CallbackProvider.
@@ -71,7 +77,13 @@ public:
     QString containerText(const QString &key) const;
 
     void onElementsChanged() override { addressLists.clear(); }
-    void onKindsChanged(CoordinateInstanceSet *set) override;
+    void onPropertiesChanged(CoordinateInstanceSet *set) override { m_index.update(set); }
+    void beginChange() override { m_dispatchLimit.beginChange(); }
+    void endChange() override { m_dispatchLimit.endChange(); }
+    QList<QPointer<CoordinateInstanceSet>> receivers(const DependencyKey &key) override
+    {
+        return m_index.receivers(key);
+    }
 
     ParameterContainer *owner;
     CoordinateTable coordinateSets;
@@ -121,14 +133,13 @@ private:
         eLivingSpace livingSpace, const LifeGuard &guard);
     /// The serial number of the record, new or not. **Emits** parameterAdded for a new one.
     quint32 addInstance(CoordinateInstanceSet *set, eLivingSpace livingSpace);
-    void noteMapping(CoordinateInstanceSet *set) const;
+    void reportCut(const ParameterCoordinate &source) const;
     void createSystemParameters();
     /// A negative number asks for the active axis.
     eLivingSpace resolveForFirmware(int livingSpace) const;
 
-    mutable QList<CoordinateInstanceSet *> m_mappingSets;
-    /// Created since the mapping sets were asked for; looked at when they are asked for again.
-    mutable QList<CoordinateInstanceSet *> m_newSets;
+    mutable SetIndex m_index;
+    DispatchLimit m_dispatchLimit;
     quint32 m_knownAccessLevel;
     quint32 m_firmwareGeneration = 0;
 };

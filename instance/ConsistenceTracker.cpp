@@ -43,6 +43,20 @@ bool ConsistenceTracker::arrived(eLivingSpace key, quint16 element)
     return --run->awaited == 0;
 }
 
+QList<eLivingSpace> ConsistenceTracker::forget(const std::function<bool(quint16)> &isThere)
+{
+    QList<eLivingSpace> complete;
+    for (const eLivingSpace key : m_runs ? m_runs->keys() : QList<eLivingSpace>()) {
+        const size_t end = m_runs->value(key)->isAwaited.size();
+        for (size_t element = 0; element < end; ++element) {
+            if (!isThere(quint16(element)) && arrived(key, quint16(element)))
+                complete.append(key);
+        }
+    }
+    std::sort(complete.begin(), complete.end());
+    return complete;
+}
+
 bool ConsistenceTracker::isRunning(eLivingSpace key) const
 {
     const std::shared_ptr<Run> run = m_runs ? m_runs->value(key) : nullptr;

@@ -5,6 +5,7 @@
 #include <QtCore/QHash>
 #include <QtCore/QList>
 
+#include <functional>
 #include <memory>
 
 /// Remembers which elements a run of "all elements once" still awaits.
@@ -20,6 +21,8 @@ public:
     void cancel(eLivingSpace key);
     /// True exactly when this element was the last that was awaited.
     bool arrived(eLivingSpace key, quint16 element);
+    /// Awaits no more what is not there any more. The keys whose run is complete by that, ascending.
+    QList<eLivingSpace> forget(const std::function<bool(quint16)> &isThere);
     bool isRunning(eLivingSpace key) const;
     /// Whether this run was neither cancelled nor replaced; a run that is complete counts as current.
     bool isCurrent(eLivingSpace key, quint32 run) const;

@@ -1,16 +1,11 @@
 #include "instance/CoordinateInstanceSet.h"
 
-#include "instance/AccessRules.h"
 #include "instance/CoordinateRegistry.h"
-#include "instance/DependencyTable.h"
 #include "instance/DescriptionRenderer.h"
 #include "instance/HidingState.h"
-#include "instance/MeasuringUnitResolver.h"
 #include "instance/ScalingInformation.h"
 #include "instance/SectionOverrides.h"
-#include "value/LifeGuard.h"
-#include "value/RejectionReport.h"
-#include "value/ValueTextConverter.h"
+#include "value/RunningFunctions.h"
 
 #include <KrLocator/Locator.h>
 #include <KrParameterDefinition/ParameterDefinition.h>
@@ -27,7 +22,6 @@
 
 namespace {
 
-constexpr int NoStorage = 1;
 constexpr QByteArrayView ElementCountKey("CE");
 
 const QString ClassTitle = QStringLiteral("CoordinateInstanceSet");
@@ -70,6 +64,10 @@ CoordinateInstanceSet::CoordinateInstanceSet(
 CoordinateInstanceSet::~CoordinateInstanceSet()
 {
     LifeGuard::died(this);
+    if (!RunningFunctions::isAny())
+        return;
+    m_instances.disown();
+    RunningFunctions::keep(std::make_shared<InstanceTable>(std::move(m_instances)));
 }
 
 void CoordinateInstanceSet::initialize(
@@ -90,6 +88,8 @@ void CoordinateInstanceSet::takeDefinition(ParameterDefinition *definition)
     m_elements = std::move(elements);
     m_properties.onDefinitionChanged();
     m_definition = definition;
+    if (m_registry)
+        m_registry->onPropertiesChanged(this);
     // Another definition may hide by another function.
     if (emitDefinitionChanged())
         askKnownFlagsAnew();
@@ -223,13 +223,14 @@ void CoordinateInstanceSet::loadFromSection(const LmIniParser::IniSection &secti
     for (const eLivingSpace livingSpace : m_instances.livingSpaces())
         changes.append(
             {livingSpace, m_instances.find(livingSpace)->loadFromSection(section, utf8)});
+    const bool hadOverrides = m_properties.hasOverrides();
     m_properties.replaceOverrides(SectionOverrides::load(section, utf8, m_properties));
 
     const bool isRecounted = m_elements.count() != before;
     if (m_registry && isRecounted)
         m_registry->onElementsChanged();
-    if (m_registry)
-        m_registry->onKindsChanged(this);
+    if (m_registry && (hadOverrides || m_properties.hasOverrides()))
+        m_registry->onPropertiesChanged(this);
     if (isRecounted && !emitDefinitionChanged())
         return;
     for (const auto &[livingSpace, changed] : changes) {
@@ -498,189 +499,6 @@ QString CoordinateInstanceSet::attribute(
     return {};
 }
 
-QString CoordinateInstanceSet::displayValueText(
-    eLivingSpace livingSpace, quint16 element, bool withUnit) const
-{
-    const LifeGuard guard(this);
-    const QString text = prepared(livingSpace, element, withUnit);
-    if (!has(guard, element) || !record(livingSpace, element) || m_container->isOnline()
-        || m_container->isReadOnly())
-        return text;
-    const int level = writeLevel(element);
-    if (level < AccessRules::MaskedWriteLevel || !has(guard, element))
-        return text;
-    return AccessRules::masked(text,
-        {.isOnline = false,
-            .isReadOnly = false,
-            .isShownOffline = m_properties.facts(element).isShownOffline,
-            .writeLevel = level,
-            .userLevel = System::information()->userAccessLevel()});
-}
-
-/// The stored value in the scaled unit; empty when the firmware's functions removed the element.
-QString CoordinateInstanceSet::storedValueText(eLivingSpace livingSpace, quint16 element) const
-{
-    ParameterInstanceData *found = record(livingSpace, element);
-    if (!found)
-        return {};
-    const LifeGuard guard(this);
-    const QString native = found->value(element);
-    return has(guard, element) ? found->toValueText(element, native) : QString();
-}
-
-/// The display text of the stored value.
-QString CoordinateInstanceSet::prepared(
-    eLivingSpace livingSpace, quint16 element, bool withUnit) const
-{
-    const LifeGuard guard(this);
-    const QString text = storedValueText(livingSpace, element);
-    return !text.isEmpty() && has(guard, element)
-        ? prepare(text, livingSpace, element, withUnit, nullptr)
-        : QString();
-}
-
-QString CoordinateInstanceSet::nativeValueText(
-    eLivingSpace livingSpace, quint16 element, bool withUnit) const
-{
-    ParameterInstanceData *found = record(livingSpace, element);
-    if (!found)
-        return {};
-    const LifeGuard guard(this);
-    const QString text = found->value(element);
-    return withUnit && has(guard, element)
-        ? this->withUnit(text, eParameterProperty::NativeMeasuringUnit, livingSpace, element)
-        : text;
-}
-
-QString CoordinateInstanceSet::valueText(
-    eLivingSpace livingSpace, quint16 element, bool withUnit) const
-{
-    const LifeGuard guard(this);
-    const QString text = storedValueText(livingSpace, element);
-    return withUnit && has(guard, element)
-        ? this->withUnit(text, eParameterProperty::ScaledMeasuringUnit, livingSpace, element)
-        : text;
-}
-
-QString CoordinateInstanceSet::preparedValueText(
-    eLivingSpace livingSpace, quint16 element, bool withUnit) const
-{
-    const LifeGuard guard(this);
-    if (!record(livingSpace, element) || memoryAllocation(element) == NoStorage || !guard)
-        return {};
-    return prepared(livingSpace, element, withUnit);
-}
-
-QString CoordinateInstanceSet::unconvertedNativeValueText(
-    eLivingSpace livingSpace, quint16 element, bool withUnit) const
-{
-    const LifeGuard guard(this);
-    if (!record(livingSpace, element) || memoryAllocation(element) == NoStorage || !guard)
-        return {};
-    return nativeValueText(livingSpace, element, withUnit);
-}
-
-QString CoordinateInstanceSet::unconvertedValueText(
-    eLivingSpace livingSpace, quint16 element, bool withUnit) const
-{
-    return valueText(livingSpace, element, withUnit);
-}
-
-QString CoordinateInstanceSet::formattedValueText(
-    eLivingSpace livingSpace, quint16 element, int kind) const
-{
-    const LifeGuard guard(this);
-    const QString text = storedValueText(livingSpace, element);
-    if (!has(guard, element))
-        return {};
-    return ValueTextConverter(*this).format(text, livingSpace, element, kind);
-}
-
-QString CoordinateInstanceSet::formattedNativeValueText(
-    eLivingSpace livingSpace, quint16 element, int kind, bool withUnit) const
-{
-    const LifeGuard guard(this);
-    const QString native = nativeValueText(livingSpace, element, false);
-    if (!has(guard, element))
-        return {};
-    const QString text = ValueTextConverter(*this).format(native, livingSpace, element, kind);
-    return withUnit && has(guard, element)
-        ? this->withUnit(text, eParameterProperty::NativeMeasuringUnit, livingSpace, element)
-        : text;
-}
-
-QString CoordinateInstanceSet::prepareValueText(const QString &valueText, eLivingSpace livingSpace,
-    quint16 element, bool withUnit, bool *ok) const
-{
-    if (ok)
-        *ok = false;
-    if (!m_elements.contains(element) || valueText.isEmpty())
-        return {};
-    if (record(livingSpace, element))
-        return prepare(valueText, livingSpace, element, withUnit, ok);
-    if (ok)
-        *ok = true;
-    return valueText;
-}
-
-QString CoordinateInstanceSet::prepare(const QString &valueText, eLivingSpace livingSpace,
-    quint16 element, bool withUnit, bool *ok) const
-{
-    const LifeGuard guard(this);
-    const QString unitText = withUnit
-        ? this->unitText(eParameterProperty::ScaledMeasuringUnit, livingSpace, element)
-        : QString();
-    if (!has(guard, element))
-        return {};
-    ValueTextConverter converter(*this);
-    const QString text = converter.prepare(valueText, livingSpace, element, unitText);
-    if (ok)
-        *ok = converter.problems().isEmpty();
-    if (!converter.problems().isEmpty() && guard)
-        reportConversion(
-            &RejectionReport::preparingMessage, converter.problems(), livingSpace, element);
-    return text;
-}
-
-QString CoordinateInstanceSet::adoptValueText(
-    const QString &displayText, eLivingSpace livingSpace, quint16 element, bool *ok) const
-{
-    if (ok)
-        *ok = m_elements.contains(element);
-    if (!m_elements.contains(element))
-        return {};
-    const LifeGuard guard(this);
-    const QString unitText =
-        m_properties.facts(element).has(eParameterProperty::ScaledMeasuringUnit)
-        ? this->unitText(eParameterProperty::ScaledMeasuringUnit, livingSpace, element)
-        : QString();
-    if (!has(guard, element)) {
-        if (ok)
-            *ok = false;
-        return {};
-    }
-    ValueTextConverter converter(*this);
-    const QString text = converter.adopt(displayText, livingSpace, element, unitText);
-    if (converter.problems().isEmpty())
-        return text;
-    if (ok)
-        *ok = false;
-    if (guard)
-        reportConversion(
-            &RejectionReport::adoptingMessage, converter.problems(), livingSpace, element);
-    return text;
-}
-
-void CoordinateInstanceSet::reportConversion(ConversionMessage message, const QStringList &problems,
-    eLivingSpace livingSpace, quint16 element) const
-{
-    const ParameterInstanceData *found = record(livingSpace, element);
-    const QString place = found ? found->addressText(element) : m_coordinate.toText();
-    const QString domain = m_container->domain();
-    for (const QString &problem : problems)
-        System::addCriticalMessage(domain, message(place, problem));
-}
-
 bool CoordinateInstanceSet::isHidden(eLivingSpace livingSpace, quint16 element) const
 {
     ParameterInstanceData *found = record(livingSpace, element);
@@ -781,107 +599,6 @@ const ElementFacts *CoordinateInstanceSet::reportedFacts(
     return nullptr;
 }
 
-ParameterText CoordinateInstanceSet::scaledMeasuringUnit(quint16 element) const
-{
-    return unit(eParameterProperty::ScaledMeasuringUnit,
-        m_instances.livingSpaces().value(0, eLivingSpace::Global), element);
-}
-
-ParameterText CoordinateInstanceSet::nativeMeasuringUnit(quint16 element) const
-{
-    return unit(eParameterProperty::NativeMeasuringUnit,
-        m_instances.livingSpaces().value(0, eLivingSpace::Global), element);
-}
-
-ParameterText CoordinateInstanceSet::fieldbusMeasuringUnit(quint16 element) const
-{
-    return unit(eParameterProperty::FieldbusMeasuringUnit,
-        m_instances.livingSpaces().value(0, eLivingSpace::Global), element);
-}
-
-ParameterText CoordinateInstanceSet::unit(
-    eParameterProperty property, eLivingSpace livingSpace, quint16 element) const
-{
-    const ElementFacts *facts = reportedFacts(element, property);
-    if (!facts)
-        return {};
-    const ParameterCoordinate coordinate = m_coordinate;
-    const ParameterProperty value = facts->unit(property);
-    const MeasuringUnitResolver::Outcome outcome =
-        MeasuringUnitResolver::resolve(value, m_container, livingSpace);
-    if (outcome.problem == MeasuringUnitResolver::eProblem::Unknown)
-        PropertyResolver::report(PropertyResolver::eFault::UnknownValue, property, coordinate);
-    if (outcome.problem == MeasuringUnitResolver::eProblem::Inconvertible)
-        PropertyResolver::report(
-            PropertyResolver::eFault::InconvertibleValue, property, coordinate);
-    return outcome.unit;
-}
-
-QString CoordinateInstanceSet::unitText(
-    eParameterProperty property, eLivingSpace livingSpace, quint16 element) const
-{
-    // A plain unit, as most are, is told without a copy of its texts.
-    const QVariant &value = m_properties.facts(element).unit(property).asVariant();
-    if (value.metaType() == QMetaType::fromType<ParameterText>())
-        return static_cast<const ParameterText *>(value.constData())->longText();
-    return unit(property, livingSpace, element).longText();
-}
-
-QString CoordinateInstanceSet::withUnit(const QString &text, eParameterProperty property,
-    eLivingSpace livingSpace, quint16 element) const
-{
-    if (text.isEmpty())
-        return text;
-    const QString unitText = this->unitText(property, livingSpace, element);
-    return unitText.isEmpty() ? text : text + QLatin1Char(' ') + unitText;
-}
-
-QString CoordinateInstanceSet::lowerLimitText(eLivingSpace livingSpace, quint16 element) const
-{
-    return limitText(eParameterProperty::LowerLimitValue, livingSpace, element);
-}
-
-QString CoordinateInstanceSet::upperLimitText(eLivingSpace livingSpace, quint16 element) const
-{
-    return limitText(eParameterProperty::UpperLimitValue, livingSpace, element);
-}
-
-QString CoordinateInstanceSet::limitText(
-    eParameterProperty property, eLivingSpace livingSpace, quint16 element) const
-{
-    const ParameterInstanceData *found = record(livingSpace, element);
-    if (!found)
-        return {};
-    const LifeGuard guard(this);
-    const bool isMasked = writeLevel(element) >= AccessRules::MaskedWriteLevel && guard
-        && memoryAllocation(element) == NoStorage;
-    if (isMasked || !has(guard, element))
-        return {};
-    return property == eParameterProperty::LowerLimitValue ? found->lowerLimit(element)
-                                                           : found->upperLimit(element);
-}
-
-bool CoordinateInstanceSet::isValueTextAcceptable(
-    eLivingSpace livingSpace, quint16 element, const QString &displayText) const
-{
-    const LifeGuard guard(this);
-    bool ok = false;
-    const QString adopted = adoptValueText(displayText, livingSpace, element, &ok);
-    ParameterInstanceData *found = ok && guard ? record(livingSpace, element) : nullptr;
-    if (!found)
-        return false;
-    const QString native = found->toNativeText(element, adopted);
-    return guard && m_elements.contains(element) && found->checkValue(element, native);
-}
-
-ParameterTextMap CoordinateInstanceSet::selectionTexts(
-    eLivingSpace livingSpace, quint16 element) const
-{
-    if (!record(livingSpace, element))
-        return {};
-    return ValueTextConverter(*this).choiceTexts(livingSpace, element);
-}
-
 ParameterContainer *CoordinateInstanceSet::parameterContainer() const
 {
     return m_container;
@@ -912,23 +629,6 @@ QString CoordinateInstanceSet::description(quint16 element) const
 QString CoordinateInstanceSet::elementDescription(quint16 element) const
 {
     return description(element);
-}
-
-QString CoordinateInstanceSet::defaultNativeValueText(
-    eLivingSpace livingSpace, quint16 element) const
-{
-    ParameterInstanceData *found = record(livingSpace, element);
-    return found ? found->defaultValue(element) : QString();
-}
-
-QString CoordinateInstanceSet::defaultValueText(eLivingSpace livingSpace, quint16 element) const
-{
-    ParameterInstanceData *found = record(livingSpace, element);
-    if (!found)
-        return {};
-    const LifeGuard guard(this);
-    const QString native = found->defaultValue(element);
-    return has(guard, element) ? found->toValueText(element, native) : QString();
 }
 
 eLivingSpace CoordinateInstanceSet::key(eLivingSpace livingSpace) const

@@ -2,6 +2,7 @@
 
 #include "instance/AccessRules.h"
 #include "instance/ConsistenceTracker.h"
+#include "instance/DependencyKey.h"
 #include "instance/InstanceTable.h"
 #include "value/PropertyResolver.h"
 #include "value/ElementCatalogue.h"
@@ -69,8 +70,14 @@ public:
     /// A value changed on which this parameter may depend: tests each value and acts on those that do.
     /// **Emits** what the kind of dependency changes: limitsChanged, valueChanged, visibilityChanged,
     /// measuringUnitChanged; or runs the firmware's function.
-    void onDependencyChanged(eParameterProperty property, eLivingSpace livingSpace,
-        const ParameterCoordinate &coordinate, quint16 element);
+    void onDependencyChanged(const DependencyKey &key, eLivingSpace livingSpace);
+    /// The value on which this parameter depends is about to change: what was never asked for is asked
+    /// now, so that afterwards a difference is known. **Emits** nothing.
+    void prepareForDependency(const DependencyKey &key, eLivingSpace livingSpace);
+    /// What the values of this parameter wait for, each once.
+    QList<DependencyKey> dependencyKeys() const;
+    /// Whether an element holds the address of a parameter.
+    bool isMapping() const;
 
     /// A program's own write of a native text; not checked. **Emits** valueChanged,
     /// nativeValueChanged.
@@ -237,14 +244,17 @@ private:
     bool emitValueChanged(const Guard &guard, eLivingSpace key, quint16 element);
     bool emitDefaultChanged(eLivingSpace key, quint16 element);
     bool emitDefinitionChanged();
+    /// No answer comes for an element that the parameter lost.
+    /// **Emits** allElementsConsistenceOnceDone where nothing else was awaited.
+    bool endRunsOfLostElements();
     bool emitVisibilityChanged(eLivingSpace key, quint16 element);
     bool emitMeasuringUnitChanged(eLivingSpace key, quint16 element);
     bool emitChanges(eLivingSpace key, const ParameterInstanceData::Changes &changes);
 
-    bool dependsOn(eParameterProperty property, qint32 reference,
-        const ParameterCoordinate &coordinate, quint16 element) const;
+    bool dependsOn(const DependencyKey &key, quint16 element) const;
     void followDependency(
         eParameterProperty property, ParameterInstanceData *record, quint16 element);
+    void prepareReceivers(eLivingSpace key, quint16 element);
     QString unitTexts(eLivingSpace livingSpace, quint16 element) const;
 
     void dispatchDependencies(eLivingSpace key, quint16 element);

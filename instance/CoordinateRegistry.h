@@ -1,6 +1,11 @@
 #pragma once
 
+#include "instance/DependencyKey.h"
+
 #include <KrParameterDefinition/ParameterAddress.h>
+
+#include <QtCore/QList>
+#include <QtCore/QPointer>
 
 class CoordinateInstanceSet;
 class ParameterDefinition;
@@ -12,8 +17,13 @@ public:
     virtual void onCoordinateChanged(ParameterAddress oldAddress, ParameterAddress newAddress) = 0;
     /// Called when a set has more or fewer elements, before definitionChanged is heard by anyone.
     virtual void onElementsChanged() = 0;
-    /// Called when an override of the parameter kind may have changed.
-    virtual void onKindsChanged(CoordinateInstanceSet *set) = 0;
+    /// Called when overrides or the definition changed, before anyone hears of it.
+    virtual void onPropertiesChanged(CoordinateInstanceSet *set) = 0;
+    /// The sets of which values may depend on the key, by coordinate.
+    virtual QList<QPointer<CoordinateInstanceSet>> receivers(const DependencyKey &key) = 0;
+    /// Stand around a change of a value that others follow. They nest.
+    virtual void beginChange() = 0;
+    virtual void endChange() = 0;
     /// Whether a parameter of this definition is global in the device's family.
     virtual bool isGlobal(const ParameterDefinition *definition) const = 0;
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "instance/DependencyKey.h"
+
+#include <KrParameterDefinition/ParameterCoordinate.h>
 #include <KrParameterDefinition/eLivingSpace.h>
 #include <KrParameterDefinition/eParameterProperty.h>
 
@@ -26,6 +29,20 @@ constexpr eParameterProperty receiverProperty(eParameterProperty dependency)
     default:
         return eParameterProperty::HidingFunctionIndex;
     }
+}
+
+constexpr bool isDependency(eParameterProperty property)
+{
+    return property >= eParameterProperty::LimitDependency
+        && property <= eParameterProperty::MeasuringUnitDependency;
+}
+
+/// For what the receivers of a source wait, that has the reference under the dependency property.
+inline DependencyKey key(
+    eParameterProperty dependency, qint32 reference, const ParameterCoordinate &source)
+{
+    const bool isUnit = dependency == eParameterProperty::MeasuringUnitDependency;
+    return {dependency, isUnit ? source.toNumber() : reference};
 }
 
 /// A change of a global value reaches every instance of the receiver, one in an axis that axis and

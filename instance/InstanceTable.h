@@ -9,6 +9,7 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <utility>
 
 /// Holds the value records of one parameter by living space.
 class InstanceTable {
@@ -21,7 +22,15 @@ public:
                 delete record;
         }
     }
-    Q_DISABLE_COPY_MOVE(InstanceTable)
+    Q_DISABLE_COPY(InstanceTable)
+    InstanceTable(InstanceTable &&other) noexcept
+        : m_records(std::exchange(other.m_records, {}))
+        , m_block(std::move(other.m_block))
+        , m_blockSize(std::exchange(other.m_blockSize, 0))
+        , m_blockFree(std::exchange(other.m_blockFree, 0))
+    {
+    }
+    InstanceTable &operator=(InstanceTable &&) = delete;
 
     /// The key under which a living space's record stands.
     static constexpr eLivingSpace key(eLivingSpace livingSpace, bool isGlobal)
@@ -44,6 +53,14 @@ public:
                 list.append(eLivingSpace(i));
         }
         return list;
+    }
+    /// The records outlive their set.
+    void disown()
+    {
+        for (ParameterInstanceData *record : m_records) {
+            if (record)
+                record->setOwner(nullptr, nullptr, record->livingSpace());
+        }
     }
     /// Makes the records of so many coming insertions in one piece of memory. Once, on an empty table.
     void reserve(size_t count)

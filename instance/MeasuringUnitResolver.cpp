@@ -52,3 +52,13 @@ ParameterCoordinate MeasuringUnitResolver::locatedCoordinate(const ParameterProp
     const std::optional<AxisReference> reference = AxisReference::parse(value.toString());
     return reference ? reference->coordinate() : ParameterCoordinate();
 }
+
+QString MeasuringUnitResolver::allTexts(const ParameterText &unit)
+{
+    QString all;
+    for (const QString &language : unit.languages()) {
+        for (const QString &part : {language, unit.shortText(language), unit.longText(language)})
+            all += part + QChar(QChar::Null);
+    }
+    return all;
+}

@@ -32,4 +32,7 @@ Outcome resolve(
 /// The coordinate that a locator names; invalid where the property is none.
 ParameterCoordinate locatedCoordinate(const ParameterProperty &property);
 
+/// Short and long text in every language, for telling whether a listener could see a difference.
+QString allTexts(const ParameterText &unit);
+
 } // namespace MeasuringUnitResolver

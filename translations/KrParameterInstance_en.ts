@@ -9,6 +9,13 @@
     </message>
 </context>
 <context>
+    <name>ParameterContainerPrivate</name>
+    <message>
+        <source> löst zu viele aufeinander folgende Änderungen aus. Die weiteren Abhängigkeiten wurden nicht mehr ausgeführt!</source>
+        <translation> causes too many changes that follow from each other. The further dependencies were not carried out any more!</translation>
+    </message>
+</context>
+<context>
     <name>ParameterInstanceData</name>
     <message>
         <source>Wert von Parameter %1 korrigiert!</source>

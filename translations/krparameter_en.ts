@@ -35,16 +35,16 @@
 <context>
     <name>CommandLine</name>
     <message>
-        <source>%1 braucht einen Wert: %2</source>
-        <translation>%1 needs a value: %2</translation>
-    </message>
-    <message>
         <source>unbekannte Option %1</source>
         <translation>unknown option %1</translation>
     </message>
     <message>
         <source>--%1 nimmt keinen Wert</source>
         <translation>--%1 takes no value</translation>
+    </message>
+    <message>
+        <source>--%1 braucht einen Wert: %2</source>
+        <translation>--%1 needs a value: %2</translation>
     </message>
 </context>
 <context>
@@ -70,20 +70,12 @@
         <translation>axis for addresses without an axis (default 1); list shows only this one</translation>
     </message>
     <message>
-        <source>Zugriffsstufe von 0 (Bediener) bis 6 (Hersteller), sonst 4</source>
-        <translation>access level from 0 (operator) to 6 (manufacturer), default 4</translation>
-    </message>
-    <message>
         <source>Sprache der Texte, sonst de</source>
         <translation>language of the texts, default de</translation>
     </message>
     <message>
         <source>Ausgabe als JSON, ein Objekt je Zeile</source>
         <translation>output as JSON, one object per line</translation>
-    </message>
-    <message>
-        <source>auch einen abgeschnittenen Block laden</source>
-        <translation>load a truncated block as well</translation>
     </message>
     <message>
         <source>auch speichern, wenn dabei etwas verloren geht</source>
@@ -96,6 +88,45 @@
     <message>
         <source>Version</source>
         <translation>version</translation>
+    </message>
+    <message>
+        <source>Zugriffsstufe: 0 (Bediener) bis 6 (Hersteller) oder mehr, sonst 4</source>
+        <translation>access level: 0 (operator) to 6 (manufacturer) or more, default 4</translation>
+    </message>
+    <message>
+        <source>auch einen abgeschnittenen Block laden, ein Projekt ersetzen</source>
+        <translation>load a truncated block as well, replace a project</translation>
+    </message>
+</context>
+<context>
+    <name>CoordinateTable</name>
+    <message>
+        <source>Zeile %1: %2</source>
+        <translation>line %1: %2</translation>
+    </message>
+    <message>
+        <source>erwartet werden ein Index und eine Koordinate</source>
+        <translation>an index and a coordinate are expected</translation>
+    </message>
+    <message>
+        <source>der Index ist keiner von 0x0001 bis 0xFFFF</source>
+        <translation>the index is none from 0x0001 to 0xFFFF</translation>
+    </message>
+    <message>
+        <source>die Koordinate ist keine von A00 bis Z999</source>
+        <translation>the coordinate is none from A00 to Z999</translation>
+    </message>
+    <message>
+        <source>die Koordinate %1 ist vorbehalten</source>
+        <translation>the coordinate %1 is reserved</translation>
+    </message>
+    <message>
+        <source>der Index %1 steht schon in einer früheren Zeile</source>
+        <translation>the index %1 stands in an earlier line already</translation>
+    </message>
+    <message>
+        <source>die Koordinate %1 gehört schon zu %2</source>
+        <translation>the coordinate %1 belongs to %2 already</translation>
     </message>
 </context>
 <context>
@@ -119,10 +150,6 @@ only with --force.
     <message>
         <source>demo nimmt keine Argumente</source>
         <translation>demo takes no arguments</translation>
-    </message>
-    <message>
-        <source>demo bringt seine Gerätebeschreibung mit</source>
-        <translation>demo brings its own device description</translation>
     </message>
     <message>
         <source>in %1 liegt schon ein Projekt; --force ersetzt es</source>
@@ -249,10 +276,86 @@ only with --force.
     </message>
 </context>
 <context>
+    <name>DeviceInformation</name>
+    <message>
+        <source>ist keine Knotennummer von 1 bis 127</source>
+        <translation>is no node id from 1 to 127</translation>
+    </message>
+    <message>
+        <source>lässt PDO-Objekte aus; sie werden nicht ergänzt</source>
+        <translation>leaves out PDO objects, which are not made</translation>
+    </message>
+</context>
+<context>
+    <name>DictionaryEntryReader</name>
+    <message>
+        <source>der Abschnitt %1 hat keine Zugriffsart; nur lesbar</source>
+        <translation>the section %1 has no access type; read-only</translation>
+    </message>
+    <message>
+        <source>ist keine Zugriffsart; nur lesbar</source>
+        <translation>is no access type; read-only</translation>
+    </message>
+    <message>
+        <source>DOMAIN, ein Datenblock ohne eigenen Wert</source>
+        <translation>DOMAIN, a block of data without a value of its own</translation>
+    </message>
+    <message>
+        <source>hat keinen Datentyp</source>
+        <translation>has no data type</translation>
+    </message>
+    <message>
+        <source>der Datentyp %1 ist keine Zahl</source>
+        <translation>the data type %1 is no number</translation>
+    </message>
+</context>
+<context>
     <name>DriveProject</name>
     <message>
         <source>abgebrochen</source>
         <translation>cancelled</translation>
+    </message>
+</context>
+<context>
+    <name>EdsReader</name>
+    <message>
+        <source>dem Abschnitt fehlt die schließende Klammer: %1</source>
+        <translation>the section has no closing bracket: %1</translation>
+    </message>
+    <message>
+        <source>ein Abschnitt ohne Namen, übersprungen: %1</source>
+        <translation>a section without name, skipped: %1</translation>
+    </message>
+    <message>
+        <source>Text hinter dem Namen eines Abschnitts, übersprungen: %1</source>
+        <translation>text after a section&apos;s name, skipped: %1</translation>
+    </message>
+    <message>
+        <source>der Abschnitt %1 aus Zeile %2 geht hier weiter</source>
+        <translation>the section %1 of line %2 goes on here</translation>
+    </message>
+    <message>
+        <source>weder Abschnitt noch Eintrag noch Kommentar, übersprungen: %1</source>
+        <translation>neither section, entry nor comment, skipped: %1</translation>
+    </message>
+    <message>
+        <source>ein Eintrag ohne Schlüssel, übersprungen: %1</source>
+        <translation>an entry without key, skipped: %1</translation>
+    </message>
+    <message>
+        <source>ein Eintrag außerhalb eines Abschnitts, übersprungen: %1</source>
+        <translation>an entry outside of any section, skipped: %1</translation>
+    </message>
+    <message>
+        <source>der Schlüssel steht schon da, sein erster Wert gilt: %1</source>
+        <translation>the key is there already, its first value counts: %1</translation>
+    </message>
+</context>
+<context>
+    <name>EdsSection</name>
+    <message>
+        <source>ist keine 32-Bit-Zahl und zählt als 0</source>
+        <translation>is no number of 32 bits and counts as 0</translation>
     </message>
 </context>
 <context>
@@ -404,6 +507,69 @@ ever extended. The configured values of a DCF file go to --project.
     <message>
         <source>Gerätebeschreibung aus einem Objektverzeichnis</source>
         <translation>device description from an object dictionary</translation>
+    </message>
+    <message>
+        <source>%1 Werte hängen von der Knotennummer ab, die die Datei nicht nennt; --node-id N gibt sie an.</source>
+        <translation>%1 values depend on the node id, which the file does not give; --node-id N gives it.</translation>
+    </message>
+</context>
+<context>
+    <name>ImportReport</name>
+    <message>
+        <source>%1: %2 Objekte gelesen (%3 Elemente), %4 übersprungen
+</source>
+        <translation>%1: %2 objects read (%3 elements), %4 skipped
+</translation>
+    </message>
+    <message>
+        <source>  Gerätefamilie %1 (%2)
+</source>
+        <translation>  device family %1 (%2)
+</translation>
+    </message>
+    <message>
+        <source>  Knotennummer %1
+</source>
+        <translation>  node id %1
+</translation>
+    </message>
+    <message>
+        <source>  Knotennummer nicht bekannt; %1 Werte hängen von ihr ab
+</source>
+        <translation>  node id not known; %1 values depend on it
+</translation>
+    </message>
+    <message>
+        <source>  %1 neue Koordinaten
+</source>
+        <translation>  %1 new coordinates
+</translation>
+    </message>
+    <message>
+        <source>  %1 konfigurierte Werte
+</source>
+        <translation>  %1 configured values
+</translation>
+    </message>
+    <message>
+        <source> (Zeile %1)</source>
+        <translation> (line %1)</translation>
+    </message>
+    <message>
+        <source>  übersprungen %1%2: %3
+</source>
+        <translation>  skipped %1%2: %3
+</translation>
+    </message>
+    <message>
+        <source>  Zeile %1: </source>
+        <translation>  line %1: </translation>
+    </message>
+    <message>
+        <source>  %1 weitere Bemerkungen
+</source>
+        <translation>  %1 further remarks
+</translation>
     </message>
 </context>
 <context>
@@ -575,6 +741,216 @@ value when typed in; get says which.
     </message>
 </context>
 <context>
+    <name>NativeValue</name>
+    <message>
+        <source>der Datentyp hat hier keine Werte</source>
+        <translation>the data type has no values here</translation>
+    </message>
+    <message>
+        <source>ist keine ganze Zahl</source>
+        <translation>is no integer</translation>
+    </message>
+    <message>
+        <source>hängt von der Knotennummer ab, die nicht bekannt ist</source>
+        <translation>depends on the node id, which is not known</translation>
+    </message>
+    <message>
+        <source>ist größer als 64 Bit</source>
+        <translation>is beyond 64 bits</translation>
+    </message>
+    <message>
+        <source>liegt außerhalb von %1</source>
+        <translation>is outside of %1</translation>
+    </message>
+    <message>
+        <source>hat führende Nullen und wurde als %1 gelesen</source>
+        <translation>has leading zeros and was read as %1</translation>
+    </message>
+    <message>
+        <source>ist kein endlicher Wert für %1</source>
+        <translation>is no finite %1</translation>
+    </message>
+    <message>
+        <source>enthält Zeichen, die ein Text des Geräts nicht hat</source>
+        <translation>holds characters that a text of the device does not have</translation>
+    </message>
+    <message>
+        <source>ist länger als %1 Zeichen</source>
+        <translation>is longer than %1 characters</translation>
+    </message>
+    <message>
+        <source>ist weder hexadezimal noch Latin-1-Text</source>
+        <translation>is neither hexadecimal nor Latin-1 text</translation>
+    </message>
+    <message>
+        <source>ist länger als %1 Bytes</source>
+        <translation>is longer than %1 bytes</translation>
+    </message>
+    <message>
+        <source>ist nicht hexadezimal; seine Zeichen wurden als Bytes genommen</source>
+        <translation>is not hexadecimal; its characters were taken as bytes</translation>
+    </message>
+</context>
+<context>
+    <name>ObjectDictionaryImport</name>
+    <message>
+        <source>es fehlt ein Dateiname</source>
+        <translation>a file name is missing</translation>
+    </message>
+    <message>
+        <source>ist Tabelle und Ausgabe zugleich</source>
+        <translation>is both table and output</translation>
+    </message>
+    <message>
+        <source>würde überschrieben</source>
+        <translation>would be overwritten</translation>
+    </message>
+    <message>
+        <source>die Knotennummer ist keine von 1 bis 127</source>
+        <translation>the node id is none from 1 to 127</translation>
+    </message>
+    <message>
+        <source>ein anderer Import hält die Tabelle</source>
+        <translation>another import holds the table</translation>
+    </message>
+    <message>
+        <source>die Koordinatentabelle ist voll</source>
+        <translation>the coordinate table is full</translation>
+    </message>
+    <message>
+        <source>enthält kein Objekt mit einem Wert</source>
+        <translation>holds no object with a value</translation>
+    </message>
+    <message>
+        <source>in ihrem Ordner lässt sich keine Sperrdatei anlegen</source>
+        <translation>no lock file can be made in its folder</translation>
+    </message>
+</context>
+<context>
+    <name>ObjectDictionaryReader</name>
+    <message>
+        <source>Indizes unter 0x1000 beschreiben Datentypen</source>
+        <translation>indices below 0x1000 describe data types</translation>
+    </message>
+    <message>
+        <source>nur Listen, aber kein Abschnitt des Objekts</source>
+        <translation>only lists, but no section of the object</translation>
+    </message>
+    <message>
+        <source>%1 hat Unterobjekte, aber keinen eigenen Abschnitt</source>
+        <translation>%1 has sub-objects, but no section of its own</translation>
+    </message>
+    <message>
+        <source>NULL, ein Objekt ohne Inhalt</source>
+        <translation>NULL, an object without content</translation>
+    </message>
+    <message>
+        <source>DOMAIN, ein Datenblock ohne eigenen Wert</source>
+        <translation>DOMAIN, a block of data without a value of its own</translation>
+    </message>
+    <message>
+        <source>beschreibt einen Datentyp</source>
+        <translation>describes a data type</translation>
+    </message>
+    <message>
+        <source>die Objektart %1 ist unbekannt</source>
+        <translation>object type %1 is not known</translation>
+    </message>
+    <message>
+        <source>ist keine Objektart; gilt als fehlend</source>
+        <translation>is no object type; taken as missing</translation>
+    </message>
+    <message>
+        <source>nennt einen einzelnen Wert, aber es gibt Unterobjekte</source>
+        <translation>names a single value, but there are sub-objects</translation>
+    </message>
+    <message>
+        <source>ist keine Anzahl von Unterobjekten von 0 bis 254; übersprungen</source>
+        <translation>is no number of sub-objects from 0 to 254; skipped</translation>
+    </message>
+    <message>
+        <source>ergibt mehr Unterobjekte, als eine Datei haben darf; übersprungen</source>
+        <translation>makes more sub-objects than one file may; skipped</translation>
+    </message>
+    <message>
+        <source>hat keine Unterobjekte</source>
+        <translation>has no sub-objects</translation>
+    </message>
+    <message>
+        <source>keines seiner Unterobjekte hat einen Wert</source>
+        <translation>none of its sub-objects has a value</translation>
+    </message>
+    <message>
+        <source>weicht ab; die Datei nennt %1</source>
+        <translation>differs; the file has %1</translation>
+    </message>
+</context>
+<context>
+    <name>ObjectListCheck</name>
+    <message>
+        <source>weicht ab; die Liste nennt %1</source>
+        <translation>differs; the list has %1</translation>
+    </message>
+    <message>
+        <source>ist kein Index, übersprungen</source>
+        <translation>is no index, skipped</translation>
+    </message>
+    <message>
+        <source>%1 steht in keiner Objektliste</source>
+        <translation>%1 stands in no object list</translation>
+    </message>
+    <message>
+        <source>aufgeführt, aber ohne Abschnitt</source>
+        <translation>listed, but without a section</translation>
+    </message>
+</context>
+<context>
+    <name>ObjectSections</name>
+    <message>
+        <source>der Abschnitt %1 wiederholt %2 aus Zeile %3, übersprungen</source>
+        <translation>the section %1 repeats %2 of line %3, skipped</translation>
+    </message>
+    <message>
+        <source>der Abschnitt %1 nennt kein Objekt, übersprungen</source>
+        <translation>the section %1 names no object, skipped</translation>
+    </message>
+</context>
+<context>
+    <name>ParameterConversion</name>
+    <message>
+        <source>liegt über HighLimit; beide Grenzen weggelassen</source>
+        <translation>is above HighLimit; both limits left out</translation>
+    </message>
+    <message>
+        <source>liegt außerhalb seiner Grenzen; stattdessen %1</source>
+        <translation>is outside of its limits; %1 instead</translation>
+    </message>
+    <message>
+        <source>stattdessen %1</source>
+        <translation>%1 instead</translation>
+    </message>
+    <message>
+        <source>weggelassen</source>
+        <translation>left out</translation>
+    </message>
+    <message>
+        <source>liegt außerhalb seiner Grenzen; übernommen wie konfiguriert</source>
+        <translation>is outside of its limits; taken as configured</translation>
+    </message>
+    <message>
+        <source>der Datentyp 0x%1 ist keiner der Grundtypen</source>
+        <translation>the data type 0x%1 is none of the basic ones</translation>
+    </message>
+    <message>
+        <source>eine Gerätebeschreibung hat keinen Datentyp für %1</source>
+        <translation>a device description has no data type for %1</translation>
+    </message>
+    <message>
+        <source>keines seiner Unterobjekte hat einen Wert</source>
+        <translation>none of its sub-objects has a value</translation>
+    </message>
+</context>
+<context>
     <name>ProjectFolder</name>
     <message>
         <source>der Ordner ist nicht vorhanden</source>
@@ -593,8 +969,12 @@ value when typed in; get says which.
         <translation>is not a file</translation>
     </message>
     <message>
-        <source>ist länger als 512 MiB</source>
-        <translation>is longer than 512 MiB</translation>
+        <source>ist kein Ordner</source>
+        <translation>is not a folder</translation>
+    </message>
+    <message>
+        <source>der Ordner darf nicht gelesen werden</source>
+        <translation>the folder may not be read</translation>
     </message>
 </context>
 <context>
@@ -639,16 +1019,8 @@ value when typed in; get says which.
         <translation>Parameter %1: there is no element %2, only %3</translation>
     </message>
     <message>
-        <source>--access-level nimmt eine Zahl von 0 bis 6</source>
-        <translation>--access-level takes a number from 0 to 6</translation>
-    </message>
-    <message>
         <source>--axis nimmt eine Zahl von 1 bis 4</source>
         <translation>--axis takes a number from 1 to 4</translation>
-    </message>
-    <message>
-        <source>--project braucht einen Ordner</source>
-        <translation>--project needs a folder</translation>
     </message>
     <message>
         <source>es fehlt --device DATEI, zum Beispiel --device two-axis-drive</source>
@@ -669,6 +1041,22 @@ value when typed in; get says which.
     <message>
         <source>; --force lädt ihn trotzdem</source>
         <translation>; --force loads it nevertheless</translation>
+    </message>
+    <message>
+        <source>--access-level nimmt eine Zahl von 0 bis 6 oder mehr, nicht &quot;%1&quot;</source>
+        <translation>--access-level takes a number from 0 to 6 or more, not &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>ist weder eine Datei noch eine mitgelieferte Beschreibung; mitgeliefert: %1</source>
+        <translation>is neither a file nor a shipped description; shipped are: %1</translation>
+    </message>
+    <message>
+        <source>ist ein Ordner</source>
+        <translation>is a folder</translation>
+    </message>
+    <message>
+        <source>darf nicht gelesen werden</source>
+        <translation>may not be read</translation>
     </message>
 </context>
 <context>
@@ -761,6 +1149,22 @@ saved. Without --project the command only shows what would apply.
         <source>das Gelesene unterscheidet sich vom Geschriebenen</source>
         <translation>what was read back differs from what was written</translation>
     </message>
+    <message>
+        <source>ist ein Ordner</source>
+        <translation>is a folder</translation>
+    </message>
+    <message>
+        <source>ist keine Datei</source>
+        <translation>is not a file</translation>
+    </message>
+    <message>
+        <source>der Ordner ist nicht vorhanden</source>
+        <translation>the folder does not exist</translation>
+    </message>
+    <message>
+        <source>darf nicht geschrieben werden</source>
+        <translation>may not be written</translation>
+    </message>
 </context>
 <context>
     <name>ValueView</name>
@@ -847,6 +1251,41 @@ saved. Without --project the command only shows what would apply.
     <message>
         <source>; für diesen Benutzer nicht schreibbar</source>
         <translation>; not writable for this user</translation>
+    </message>
+    <message>
+        <source>eine Adresse, zum Beispiel E84, E30[1] oder 2.B01</source>
+        <translation>an address, for example E84, E30[1] or 2.B01</translation>
+    </message>
+    <message>
+        <source>eine Zahl</source>
+        <translation>a number</translation>
+    </message>
+    <message>
+        <source>ein Text mit höchstens %1 Zeichen aus Latin-1</source>
+        <translation>a text of at most %1 characters of Latin-1</translation>
+    </message>
+    <message>
+        <source>höchstens %1 Bytes als Paare hexadezimaler Ziffern</source>
+        <translation>at most %1 bytes as pairs of hexadecimal digits</translation>
+    </message>
+</context>
+<context>
+    <name>WholeFile</name>
+    <message>
+        <source>ist nicht vorhanden</source>
+        <translation>does not exist</translation>
+    </message>
+    <message>
+        <source>darf nicht gelesen werden</source>
+        <translation>may not be read</translation>
+    </message>
+    <message>
+        <source>ist ein Ordner</source>
+        <translation>is a folder</translation>
+    </message>
+    <message>
+        <source>ist länger als %1 MiB</source>
+        <translation>is longer than %1 MiB</translation>
     </message>
 </context>
 </TS>

@@ -109,3 +109,9 @@ const ParameterProperty &ElementFacts::unit(eParameterProperty property) const
         return m_units[0];
     return property == eParameterProperty::NativeMeasuringUnit ? m_units[1] : m_units[2];
 }
+
+const ElementFacts &ElementFacts::none()
+{
+    static const ElementFacts empty([](eParameterProperty) { return ParameterProperty(); });
+    return empty;
+}

@@ -25,6 +25,9 @@ public:
     /// of them does. **Owner** the caller of the information, which outlives the facts.
     static std::shared_ptr<const ElementFacts> of(const IParameterElementInformation *information);
 
+    /// Of no element: has nothing.
+    static const ElementFacts &none();
+
     bool has(eParameterProperty property) const
     {
         return quint32(property) < DefinitionPropertyEnd && m_present[quint32(property)];

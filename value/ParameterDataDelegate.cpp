@@ -8,7 +8,8 @@
 
 bool ParameterDataDelegate::isGlobalParameter() const
 {
-    return m_record->owner()->isGlobalParameter();
+    const ParameterSetup *owner = m_record->owner();
+    return owner && owner->isGlobalParameter();
 }
 
 quint8 ParameterDataDelegate::axis() const
@@ -121,10 +122,12 @@ QList<qint32> ParameterDataDelegate::choiceMapKeys(quint16 element) const
 
 bool ParameterDataDelegate::hasProperty(quint16 element, eParameterProperty property) const
 {
-    return m_record->owner()->hasElementProperty(element, property);
+    const ParameterSetup *owner = m_record->owner();
+    return owner && owner->hasElementProperty(element, property);
 }
 
 QVariant ParameterDataDelegate::property(quint16 element, eParameterProperty property) const
 {
-    return m_record->owner()->elementProperty(element, property).asVariant();
+    const ParameterSetup *owner = m_record->owner();
+    return owner ? owner->elementProperty(element, property).asVariant() : QVariant();
 }

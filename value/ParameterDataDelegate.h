@@ -4,7 +4,8 @@
 
 class ParameterInstanceData;
 
-/// Shows one value record to the firmware's functions.
+/// Shows one value record to the firmware's functions. A record that was removed while such a function
+/// runs answers like one without any property; its address number throws, like that of no element.
 class ParameterDataDelegate final : public ParameterData {
 public:
     /// **Owner** the record owns the delegate.

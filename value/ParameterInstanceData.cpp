@@ -294,6 +294,8 @@ void ParameterInstanceData::checkElement(quint16 element) const
 
 ParameterAddress ParameterInstanceData::address(quint16 element) const
 {
+    if (!m_owner)
+        return {};
     const bool isFirstAxis = m_axisNumber == 0 || m_owner->isGlobalParameter();
     return ParameterAddress(
         isFirstAxis ? 0 : quint8(m_axisNumber - 1), m_owner->coordinate(), element);
@@ -402,6 +404,18 @@ bool ParameterInstanceData::updateLimits(quint16 element)
 bool ParameterInstanceData::updateUnits(quint16 element, const QString &unitTexts)
 {
     return remember(rare().told[element].units, unitTexts);
+}
+
+bool ParameterInstanceData::areLimitsKnown(quint16 element) const
+{
+    const Told *known = told(element);
+    return known && !known->limits.isNull();
+}
+
+bool ParameterInstanceData::areUnitsKnown(quint16 element) const
+{
+    const Told *known = told(element);
+    return known && !known->units.isNull();
 }
 
 bool ParameterInstanceData::isHidden(quint16 element)
@@ -568,6 +582,14 @@ ElementTexts &ParameterInstanceData::entry(quint16 element)
     return m_texts.at(size_t(elements().position(element)));
 }
 
+const ParameterInstanceData::Told *ParameterInstanceData::told(quint16 element) const
+{
+    if (!m_rare)
+        return nullptr;
+    const auto found = m_rare->told.constFind(element);
+    return found != m_rare->told.constEnd() ? &*found : nullptr;
+}
+
 ParameterInstanceData::Rare &ParameterInstanceData::rare()
 {
     if (!m_rare)
@@ -577,7 +599,7 @@ ParameterInstanceData::Rare &ParameterInstanceData::rare()
 
 const ElementFacts &ParameterInstanceData::facts(quint16 element) const
 {
-    return m_properties->facts(element);
+    return m_properties ? m_properties->facts(element) : ElementFacts::none();
 }
 
 const ElementCatalogue &ParameterInstanceData::elements() const

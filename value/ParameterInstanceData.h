@@ -45,7 +45,8 @@ public:
 
     /// Counts the records of the process from 1.
     quint32 serialNumber() const { return m_serialNumber; }
-    /// **Owner** of both is the instance set, which owns the record too.
+    /// **Owner** of both is the instance set, which owns the record too. Null for a record whose set is
+    /// gone while a function of the firmware still looks at it.
     void setOwner(
         ParameterSetup *owner, const PropertyResolver *properties, eLivingSpace livingSpace);
     ParameterSetup *owner() const { return m_owner; }
@@ -85,6 +86,7 @@ public:
 
     /// Throws or returns.
     void checkElement(quint16 element) const;
+    /// Invalid without owner.
     ParameterAddress address(quint16 element) const;
     /// With axis prefix unless global, with element where there is more than one.
     QString addressText(quint16 element) const;
@@ -107,6 +109,9 @@ public:
     void runFunction(eFunctionKind kind, quint16 element);
     /// Asks for the limits anew. True where they differ from the ones asked for last by this.
     bool updateLimits(quint16 element);
+    /// Whether updateLimits() was asked before.
+    bool areLimitsKnown(quint16 element) const;
+    bool areUnitsKnown(quint16 element) const;
     /// Stores the unit texts. True where they differ from the ones stored.
     bool updateUnits(quint16 element, const QString &unitTexts);
     /// Asked of the firmware once; see updateHidden().
@@ -163,6 +168,8 @@ private:
         QHash<quint16, Told> told;
     };
     Rare &rare();
+    /// Null where nothing was told.
+    const Told *told(quint16 element) const;
 
     std::unique_ptr<Rare> m_rare;
     /// The innermost default that is being computed; null: none. On the stack of its computation.

@@ -118,9 +118,8 @@ ParameterProperty PropertyResolver::read(quint16 element, eParameterProperty pro
 
 const ElementFacts &PropertyResolver::soughtFacts(quint16 element) const
 {
-    static const ElementFacts empty([](eParameterProperty) { return ParameterProperty(); });
     if (!m_elements.contains(element))
-        return empty;
+        return ElementFacts::none();
     if (m_overrides) {
         const auto found = m_overrides->facts.constFind(m_elements.informationKey(element));
         if (found != m_overrides->facts.constEnd())

@@ -54,6 +54,7 @@ public:
     const Override *find(quint16 element, eParameterProperty property) const;
     void setOverride(quint16 element, eParameterProperty property, const ParameterProperty &value,
         const QString &changeTag);
+    bool hasOverrides() const { return m_overrides != nullptr; }
     /// By element, then by property.
     std::vector<Override> overrides() const;
     void replaceOverrides(std::vector<Override> overrides);

@@ -1,6 +1,7 @@
 #include "apps/host/ProjectFolder.h"
 
-#include "apps/host/StagedFile.h"
+#include "apps/files/StagedFile.h"
+#include "apps/files/WholeFile.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
@@ -50,10 +51,15 @@ bool ProjectFolder::holdsProject() const
         || QFileInfo::exists(filePath(BlockManifest::fileName()));
 }
 
+bool ProjectFolder::isFree() const
+{
+    return !QFileInfo::exists(path()) || (reasonNotRead().isEmpty() && !holdsProject());
+}
+
 std::optional<ProjectFolder::Content> ProjectFolder::read(QString &error) const
 {
-    if (!m_directory.exists()) {
-        error = problem(path(), tr("der Ordner ist nicht vorhanden"));
+    if (const QString reason = reasonNotRead(); !reason.isEmpty()) {
+        error = problem(path(), reason);
         return std::nullopt;
     }
     Content content;
@@ -107,6 +113,17 @@ QString ProjectFolder::write(const QMap<QString, QByteArray> &blocks)
     return {};
 }
 
+/// Empty for a folder whose files can be looked for.
+QString ProjectFolder::reasonNotRead() const
+{
+    const QFileInfo folder(path());
+    if (!folder.exists())
+        return tr("der Ordner ist nicht vorhanden");
+    if (!folder.isDir())
+        return tr("ist kein Ordner");
+    return folder.isExecutable() ? QString() : tr("der Ordner darf nicht gelesen werden");
+}
+
 std::optional<QByteArray> ProjectFolder::readFile(const QString &name, QString &error) const
 {
     const QString fileName = filePath(name);
@@ -115,28 +132,19 @@ std::optional<QByteArray> ProjectFolder::readFile(const QString &name, QString &
         error = problem(fileName, tr("ist keine Datei"));
         return std::nullopt;
     }
-    QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly)) {
-        error = problem(fileName, file.errorString());
-        return std::nullopt;
-    }
-    const QByteArray bytes = file.read(MaximumBlockSize + 1);
-    if (file.error() != QFileDevice::NoError || bytes.size() > MaximumBlockSize) {
-        error = problem(fileName,
-            file.error() != QFileDevice::NoError ? file.errorString()
-                                                 : tr("ist länger als 512 MiB"));
-        return std::nullopt;
-    }
+    QString reason;
+    auto bytes = WholeFile::read(fileName, MaximumBlockSize, reason);
+    if (!bytes)
+        error = problem(fileName, reason);
     return bytes;
 }
 
 /// Keeps what is noted about other blocks.
 BlockManifest ProjectFolder::manifestWith(const QMap<QString, QByteArray> &blocks) const
 {
-    BlockManifest manifest;
-    QFile file(filePath(BlockManifest::fileName()));
-    if (QFileInfo(file).isFile() && file.open(QIODevice::ReadOnly))
-        manifest = BlockManifest::fromBytes(file.read(MaximumBlockSize));
+    QString unreadable;
+    const auto bytes = readFile(BlockManifest::fileName(), unreadable);
+    BlockManifest manifest = bytes ? BlockManifest::fromBytes(*bytes) : BlockManifest();
     for (auto it = blocks.begin(); it != blocks.end(); ++it)
         manifest.note(it.key(), *it);
     return manifest;

@@ -31,6 +31,8 @@ public:
     QString path() const { return m_directory.path(); }
     /// Has a parameter block or a manifest.
     bool holdsProject() const;
+    /// A project may begin here: the folder is missing, or it can be looked into and holds none.
+    bool isFree() const;
     /// The parameter block and every block of the manifest, as far as their files are there.
     /// Empty where the folder or a file cannot be read; `error` then says which and why.
     std::optional<Content> read(QString &error) const;
@@ -41,6 +43,7 @@ public:
 
 private:
     QString filePath(const QString &name) const { return m_directory.filePath(name); }
+    QString reasonNotRead() const;
     std::optional<QByteArray> readFile(const QString &name, QString &error) const;
     BlockManifest manifestWith(const QMap<QString, QByteArray> &blocks) const;
 

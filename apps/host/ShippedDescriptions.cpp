@@ -12,6 +12,17 @@ constexpr QLatin1StringView Folders[] = {
     QLatin1StringView("../../share/KrParameterInstance/devices"),
 };
 
+constexpr QLatin1StringView Suffix(".json");
+
+QList<QDir> folders()
+{
+    const QDir program(QCoreApplication::applicationDirPath());
+    QList<QDir> found;
+    for (const QLatin1StringView folder : Folders)
+        found.append(QDir(program.filePath(folder)));
+    return found;
+}
+
 } // namespace
 
 QString ShippedDescriptions::filePath(const QString &name)
@@ -19,12 +30,24 @@ QString ShippedDescriptions::filePath(const QString &name)
     // A name, never a path out of the folder.
     if (name.isEmpty() || name.contains(QLatin1Char('/')))
         return {};
-    const QDir program(QCoreApplication::applicationDirPath());
-    for (const QLatin1StringView folder : Folders) {
-        const QFileInfo file(
-            program.filePath(folder) + QLatin1Char('/') + name + QLatin1String(".json"));
+    for (const QDir &folder : folders()) {
+        const QFileInfo file(folder.filePath(name + Suffix));
         if (file.isFile())
             return QDir::cleanPath(file.filePath());
     }
     return {};
+}
+
+QStringList ShippedDescriptions::names()
+{
+    QStringList names;
+    for (const QDir &folder : folders()) {
+        for (const QString &file : folder.entryList({u'*' + Suffix}, QDir::Files))
+            names.append(file.chopped(Suffix.size()));
+    }
+    // The schema of descriptions lies beside them.
+    names.removeIf([](const QString &name) { return name.contains(u'.'); });
+    names.sort();
+    names.removeDuplicates();
+    return names;
 }

@@ -41,7 +41,7 @@ std::optional<CoordinateTable> CoordinateTable::read(const QByteArray &bytes, QS
         ++number;
         const QString reason = table.takeLine(line);
         if (!reason.isEmpty()) {
-            error = QStringLiteral("line %1: %2").arg(number).arg(reason);
+            error = tr("Zeile %1: %2").arg(number).arg(reason);
             return std::nullopt;
         }
     }
@@ -73,21 +73,20 @@ QString CoordinateTable::takeLine(QByteArray line)
         return {};
     const QList<QByteArray> parts = content.split(' ');
     if (parts.size() != 2)
-        return QStringLiteral("an index and a coordinate are expected");
+        return tr("erwartet werden ein Index und eine Koordinate");
     const quint16 index = indexOf(parts.first());
     if (index == 0)
-        return QStringLiteral("the index is none from 0x0001 to 0xFFFF");
+        return tr("der Index ist keiner von 0x0001 bis 0xFFFF");
     const ParameterCoordinate coordinate(QString::fromLatin1(parts.last()));
     if (!coordinate.isValid())
-        return QStringLiteral("the coordinate is none from A00 to Z999");
+        return tr("die Koordinate ist keine von A00 bis Z999");
     if (!CoordinatePlan::isUsable(coordinate))
-        return QStringLiteral("the coordinate %1 is reserved").arg(coordinate.toText());
+        return tr("die Koordinate %1 ist vorbehalten").arg(coordinate.toText());
     if (m_coordinates.contains(index))
-        return QStringLiteral("the index %1 stands in an earlier line already").arg(placeOf(index));
+        return tr("der Index %1 steht schon in einer früheren Zeile").arg(placeOf(index));
     const quint16 holder = m_indices.at(coordinate.toNumber());
     if (holder != 0)
-        return QStringLiteral("the coordinate %1 belongs to %2 already")
-            .arg(coordinate.toText(), placeOf(holder));
+        return tr("die Koordinate %1 gehört schon zu %2").arg(coordinate.toText(), placeOf(holder));
     m_coordinates.insert(index, coordinate);
     m_indices[coordinate.toNumber()] = index;
     return {};

@@ -3,6 +3,7 @@
 #include <KrParameterDefinition/ParameterCoordinate.h>
 
 #include <QtCore/QByteArray>
+#include <QtCore/QCoreApplication>
 #include <QtCore/QHash>
 #include <QtCore/QList>
 #include <QtCore/QString>
@@ -17,6 +18,8 @@
 ///
 /// A coordinate that is once in the table stays; the table is only ever extended at its end.
 class CoordinateTable {
+    Q_DECLARE_TR_FUNCTIONS(CoordinateTable)
+
 public:
     /// A table without lines, which gets an explaining head when it is extended.
     CoordinateTable() = default;

@@ -20,7 +20,7 @@ void readNodeId(DeviceInformation &device, const EdsSection &section, ImportRema
     if (value && *value != 0)
         device.nodeId = quint8(*value);
     else if (id.state() != EdsNumber::eState::Empty)
-        remarks.add(entry, QStringLiteral("is no node id from 1 to 127"));
+        remarks.add(entry, DeviceInformation::tr("ist keine Knotennummer von 1 bis 127"));
 }
 
 void readDeviceInfo(DeviceInformation &device, const EdsSection &section, ImportRemarks &remarks)
@@ -31,7 +31,7 @@ void readDeviceInfo(DeviceInformation &device, const EdsSection &section, Import
     device.productNumber = section.number(QStringLiteral("ProductNumber"), remarks);
     if (section.number(QStringLiteral("CompactPDO"), remarks) != 0) {
         remarks.add(section.entry(QStringLiteral("CompactPDO")),
-            QStringLiteral("leaves out PDO objects, which are not made"));
+            DeviceInformation::tr("lässt PDO-Objekte aus; sie werden nicht ergänzt"));
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QString>
 
 #include <optional>
@@ -9,6 +10,9 @@ class ImportRemarks;
 
 /// What a file says about the device as a whole.
 struct DeviceInformation {
+    Q_DECLARE_TR_FUNCTIONS(DeviceInformation)
+
+public:
     /// 1 to 127, from the device commissioning.
     std::optional<quint8> nodeId;
     /// 0 where not given.

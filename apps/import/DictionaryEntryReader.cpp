@@ -43,10 +43,10 @@ eObjectAccess accessOf(const EdsSection &section, ImportRemarks &remarks)
     }
     if (entry.value.isEmpty())
         remarks.add(section.line(),
-            QStringLiteral("the section %1 has no access type; read-only")
+            DictionaryEntryReader::tr("der Abschnitt %1 hat keine Zugriffsart; nur lesbar")
                 .arg(ImportRemarks::excerpt(section.name())));
     else
-        remarks.add(entry, QStringLiteral("is no access type; read-only"));
+        remarks.add(entry, DictionaryEntryReader::tr("ist keine Zugriffsart; nur lesbar"));
     return eObjectAccess::ReadOnly;
 }
 
@@ -56,15 +56,15 @@ std::optional<DictionaryEntry> DictionaryEntryReader::read(
     const EdsSection &section, ImportRemarks &remarks, QString &reason)
 {
     if (isDomain(section)) {
-        reason = QStringLiteral("DOMAIN, a block of data without a value of its own");
+        reason = tr("DOMAIN, ein Datenblock ohne eigenen Wert");
         return std::nullopt;
     }
     const QString type = section.value(QStringLiteral("DataType"));
     const auto code = EdsNumber::parse(type).unsignedValue(0xFFFFFFFF);
     if (!code) {
         reason = type.isEmpty()
-            ? QStringLiteral("has no data type")
-            : QStringLiteral("the data type %1 is no number").arg(ImportRemarks::excerpt(type));
+            ? tr("hat keinen Datentyp")
+            : tr("der Datentyp %1 ist keine Zahl").arg(ImportRemarks::excerpt(type));
         return std::nullopt;
     }
     DictionaryEntry entry;

@@ -51,20 +51,20 @@ private:
         m_section = nullptr;
         const qsizetype end = text.indexOf(QLatin1Char(']'));
         if (end < 0)
-            remark(QStringLiteral("the section has no closing bracket: %1"), text);
+            remark(EdsReader::tr("dem Abschnitt fehlt die schließende Klammer: %1"), text);
         const QStringView name = text.sliced(1, (end < 0 ? text.size() : end) - 1).trimmed();
         if (name.isEmpty()) {
-            remark(QStringLiteral("a section without name, skipped: %1"), text);
+            remark(EdsReader::tr("ein Abschnitt ohne Namen, übersprungen: %1"), text);
             return;
         }
         const QStringView rest = end < 0 ? QStringView() : text.sliced(end + 1).trimmed();
         if (!rest.isEmpty() && !isComment(rest))
-            remark(QStringLiteral("text after a section's name, skipped: %1"), rest);
+            remark(EdsReader::tr("Text hinter dem Namen eines Abschnitts, übersprungen: %1"), rest);
 
         m_section = m_file.openSection(name.toString(), m_line);
         if (m_section->line() != m_line) {
             m_remarks.add(m_line,
-                QStringLiteral("the section %1 of line %2 goes on here")
+                EdsReader::tr("der Abschnitt %1 aus Zeile %2 geht hier weiter")
                     .arg(ImportRemarks::excerpt(name), QString::number(m_section->line())));
         }
     }
@@ -73,21 +73,22 @@ private:
     {
         const qsizetype equals = text.indexOf(QLatin1Char('='));
         if (equals < 0) {
-            remark(QStringLiteral("neither section, entry nor comment, skipped: %1"), text);
+            remark(EdsReader::tr("weder Abschnitt noch Eintrag noch Kommentar, übersprungen: %1"),
+                text);
             return;
         }
         const QStringView key = text.first(equals).trimmed();
         if (key.isEmpty()) {
-            remark(QStringLiteral("an entry without key, skipped: %1"), text);
+            remark(EdsReader::tr("ein Eintrag ohne Schlüssel, übersprungen: %1"), text);
             return;
         }
         if (m_section == nullptr) {
-            remark(QStringLiteral("an entry outside of any section, skipped: %1"), text);
+            remark(EdsReader::tr("ein Eintrag außerhalb eines Abschnitts, übersprungen: %1"), text);
             return;
         }
         const QString value = text.sliced(equals + 1).trimmed().toString();
         if (!m_section->add({key.toString(), value, m_line}))
-            remark(QStringLiteral("the key is there already, its first value counts: %1"), text);
+            remark(EdsReader::tr("der Schlüssel steht schon da, sein erster Wert gilt: %1"), text);
     }
 
     void remark(const QString &text, QStringView piece)

@@ -2,6 +2,8 @@
 
 #include "apps/import/EdsFile.h"
 
+#include <QtCore/QCoreApplication>
+
 class ImportRemarks;
 class QByteArray;
 
@@ -18,6 +20,8 @@ class QByteArray;
 /// counts. Bytes are UTF-8 where all of them are, otherwise Latin-1; a byte-order mark tells UTF-16
 /// too.
 class EdsReader {
+    Q_DECLARE_TR_FUNCTIONS(EdsReader)
+
 public:
     /// Never fails: a line that is none of the above is skipped. One pass.
     /// **Reports** every oddity with its line.

@@ -31,7 +31,7 @@ quint32 EdsSection::number(const QString &key, ImportRemarks &remarks) const
     const EdsNumber parsed = EdsNumber::parse(found.value);
     const auto result = parsed.unsignedValue(0xFFFFFFFF);
     if (!result && parsed.state() != EdsNumber::eState::Empty)
-        remarks.add(found, QStringLiteral("is no number of 32 bits and counts as 0"));
+        remarks.add(found, tr("ist keine 32-Bit-Zahl und zählt als 0"));
     return result.value_or(0);
 }
 

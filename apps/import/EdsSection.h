@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QHash>
 #include <QtCore/QList>
 #include <QtCore/QString>
@@ -16,6 +17,8 @@ struct EdsEntry {
 
 /// One section of an electronic data sheet with its entries in the order of the file.
 class EdsSection {
+    Q_DECLARE_TR_FUNCTIONS(EdsSection)
+
 public:
     EdsSection(const QString &name, int line);
 

@@ -10,7 +10,7 @@ struct EdsEntry;
 struct ImportRemark {
     /// Counted from 1; 0 where the remark belongs to no line.
     int line = 0;
-    /// English.
+    /// In the language of the user.
     QString text;
 };
 
@@ -21,7 +21,7 @@ public:
     static constexpr qsizetype MaximumCount = 1000;
 
     void add(int line, const QString &text);
-    /// `text` goes on after the entry, as in: "PDOMapping=x" is no number.
+    /// `text` goes on after the entry, as in: "PDOMapping=x" ist keine 32-Bit-Zahl.
     void add(const EdsEntry &entry, const QString &text);
     /// Ascending by line, those of one line in the order in which they were made.
     QList<ImportRemark> sorted() const;

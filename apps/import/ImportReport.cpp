@@ -30,24 +30,23 @@ qsizetype ImportReport::objectsSkipped() const
 
 QString ImportReport::toText() const
 {
-    QString text = QStringLiteral("%1: %2 objects read (%3 elements), %4 skipped\n")
+    QString text = tr("%1: %2 Objekte gelesen (%3 Elemente), %4 übersprungen\n")
                        .arg(fileName, QString::number(objectsRead), QString::number(elementsRead),
                            QString::number(objectsSkipped()));
-    text += QStringLiteral("  device family %1 (%2)\n")
-                .arg(QString::number(familyIdentifier), familyName);
-    text += nodeId ? QStringLiteral("  node id %1\n").arg(*nodeId)
-                   : QStringLiteral("  node id not known\n");
-    text += QStringLiteral("  %1 new coordinates\n").arg(newCoordinates);
-    text += QStringLiteral("  %1 configured values\n").arg(configuredValues);
+    text += tr("  Gerätefamilie %1 (%2)\n").arg(QString::number(familyIdentifier), familyName);
+    text += nodeId
+        ? tr("  Knotennummer %1\n").arg(*nodeId)
+        : tr("  Knotennummer nicht bekannt; %1 Werte hängen von ihr ab\n").arg(valuesWithoutNodeId);
+    text += tr("  %1 neue Koordinaten\n").arg(newCoordinates);
+    text += tr("  %1 konfigurierte Werte\n").arg(configuredValues);
     for (const SkippedObject &object : skipped) {
-        const QString line =
-            object.line > 0 ? QStringLiteral(" (line %1)").arg(object.line) : QString();
-        text += QStringLiteral("  skipped %1%2: %3\n").arg(object.place(), line, object.reason);
+        const QString line = object.line > 0 ? tr(" (Zeile %1)").arg(object.line) : QString();
+        text += tr("  übersprungen %1%2: %3\n").arg(object.place(), line, object.reason);
     }
     for (const ImportRemark &remark : remarks.sorted())
-        text += QStringLiteral("  line %1: ").arg(remark.line) + remark.text + QLatin1Char('\n');
+        text += tr("  Zeile %1: ").arg(remark.line) + remark.text + QLatin1Char('\n');
     if (remarks.omitted() > 0)
-        text += QStringLiteral("  %1 further remarks\n").arg(remarks.omitted());
+        text += tr("  %1 weitere Bemerkungen\n").arg(remarks.omitted());
     return text;
 }
 
@@ -65,6 +64,7 @@ QJsonObject ImportReport::toJson() const
         {QStringLiteral("name"), familyName}};
     return {{QStringLiteral("file"), fileName}, {QStringLiteral("family"), family},
         {QStringLiteral("nodeId"), nodeId ? QJsonValue(*nodeId) : QJsonValue()},
+        {QStringLiteral("valuesWithoutNodeId"), valuesWithoutNodeId},
         {QStringLiteral("objectsRead"), objectsRead},
         {QStringLiteral("elementsRead"), elementsRead},
         {QStringLiteral("objectsSkipped"), objectsSkipped()},

@@ -3,6 +3,7 @@
 #include "apps/import/ImportRemarks.h"
 #include "apps/import/SkippedObject.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QJsonObject>
 #include <QtCore/QList>
 #include <QtCore/QString>
@@ -11,11 +12,16 @@
 
 /// What an import found in one file and what became of it.
 struct ImportReport {
+    Q_DECLARE_TR_FUNCTIONS(ImportReport)
+
+public:
     QString fileName;
     QString familyName;
     quint32 familyIdentifier = 0;
     /// With which expressions of the file were computed.
     std::optional<quint8> nodeId;
+    /// Expressions of the node id that have no value, since it is not known.
+    qsizetype valuesWithoutNodeId = 0;
     qsizetype objectsRead = 0;
     qsizetype elementsRead = 0;
     qsizetype configuredValues = 0;
@@ -27,7 +33,7 @@ struct ImportReport {
 
     /// Objects among the skipped, without sub-objects.
     qsizetype objectsSkipped() const;
-    /// English, one finding a line, with a line end behind the last.
+    /// One finding a line, with a line end behind each.
     QString toText() const;
     QJsonObject toJson() const;
 };

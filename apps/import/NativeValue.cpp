@@ -160,7 +160,7 @@ NativeValue NativeValue::read(
     case eForm::NoValue:
         break;
     }
-    return {eState::Refused, {}, QStringLiteral("the data type has no values here")};
+    return {eState::Refused, {}, tr("der Datentyp hat hier keine Werte")};
 }
 
 NativeValue NativeValue::readInteger(
@@ -171,12 +171,12 @@ NativeValue NativeValue::readInteger(
     case EdsNumber::eState::Empty:
         return {eState::Missing, {}, {}};
     case EdsNumber::eState::NoNumber:
-        return {eState::Refused, {}, QStringLiteral("is no integer")};
+        return {eState::Refused, {}, tr("ist keine ganze Zahl")};
     case EdsNumber::eState::NodeIdUnknown:
-        return {eState::NodeIdUnknown, {},
-            QStringLiteral("depends on the node id, which is not known")};
+        return {
+            eState::NodeIdUnknown, {}, tr("hängt von der Knotennummer ab, die nicht bekannt ist")};
     case EdsNumber::eState::TooLarge:
-        return {eState::Refused, {}, QStringLiteral("is beyond 64 bits")};
+        return {eState::Refused, {}, tr("ist größer als 64 Bit")};
     case EdsNumber::eState::Number:
         break;
     }
@@ -186,10 +186,10 @@ NativeValue NativeValue::readInteger(
     const WideInteger nearest = std::clamp(value, minimumOf(type), maximumOf(type));
     if (nearest != value) {
         return {eState::OutsideType, nearest.toText(),
-            QStringLiteral("is outside of %1").arg(QLatin1String(type.name))};
+            tr("liegt außerhalb von %1").arg(QLatin1String(type.name))};
     }
     const QString note = number.hasLeadingZeros()
-        ? QStringLiteral("has leading zeros and was read as %1").arg(value.toText())
+        ? tr("hat führende Nullen und wurde als %1 gelesen").arg(value.toText())
         : QString();
     return {eState::Good, value.toText(), note};
 }
@@ -199,8 +199,8 @@ NativeValue NativeValue::readReal(const CanOpenDataType &type, const QString &te
     const auto native =
         type.size == 32 ? realText<float, quint32>(text) : realText<double, quint64>(text);
     if (!native) {
-        return {
-            eState::Refused, {}, QStringLiteral("is no finite %1").arg(QLatin1String(type.name))};
+        return {eState::Refused, {},
+            tr("ist kein endlicher Wert für %1").arg(QLatin1String(type.name))};
     }
     return {eState::Good, *native, {}};
 }
@@ -208,11 +208,10 @@ NativeValue NativeValue::readReal(const CanOpenDataType &type, const QString &te
 NativeValue NativeValue::readText(const CanOpenDataType &type, const QString &text)
 {
     if (!isLatin1Text(text)) {
-        return {eState::Refused, {},
-            QStringLiteral("holds characters that a text of the device does not have")};
+        return {eState::Refused, {}, tr("enthält Zeichen, die ein Text des Geräts nicht hat")};
     }
     if (text.size() > type.size) {
-        return {eState::Refused, {}, QStringLiteral("is longer than %1 characters").arg(type.size)};
+        return {eState::Refused, {}, tr("ist länger als %1 Zeichen").arg(type.size)};
     }
     return {eState::Good, text, {}};
 }
@@ -221,12 +220,12 @@ NativeValue NativeValue::readBytes(const CanOpenDataType &type, const QString &t
 {
     const auto read = bytesOf(text);
     if (!read && !isLatin1Text(text))
-        return {eState::Refused, {}, QStringLiteral("is neither hexadecimal nor Latin-1 text")};
+        return {eState::Refused, {}, tr("ist weder hexadezimal noch Latin-1-Text")};
     const QByteArray bytes = read.value_or(text.toLatin1());
     if (bytes.size() > type.size)
-        return {eState::Refused, {}, QStringLiteral("is longer than %1 bytes").arg(type.size)};
+        return {eState::Refused, {}, tr("ist länger als %1 Bytes").arg(type.size)};
     const QString note =
-        read ? QString() : QStringLiteral("is not hexadecimal; its characters were taken as bytes");
+        read ? QString() : tr("ist nicht hexadezimal; seine Zeichen wurden als Bytes genommen");
     return {eState::Good, QString::fromLatin1(bytes.toHex()), note};
 }
 

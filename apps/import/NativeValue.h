@@ -2,6 +2,7 @@
 
 #include "apps/import/CanOpenDataType.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QString>
 
 #include <optional>
@@ -12,6 +13,8 @@
 /// real is read as decimal or, in hexadecimal, as its bit pattern and becomes the shortest plain
 /// decimal that reads back as the same value. Bytes become hexadecimal digits in lower case.
 class NativeValue {
+    Q_DECLARE_TR_FUNCTIONS(NativeValue)
+
 public:
     enum class eState {
         /// The file gives no value.
@@ -31,7 +34,7 @@ public:
     bool isGood() const { return m_state == eState::Good; }
     /// Empty unless good or outside of the type.
     QString text() const { return m_text; }
-    /// Why it is not good, or what is to be known of a good one; English, may be empty.
+    /// Why it is not good, or what is to be known of a good one; may be empty.
     QString note() const { return m_note; }
 
     /// Smallest and largest native text of an integer type; empty for another form.

@@ -1,12 +1,13 @@
 #include "apps/import/ObjectDictionaryImport.h"
 
+#include "apps/files/WholeFile.h"
 #include "apps/import/CoordinateTable.h"
 #include "apps/import/DescriptionWriter.h"
 #include "apps/import/EdsReader.h"
 #include "apps/import/ObjectDictionaryReader.h"
 #include "apps/import/ParameterConversion.h"
-#include "apps/import/WholeFile.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QLockFile>
@@ -16,6 +17,8 @@
 
 namespace {
 
+/// Of a source and of a table. **Unit** bytes.
+constexpr qint64 MaximumFileSize = 64 * WholeFile::Mebibyte;
 constexpr quint8 LastNodeId = 127;
 /// How long another import on the same table is waited for.
 constexpr std::chrono::milliseconds LockWait {5000};
@@ -34,6 +37,8 @@ QString locationOf(const QString &fileName)
 
 /// One import, step by step; the first step that fails ends it.
 class Import {
+    Q_DECLARE_TR_FUNCTIONS(ObjectDictionaryImport)
+
 public:
     explicit Import(const ImportRequest &request)
         : m_request(request)
@@ -55,17 +60,16 @@ private:
             m_request.sourceFile, m_request.coordinateTable, m_request.outputFile};
         if (std::any_of(std::begin(files), std::end(files),
                 [](const QString &name) { return name.isEmpty(); }))
-            return fail(eStatus::BadRequest, {}, QStringLiteral("a file name is missing"));
+            return fail(eStatus::BadRequest, {}, tr("es fehlt ein Dateiname"));
         const QString table = locationOf(m_request.coordinateTable);
         const QString output = locationOf(m_request.outputFile);
         if (table == output)
-            return fail(eStatus::BadRequest, output, QStringLiteral("is both table and output"));
+            return fail(eStatus::BadRequest, output, tr("ist Tabelle und Ausgabe zugleich"));
         const QString source = locationOf(m_request.sourceFile);
         if (source == table || source == output)
-            return fail(eStatus::BadRequest, source, QStringLiteral("would be overwritten"));
+            return fail(eStatus::BadRequest, source, tr("würde überschrieben"));
         if (m_request.nodeId && (*m_request.nodeId == 0 || *m_request.nodeId > LastNodeId))
-            return fail(
-                eStatus::BadRequest, {}, QStringLiteral("the node id is none from 1 to 127"));
+            return fail(eStatus::BadRequest, {}, tr("die Knotennummer ist keine von 1 bis 127"));
         return true;
     }
 
@@ -79,7 +83,7 @@ private:
         if (m_lock->tryLock(int(LockWait.count())) || m_lock->error() != QLockFile::LockFailedError)
             return true;
         return fail(eStatus::WriteFailed, m_request.coordinateTable,
-            QStringLiteral("another import holds the table"));
+            tr("ein anderer Import hält die Tabelle"));
     }
 
     bool readTable()
@@ -87,7 +91,7 @@ private:
         if (!QFileInfo::exists(m_request.coordinateTable))
             return true;
         QString error;
-        const auto bytes = WholeFile::read(m_request.coordinateTable, error);
+        const auto bytes = WholeFile::read(m_request.coordinateTable, MaximumFileSize, error);
         if (!bytes)
             return fail(eStatus::UnreadableInput, m_request.coordinateTable, error);
         const auto table = CoordinateTable::read(*bytes, error);
@@ -100,7 +104,7 @@ private:
     bool readSource()
     {
         QString error;
-        const auto bytes = WholeFile::read(m_request.sourceFile, error);
+        const auto bytes = WholeFile::read(m_request.sourceFile, MaximumFileSize, error);
         if (!bytes)
             return fail(eStatus::UnreadableInput, m_request.sourceFile, error);
         ImportReport &report = m_result.report;
@@ -113,6 +117,7 @@ private:
         report.familyName = m_family.name;
         report.familyIdentifier = m_family.identifier;
         report.nodeId = m_request.nodeId ? m_request.nodeId : dictionary.device.nodeId;
+        report.valuesWithoutNodeId = converted.valuesWithoutNodeId;
         report.skipped = dictionary.skipped + converted.skipped;
         return true;
     }
@@ -127,8 +132,8 @@ private:
         m_parameters.removeIf([this, &report](const ImportedParameter &parameter) {
             const bool hasPlace = m_table.coordinate(parameter.index).isValid();
             if (!hasPlace)
-                report.skipped.append({parameter.index, std::nullopt, 0,
-                    QStringLiteral("the coordinate table is full")});
+                report.skipped.append(
+                    {parameter.index, std::nullopt, 0, tr("die Koordinatentabelle ist voll")});
             return !hasPlace;
         });
         std::stable_sort(report.skipped.begin(), report.skipped.end(),
@@ -141,7 +146,7 @@ private:
         m_result.isReportComplete = true;
         if (m_parameters.isEmpty())
             return fail(eStatus::UnreadableInput, m_request.sourceFile,
-                QStringLiteral("holds no object with a value"));
+                tr("enthält kein Objekt mit einem Wert"));
         return true;
     }
 
@@ -157,7 +162,7 @@ private:
         if (m_lock->isLocked())
             return write(m_request.coordinateTable, m_table.toBytes());
         return fail(eStatus::WriteFailed, m_request.coordinateTable,
-            QStringLiteral("its folder takes no lock file"));
+            tr("in ihrem Ordner lässt sich keine Sperrdatei anlegen"));
     }
 
     bool write(const QString &fileName, const QByteArray &bytes)

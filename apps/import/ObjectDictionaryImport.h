@@ -32,7 +32,7 @@ struct ImportResult {
     };
 
     eStatus status = eStatus::Good;
-    /// English, with the name of the file; empty when good.
+    /// With the name of the file; empty when good.
     QString error;
     /// Filled as far as the import came.
     ImportReport report;

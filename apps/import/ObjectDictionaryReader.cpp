@@ -49,16 +49,19 @@ private:
     void readObject(quint16 index, const ObjectSections &sections)
     {
         if (index < FirstObjectIndex) {
-            skip(index, sections.line, QStringLiteral("indices below 0x1000 describe data types"));
+            skip(index, sections.line,
+                ObjectDictionaryReader::tr("Indizes unter 0x1000 beschreiben Datentypen"));
             return;
         }
         if (sections.object == nullptr && sections.subObjects.isEmpty()) {
-            skip(index, sections.line, QStringLiteral("only lists, but no section of the object"));
+            skip(index, sections.line,
+                ObjectDictionaryReader::tr("nur Listen, aber kein Abschnitt des Objekts"));
             return;
         }
         if (sections.object == nullptr)
             m_remarks.add(sections.line,
-                placeOf(index) + QLatin1String(" has sub-objects, but no section of its own"));
+                ObjectDictionaryReader::tr("%1 hat Unterobjekte, aber keinen eigenen Abschnitt")
+                    .arg(placeOf(index)));
 
         // A section with its values at sub-indices is a record even where it claims to be none.
         const EdsSection absent(placeOf(index), sections.line);
@@ -86,18 +89,18 @@ private:
     {
         switch (objectType) {
         case 0:
-            return QStringLiteral("NULL, an object without content");
+            return ObjectDictionaryReader::tr("NULL, ein Objekt ohne Inhalt");
         case Domain:
-            return QStringLiteral("DOMAIN, a block of data without a value of its own");
+            return ObjectDictionaryReader::tr("DOMAIN, ein Datenblock ohne eigenen Wert");
         case DefType:
         case DefStruct:
-            return QStringLiteral("describes a data type");
+            return ObjectDictionaryReader::tr("beschreibt einen Datentyp");
         case Var:
         case Array:
         case Record:
             return {};
         default:
-            return QStringLiteral("object type %1 is not known").arg(objectType);
+            return ObjectDictionaryReader::tr("die Objektart %1 ist unbekannt").arg(objectType);
         }
     }
 
@@ -110,11 +113,14 @@ private:
             return missing;
         const auto value = parsed.unsignedValue(0xFFFFFFFF);
         if (!value) {
-            m_remarks.add(entry, QStringLiteral("is no object type; taken as missing"));
+            m_remarks.add(
+                entry, ObjectDictionaryReader::tr("ist keine Objektart; gilt als fehlend"));
             return missing;
         }
         if (*value == Var && hasSubObjects)
-            m_remarks.add(entry, QStringLiteral("names a single value, but there are sub-objects"));
+            m_remarks.add(entry,
+                ObjectDictionaryReader::tr(
+                    "nennt einen einzelnen Wert, aber es gibt Unterobjekte"));
         return *value;
     }
 
@@ -124,12 +130,14 @@ private:
         const EdsNumber parsed = EdsNumber::parse(entry.value);
         const auto count = parsed.unsignedValue(LastCompactSubIndex);
         if (!count && parsed.state() != EdsNumber::eState::Empty)
-            m_remarks.add(
-                entry, QStringLiteral("is no number of sub-objects from 0 to 254; skipped"));
+            m_remarks.add(entry,
+                ObjectDictionaryReader::tr(
+                    "ist keine Anzahl von Unterobjekten von 0 bis 254; übersprungen"));
         const int made = int(count.value_or(0));
         if (m_compactCount + made > ObjectDictionaryReader::MaximumCompactSubObjects) {
-            m_remarks.add(
-                entry, QStringLiteral("makes more sub-objects than one file may; skipped"));
+            m_remarks.add(entry,
+                ObjectDictionaryReader::tr(
+                    "ergibt mehr Unterobjekte, als eine Datei haben darf; übersprungen"));
             return 0;
         }
         m_compactCount += made;
@@ -163,8 +171,8 @@ private:
         if (entries.isEmpty()) {
             skip(object.index, object.line,
                 sections.subObjects.isEmpty() && compact == 0
-                    ? QStringLiteral("has no sub-objects")
-                    : QStringLiteral("none of its sub-objects has a value"));
+                    ? ObjectDictionaryReader::tr("hat keine Unterobjekte")
+                    : ObjectDictionaryReader::tr("keines seiner Unterobjekte hat einen Wert"));
             return;
         }
         object.entries = entries.values();
@@ -224,7 +232,8 @@ private:
             return;
         const qsizetype count = sections.subObjects.size();
         if (parsed.unsignedValue(256) != std::optional(quint32(count)))
-            m_remarks.add(entry, QStringLiteral("but there are %1 sub-objects").arg(count));
+            m_remarks.add(
+                entry, ObjectDictionaryReader::tr("weicht ab; die Datei nennt %1").arg(count));
     }
 
     /// Empty where the section describes no value, which is then among the skipped.

@@ -2,6 +2,8 @@
 
 #include "apps/import/ObjectDictionary.h"
 
+#include <QtCore/QCoreApplication>
+
 class EdsFile;
 class ImportRemarks;
 
@@ -12,6 +14,8 @@ class ImportRemarks;
 /// section of its own goes before a list. Keys and sections of a manufacturer's own are passed
 /// over.
 class ObjectDictionaryReader {
+    Q_DECLARE_TR_FUNCTIONS(ObjectDictionaryReader)
+
 public:
     /// Sub-objects that CompactSubObj may make in one file, so that a small file stays small.
     static constexpr int MaximumCompactSubObjects = 65536;

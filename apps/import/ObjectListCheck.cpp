@@ -30,7 +30,7 @@ void checkCount(const EdsSection &list, qsizetype count, ImportRemarks &remarks)
     const EdsNumber parsed = EdsNumber::parse(supported.value);
     if (parsed.state() != EdsNumber::eState::Empty
         && parsed.unsignedValue(0xFFFF) != std::optional(quint32(count)))
-        remarks.add(supported, QStringLiteral("but %1 are listed").arg(count));
+        remarks.add(supported, ObjectListCheck::tr("weicht ab; die Liste nennt %1").arg(count));
 }
 
 /// Adds the indices of one list.
@@ -44,7 +44,7 @@ void readList(const EdsSection &list, const Sections &sections, QMap<quint16, in
         ++count;
         const auto index = listedIndex(entry.value, sections);
         if (!index)
-            remarks.add(entry, QStringLiteral("is no index, skipped"));
+            remarks.add(entry, ObjectListCheck::tr("ist kein Index, übersprungen"));
         else if (!lines.contains(*index))
             lines.insert(*index, entry.line);
     }
@@ -67,13 +67,13 @@ QList<SkippedObject> ObjectListCheck::run(
     for (auto it = sections.cbegin(); hasList && it != sections.cend(); ++it) {
         if (!lines.contains(it.key()))
             remarks.add(it->line,
-                SkippedObject {it.key(), {}, 0, {}}.place()
-                    + QLatin1String(" stands in no object list"));
+                tr("%1 steht in keiner Objektliste")
+                    .arg(SkippedObject {it.key(), {}, 0, {}}.place()));
     }
     QList<SkippedObject> missing;
     for (auto it = lines.cbegin(); it != lines.cend(); ++it) {
         if (!sections.contains(it.key()))
-            missing.append({it.key(), {}, *it, QStringLiteral("listed, but without a section")});
+            missing.append({it.key(), {}, *it, tr("aufgeführt, aber ohne Abschnitt")});
     }
     return missing;
 }

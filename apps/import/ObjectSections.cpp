@@ -36,7 +36,7 @@ void place(const EdsSection **slot, const EdsSection &section, ImportRemarks &re
         return;
     }
     remarks.add(section.line(),
-        QStringLiteral("the section %1 repeats %2 of line %3, skipped")
+        ObjectSections::tr("der Abschnitt %1 wiederholt %2 aus Zeile %3, übersprungen")
             .arg(ImportRemarks::excerpt(section.name()), ImportRemarks::excerpt((*slot)->name()),
                 QString::number((*slot)->line())));
 }
@@ -50,7 +50,7 @@ QMap<quint16, ObjectSections> ObjectSections::collect(const EdsFile &file, Impor
         const EdsSectionName name = EdsSectionName::parse(section.name());
         if (name.kind == eKind::Unknown) {
             remarks.add(section.line(),
-                QStringLiteral("the section %1 names no object, skipped")
+                tr("der Abschnitt %1 nennt kein Objekt, übersprungen")
                     .arg(ImportRemarks::excerpt(section.name())));
         }
         if (name.index == 0)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QMap>
 
 class EdsFile;
@@ -9,6 +10,9 @@ class ImportRemarks;
 /// The sections of a file that belong to one index. Borrowed from the file, null where there are
 /// none.
 struct ObjectSections {
+    Q_DECLARE_TR_FUNCTIONS(ObjectSections)
+
+public:
     /// Of the first of them.
     int line = 0;
     const EdsSection *object = nullptr;

@@ -32,6 +32,9 @@ public:
         return m_element;
     }
 
+    /// Of the conversion that was made.
+    qsizetype valuesWithoutNodeId() const { return m_valuesWithoutNodeId; }
+
 private:
     void convertLimits()
     {
@@ -43,7 +46,7 @@ private:
         m_element.upperLimit = limit(m_entry.highLimit, QLatin1String("HighLimit"));
         if (isLess(m_element.upperLimit, m_element.lowerLimit)) {
             remark(m_entry.lowLimit, QLatin1String("LowLimit"),
-                QStringLiteral("is above the HighLimit; both limits left out"));
+                ParameterConversion::tr("liegt über HighLimit; beide Grenzen weggelassen"));
             m_element.lowerLimit.clear();
             m_element.upperLimit.clear();
         }
@@ -57,14 +60,14 @@ private:
 
     QString limit(const DictionaryText &text, QLatin1String key)
     {
-        const NativeValue value = read(text, key, QLatin1String("left out"));
+        const NativeValue value = read(text, key);
         return value.isGood() ? value.text() : QString();
     }
 
     void convertDefault()
     {
         const QLatin1String key("DefaultValue");
-        const NativeValue value = NativeValue::read(m_type, m_entry.defaultValue.text, m_nodeId);
+        const NativeValue value = converted(m_entry.defaultValue);
         const bool isNumber = m_type.isNumber();
         const QString start =
             value.text().isEmpty() && isNumber ? QStringLiteral("0") : value.text();
@@ -73,11 +76,12 @@ private:
             return;
         if (value.isGood() && m_element.defaultText != value.text()) {
             remark(m_entry.defaultValue, key,
-                QStringLiteral("is outside of its limits; %1 instead").arg(m_element.defaultText));
+                ParameterConversion::tr("liegt außerhalb seiner Grenzen; stattdessen %1")
+                    .arg(m_element.defaultText));
         } else if (!value.isGood()) {
             const QString instead = isNumber
-                ? QStringLiteral("%1 instead").arg(m_element.defaultText)
-                : QStringLiteral("left out");
+                ? ParameterConversion::tr("stattdessen %1").arg(m_element.defaultText)
+                : ParameterConversion::tr("weggelassen");
             remark(m_entry.defaultValue, key, value.note() + QLatin1String("; ") + instead);
         } else if (!value.note().isEmpty()) {
             remark(m_entry.defaultValue, key, value.note());
@@ -87,22 +91,32 @@ private:
     void convertConfiguredValue()
     {
         const QLatin1String key("ParameterValue");
-        const NativeValue value = read(m_entry.configuredValue, key, QLatin1String("left out"));
+        const NativeValue value = read(m_entry.configuredValue, key);
         if (!value.isGood())
             return;
         m_element.configuredText = value.text();
         if (m_type.isNumber() && nearest(value.text()) != value.text())
             remark(m_entry.configuredValue, key,
-                QStringLiteral("is outside of its limits; taken as configured"));
+                ParameterConversion::tr(
+                    "liegt außerhalb seiner Grenzen; übernommen wie konfiguriert"));
     }
 
-    NativeValue read(const DictionaryText &text, QLatin1String key, QLatin1String consequence)
+    NativeValue read(const DictionaryText &text, QLatin1String key)
     {
-        const NativeValue value = NativeValue::read(m_type, text.text, m_nodeId);
+        const NativeValue value = converted(text);
         if (!value.isGood() && value.state() != NativeValue::eState::Missing)
-            remark(text, key, value.note() + QLatin1String("; ") + consequence);
+            remark(text, key,
+                value.note() + QLatin1String("; ") + ParameterConversion::tr("weggelassen"));
         else if (!value.note().isEmpty())
             remark(text, key, value.note());
+        return value;
+    }
+
+    NativeValue converted(const DictionaryText &text)
+    {
+        const NativeValue value = NativeValue::read(m_type, text.text, m_nodeId);
+        if (value.state() == NativeValue::eState::NodeIdUnknown)
+            ++m_valuesWithoutNodeId;
         return value;
     }
 
@@ -133,15 +147,16 @@ private:
     std::optional<quint8> m_nodeId;
     ImportRemarks &m_remarks;
     ImportedElement m_element;
+    qsizetype m_valuesWithoutNodeId = 0;
 };
 
 /// Why values of that type are not taken.
 QString reasonAgainst(const CanOpenDataType *type, quint32 code)
 {
     if (type == nullptr)
-        return QStringLiteral("the data type 0x%1 is none of the basic ones")
+        return ParameterConversion::tr("der Datentyp 0x%1 ist keiner der Grundtypen")
             .arg(QStringLiteral("%1").arg(code, 4, 16, QLatin1Char('0')).toUpper());
-    return QStringLiteral("a device description has no data type for %1")
+    return ParameterConversion::tr("eine Gerätebeschreibung hat keinen Datentyp für %1")
         .arg(QLatin1String(type->name));
 }
 
@@ -166,14 +181,15 @@ ParameterConversion::Result ParameterConversion::convert(
                 result.skipped.append(place);
                 continue;
             }
-            parameter.elements.append(
-                ElementConversion(entry, *type, place.place(), usedNodeId, remarks).convert());
+            ElementConversion conversion(entry, *type, place.place(), usedNodeId, remarks);
+            parameter.elements.append(conversion.convert());
+            result.valuesWithoutNodeId += conversion.valuesWithoutNodeId();
         }
         if (!parameter.elements.isEmpty())
             result.parameters.append(parameter);
         else if (object.isRecord)
             result.skipped.append({object.index, std::nullopt, object.line,
-                QStringLiteral("none of its sub-objects has a value")});
+                tr("keines seiner Unterobjekte hat einen Wert")});
     }
     return result;
 }

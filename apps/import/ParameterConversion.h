@@ -3,6 +3,8 @@
 #include "apps/import/ImportedParameter.h"
 #include "apps/import/ObjectDictionary.h"
 
+#include <QtCore/QCoreApplication>
+
 class ImportRemarks;
 
 /// Turns objects into parameters: data types, limits, defaults and configured values.
@@ -13,11 +15,15 @@ class ImportRemarks;
 /// as it stands when its type holds it, also outside of the limits: it is what the device was
 /// given.
 class ParameterConversion {
+    Q_DECLARE_TR_FUNCTIONS(ParameterConversion)
+
 public:
     struct Result {
         /// Ascending by index.
         QList<ImportedParameter> parameters;
         QList<SkippedObject> skipped;
+        /// Expressions of the node id that have no value, since it is not known.
+        qsizetype valuesWithoutNodeId = 0;
     };
 
     /// `nodeId` goes before the node id of the dictionary.

@@ -11,7 +11,7 @@ struct SkippedObject {
     std::optional<quint8> subIndex;
     /// Counted from 1; 0 where no line is to blame.
     int line = 0;
-    /// English.
+    /// In the language of the user.
     QString reason;
 
     /// "0x1F22", "0x1018 sub 3".

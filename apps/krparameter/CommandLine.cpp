@@ -42,11 +42,13 @@ void CommandLine::parse(const QStringList &words, const QList<Option> &options)
             continue;
         }
         if (word.option->takesValue() && !word.hasValue) {
-            if (i + 1 == words.size()) {
-                m_error = tr("%1 braucht einen Wert: %2").arg(words.at(i), word.option->valueName);
-                return;
-            }
-            word.value = words.at(++i);
+            word.value = words.value(i + 1);
+            ++i;
+        }
+        if (word.option->takesValue() && word.value.isEmpty()) {
+            m_error =
+                tr("--%1 braucht einen Wert: %2").arg(word.option->name, word.option->valueName);
+            return;
         }
         m_values[word.option->name].append(word.value);
     }

@@ -24,7 +24,9 @@ QString DemoCommand::details() const
 
 QStringList DemoCommand::unusedOptions() const
 {
-    return {OptionName::Axis, OptionName::AccessLevel, OptionName::Json, OptionName::AllowLoss};
+    // It brings its description along.
+    return {OptionName::Device, OptionName::Axis, OptionName::AccessLevel, OptionName::Json,
+        OptionName::AllowLoss};
 }
 
 eExitCode DemoCommand::run(const CommandLine &line, Console &console)
@@ -35,8 +37,6 @@ eExitCode DemoCommand::run(const CommandLine &line, Console &console)
     };
     if (!line.arguments().isEmpty())
         return refuse(eExitCode::Usage, tr("demo nimmt keine Argumente"));
-    if (line.has(OptionName::Device))
-        return refuse(eExitCode::Usage, tr("demo bringt seine Gerätebeschreibung mit"));
     const QString folder =
         line.has(OptionName::Project) ? line.value(OptionName::Project) : DefaultFolder;
     if (ProjectFolder(folder).holdsProject() && !line.has(OptionName::Force))

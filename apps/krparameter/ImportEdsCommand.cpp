@@ -75,6 +75,11 @@ eExitCode ImportEdsCommand::run(const CommandLine &line, Console &console)
         console.writeLine(result.report.toJson());
     else if (result.isReportComplete)
         console.write(result.report.toText());
+    if (result.report.valuesWithoutNodeId > 0) {
+        console.report(tr("%1 Werte hängen von der Knotennummer ab, die die Datei nicht nennt; "
+                          "--node-id N gibt sie an.")
+                           .arg(result.report.valuesWithoutNodeId));
+    }
     if (result.status != ImportResult::eStatus::Good)
         return fail(codeOf(result.status), result.error, console);
     if (line.has(OptionName::Project))

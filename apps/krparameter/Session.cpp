@@ -16,8 +16,6 @@
 
 namespace {
 
-constexpr int GreatestAccessLevel = 99;
-
 QStringList numberTexts(const auto &numbers)
 {
     QStringList texts;
@@ -113,10 +111,13 @@ eExitCode Session::readOptions()
 {
     quint32 accessLevel = DefaultAccessLevel;
     if (m_line.has(OptionName::AccessLevel)) {
-        const auto level = number(m_line.value(OptionName::AccessLevel), 0, GreatestAccessLevel);
-        if (!level)
-            return fail(eExitCode::Usage, tr("--access-level nimmt eine Zahl von 0 bis 6"));
-        accessLevel = quint32(*level);
+        const QString text = m_line.value(OptionName::AccessLevel);
+        bool isNumber = false;
+        accessLevel = text.toUInt(&isNumber);
+        if (!isNumber) {
+            return fail(eExitCode::Usage,
+                tr("--access-level nimmt eine Zahl von 0 bis 6 oder mehr, nicht \"%1\"").arg(text));
+        }
     }
     System::information()->setUserAccessLevel(accessLevel);
     if (m_line.has(OptionName::Axis)) {
@@ -124,8 +125,6 @@ eExitCode Session::readOptions()
         if (!m_axis)
             return fail(eExitCode::Usage, tr("--axis nimmt eine Zahl von 1 bis 4"));
     }
-    if (hasFolder() && folder().isEmpty())
-        return fail(eExitCode::Usage, tr("--project braucht einen Ordner"));
     return eExitCode::Good;
 }
 
@@ -137,7 +136,9 @@ eExitCode Session::openDevice()
     const QString given = m_line.value(OptionName::Device);
     const QString shipped =
         QFileInfo::exists(given) ? QString() : ShippedDescriptions::filePath(given);
-    QString error;
+    QString error = shipped.isEmpty() ? reasonNotRead(given) : QString();
+    if (!error.isEmpty())
+        return fail(eExitCode::UnreadableInput, given + QLatin1String(": ") + error);
     m_project = DriveProject::open(shipped.isEmpty() ? given : shipped, error);
     if (!m_project)
         return fail(eExitCode::UnreadableInput, error);
@@ -147,11 +148,24 @@ eExitCode Session::openDevice()
     return eExitCode::Good;
 }
 
+/// The usual reasons in the user's language; the description's reader tells the others.
+QString Session::reasonNotRead(const QString &description)
+{
+    const QFileInfo file(description);
+    if (!file.exists()) {
+        return tr("ist weder eine Datei noch eine mitgelieferte Beschreibung; mitgeliefert: %1")
+            .arg(ShippedDescriptions::names().join(QLatin1String(", ")));
+    }
+    if (file.isDir())
+        return tr("ist ein Ordner");
+    return file.isReadable() ? QString() : tr("darf nicht gelesen werden");
+}
+
 eExitCode Session::loadProject(eMissingProject missing)
 {
     m_project->container().setDomain(QFileInfo(QDir::cleanPath(folder())).fileName());
     ProjectStorage storage(folder());
-    if (missing == eMissingProject::Create && !storage.folder().holdsProject()) {
+    if (missing == eMissingProject::Create && storage.folder().isFree()) {
         m_console.report(tr("Projekt %1: neu, mit den Defaultwerten").arg(folder()));
         return eExitCode::Good;
     }

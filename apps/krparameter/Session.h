@@ -48,6 +48,7 @@ public:
 private:
     eExitCode readOptions();
     eExitCode openDevice();
+    static QString reasonNotRead(const QString &description);
     eExitCode loadProject(eMissingProject missing);
     QString axesText() const;
 

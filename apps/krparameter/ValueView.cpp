@@ -2,7 +2,10 @@
 
 #include "apps/host/TrialCopy.h"
 
+#include <KrDatatype/DatatypeProvider.h>
 #include <KrSystem/System.h>
+
+#include <limits>
 
 namespace {
 
@@ -10,6 +13,20 @@ constexpr int LabelWidth = 11;
 
 /// Parameter kind whose values are written online only.
 constexpr int OnlineChoiceKind = 2;
+/// Parameter kind whose values are addresses of parameters.
+constexpr int AddressKind = 11;
+
+/// The native texts of the least and the greatest integer of a type.
+std::pair<QString, QString> rangeOf(const SimpleType &type)
+{
+    const bool isSigned = type.kind() == SimpleType::SignedInteger;
+    const quint32 surplus = 64 - 8 * type.sizeInBytes();
+    if (isSigned) {
+        return {QString::number(std::numeric_limits<qint64>::min() >> surplus),
+            QString::number(std::numeric_limits<qint64>::max() >> surplus)};
+    }
+    return {QStringLiteral("0"), QString::number(std::numeric_limits<quint64>::max() >> surplus)};
+}
 
 } // namespace
 
@@ -67,7 +84,10 @@ QString ValueView::readBackNote(TrialCopy &trial) const
 QString ValueView::accepted(TrialCopy &trial) const
 {
     const QStringList entries = choices();
-    return entries.isEmpty() ? limits(trial) : entries.join(QLatin1String(", "));
+    if (!entries.isEmpty())
+        return entries.join(QLatin1String(", "));
+    const QString range = limits(trial);
+    return range.isEmpty() ? acceptedByType(trial) : range;
 }
 
 QString ValueView::writeRefusal() const
@@ -78,11 +98,11 @@ QString ValueView::writeRefusal() const
     const auto noWrite = m_parameter.elementProperty(m_place.element, eParameterProperty::NoWrite);
     if (noWrite.isValid() && noWrite.asInt32() != 0)
         return heading + tr(": er wird nur gelesen");
-    const int needed = level(eParameterProperty::WriteLevel);
+    const int needed = number(eParameterProperty::WriteLevel);
     const quint32 given = System::information()->userAccessLevel();
-    if (needed > int(given))
+    if (needed > qint64(given))
         return heading + tr(": er braucht Zugriffsstufe %1, gegeben ist %2").arg(needed).arg(given);
-    if (level(eParameterProperty::ParameterKind) == OnlineChoiceKind)
+    if (number(eParameterProperty::ParameterKind) == OnlineChoiceKind)
         return heading + tr(": er wird nur online geschrieben");
     return heading;
 }
@@ -123,8 +143,8 @@ QJsonObject ValueView::toFullJson(TrialCopy &trial) const
     for (const qint32 key : texts.keys())
         entries.insert(QString::number(key), texts.text(key).longText());
     object.insert(QStringLiteral("choices"), entries);
-    object.insert(QStringLiteral("readLevel"), level(eParameterProperty::ReadLevel));
-    object.insert(QStringLiteral("writeLevel"), level(eParameterProperty::WriteLevel));
+    object.insert(QStringLiteral("readLevel"), number(eParameterProperty::ReadLevel));
+    object.insert(QStringLiteral("writeLevel"), number(eParameterProperty::WriteLevel));
     object.insert(QStringLiteral("visible"), m_parameter.isVisible(livingSpace, element));
     object.insert(QStringLiteral("writable"), m_parameter.isWritable(livingSpace, element));
     if (const QString note = readBackNote(trial); !note.isEmpty())
@@ -213,8 +233,8 @@ QStringList ValueView::choices() const
 QString ValueView::access() const
 {
     QString text = tr("lesen ab Stufe %1, schreiben ab Stufe %2")
-                       .arg(level(eParameterProperty::ReadLevel))
-                       .arg(level(eParameterProperty::WriteLevel));
+                       .arg(number(eParameterProperty::ReadLevel))
+                       .arg(number(eParameterProperty::WriteLevel));
     if (!m_parameter.isVisible(m_place.livingSpace, m_place.element))
         text += tr("; für diesen Benutzer nicht sichtbar");
     if (!m_parameter.isWritable(m_place.livingSpace, m_place.element))
@@ -222,7 +242,32 @@ QString ValueView::access() const
     return text;
 }
 
-int ValueView::level(eParameterProperty property) const
+/// Of a value without choices and limits.
+QString ValueView::acceptedByType(TrialCopy &trial) const
+{
+    if (number(eParameterProperty::ParameterKind) == AddressKind)
+        return tr("eine Adresse, zum Beispiel E84, E30[1] oder 2.B01");
+    const SimpleType *type =
+        DatatypeProvider::instance()->simpleType(quint8(number(eParameterProperty::Datatype)));
+    if (!type)
+        return {};
+    switch (type->kind()) {
+    case SimpleType::SignedInteger:
+    case SimpleType::UnsignedInteger: {
+        const auto [least, greatest] = rangeOf(*type);
+        return tr("%1 bis %2").arg(limit(trial, least), limit(trial, greatest));
+    }
+    case SimpleType::FloatingPoint:
+        return tr("eine Zahl");
+    case SimpleType::CharacterString:
+        return tr("ein Text mit höchstens %1 Zeichen aus Latin-1").arg(type->sizeInBytes());
+    case SimpleType::ByteString:
+        return tr("höchstens %1 Bytes als Paare hexadezimaler Ziffern").arg(type->sizeInBytes());
+    }
+    return {};
+}
+
+int ValueView::number(eParameterProperty property) const
 {
     return m_parameter.elementProperty(m_place.element, property).asInt32();
 }

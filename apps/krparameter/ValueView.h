@@ -29,7 +29,8 @@ public:
     /// Why the display text, typed in again, would not give the same native text; empty where it
     /// would, for no text at all, and for a masked value, whose text stands for none.
     QString readBackNote(TrialCopy &trial) const;
-    /// "0.100 A bis 40.000 A", or "0: Aus, 1: Ein"; empty where nothing is known.
+    /// "0.100 A bis 40.000 A", "0: Aus, 1: Ein", or what the data type takes; empty for a type that is
+    /// not known.
     QString accepted(TrialCopy &trial) const;
     /// Why this user cannot write the value; empty where he can.
     QString writeRefusal() const;
@@ -50,7 +51,8 @@ private:
     QString limits(TrialCopy &trial) const;
     QStringList choices() const;
     QString access() const;
-    int level(eParameterProperty property) const;
+    QString acceptedByType(TrialCopy &trial) const;
+    int number(eParameterProperty property) const;
 
     const ParameterInformation &m_parameter;
     ValuePlace m_place;

@@ -47,7 +47,6 @@ void tst_CommandLine::parts_data()
     row("option before the command", "--axis 2 get E84", "get", "E84", "2");
     row("option behind the command", "get E84 --axis 2", "get", "E84", "2");
     row("value behind the equals sign", "get --axis=2 E84", "get", "E84", "2");
-    row("empty value behind the equals sign", "get --axis= E84", "get", "E84", "");
     row("value that looks like an option", "get --axis --json", "get", "", "--json");
     row("negative number", "set B01 -5", "set", "B01 -5", "");
     row("dash alone", "set B01 -", "set", "B01 -", "");
@@ -77,6 +76,8 @@ void tst_CommandLine::refuses_data()
         << QStringLiteral("get -x") << QStringLiteral("unbekannte Option -x");
     QTest::newRow("missing value")
         << QStringLiteral("get --axis") << QStringLiteral("--axis braucht einen Wert: N");
+    QTest::newRow("empty value behind the equals sign")
+        << QStringLiteral("get --axis= E84") << QStringLiteral("--axis braucht einen Wert: N");
     QTest::newRow("value of a switch")
         << QStringLiteral("get --json=1") << QStringLiteral("--json nimmt keinen Wert");
 }

@@ -157,32 +157,36 @@ void tst_CoordinateTable::refused_data()
     const auto row = [](const char *name, const QByteArray &bytes, const QString &error) {
         QTest::newRow(name) << bytes << error;
     };
-    row("index alone", "0x6040\n"_ba, u"line 1: an index and a coordinate are expected"_s);
+    row("index alone", "0x6040\n"_ba, u"Zeile 1: erwartet werden ein Index und eine Koordinate"_s);
     row("three words", "# x\n0x6040 E40 E41\n"_ba,
-        u"line 2: an index and a coordinate are expected"_s);
-    row("index without 0x", "6040 E40\n"_ba, u"line 1: the index is none from 0x0001 to 0xFFFF"_s);
-    row("index zero", "0x0 E40\n"_ba, u"line 1: the index is none from 0x0001 to 0xFFFF"_s);
-    row("index too long", "0x10000 E40\n"_ba, u"line 1: the index is none from 0x0001 to 0xFFFF"_s);
-    row("index no number", "0xG E40\n"_ba, u"line 1: the index is none from 0x0001 to 0xFFFF"_s);
+        u"Zeile 2: erwartet werden ein Index und eine Koordinate"_s);
+    row("index without 0x", "6040 E40\n"_ba,
+        u"Zeile 1: der Index ist keiner von 0x0001 bis 0xFFFF"_s);
+    row("index zero", "0x0 E40\n"_ba, u"Zeile 1: der Index ist keiner von 0x0001 bis 0xFFFF"_s);
+    row("index too long", "0x10000 E40\n"_ba,
+        u"Zeile 1: der Index ist keiner von 0x0001 bis 0xFFFF"_s);
+    row("index no number", "0xG E40\n"_ba,
+        u"Zeile 1: der Index ist keiner von 0x0001 bis 0xFFFF"_s);
     row("index without digits", "0x E40\n"_ba,
-        u"line 1: the index is none from 0x0001 to 0xFFFF"_s);
+        u"Zeile 1: der Index ist keiner von 0x0001 bis 0xFFFF"_s);
     row("coordinate no coordinate", "0x6040 40\n"_ba,
-        u"line 1: the coordinate is none from A00 to Z999"_s);
+        u"Zeile 1: die Koordinate ist keine von A00 bis Z999"_s);
     row("coordinate in lower case", "0x6040 e40\n"_ba,
-        u"line 1: the coordinate is none from A00 to Z999"_s);
+        u"Zeile 1: die Koordinate ist keine von A00 bis Z999"_s);
     row("line too large", "0x6040 E1000\n"_ba,
-        u"line 1: the coordinate is none from A00 to Z999"_s);
-    row("moveable group", "0x6040 Q40\n"_ba, u"line 1: the coordinate Q40 is reserved"_s);
-    row("active axis", "0x6040 E84\n"_ba, u"line 1: the coordinate E84 is reserved"_s);
-    row("active axis, sortable", "0x6040 E084\n"_ba, u"line 1: the coordinate E84 is reserved"_s);
+        u"Zeile 1: die Koordinate ist keine von A00 bis Z999"_s);
+    row("moveable group", "0x6040 Q40\n"_ba, u"Zeile 1: die Koordinate Q40 ist vorbehalten"_s);
+    row("active axis", "0x6040 E84\n"_ba, u"Zeile 1: die Koordinate E84 ist vorbehalten"_s);
+    row("active axis, sortable", "0x6040 E084\n"_ba,
+        u"Zeile 1: die Koordinate E84 ist vorbehalten"_s);
     row("index twice", "0x6040 E40\n0x6040 E41\n"_ba,
-        u"line 2: the index 0x6040 stands in an earlier line already"_s);
+        u"Zeile 2: der Index 0x6040 steht schon in einer früheren Zeile"_s);
     row("line twice", "0x6040 E40\n0x6040 E40\n"_ba,
-        u"line 2: the index 0x6040 stands in an earlier line already"_s);
+        u"Zeile 2: der Index 0x6040 steht schon in einer früheren Zeile"_s);
     row("coordinate twice", "0x6040 E40\n\n0x6041 E040\n"_ba,
-        u"line 3: the coordinate E40 belongs to 0x6040 already"_s);
+        u"Zeile 3: die Koordinate E40 gehört schon zu 0x6040"_s);
     row("bytes that are no text", "\xFF\x00\x01"_ba,
-        u"line 1: an index and a coordinate are expected"_s);
+        u"Zeile 1: erwartet werden ein Index und eine Koordinate"_s);
 }
 
 void tst_CoordinateTable::refused()

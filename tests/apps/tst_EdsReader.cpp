@@ -100,35 +100,40 @@ void tst_EdsReader::oddity_data()
     QTest::newRow("a clean file") << "; c\r\n[6040]\r\n\r\nX=1\r\n"_ba << QStringList();
     QTest::newRow("no equals sign")
         << "[6040]\nwhat\n"_ba
-        << QStringList {u"2: neither section, entry nor comment, skipped: \"what\""_s};
+        << QStringList {
+               u"2: weder Abschnitt noch Eintrag noch Kommentar, übersprungen: \"what\""_s};
     QTest::newRow("no key") << "[6040]\n=5\n"_ba
-                            << QStringList {u"2: an entry without key, skipped: \"=5\""_s};
+                            << QStringList {
+                                   u"2: ein Eintrag ohne Schlüssel, übersprungen: \"=5\""_s};
     QTest::newRow("before any section")
         << "X=1\n[6040]\n"_ba
-        << QStringList {u"1: an entry outside of any section, skipped: \"X=1\""_s};
+        << QStringList {u"1: ein Eintrag außerhalb eines Abschnitts, übersprungen: \"X=1\""_s};
     QTest::newRow("no closing bracket")
-        << "[6040\nX=1\n"_ba << QStringList {u"1: the section has no closing bracket: \"[6040\""_s};
+        << "[6040\nX=1\n"_ba
+        << QStringList {u"1: dem Abschnitt fehlt die schließende Klammer: \"[6040\""_s};
     QTest::newRow("section without name takes no entries")
         << "[6040]\n[ ]\nX=1\n"_ba
-        << QStringList {u"2: a section without name, skipped: \"[ ]\""_s,
-               u"3: an entry outside of any section, skipped: \"X=1\""_s};
+        << QStringList {u"2: ein Abschnitt ohne Namen, übersprungen: \"[ ]\""_s,
+               u"3: ein Eintrag außerhalb eines Abschnitts, übersprungen: \"X=1\""_s};
     QTest::newRow("text behind a section")
-        << "[6040] x\n"_ba << QStringList {u"1: text after a section's name, skipped: \"x\""_s};
+        << "[6040] x\n"_ba
+        << QStringList {u"1: Text hinter dem Namen eines Abschnitts, übersprungen: \"x\""_s};
     QTest::newRow("repeated key")
         << "[6040]\nX=1\nx=2\n"_ba
-        << QStringList {u"3: the key is there already, its first value counts: \"x=2\""_s};
+        << QStringList {u"3: der Schlüssel steht schon da, sein erster Wert gilt: \"x=2\""_s};
     QTest::newRow("repeated section, other case")
         << "[60ff]\nX=1\n[60FF]\nY=2\n"_ba
-        << QStringList {u"3: the section \"60FF\" of line 1 goes on here"_s};
+        << QStringList {u"3: der Abschnitt \"60FF\" aus Zeile 1 geht hier weiter"_s};
     QTest::newRow("repeated section with a placeholder in its name")
         << "[a%2]\nX=1\n[a%2]\nY=2\n"_ba
-        << QStringList {u"3: the section \"a%2\" of line 1 goes on here"_s};
+        << QStringList {u"3: der Abschnitt \"a%2\" aus Zeile 1 geht hier weiter"_s};
     QTest::newRow("control characters are not repeated")
         << "a\0b\x01\n"_ba
-        << QStringList {u"1: neither section, entry nor comment, skipped: \"a?b?\""_s};
+        << QStringList {
+               u"1: weder Abschnitt noch Eintrag noch Kommentar, übersprungen: \"a?b?\""_s};
     QTest::newRow("long lines are cut")
         << QByteArray(100, 'x')
-        << QStringList {u"1: neither section, entry nor comment, skipped: "
+        << QStringList {u"1: weder Abschnitt noch Eintrag noch Kommentar, übersprungen: "
                         "\"xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx...\""_s};
 }
 

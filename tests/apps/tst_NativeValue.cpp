@@ -67,7 +67,7 @@ void tst_NativeValue::good_data()
         u"18446744073709551615"_s);
     row("UNSIGNED56 largest", u"UNSIGNED56"_s, u"0xFFFFFFFFFFFFFF"_s, u"72057594037927935"_s);
     row("leading zeros are told", u"UNSIGNED8"_s, u"010"_s, u"8"_s,
-        u"has leading zeros and was read as 8"_s);
+        u"hat führende Nullen und wurde als 8 gelesen"_s);
     row("REAL32 decimal", u"REAL32"_s, u"0.1"_s, u"0.1"_s);
     row("REAL32 negative", u"REAL32"_s, u"-2.50"_s, u"-2.5"_s);
     row("REAL32 plus sign", u"REAL32"_s, u"+2.5"_s, u"2.5"_s);
@@ -88,7 +88,7 @@ void tst_NativeValue::good_data()
     row("OCTET_STRING with prefix", u"OCTET_STRING"_s, u"0x01 0x02"_s, u"0102"_s);
     row("OCTET_STRING longest", u"OCTET_STRING"_s, QString(128, u'0'), QString(128, u'0'));
     row("OCTET_STRING of characters", u"OCTET_STRING"_s, u"xyz"_s, u"78797a"_s,
-        u"is not hexadecimal; its characters were taken as bytes"_s);
+        u"ist nicht hexadezimal; seine Zeichen wurden als Bytes genommen"_s);
 }
 
 void tst_NativeValue::good()

@@ -196,39 +196,39 @@ void tst_ObjectDictionary::skipped_data()
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QString>("expected");
 
-    QTest::newRow("DOMAIN object") << value("1F50")
-            + "ObjectType=2\n" << u"1 0x1F50: DOMAIN, a block of data without a value of its own"_s;
+    QTest::newRow("DOMAIN object") << value("1F50") + "ObjectType=2\n"
+                                   << u"1 0x1F50: DOMAIN, ein Datenblock ohne eigenen Wert"_s;
     QTest::newRow("DOMAIN sub-object")
         << value("1F50sub0") + "[1F50sub1]\nObjectType=0x2\n"
-        << u"5 0x1F50 sub 1: DOMAIN, a block of data without a value of its own"_s;
+        << u"5 0x1F50 sub 1: DOMAIN, ein Datenblock ohne eigenen Wert"_s;
     QTest::newRow("NULL") << value("2000") + "ObjectType=0\n"
-                          << u"1 0x2000: NULL, an object without content"_s;
+                          << u"1 0x2000: NULL, ein Objekt ohne Inhalt"_s;
     QTest::newRow("DEFTYPE") << value("2000") + "ObjectType=5\n"
-                             << u"1 0x2000: describes a data type"_s;
+                             << u"1 0x2000: beschreibt einen Datentyp"_s;
     QTest::newRow("DEFSTRUCT") << value("2000") + "ObjectType=6\n"
-                               << u"1 0x2000: describes a data type"_s;
+                               << u"1 0x2000: beschreibt einen Datentyp"_s;
     QTest::newRow("unknown object type") << value("2000") + "ObjectType=0x63\n"
-                                         << u"1 0x2000: object type 99 is not known"_s;
+                                         << u"1 0x2000: die Objektart 99 ist unbekannt"_s;
     QTest::newRow("index of a data type")
-        << value("0005") << u"1 0x0005: indices below 0x1000 describe data types"_s;
+        << value("0005") << u"1 0x0005: Indizes unter 0x1000 beschreiben Datentypen"_s;
     QTest::newRow("no data type") << "[2000]\nAccessType=rw\n"_ba
-                                  << u"1 0x2000: has no data type"_s;
+                                  << u"1 0x2000: hat keinen Datentyp"_s;
     QTest::newRow("data type no number")
-        << "[2000]\nDataType=BYTE\n"_ba << u"1 0x2000: the data type \"BYTE\" is no number"_s;
+        << "[2000]\nDataType=BYTE\n"_ba << u"1 0x2000: der Datentyp \"BYTE\" ist keine Zahl"_s;
     QTest::newRow("record without sub-objects")
-        << "[2000]\nObjectType=9\n"_ba << u"1 0x2000: has no sub-objects"_s;
+        << "[2000]\nObjectType=9\n"_ba << u"1 0x2000: hat keine Unterobjekte"_s;
     QTest::newRow("record without values")
         << "[2000]\nObjectType=9\n[2000sub1]\nObjectType=2\n"_ba
-        << u"3 0x2000 sub 1: DOMAIN, a block of data without a value of its own | "
-           "1 0x2000: none of its sub-objects has a value"_s;
+        << u"3 0x2000 sub 1: DOMAIN, ein Datenblock ohne eigenen Wert | "
+           "1 0x2000: keines seiner Unterobjekte hat einen Wert"_s;
     QTest::newRow("lists without object")
-        << "[2000Name]\n1=A\n"_ba << u"1 0x2000: only lists, but no section of the object"_s;
+        << "[2000Name]\n1=A\n"_ba << u"1 0x2000: nur Listen, aber kein Abschnitt des Objekts"_s;
     QTest::newRow("listed without section")
         << "[OptionalObjects]\nSupportedObjects=1\n1=0x2000\n"_ba
-        << u"3 0x2000: listed, but without a section"_s;
+        << u"3 0x2000: aufgeführt, aber ohne Abschnitt"_s;
     QTest::newRow("listed twice without section")
         << "[OptionalObjects]\n1=0x2000\n[ManufacturerObjects]\n1=0x2000\n"_ba
-        << u"2 0x2000: listed, but without a section"_s;
+        << u"2 0x2000: aufgeführt, aber ohne Abschnitt"_s;
 }
 
 void tst_ObjectDictionary::skipped()
@@ -249,43 +249,44 @@ void tst_ObjectDictionary::remark_data()
     QTest::newRow("listed without 0x")
         << "[OptionalObjects]\nSupportedObjects=1\n1=6040\n"_ba + value("6040") << QString();
     QTest::newRow("wrong count") << "[OptionalObjects]\nSupportedObjects=0x2\n1=0x6040\n"_ba
-            + value("6040") << u"2 \"SupportedObjects=0x2\" but 1 are listed"_s;
+            + value("6040") << u"2 \"SupportedObjects=0x2\" weicht ab; die Liste nennt 1"_s;
     QTest::newRow("no index in a list") << "[OptionalObjects]\n1=0x6040\n2=x\n"_ba + value("6040")
-                                        << u"3 \"2=x\" is no index, skipped"_s;
+                                        << u"3 \"2=x\" ist kein Index, übersprungen"_s;
     QTest::newRow("not listed") << "[OptionalObjects]\nSupportedObjects=0\n"_ba + value("6040")
-                                << u"3 0x6040 stands in no object list"_s;
+                                << u"3 0x6040 steht in keiner Objektliste"_s;
     QTest::newRow("no lists at all") << value("6040") << QString();
     QTest::newRow("wrong SubNumber") << "[1018]\nObjectType=9\nSubNumber=0x3\n"_ba
-            + value("1018sub0") << u"3 \"SubNumber=0x3\" but there are 1 sub-objects"_s;
+            + value("1018sub0") << u"3 \"SubNumber=0x3\" weicht ab; die Datei nennt 1"_s;
     QTest::newRow("right SubNumber")
         << "[1018]\nObjectType=9\nSubNumber=0x1\n"_ba + value("1018sub0") << QString();
     QTest::newRow("empty SubNumber")
         << "[1018]\nObjectType=9\nSubNumber=\n"_ba + value("1018sub0") << QString();
     QTest::newRow("sub-objects without object")
-        << value("1018sub0") << u"1 0x1018 has sub-objects, but no section of its own"_s;
+        << value("1018sub0") << u"1 0x1018 hat Unterobjekte, aber keinen eigenen Abschnitt"_s;
     QTest::newRow("simple object with sub-objects")
         << "[1018]\nObjectType=7\n"_ba + value("1018sub0")
-        << u"2 \"ObjectType=7\" names a single value, but there are sub-objects"_s;
+        << u"2 \"ObjectType=7\" nennt einen einzelnen Wert, aber es gibt Unterobjekte"_s;
     QTest::newRow("object type no number") << value("6040")
-            + "ObjectType=VAR\n" << u"5 \"ObjectType=VAR\" is no object type; taken as missing"_s;
-    QTest::newRow("same object under two names") << value("6040")
-            + value("0x6040") << u"5 the section \"0x6040\" repeats \"6040\" of line 1, skipped"_s;
+            + "ObjectType=VAR\n" << u"5 \"ObjectType=VAR\" ist keine Objektart; gilt als fehlend"_s;
+    QTest::newRow("same object under two names")
+        << value("6040") + value("0x6040")
+        << u"5 der Abschnitt \"0x6040\" wiederholt \"6040\" aus Zeile 1, übersprungen"_s;
     QTest::newRow("same sub-object under two names")
         << value("6040sub1") + value("6040sub01") + "[6040]\nObjectType=9\n"
-        << u"5 the section \"6040sub01\" repeats \"6040sub1\" of line 1, skipped"_s;
-    QTest::newRow("unknown section") << "[Vendor]\nA=1\n"_ba + value("6040")
-                                     << u"1 the section \"Vendor\" names no object, skipped"_s;
-    QTest::newRow("PDOMapping no number")
-        << value("6040") + "PDOMapping=yes\n"
-        << u"5 \"PDOMapping=yes\" is no number of 32 bits and counts as 0"_s;
-    QTest::newRow("CompactPDO") << "[DeviceInfo]\nCompactPDO=0x1\n"_ba
-            + value("6040") << u"2 \"CompactPDO=0x1\" leaves out PDO objects, which are not made"_s;
+        << u"5 der Abschnitt \"6040sub01\" wiederholt \"6040sub1\" aus Zeile 1, übersprungen"_s;
+    QTest::newRow("unknown section") << "[Vendor]\nA=1\n"_ba
+            + value("6040") << u"1 der Abschnitt \"Vendor\" nennt kein Objekt, übersprungen"_s;
+    QTest::newRow("PDOMapping no number") << value("6040")
+            + "PDOMapping=yes\n" << u"5 \"PDOMapping=yes\" ist keine 32-Bit-Zahl und zählt als 0"_s;
+    QTest::newRow("CompactPDO")
+        << "[DeviceInfo]\nCompactPDO=0x1\n"_ba + value("6040")
+        << u"2 \"CompactPDO=0x1\" lässt PDO-Objekte aus; sie werden nicht ergänzt"_s;
     QTest::newRow("CompactSubObj no number")
         << value("1003") + "CompactSubObj=x\n"
-        << u"5 \"CompactSubObj=x\" is no number of sub-objects from 0 to 254; skipped"_s;
+        << u"5 \"CompactSubObj=x\" ist keine Anzahl von Unterobjekten von 0 bis 254; übersprungen"_s;
     QTest::newRow("CompactSubObj too large")
         << value("1003") + "CompactSubObj=255\n"
-        << u"5 \"CompactSubObj=255\" is no number of sub-objects from 0 to 254; skipped"_s;
+        << u"5 \"CompactSubObj=255\" ist keine Anzahl von Unterobjekten von 0 bis 254; übersprungen"_s;
 }
 
 void tst_ObjectDictionary::remark()
@@ -315,9 +316,9 @@ void tst_ObjectDictionary::access_data()
     row("upper case", "AccessType=RW"_ba, eObjectAccess::ReadWrite);
     row("mixed case", "AccessType=Const"_ba, eObjectAccess::ReadOnly);
     row("missing", ""_ba, eObjectAccess::ReadOnly,
-        u"1 the section \"2000\" has no access type; read-only"_s);
+        u"1 der Abschnitt \"2000\" hat keine Zugriffsart; nur lesbar"_s);
     row("unknown", "AccessType=rx"_ba, eObjectAccess::ReadOnly,
-        u"3 \"AccessType=rx\" is no access type; read-only"_s);
+        u"3 \"AccessType=rx\" ist keine Zugriffsart; nur lesbar"_s);
 }
 
 void tst_ObjectDictionary::access()
@@ -369,8 +370,8 @@ void tst_ObjectDictionary::device()
     QCOMPARE(odd.dictionary.device.vendorNumber, 0U);
     QCOMPARE(odd.dictionary.device.productNumber, 0U);
     QCOMPARE(remarkTexts(odd.remarks),
-        u"2 \"VendorNumber=x\" is no number of 32 bits and counts as 0 | "
-        "3 \"ProductNumber=0x100000000\" is no number of 32 bits and counts as 0"_s);
+        u"2 \"VendorNumber=x\" ist keine 32-Bit-Zahl und zählt als 0 | "
+        "3 \"ProductNumber=0x100000000\" ist keine 32-Bit-Zahl und zählt als 0"_s);
 }
 
 void tst_ObjectDictionary::nodeId_data()

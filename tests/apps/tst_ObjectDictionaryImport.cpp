@@ -1,5 +1,4 @@
 #include "apps/import/ObjectDictionaryImport.h"
-#include "apps/import/WholeFile.h"
 
 #include <KrFirmware/ServoDriveFirmware.h>
 #include <KrParameterDefinition/ParameterDefinition.h>
@@ -46,9 +45,6 @@ private Q_SLOTS:
     void writeFails();
     void anyPrefix();
     void randomBytes();
-    void replacesWhole();
-    void readsNoFolder();
-    void readsNoLongerFile();
 
 private:
     QString path(const QString &name) const { return m_folder->filePath(name); }
@@ -143,26 +139,29 @@ void tst_ObjectDictionaryImport::reportText()
     ImportReport report = import(u"a.eds"_s).report;
     report.fileName = u"a.eds"_s;
     QCOMPARE(report.toText(),
-        u"a.eds: 3 objects read (3 elements), 1 skipped\n"
-        "  device family 3564946307 (V P)\n"
-        "  node id 5\n"
-        "  3 new coordinates\n"
-        "  1 configured values\n"
-        "  skipped 0x1018 sub 2 (line 21): a device description has no data type for DOMAIN\n"
-        "  skipped 0x1F50 (line 25): DOMAIN, a block of data without a value of its own\n"_s);
+        u"a.eds: 3 Objekte gelesen (3 Elemente), 1 übersprungen\n"
+        "  Gerätefamilie 3564946307 (V P)\n"
+        "  Knotennummer 5\n"
+        "  3 neue Koordinaten\n"
+        "  1 konfigurierte Werte\n"
+        "  übersprungen 0x1018 sub 2 (Zeile 21): eine Gerätebeschreibung hat keinen Datentyp für "
+        "DOMAIN\n"
+        "  übersprungen 0x1F50 (Zeile 25): DOMAIN, ein Datenblock ohne eigenen Wert\n"_s);
 
     report.fileName = u"%2%3.eds"_s;
-    QVERIFY(report.toText().startsWith(u"%2%3.eds: 3 objects read (3 elements), 1 skipped\n"_s));
+    QVERIFY(report.toText().startsWith(
+        u"%2%3.eds: 3 Objekte gelesen (3 Elemente), 1 übersprungen\n"_s));
 
     put(u"b.eds"_s, simpleObjects({"6040"}) + "what\nPDOMapping=x\n");
     report = import(u"b.eds"_s).report;
     QVERIFY(report.toText().endsWith(
-        u"  node id not known\n  0 new coordinates\n  0 configured values\n"
-        "  line 4: neither section, entry nor comment, skipped: \"what\"\n"
-        "  line 5: \"PDOMapping=x\" is no number of 32 bits and counts as 0\n"_s));
+        u"  Knotennummer nicht bekannt; 0 Werte hängen von ihr ab\n  0 neue Koordinaten\n  0 "
+        u"konfigurierte Werte\n"
+        "  Zeile 4: weder Abschnitt noch Eintrag noch Kommentar, übersprungen: \"what\"\n"
+        "  Zeile 5: \"PDOMapping=x\" ist keine 32-Bit-Zahl und zählt als 0\n"_s));
 
     put(u"c.eds"_s, simpleObjects({"6040"}) + QByteArray("what\n").repeated(1002));
-    QVERIFY(import(u"c.eds"_s).report.toText().endsWith(u"  2 further remarks\n"_s));
+    QVERIFY(import(u"c.eds"_s).report.toText().endsWith(u"  2 weitere Bemerkungen\n"_s));
 }
 
 void tst_ObjectDictionaryImport::reportJson()
@@ -174,11 +173,11 @@ void tst_ObjectDictionaryImport::reportJson()
         R"({"configuredValues":1,"elementsRead":3,"family":{"identifier":3564946307,"name":"V P"},)"
         R"("file":"a.eds","newCoordinates":3,"nodeId":5,"objectsRead":3,"objectsSkipped":1,)"
         R"("omittedRemarks":0,)"
-        R"("remarks":[{"line":33,"text":"neither section, entry nor comment, skipped: \"what\""}],)"
+        R"("remarks":[{"line":33,"text":"weder Abschnitt noch Eintrag noch Kommentar, übersprungen: \"what\""}],)"
         R"("skipped":[{"index":"0x1018","line":21,)"
-        R"("reason":"a device description has no data type for DOMAIN","subIndex":2},)"
+        R"("reason":"eine Gerätebeschreibung hat keinen Datentyp für DOMAIN","subIndex":2},)"
         R"({"index":"0x1F50","line":25,)"
-        R"("reason":"DOMAIN, a block of data without a value of its own"}]})"_ba);
+        R"("reason":"DOMAIN, ein Datenblock ohne eigenen Wert"}],"valuesWithoutNodeId":0})"_ba);
 }
 
 void tst_ObjectDictionaryImport::configuredValues()
@@ -345,20 +344,20 @@ void tst_ObjectDictionaryImport::unreadable_data()
     QTest::addColumn<QString>("error");
 
     QTest::newRow("no source") << "(none)"_ba
-                               << ""_ba << u"a.eds: No such file or directory"_s;
+                               << ""_ba << u"a.eds: ist nicht vorhanden"_s;
     QTest::newRow("empty source") << ""_ba
-                                  << ""_ba << u"a.eds: holds no object with a value"_s;
+                                  << ""_ba << u"a.eds: enthält kein Objekt mit einem Wert"_s;
     QTest::newRow("source of noise") << "\xFF\x00\x01[[["_ba
-                                     << ""_ba << u"a.eds: holds no object with a value"_s;
+                                     << ""_ba << u"a.eds: enthält kein Objekt mit einem Wert"_s;
     QTest::newRow("nothing but skipped objects")
         << "[1F50]\nObjectType=2\n"_ba
-        << ""_ba << u"a.eds: holds no object with a value"_s;
+        << ""_ba << u"a.eds: enthält kein Objekt mit einem Wert"_s;
     QTest::newRow("malformed table")
         << Sheet << "0x6040 E40\nE41\n"_ba
-        << u"table.txt: line 2: an index and a coordinate are expected"_s;
+        << u"table.txt: Zeile 2: erwartet werden ein Index und eine Koordinate"_s;
     QTest::newRow("conflict in the table")
         << Sheet << "0x6040 E40\n0x9FFF E40\n"_ba
-        << u"table.txt: line 2: the coordinate E40 belongs to 0x6040 already"_s;
+        << u"table.txt: Zeile 2: die Koordinate E40 gehört schon zu 0x6040"_s;
 }
 
 void tst_ObjectDictionaryImport::unreadable()
@@ -404,7 +403,7 @@ void tst_ObjectDictionaryImport::heldTable()
     QVERIFY(lock.lock());
     const ImportResult result = import(u"a.eds"_s);
     QCOMPARE(int(result.status), int(eStatus::WriteFailed));
-    QCOMPARE(result.error, path(u"table.txt"_s) + u": another import holds the table"_s);
+    QCOMPARE(result.error, path(u"table.txt"_s) + u": ein anderer Import hält die Tabelle"_s);
     QVERIFY(!QFile::exists(path(u"table.txt"_s)));
     QVERIFY(!QFile::exists(path(u"a.eds.json"_s)));
 }
@@ -470,36 +469,6 @@ void tst_ObjectDictionaryImport::randomBytes()
         QVERIFY(result.status == eStatus::Good || result.status == eStatus::UnreadableInput);
         QCOMPARE(result.error.isEmpty(), result.status == eStatus::Good);
     }
-}
-
-void tst_ObjectDictionaryImport::replacesWhole()
-{
-    put(u"a"_s, "before, and longer");
-    QCOMPARE(WholeFile::replace(path(u"a"_s), "after"), QString());
-    QCOMPARE(get(u"a"_s), "after"_ba);
-    QCOMPARE(WholeFile::replace(path(u"a"_s), {}), QString());
-    QCOMPARE(get(u"a"_s), ""_ba);
-    QVERIFY(!WholeFile::replace(path(u"none/a"_s), "x").isEmpty());
-    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), QStringList {u"a"_s});
-}
-
-void tst_ObjectDictionaryImport::readsNoFolder()
-{
-    QString error;
-    QVERIFY(!WholeFile::read(m_folder->path(), error).has_value());
-    QCOMPARE(error, u"is a folder"_s);
-}
-
-void tst_ObjectDictionaryImport::readsNoLongerFile()
-{
-    // Sparse: takes no room on the disk.
-    QFile file(path(u"long"_s));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QVERIFY(file.resize(64 * 1024 * 1024 + 1));
-    file.close();
-    QString error;
-    QVERIFY(!WholeFile::read(path(u"long"_s), error).has_value());
-    QCOMPARE(error, u"is longer than 64 MiB"_s);
 }
 
 QTEST_GUILESS_MAIN(tst_ObjectDictionaryImport)

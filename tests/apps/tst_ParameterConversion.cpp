@@ -81,19 +81,19 @@ void tst_ParameterConversion::limits_data()
         u"18446744073709551615"_s);
     row("reals", "8", "LowLimit=-1.50\nHighLimit=0x3FC00000\n", u"-1.5"_s, u"1.5"_s);
     row("beyond the type", "2", "LowLimit=-129\nHighLimit=4294967295\n", {}, {},
-        u"4 0x2000: LowLimit \"-129\" is outside of INTEGER8; left out | "
-        "5 0x2000: HighLimit \"4294967295\" is outside of INTEGER8; left out"_s);
+        u"4 0x2000: LowLimit \"-129\" liegt außerhalb von INTEGER8; weggelassen | "
+        "5 0x2000: HighLimit \"4294967295\" liegt außerhalb von INTEGER8; weggelassen"_s);
     row("no number", "5", "LowLimit=x\nHighLimit=9\n", {}, u"9"_s,
-        u"4 0x2000: LowLimit \"x\" is no integer; left out"_s);
+        u"4 0x2000: LowLimit \"x\" ist keine ganze Zahl; weggelassen"_s);
     row("crossed", "5", "LowLimit=9\nHighLimit=3\n", {}, {},
-        u"4 0x2000: LowLimit \"9\" is above the HighLimit; both limits left out"_s);
+        u"4 0x2000: LowLimit \"9\" liegt über HighLimit; beide Grenzen weggelassen"_s);
     row("BOOLEAN has its own", "1", "", u"0"_s, u"1"_s);
     row("narrower type has its own", "0x10", "", u"-8388608"_s, u"8388607"_s);
     row("narrower type with one limit", "0x16", "HighLimit=100\n", u"0"_s, u"100"_s);
     row("narrower type beyond", "0x16", "HighLimit=0xFFFFFFFF\n", u"0"_s, u"16777215"_s,
-        u"4 0x2000: HighLimit \"0xFFFFFFFF\" is outside of UNSIGNED24; left out"_s);
+        u"4 0x2000: HighLimit \"0xFFFFFFFF\" liegt außerhalb von UNSIGNED24; weggelassen"_s);
     row("crossed in a narrower type", "1", "LowLimit=1\nHighLimit=0\n", u"0"_s, u"1"_s,
-        u"4 0x2000: LowLimit \"1\" is above the HighLimit; both limits left out"_s);
+        u"4 0x2000: LowLimit \"1\" liegt über HighLimit; beide Grenzen weggelassen"_s);
     row("of a string", "9", "LowLimit=0\nHighLimit=255\n", {}, {});
 }
 
@@ -133,26 +133,25 @@ void tst_ParameterConversion::defaultText_data()
     row("missing, 0 below the limits", "7", "LowLimit=2\nHighLimit=5\n", u"2"_s);
     row("missing, 0 above the limits", "4", "LowLimit=-5\nHighLimit=-2\n", u"-2"_s);
     row("below the limits", "7", "DefaultValue=1\nLowLimit=2\n", u"2"_s,
-        u"4 0x2000: DefaultValue \"1\" is outside of its limits; 2 instead"_s);
+        u"4 0x2000: DefaultValue \"1\" liegt außerhalb seiner Grenzen; stattdessen 2"_s);
     row("above the limits", "7", "DefaultValue=9\nHighLimit=5\n", u"5"_s,
-        u"4 0x2000: DefaultValue \"9\" is outside of its limits; 5 instead"_s);
+        u"4 0x2000: DefaultValue \"9\" liegt außerhalb seiner Grenzen; stattdessen 5"_s);
     row("beyond the type", "5", "DefaultValue=256\n", u"255"_s,
-        u"4 0x2000: DefaultValue \"256\" is outside of UNSIGNED8; 255 instead"_s);
+        u"4 0x2000: DefaultValue \"256\" liegt außerhalb von UNSIGNED8; stattdessen 255"_s);
     row("beyond type and limits", "5", "DefaultValue=256\nHighLimit=9\n", u"9"_s,
-        u"4 0x2000: DefaultValue \"256\" is outside of UNSIGNED8; 9 instead"_s);
+        u"4 0x2000: DefaultValue \"256\" liegt außerhalb von UNSIGNED8; stattdessen 9"_s);
     row("no number", "5", "DefaultValue=abc\nLowLimit=3\n", u"3"_s,
-        u"4 0x2000: DefaultValue \"abc\" is no integer; 3 instead"_s);
+        u"4 0x2000: DefaultValue \"abc\" ist keine ganze Zahl; stattdessen 3"_s);
     row("leading zeros", "5", "DefaultValue=010\n", u"8"_s,
-        u"4 0x2000: DefaultValue \"010\" has leading zeros and was read as 8"_s);
+        u"4 0x2000: DefaultValue \"010\" hat führende Nullen und wurde als 8 gelesen"_s);
     row("real", "8", "DefaultValue=0.10\n", u"0.1"_s);
     row("real above its limit", "0x11", "DefaultValue=2\nHighLimit=1.5\n", u"1.5"_s,
-        u"4 0x2000: DefaultValue \"2\" is outside of its limits; 1.5 instead"_s);
+        u"4 0x2000: DefaultValue \"2\" liegt außerhalb seiner Grenzen; stattdessen 1.5"_s);
     row("string", "9", "DefaultValue=Drive\n", u"Drive"_s);
     row("string missing", "9", "", QString());
     row("string beyond Latin-1", "9", "DefaultValue=\xE2\x82\xAC\n", QString(),
-        u"4 0x2000: DefaultValue \"\u20AC\" holds characters that a text of the device does not "
-        u"have; "
-        "left out"_s);
+        u"4 0x2000: DefaultValue \"\u20AC\" enthält Zeichen, die ein Text des Geräts nicht hat; "
+        u"weggelassen"_s);
     row("bytes", "0xA", "DefaultValue=01 FF\n", u"01ff"_s);
 }
 
@@ -183,11 +182,11 @@ void tst_ParameterConversion::configuredText_data()
     row("value", "ParameterValue=0x64\n", u"100"_s);
     row("value that equals its default", "ParameterValue=0\nDefaultValue=0\n", u"0"_s);
     row("outside of the limits", "ParameterValue=9\nHighLimit=5\n", u"9"_s,
-        u"4 0x2000: ParameterValue \"9\" is outside of its limits; taken as configured"_s);
+        u"4 0x2000: ParameterValue \"9\" liegt außerhalb seiner Grenzen; übernommen wie konfiguriert"_s);
     row("beyond the type", "ParameterValue=0x10000\n", u"none"_s,
-        u"4 0x2000: ParameterValue \"0x10000\" is outside of UNSIGNED16; left out"_s);
+        u"4 0x2000: ParameterValue \"0x10000\" liegt außerhalb von UNSIGNED16; weggelassen"_s);
     row("no number", "ParameterValue=x\n", u"none"_s,
-        u"4 0x2000: ParameterValue \"x\" is no integer; left out"_s);
+        u"4 0x2000: ParameterValue \"x\" ist keine ganze Zahl; weggelassen"_s);
 }
 
 void tst_ParameterConversion::configuredText()
@@ -241,10 +240,10 @@ void tst_ParameterConversion::nodeId_data()
     QTest::newRow("of the option") << ""_ba << 6 << u"134"_s << QString();
     QTest::newRow("the option goes first")
         << "[DeviceComissioning]\nNodeID=5\n"_ba << 6 << u"134"_s << QString();
-    QTest::newRow("unknown")
-        << ""_ba << 0 << u"0"_s
-        << u"4 0x2000: DefaultValue \"$NODEID + 0x80\" depends on the node id, which is not known; "
-           "0 instead"_s;
+    QTest::newRow("unknown") << ""_ba << 0 << u"0"_s
+                             << u"4 0x2000: DefaultValue \"$NODEID + 0x80\" hängt von der "
+                                u"Knotennummer ab, die nicht bekannt ist; "
+                                "stattdessen 0"_s;
 }
 
 void tst_ParameterConversion::nodeId()
@@ -266,16 +265,16 @@ void tst_ParameterConversion::skipped_data()
     QTest::addColumn<QString>("expected");
 
     QTest::newRow("DOMAIN") << "[2000]\nAccessType=rw\nDataType=0x000F\n"_ba
-                            << u"0x2000: a device description has no data type for DOMAIN"_s;
+                            << u"0x2000: eine Gerätebeschreibung hat keinen Datentyp für DOMAIN"_s;
     QTest::newRow("TIME_OF_DAY")
         << "[2000]\nAccessType=rw\nDataType=0x000C\n"_ba
-        << u"0x2000: a device description has no data type for TIME_OF_DAY"_s;
+        << u"0x2000: eine Gerätebeschreibung hat keinen Datentyp für TIME_OF_DAY"_s;
     QTest::newRow("unknown type") << "[2000]\nAccessType=rw\nDataType=0x40\n"_ba
-                                  << u"0x2000: the data type 0x0040 is none of the basic ones"_s;
+                                  << u"0x2000: der Datentyp 0x0040 ist keiner der Grundtypen"_s;
     QTest::newRow("all of a record")
         << "[2000]\nObjectType=9\n[2000sub1]\nAccessType=rw\nDataType=0x40\n"_ba
-        << u"0x2000 sub 1: the data type 0x0040 is none of the basic ones | "
-           "0x2000: none of its sub-objects has a value"_s;
+        << u"0x2000 sub 1: der Datentyp 0x0040 ist keiner der Grundtypen | "
+           "0x2000: keines seiner Unterobjekte hat einen Wert"_s;
 }
 
 void tst_ParameterConversion::skipped()

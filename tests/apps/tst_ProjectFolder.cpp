@@ -38,6 +38,8 @@ private Q_SLOTS:
     void ignoresACutManifest();
     void refusesWhatIsNoFile();
     void refusesAMissingFolder();
+    void refusesAFileAsFolder();
+    void isFree();
     void failsWithTheNameOfTheFile();
     void failsInAReadOnlyFolder();
 };
@@ -166,6 +168,27 @@ void tst_ProjectFolder::refusesAMissingFolder()
     QString error;
     QVERIFY(!ProjectFolder(QStringLiteral("/nowhere/none")).read(error));
     QCOMPARE(error, QStringLiteral("/nowhere/none: der Ordner ist nicht vorhanden"));
+}
+
+void tst_ProjectFolder::refusesAFileAsFolder()
+{
+    const QTemporaryDir root;
+    const QString file = root.filePath(QStringLiteral("file"));
+    write(file, "x");
+    QString error;
+    QVERIFY(!ProjectFolder(file).read(error));
+    QCOMPARE(error, file + QStringLiteral(": ist kein Ordner"));
+}
+
+void tst_ProjectFolder::isFree()
+{
+    const QTemporaryDir root;
+    write(root.filePath(QStringLiteral("file")), "x");
+    QVERIFY(ProjectFolder(root.filePath(QStringLiteral("none"))).isFree());
+    QVERIFY(ProjectFolder(root.path()).isFree());
+    QVERIFY(!ProjectFolder(root.filePath(QStringLiteral("file"))).isFree());
+    QCOMPARE(ProjectFolder(root.path()).write({{Block, "x"}}), QString());
+    QVERIFY(!ProjectFolder(root.path()).isFree());
 }
 
 void tst_ProjectFolder::failsWithTheNameOfTheFile()

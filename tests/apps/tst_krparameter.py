@@ -47,8 +47,8 @@ DefaultValue=5
 
 
 class Run:
-    def __init__(self, *words, **options):
-        done = subprocess.run([PROGRAM, *words], capture_output=True, timeout=60, **options)
+    def __init__(self, *words, program=None, **options):
+        done = subprocess.run(program or [PROGRAM, *words], capture_output=True, timeout=60, **options)
         self.code = done.returncode
         self.out = done.stdout.decode("utf-8")
         self.err = done.stderr.decode("utf-8")
@@ -59,6 +59,14 @@ class Run:
 
 def on_drive(*words, **options):
     return Run("--device", "two-axis-drive", *words, **options)
+
+
+def without_rights(*words):
+    """Root, too, without the right to pass over those of files."""
+    program = [PROGRAM, "--device", "two-axis-drive", *words]
+    if os.geteuid() == 0:
+        program[:0] = ["setpriv", "--bounding-set=-dac_override,-dac_read_search"]
+    return Run(program=program)
 
 
 class CommandLineTest(unittest.TestCase):
@@ -117,10 +125,14 @@ class Usage(CommandLineTest):
             (["get", "E84", "--hidden"], "get kennt die Option --hidden nicht"),
             (["list"], "es fehlt --device DATEI, zum Beispiel --device two-axis-drive"),
             (["list", "--device"], "--device braucht einen Wert: DATEI"),
+            (["list", "--device", ""], "--device braucht einen Wert: DATEI"),
+            (["list", "--device=", "--json"], "--device braucht einen Wert: DATEI"),
+            (["demo", "--project", ""], "--project braucht einen Wert: ORDNER"),
+            (["import-eds", "x.eds", "--project="], "--project braucht einen Wert: ORDNER"),
             (["list", "--lang", "fr"], '--lang nimmt de oder en, nicht "fr"'),
             (["list", "--json=1"], "--json nimmt keinen Wert"),
             (["demo", "x"], "demo nimmt keine Argumente"),
-            (["demo", "--device", "two-axis-drive"], "demo bringt seine Gerätebeschreibung mit"),
+            (["demo", "--device", "two-axis-drive"], "demo kennt die Option --device nicht"),
             (["demo", "--axis", "1"], "demo kennt die Option --axis nicht"),
             (["demo", "--access-level", "0"], "demo kennt die Option --access-level nicht"),
             (["demo", "--json"], "demo kennt die Option --json nicht"),
@@ -155,7 +167,12 @@ class Usage(CommandLineTest):
             (["list", "--axis", "5"], "--axis nimmt eine Zahl von 1 bis 4"),
             (["list", "--axis", "x"], "--axis nimmt eine Zahl von 1 bis 4"),
             (["list", "--axis", "3"], "Achse 3 gibt es nicht, nur 1, 2"),
-            (["list", "--access-level", "-1"], "--access-level nimmt eine Zahl von 0 bis 6"),
+            (["list", "--access-level", "-1"],
+             '--access-level nimmt eine Zahl von 0 bis 6 oder mehr, nicht "-1"'),
+            (["list", "--access-level", "x"],
+             '--access-level nimmt eine Zahl von 0 bis 6 oder mehr, nicht "x"'),
+            (["list", "--access-level", "4294967296"],
+             '--access-level nimmt eine Zahl von 0 bis 6 oder mehr, nicht "4294967296"'),
             (["get", "84"],
              '"84" ist keine Adresse; Adressen sind zum Beispiel E84, E30[1] und 2.B01'),
             (["get", "E84:3"],
@@ -165,7 +182,6 @@ class Usage(CommandLineTest):
             (["get", "E30[7]"], "Parameter E30: Element 7 gibt es nicht, nur 1, 2"),
             (["set", "E30", "1"],
              "Parameter E30 hat mehrere Elemente; gebraucht wird eines, zum Beispiel E30[1]"),
-            (["list", "--project", ""], "--project braucht einen Ordner"),
         ):
             self.check(on_drive(*words), USAGE, out="", err=f"krparameter: {text}\n")
 
@@ -222,6 +238,8 @@ class List(CommandLineTest):
         self.assertLess(count("--access-level", "0"), count())
         self.assertLess(count(), count("--hidden"))
         self.assertEqual(count("--access-level", "0", "--hidden"), count("--hidden"))
+        self.assertEqual(count("--access-level", "7"), count("--access-level", "6"))
+        self.assertEqual(count("--access-level", "4294967295"), count("--access-level", "6"))
 
     def test_language(self):
         self.assertIn("Current limit", on_drive("list", "H00", "--lang", "en").out)
@@ -330,7 +348,29 @@ class Set(CommandLineTest):
             run = on_drive("set", address, value)
             self.check(run, REJECTED, out="")
             self.assertIn(message, run.err)
-        self.assertIn("zulässig: 0: Achse 1, 1: Achse 2", on_drive("set", "E84", "5").err)
+
+    def test_rejections_say_what_is_accepted(self):
+        for address, accepted in (
+            ("E84", "0: Achse 1, 1: Achse 2"),
+            ("H00", "0.000 A bis 60.000 A"),
+            ("L04", "ein Text mit höchstens 64 Zeichen aus Latin-1"),
+            ("L00", "0.0.0.0 bis 255.255.255.255"),
+            ("E01", "0000 0000 0000 0000 bin bis 1111 1111 1111 1111 bin"),
+            ("M00[6]", "eine Adresse, zum Beispiel E84, E30[1] oder 2.B01"),
+        ):
+            run = on_drive("set", address, "€", "--access-level", "6")
+            self.check(run, REJECTED, out="")
+            self.assertIn(f'"€" wurde abgewiesen; zulässig: {accepted}\n', run.err)
+
+    def test_every_rejection_names_its_address_and_what_is_accepted(self):
+        words = ["--access-level", "6"]
+        shown = on_drive("list", "--json", "--hidden", "--axis", "1", *words).lines()
+        addresses = [line["address"] for line in shown][::7]
+        for address in addresses:
+            run = on_drive("set", address, "€", *words)
+            if run.code == REJECTED:
+                self.assertIn(f'krparameter: Parameter {address}: "€" wurde abgewiesen; zulässig: ',
+                              run.err)
 
     def test_not_writable(self):
         for words, text in (
@@ -382,6 +422,30 @@ class Set(CommandLineTest):
         self.assertEqual(sorted(os.listdir(self.project)), ["Manifest.ini", "Parameter.ini"])
         self.check(on_drive("--project", self.project, "get", "H00"), GOOD)
 
+    def test_missing_rights(self):
+        self.save("H00", "9")
+        before = self.block()
+        description = self.folder / "d.json"
+        shutil.copy(SOURCE / "devices/two-axis-drive.json", description)
+        os.chmod(description, 0)
+        os.chmod(self.project, 0o500)
+        self.check(without_rights("--project", self.project, "get", "H00"), GOOD)
+        self.check(without_rights("--project", self.project, "set", "H00", "8"), WRITE_FAILED, out="")
+        os.chmod(self.project, 0)
+        for command in (["get", "H00"], ["set", "H00", "8"]):
+            self.check(
+                without_rights("--project", self.project, *command), UNREADABLE, out="",
+                err=f"krparameter: {self.project}: der Ordner darf nicht gelesen werden\n")
+        os.chmod(self.project, 0o700)
+        os.chmod(Path(self.project) / "Parameter.ini", 0)
+        self.check(
+            without_rights("--project", self.project, "get", "H00"), UNREADABLE, out="",
+            err=f"krparameter: {self.project}/Parameter.ini: darf nicht gelesen werden\n")
+        os.chmod(Path(self.project) / "Parameter.ini", 0o600)
+        self.assertEqual(self.block(), before)
+        self.check(without_rights("--device", str(description), "info"), UNREADABLE, out="",
+                   err=f"krparameter: {description}: darf nicht gelesen werden\n")
+
     def test_folder_that_cannot_be_made(self):
         (self.folder / "file").write_text("x")
         self.check(on_drive("--project", str(self.folder / "file/p"), "set", "H00", "9"), WRITE_FAILED)
@@ -389,7 +453,11 @@ class Set(CommandLineTest):
 
 class Input(CommandLineTest):
     def test_description(self):
-        self.check(Run("--device", "/nowhere.json", "info"), UNREADABLE, out="")
+        self.check(Run("--device", "/nowhere.json", "info"), UNREADABLE, out="", err=(
+            "krparameter: /nowhere.json: ist weder eine Datei noch eine mitgelieferte Beschreibung; "
+            "mitgeliefert: four-axis-controller, two-axis-drive\n"))
+        self.check(Run("--device", str(self.folder), "info"), UNREADABLE, out="",
+                   err=f"krparameter: {self.folder}: ist ein Ordner\n")
         broken = self.folder / "broken.json"
         broken.write_text('{"format": "kr-device-description"')
         run = Run("--device", str(broken), "info")
@@ -403,6 +471,10 @@ class Input(CommandLineTest):
         os.mkdir(self.project)
         self.check(on_drive("--project", self.project, "list"), UNREADABLE, out="",
                    err=f'krparameter: {self.project} enthält kein Projekt: "Parameter.ini" fehlt\n')
+        file = self.folder / "file"
+        file.write_text("x")
+        self.check(on_drive("--project", str(file), "list"), UNREADABLE, out="",
+                   err=f"krparameter: {file}: ist kein Ordner\n")
 
     def test_cut_block(self):
         self.save("H00", "9")
@@ -492,7 +564,6 @@ class ImportEds(CommandLineTest):
         self.check(Run("import-eds", "/nowhere.eds", "--coordinates", str(self.folder / "t"), "-o",
                        str(self.folder / "d.json")), UNREADABLE, out="")
 
-
     def test_report_of_a_failed_import(self):
         source = self.folder / "drive.eds"
         table = str(self.folder / "table.txt")
@@ -500,16 +571,86 @@ class ImportEds(CommandLineTest):
         words = ["import-eds", str(source), "--coordinates", table]
         run = Run(*words, "-o", str(self.folder / "d.json"))
         self.check(run, UNREADABLE)
-        self.assertIn("0 objects read (0 elements), 1 skipped", run.out)
-        self.assertIn("skipped 0x1F50", run.out)
-        self.assertIn("holds no object with a value", run.err)
+        self.assertIn("0 Objekte gelesen (0 Elemente), 1 übersprungen", run.out)
+        self.assertIn("übersprungen 0x1F50", run.out)
+        self.assertIn("enthält kein Objekt mit einem Wert", run.err)
         source.write_text(EDS)
         run = Run(*words, "-o", str(self.folder / "none/d.json"), "--json")
         self.check(run, WRITE_FAILED)
         self.assertEqual(run.lines()[0]["objectsRead"], 2)
 
 
+    def test_report_as_json(self):
+        source = self.folder / "drive.eds"
+        source.write_text(EDS + "[1F50]\nObjectType=2\nwhat\n[2001]\nDataType=7\nAccessType=rw\n"
+                          "DefaultValue=$NODEID+1\n[2002]\nDataType=15\nAccessType=rw\n")
+        table = str(self.folder / "table.txt")
+        words = ["import-eds", str(source), "--coordinates", table, "-o", str(self.folder / "d.json")]
+        run = Run(*words, "--json")
+        self.check(run, GOOD, err="1 Werte hängen von der Knotennummer ab, die die Datei nicht nennt; "
+                                  "--node-id N gibt sie an.\n")
+        report = run.lines()[0]
+        self.assertEqual(report["file"], str(source))
+        self.assertEqual((report["objectsRead"], report["elementsRead"], report["objectsSkipped"]),
+                         (3, 3, 2))
+        self.assertEqual(report["valuesWithoutNodeId"], 1)
+        self.assertEqual(report["skipped"], [
+            {"index": "0x1F50", "line": 24, "reason": "DOMAIN, ein Datenblock ohne eigenen Wert"},
+            {"index": "0x2002", "line": 31,
+             "reason": "eine Gerätebeschreibung hat keinen Datentyp für DOMAIN"}])
+        self.assertEqual(report["remarks"][0], {
+            "line": 24, "text": "0x1F50 steht in keiner Objektliste"})
+        english = Run(*words, "--json", "--lang", "en")
+        self.check(english, GOOD, err="1 values depend on the node id, which the file does not give; "
+                                      "--node-id N gives it.\n")
+        self.assertEqual(english.lines()[0]["skipped"][0]["reason"],
+                         "DOMAIN, a block of data without a value of its own")
+        self.check(Run(*words, "--node-id", "5"), GOOD, err="")
+
+    def test_files_that_cannot_be_used(self):
+        source = self.folder / "drive.eds"
+        source.write_text(EDS)
+        folder, table = str(self.folder), str(self.folder / "table.txt")
+        device = str(self.folder / "d.json")
+        for words, code, text in (
+            (["/nowhere.eds", "--coordinates", table, "-o", device], UNREADABLE,
+             "/nowhere.eds: ist nicht vorhanden"),
+            ([folder, "--coordinates", table, "-o", device], UNREADABLE, f"{folder}: ist ein Ordner"),
+            ([str(source), "--coordinates", table, "-o", folder], WRITE_FAILED,
+             f"{folder}: ist ein Ordner"),
+            ([str(source), "--coordinates", table, "-o", "/none/d.json"], WRITE_FAILED,
+             "/none/d.json: der Ordner ist nicht vorhanden"),
+            ([str(source), "--coordinates", str(source), "-o", device], USAGE,
+             f"{source}: würde überschrieben"),
+            ([str(source), "--coordinates", table, "-o", "/dev/null"], WRITE_FAILED,
+             "/dev/null: ist keine Datei"),
+        ):
+            run = Run("import-eds", *words)
+            self.check(run, code, err=f"krparameter: {text}\n")
+        self.assertEqual(source.read_text(), EDS)
+
+
 class Language(CommandLineTest):
+    def test_report_of_an_import(self):
+        source = self.folder / "drive.eds"
+        source.write_text(EDS + "[1F50]\nObjectType=2\n")
+        words = ["import-eds", str(source), "--coordinates", str(self.folder / "t"),
+                 "-o", str(self.folder / "d.json")]
+        for language, texts in (
+            ("de", ["2 Objekte gelesen (2 Elemente), 1 übersprungen", "Gerätefamilie",
+                    "Knotennummer nicht bekannt; 0 Werte hängen von ihr ab",
+                    "übersprungen 0x1F50 (Zeile 24): DOMAIN, ein Datenblock ohne eigenen Wert",
+                    "Zeile 24: 0x1F50 steht in keiner Objektliste"]),
+            ("en", ["2 objects read (2 elements), 1 skipped", "device family",
+                    "node id not known; 0 values depend on it",
+                    "skipped 0x1F50 (line 24): DOMAIN, a block of data without a value of its own",
+                    "line 24: 0x1F50 stands in no object list"]),
+        ):
+            run = Run("--lang", language, *words)
+            self.check(run, GOOD, err="")
+            for text in texts:
+                self.assertIn(text, run.out)
+
     def test_labels(self):
         for words, labels in (
             (["--lang", "en"], ["Display", "Value", "Native", "Default", "Limits", "Access"]),

@@ -34,6 +34,8 @@ private Q_SLOTS:
     void cancelInsideARequest();
     void restartInsideARequest();
     void doneComesAfterTheValue();
+    void lostElementsAreNotAwaited_data();
+    void lostElementsAreNotAwaited();
 };
 
 namespace {
@@ -381,6 +383,35 @@ void tst_CoordinateInstanceSetConsistence::doneComesAfterTheValue()
             u"container.parameterValueChanged(1.A012[00000])"_s,
             u"container.parameterNativeValueChanged(1.A012[00000])"_s,
             u"set.allElementsConsistenceOnceDone(A12, 1)"_s}));
+}
+
+void tst_CoordinateInstanceSetConsistence::lostElementsAreNotAwaited_data()
+{
+    QTest::addColumn<QList<int>>("answered");
+    QTest::addColumn<bool>("isDone");
+    QTest::newRow("only lost ones were awaited") << QList<int> {0, 1} << true;
+    QTest::newRow("another is awaited still") << QList<int> {0} << false;
+}
+
+void tst_CoordinateInstanceSetConsistence::lostElementsAreNotAwaited()
+{
+    QFETCH(QList<int>, answered);
+    QFETCH(bool, isDone);
+    InstanceStand stand;
+    auto *set = stand.add(DefinitionBuilder().elementCount(4), u"A12"_s);
+    stand.container->setOnline(true);
+    set->startAllElementsConsistenceOnce(Axis1);
+    for (const int element : answered)
+        set->setOnlineValueText(Axis1, quint16(element), u"5"_s);
+    stand.container->setOnline(false);
+    stand.log.attach(set, u"set"_s);
+    set->setElementCount(2);
+    QStringList expected {
+        u"set.definitionChanged(1.A012[00000])"_s, u"set.definitionChanged(1.A012[00001])"_s};
+    if (isDone)
+        expected.append(u"set.allElementsConsistenceOnceDone(A12, 1)"_s);
+    expected.append(u"set.nativeValueChanged(1.A012[00000])"_s);
+    QCOMPARE(stand.log.take(), expected);
 }
 
 QTEST_GUILESS_MAIN(tst_CoordinateInstanceSetConsistence)

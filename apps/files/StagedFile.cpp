@@ -1,6 +1,7 @@
-#include "apps/host/StagedFile.h"
+#include "apps/files/StagedFile.h"
 
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 
 StagedFile::StagedFile(const QString &fileName)
     : m_file(fileName)
@@ -10,8 +11,12 @@ StagedFile::StagedFile(const QString &fileName)
 QString StagedFile::stage(const QByteArray &bytes)
 {
     m_bytes = bytes;
+    // Taking the place of a device or a pipe would remove it.
+    const QFileInfo place(m_file.fileName());
+    if (place.exists() && !place.isFile())
+        return place.isDir() ? tr("ist ein Ordner") : tr("ist keine Datei");
     if (!m_file.open(QIODevice::WriteOnly))
-        return m_file.errorString();
+        return reasonNotOpened();
     // A full disk may cut a write without an error that commit() would see: only the length tells.
     const bool isComplete = m_file.write(bytes) == bytes.size() && m_file.flush()
         && m_file.error() == QFileDevice::NoError && m_file.size() == bytes.size();
@@ -34,4 +39,15 @@ QString StagedFile::commit()
     return stored.read(m_bytes.size() + 1) == m_bytes
         ? QString()
         : tr("das Gelesene unterscheidet sich vom Geschriebenen");
+}
+
+/// The usual reasons in the user's language, any other as the system words it.
+QString StagedFile::reasonNotOpened() const
+{
+    const QFileInfo file(m_file.fileName());
+    const QFileInfo folder(file.absolutePath());
+    if (!folder.exists())
+        return tr("der Ordner ist nicht vorhanden");
+    const bool mayWrite = folder.isWritable() && (!file.exists() || file.isWritable());
+    return mayWrite ? m_file.errorString() : tr("darf nicht geschrieben werden");
 }

@@ -21,6 +21,8 @@ public:
     QString commit();
 
 private:
+    QString reasonNotOpened() const;
+
     QSaveFile m_file;
     QByteArray m_bytes;
 };
