@@ -68,14 +68,18 @@ bool ContainerValues::adopt(
     // A listener may have the next value of the drive stored.
     const ParameterAddress outer = std::exchange(m_adopted, value.address);
     m_hasChanged = false;
-    if (isInteger(*value.type))
+    QString before;
+    if (isInteger(*value.type)) {
         adoptInteger(value, bytes);
-    else
+    } else {
+        before = nativeText(value);
         m_container.setNativeValueBinary(value.address, bytes, BigEndian, FromDevice);
+    }
     if (!guard)
         return true;
     m_adopted = outer;
-    return m_hasChanged;
+    // "1.50" that became "1.5" is no news.
+    return m_hasChanged && (isInteger(*value.type) || !isSame(value, before, nativeText(value)));
 }
 
 bool ContainerValues::isSame(const MappedValue &value, const QString &sent, const QString &kept)

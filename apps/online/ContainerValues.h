@@ -24,7 +24,7 @@ public:
     QString nativeText(const MappedValue &value) const;
     /// Empty where the container has the value no more.
     QList<quint16> registers(const MappedValue &value) const;
-    /// Stores what the drive has. True when it was something else before. A listener may delete this;
+    /// Stores what the drive has. True when it means something else than before. A listener may delete this;
     /// `guard` holds it, or what owns it.
     bool adopt(const MappedValue &value, const QByteArray &bytes, const QPointer<QObject> &guard);
     /// Whether both native texts mean the same to a drive: numbers by value, byte strings without

@@ -14,7 +14,7 @@ QString refusalText(QModbusPdu::ExceptionCode code)
 {
     switch (code) {
     case QModbusPdu::IllegalFunction:
-        return ModbusTcpLink::tr("der Antrieb kennt die Anfrage nicht");
+        return ModbusTcpLink::tr("der Antrieb lässt die Anfrage dort nicht zu");
     case QModbusPdu::IllegalDataAddress:
         return ModbusTcpLink::tr("der Antrieb hat dort keinen solchen Wert");
     case QModbusPdu::IllegalDataValue:

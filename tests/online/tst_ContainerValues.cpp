@@ -16,6 +16,7 @@ private Q_SLOTS:
     void storesWhatTheDriveHas();
     void storesNumbersOfEveryType_data();
     void storesNumbersOfEveryType();
+    void knowsANumberInAnotherForm();
     void tellsChangesMadeHere();
     void comparesWhatADriveMeans_data();
     void comparesWhatADriveMeans();
@@ -102,12 +103,29 @@ void tst_ContainerValues::storesNumbersOfEveryType()
     const RegisterMap map(project->container());
     ContainerValues values(project->container());
     QVERIFY(values.adopt(map.values().constFirst(), bytes, &values));
+    QVERIFY(!values.adopt(map.values().constFirst(), bytes, &values));
     QCOMPARE(values.nativeText(map.values().constFirst()), text);
     // The longer way leads to the same.
     project->container().setNativeValueBinary(address("1.A01"), bytes, true, true);
     QCOMPARE(values.nativeText(map.values().constFirst()), text);
     QCOMPARE(values.registers(map.values().constFirst()),
         RegisterBytes::fromBytes(bytes, *map.values().constFirst().type));
+}
+
+void tst_ContainerValues::knowsANumberInAnotherForm()
+{
+    const OnlineDevice device(R"({"format": "kr-device-description", "version": 1,
+      "family": {"identifier": 9, "name": "Device", "hasPhysicalAxes": true, "axes": [1]},
+      "languages": ["de"], "dataTypes": ["REAL32"],
+      "parameters": [{"number": 1, "coordinates": ["A01"], "name": "N",
+                      "elements": [{"dataType": "REAL32", "default": "1.50"}]}]})");
+    const auto project = device.open();
+    const RegisterMap map(project->container());
+    ContainerValues values(project->container());
+    const MappedValue value = map.values().constFirst();
+    QVERIFY(!values.adopt(value, QByteArray::fromHex("3fc00000"), &values));
+    QCOMPARE(values.nativeText(value), QStringLiteral("1.5"));
+    QVERIFY(values.adopt(value, QByteArray::fromHex("3fc00001"), &values));
 }
 
 void tst_ContainerValues::tellsChangesMadeHere()
