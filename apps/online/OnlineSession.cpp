@@ -11,6 +11,14 @@
 
 #include <numeric>
 #include <utility>
+#include <vector>
+
+struct OnlineSession::Transfer {
+    /// By position in the map.
+    std::vector<bool> isAwaited;
+    qsizetype total = 0;
+    qsizetype done = 0;
+};
 
 std::unique_ptr<OnlineSession> OnlineSession::overModbusTcp(
     ParameterContainer &container, const QString &host, quint16 port, const OnlineRules &rules)
@@ -222,7 +230,7 @@ bool OnlineSession::transfer(
     const QList<qsizetype> &values, const QList<OnlineOutcome> &unmapped, eDirection direction)
 {
     m_report.clear();
-    m_transfer.emplace();
+    m_transfer = std::make_unique<Transfer>();
     m_transfer->isAwaited.resize(std::size_t(m_map->values().size()));
     m_transfer->total = values.size();
     m_report.reserve(values.size() + unmapped.size());

@@ -11,7 +11,6 @@
 
 #include <memory>
 #include <optional>
-#include <vector>
 
 class OnlineClock;
 class OnlineLink;
@@ -55,7 +54,7 @@ public:
     bool download();
     bool readValues(const QList<ValuePlace> &places);
     bool writeValues(const QList<ValuePlace> &places);
-    bool isTransferring() const { return m_transfer.has_value(); }
+    bool isTransferring() const { return m_transfer != nullptr; }
     /// Of the running transfer, or of the last one.
     const OnlineReport &report() const { return m_report; }
 
@@ -73,12 +72,7 @@ Q_SIGNALS:
 private:
     enum class eDirection { FromDrive, ToDrive };
 
-    struct Transfer {
-        /// By position in the map.
-        std::vector<bool> isAwaited;
-        qsizetype total = 0;
-        qsizetype done = 0;
-    };
+    struct Transfer;
 
     void call();
     void onOpened();
@@ -114,6 +108,7 @@ private:
     /// The line is being opened; otherwise the alarm means the next call.
     bool m_isCalling = false;
     bool m_isLeaving = false;
-    std::optional<Transfer> m_transfer;
+    /// Null while none runs.
+    std::unique_ptr<Transfer> m_transfer;
     OnlineReport m_report;
 };

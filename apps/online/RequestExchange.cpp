@@ -44,10 +44,10 @@ void RequestExchange::clear()
     m_clock.clearAlarm(eOnlineAlarm::Exchange);
 }
 
-quint32 RequestExchange::add(Request request)
+quint32 RequestExchange::add(const Request &request)
 {
     const quint32 number = ++m_lastNumber;
-    m_requests.insert(number, std::move(request));
+    m_requests.insert(number, request);
     m_waiting.push_back(number);
     pump();
     arm();

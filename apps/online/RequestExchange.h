@@ -58,7 +58,7 @@ private:
         quint32 ticket = 0;
     };
 
-    quint32 add(Request request);
+    quint32 add(const Request &request);
     void pump();
     void send(Request &request, quint32 number);
     void onAnswered(quint32 ticket, const OnlineAnswer &answer);

@@ -6,6 +6,8 @@
 #include <KrParameterInstance/ActionParameter.h>
 #include <KrParameterInstance/ParameterSetup.h>
 
+#include <QtNetwork/QTcpServer>
+#include <QtNetwork/QTcpSocket>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 
@@ -156,6 +158,8 @@ private Q_SLOTS:
     void meetsItsDrive();
     void meetsAnotherDevice();
     void meetsNobody();
+    void meetsSomethingElse_data();
+    void meetsSomethingElse();
 
     void uploadsEverything();
     void uploadsThroughFaults_data();
@@ -220,6 +224,52 @@ void tst_OnlineDrive::meetsNobody()
     QVERIFY(s.restartDrive());
     s.session->goOnline();
     QTRY_COMPARE_PATIENTLY(s.session->state(), eState::Online);
+}
+
+void tst_OnlineDrive::meetsSomethingElse_data()
+{
+    QTest::addColumn<bool>("isClosing");
+    QTest::addColumn<QByteArray>("says");
+
+    QTest::newRow("that says nothing") << false << QByteArray();
+    QTest::newRow("that hangs up") << true << QByteArray();
+    QTest::newRow("that speaks another protocol")
+        << false << QByteArray("HTTP/1.1 400 Bad Request\r\n\r\n").repeated(20);
+    QTest::newRow("that sends zeros") << false << QByteArray(5000, '\0');
+    QTest::newRow("that sends ones") << false << QByteArray(70000, '\xFF');
+    // Answers to the first transactions, with registers missing and with none.
+    QTest::newRow("that answers too little")
+        << false
+        << QByteArray::fromHex("00000000000501030200aa 000100000003010300 000200000002 0103");
+}
+
+void tst_OnlineDrive::meetsSomethingElse()
+{
+    QFETCH(bool, isClosing);
+    QFETCH(QByteArray, says);
+
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    connect(&server, &QTcpServer::newConnection, &server, [&server, isClosing, says] {
+        QTcpSocket *socket = server.nextPendingConnection();
+        connect(socket, &QTcpSocket::readyRead, socket, [socket, isClosing, says] {
+            socket->readAll();
+            socket->write(says);
+            if (isClosing)
+                socket->abort();
+        });
+    });
+    const OnlineDevice device(smallDevice());
+    const auto project = device.open();
+    OnlineRules rules = ::rules();
+    rules.contactAttempts = 2;
+    const auto session = OnlineSession::overModbusTcp(
+        project->container(), QStringLiteral("127.0.0.1"), server.serverPort(), rules);
+    const QSignalSpy failures(session.get(), &OnlineSession::connectionFailed);
+    session->goOnline();
+    QTRY_COMPARE_PATIENTLY(failures.size(), 1);
+    QCOMPARE(session->state(), eState::Offline);
+    QVERIFY(!project->container().isOnline());
 }
 
 void tst_OnlineDrive::uploadsEverything()
