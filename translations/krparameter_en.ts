@@ -359,6 +359,13 @@ when its display text and its native text do. Exit code 1 where there are differ
     </message>
 </context>
 <context>
+    <name>DriveServer</name>
+    <message>
+        <source>das ist keine IP-Adresse</source>
+        <translation>this is no IP address</translation>
+    </message>
+</context>
+<context>
     <name>EdsReader</name>
     <message>
         <source>dem Abschnitt fehlt die schließende Klammer: %1</source>
@@ -468,6 +475,10 @@ that carries them.
     <message>
         <source>Parameter %1: der Wert %2</source>
         <translation>Parameter %1: the value %2</translation>
+    <name>FirstContact</name>
+    <message>
+        <source>der Antrieb ist ein anderes Gerät als das beschriebene (Einheit %1)</source>
+        <translation>the drive is another device than the described one (unit %1)</translation>
     </message>
 </context>
 <context>
@@ -853,6 +864,41 @@ value when typed in; get says which.
     </message>
 </context>
 <context>
+    <name>ModbusTcpLink</name>
+    <message>
+        <source>der Antrieb hat dort keinen solchen Wert</source>
+        <translation>the drive has no such value there</translation>
+    </message>
+    <message>
+        <source>der Antrieb nimmt diesen Wert nicht an</source>
+        <translation>the drive does not accept this value</translation>
+    </message>
+    <message>
+        <source>der Antrieb kann das in seinem Zustand nicht</source>
+        <translation>the drive cannot do this in its state</translation>
+    </message>
+    <message>
+        <source>der Antrieb lehnt ab (Code %1)</source>
+        <translation>the drive refuses (code %1)</translation>
+    </message>
+    <message>
+        <source>der Antrieb hat die Verbindung beendet</source>
+        <translation>the drive has closed the connection</translation>
+    </message>
+    <message>
+        <source>unlesbare Antwort</source>
+        <translation>unreadable answer</translation>
+    </message>
+    <message>
+        <source>der Antrieb ist beschäftigt</source>
+        <translation>the drive is busy</translation>
+    </message>
+    <message>
+        <source>der Antrieb lässt die Anfrage dort nicht zu</source>
+        <translation>the drive does not allow the request there</translation>
+    </message>
+</context>
+<context>
     <name>NativeValue</name>
     <message>
         <source>der Datentyp hat hier keine Werte</source>
@@ -901,6 +947,25 @@ value when typed in; get says which.
     <message>
         <source>ist nicht hexadezimal; seine Zeichen wurden als Bytes genommen</source>
         <translation>is not hexadecimal; its characters were taken as bytes</translation>
+    </message>
+</context>
+<context>
+    <name>NetworkOptions</name>
+    <message>
+        <source>ADRESSE</source>
+        <translation>ADDRESS</translation>
+    </message>
+    <message>
+        <source>Adresse des Antriebs, sonst 127.0.0.1</source>
+        <translation>address of the drive, otherwise 127.0.0.1</translation>
+    </message>
+    <message>
+        <source>Anschluss von 0 bis 65535, sonst 502</source>
+        <translation>port from 0 to 65535, otherwise 502</translation>
+    </message>
+    <message>
+        <source>--%1 nimmt eine Zahl von 0 bis %2</source>
+        <translation>--%1 takes a number from 0 to %2</translation>
     </message>
 </context>
 <context>
@@ -1025,6 +1090,187 @@ value when typed in; get says which.
     <message>
         <source>der Abschnitt %1 nennt kein Objekt, übersprungen</source>
         <translation>the section %1 names no object, skipped</translation>
+    </message>
+</context>
+<context>
+    <name>OnlineCommand</name>
+    <message>
+        <source>get zeigt Werte des Antriebs, watch folgt ihnen, bis --seconds um sind oder er fort ist.
+set schreibt Paare aus Adresse und Anzeigetext; was vor einem abgewiesenen steht, ist
+geschrieben. upload liest alle Werte und speichert sie in --project, wenn es gegeben ist;
+download schreibt die Werte des Projekts, soweit der Antrieb sie speichert. Was geschrieben
+wird, wird zurückgelesen; was der Antrieb daraus gemacht hat, wird gezeigt (Rückgabewert 1).
+Was nicht gelesen wird, gibt 3, was der Antrieb ablehnt, 4, was verloren geht, 6.
+</source>
+        <translation>get shows values of the drive, watch follows them until --seconds are over or it is gone.
+set writes pairs of address and display text; what stands before a rejected one has been
+written. upload reads all values and saves them in --project where it is given; download
+writes the values of the project as far as the drive stores them. What is written is read
+back; what the drive made of it is shown (exit code 1). What is not read gives 3, what the
+drive refuses 4, what is lost 6.
+</translation>
+    </message>
+    <message>
+        <source>Dauer von watch, sonst ohne Ende</source>
+        <translation>duration of watch, otherwise without end</translation>
+    </message>
+    <message>
+        <source>online braucht get, set, watch, upload oder download</source>
+        <translation>online needs get, set, watch, upload or download</translation>
+    </message>
+    <message>
+        <source>online %1 braucht mindestens eine Adresse</source>
+        <translation>online %1 needs at least one address</translation>
+    </message>
+    <message>
+        <source>online set braucht Paare aus Adresse und Wert</source>
+        <translation>online set needs pairs of address and value</translation>
+    </message>
+    <message>
+        <source>online %1 nimmt keine Argumente</source>
+        <translation>online %1 takes no arguments</translation>
+    </message>
+    <message>
+        <source>online %1 kennt die Option --project nicht</source>
+        <translation>online %1 does not know the option --project</translation>
+    </message>
+    <message>
+        <source>online download braucht --project ORDNER</source>
+        <translation>online download needs --project FOLDER</translation>
+    </message>
+    <message>
+        <source>online %1 kennt die Option --seconds nicht</source>
+        <translation>online %1 does not know the option --seconds</translation>
+    </message>
+    <message>
+        <source>get|set|watch|upload|download [ADRESSE [WERT]...]</source>
+        <translation>get|set|watch|upload|download [ADDRESS [VALUE]...]</translation>
+    </message>
+    <message>
+        <source>mit einem Antrieb über Modbus TCP arbeiten</source>
+        <translation>work with a drive over Modbus TCP</translation>
+    </message>
+</context>
+<context>
+    <name>OnlineCycle</name>
+    <message>
+        <source>der Antrieb hat kein Register dafür</source>
+        <translation>the drive has no register for it</translation>
+    </message>
+</context>
+<context>
+    <name>OnlineDialogue</name>
+    <message>
+        <source>der Antrieb ist nicht erreichbar: %1</source>
+        <translation>the drive cannot be reached: %1</translation>
+    </message>
+    <message>
+        <source>Gelesen: %1</source>
+        <translation>Read: %1</translation>
+    </message>
+    <message>
+        <source>nicht alle Werte wurden gelesen; --allow-loss speichert trotzdem</source>
+        <translation>not all values were read; --allow-loss saves nevertheless</translation>
+    </message>
+    <message>
+        <source>Geschrieben und zurückgelesen: %1</source>
+        <translation>Written and read back: %1</translation>
+    </message>
+</context>
+<context>
+    <name>OnlineOutcome</name>
+    <message>
+        <source>%1: unverändert</source>
+        <translation>%1: unchanged</translation>
+    </message>
+    <message>
+        <source>%1: geändert</source>
+        <translation>%1: changed</translation>
+    </message>
+    <message>
+        <source>%1: geschrieben</source>
+        <translation>%1: written</translation>
+    </message>
+    <message>
+        <source>%1: geschrieben wurde &quot;%2&quot;, der Antrieb hat &quot;%3&quot;</source>
+        <translation>%1: &quot;%2&quot; was written, the drive has &quot;%3&quot;</translation>
+    </message>
+    <message>
+        <source>%1: abgelehnt - %2</source>
+        <translation>%1: refused - %2</translation>
+    </message>
+    <message>
+        <source>%1: verloren - %2</source>
+        <translation>%1: lost - %2</translation>
+    </message>
+    <message>
+        <source>%1: nicht übertragbar - %2</source>
+        <translation>%1: cannot be transferred - %2</translation>
+    </message>
+</context>
+<context>
+    <name>OnlineReport</name>
+    <message>
+        <source>%1 unverändert</source>
+        <translation>%1 unchanged</translation>
+    </message>
+    <message>
+        <source>%1 geändert</source>
+        <translation>%1 changed</translation>
+    </message>
+    <message>
+        <source>%1 geschrieben</source>
+        <translation>%1 written</translation>
+    </message>
+    <message>
+        <source>%1 vom Antrieb verändert</source>
+        <translation>%1 altered by the drive</translation>
+    </message>
+    <message>
+        <source>%1 abgelehnt</source>
+        <translation>%1 refused</translation>
+    </message>
+    <message>
+        <source>%1 verloren</source>
+        <translation>%1 lost</translation>
+    </message>
+    <message>
+        <source>%1 nicht übertragbar</source>
+        <translation>%1 not transferable</translation>
+    </message>
+    <message>
+        <source>%1 Werte: %2</source>
+        <translation>%1 values: %2</translation>
+    </message>
+</context>
+<context>
+    <name>OnlineSession</name>
+    <message>
+        <source>der Antrieb antwortet nicht</source>
+        <translation>the drive does not answer</translation>
+    </message>
+    <message>
+        <source>die Verbindung wurde getrennt</source>
+        <translation>the connection was closed</translation>
+    </message>
+    <message>
+        <source>der Antrieb meldet sich nicht</source>
+        <translation>the drive does not respond</translation>
+    </message>
+    <message>
+        <source>der Antrieb hat kein Register dafür</source>
+        <translation>the drive has no register for it</translation>
+    </message>
+</context>
+<context>
+    <name>OnlineWatch</name>
+    <message>
+        <source>Der Antrieb ist fort: %1</source>
+        <translation>The drive is gone: %1</translation>
+    </message>
+    <message>
+        <source>Der Antrieb antwortet wieder.</source>
+        <translation>The drive answers again.</translation>
     </message>
 </context>
 <context>
@@ -1203,6 +1449,29 @@ level stay empty. The document forbids scripts and loading, and names in it are 
     <message>
         <source>Bericht der Unterschiede als HTML und PDF</source>
         <translation>report of the differences as HTML and PDF</translation>
+    <name>RegisterMap</name>
+    <message>
+        <source>der Datentyp ist unbekannt</source>
+        <translation>the data type is unknown</translation>
+    </message>
+    <message>
+        <source>der Wert ist länger als die %1 Register, die eine Anfrage schreibt</source>
+        <translation>the value is longer than the %1 registers that one request writes</translation>
+    </message>
+    <message>
+        <source>er läge hinter dem letzten der %1 Register</source>
+        <translation>it would lie behind the last of the %1 registers</translation>
+    </message>
+    <message>
+        <source>das Gerät hat dieses Element nicht</source>
+        <translation>the device does not have this element</translation>
+    </message>
+</context>
+<context>
+    <name>RequestExchange</name>
+    <message>
+        <source>keine Antwort</source>
+        <translation>no answer</translation>
     </message>
 </context>
 <context>
@@ -1334,6 +1603,54 @@ saved. Without --project the command only shows what would apply.
     </message>
 </context>
 <context>
+    <name>SimulateCommand</name>
+    <message>
+        <source>Der Antrieb beginnt mit den Werten des Projekts, sonst mit den Defaultwerten. Er prüft,
+was geschrieben wird, führt seine Aktionen aus, bewegt seine Messwerte und ändert seinen
+Zustand. --port 0 wählt einen freien Anschluss; die Ausgabe nennt ihn. Der Antrieb läuft,
+bis er abgebrochen wird.
+Die Standardeingabe nimmt Befehle, jeder in einer Zeile: lose N, double N, delay N MS,
+refuse N und busy N stören die nächsten N Antworten, silent N lässt ihn nach N Antworten
+verstummen, clear beendet alle Störungen; get ADRESSE, set ADRESSE WERT, tick N, quit.
+</source>
+        <translation>The drive begins with the values of the project, otherwise with the defaults. It checks what
+is written, runs its actions, moves its measured values and changes its state. --port 0
+picks a free port; the output names it. The drive runs until it is interrupted.
+The standard input takes orders, one a line: lose N, double N, delay N MS, refuse N and
+busy N disturb the next N answers, silent N lets it fall silent after N answers, clear ends
+all disturbances; get ADDRESS, set ADDRESS VALUE, tick N, quit.
+</translation>
+    </message>
+    <message>
+        <source>MS</source>
+        <translation>MS</translation>
+    </message>
+    <message>
+        <source>Schritt von Aktionen und Messwerten, sonst 20 ms; 0 hält sie an</source>
+        <translation>step of actions and measured values, otherwise 20 ms; 0 stops them</translation>
+    </message>
+    <message>
+        <source>simulate nimmt keine Argumente</source>
+        <translation>simulate takes no arguments</translation>
+    </message>
+    <message>
+        <source>%1 hat kein Register: %2</source>
+        <translation>%1 has no register: %2</translation>
+    </message>
+    <message>
+        <source>%1, Anschluss %2: %3</source>
+        <translation>%1, port %2: %3</translation>
+    </message>
+    <message>
+        <source>Der Antrieb antwortet auf %1, Anschluss %2.</source>
+        <translation>The drive answers on %1, port %2.</translation>
+    </message>
+    <message>
+        <source>einen Antrieb simulieren, der Modbus TCP spricht</source>
+        <translation>simulate a drive that speaks Modbus TCP</translation>
+    </message>
+</context>
+<context>
     <name>SinkPrinter</name>
     <message>
         <source>Hinweis</source>
@@ -1449,6 +1766,13 @@ element that does not match on one axis is missing on all. Properties are:
     </message>
 </context>
 <context>
+    <name>ValueReader</name>
+    <message>
+        <source>unlesbare Antwort</source>
+        <translation>unreadable answer</translation>
+    </message>
+</context>
+<context>
     <name>ValueView</name>
     <message>
         <source>dieser Text wird als Eingabe nicht angenommen</source>
@@ -1549,6 +1873,17 @@ element that does not match on one axis is missing on all. Properties are:
     <message>
         <source>höchstens %1 Bytes als Paare hexadezimaler Ziffern</source>
         <translation>at most %1 bytes as pairs of hexadecimal digits</translation>
+    </message>
+</context>
+<context>
+    <name>ValueWriter</name>
+    <message>
+        <source>es gibt den Wert nicht mehr</source>
+        <translation>the value does not exist any more</translation>
+    </message>
+    <message>
+        <source>nicht zurückgelesen: %1</source>
+        <translation>not read back: %1</translation>
     </message>
 </context>
 <context>

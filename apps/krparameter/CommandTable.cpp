@@ -8,8 +8,10 @@
 #include "apps/krparameter/ImportEdsCommand.h"
 #include "apps/krparameter/InfoCommand.h"
 #include "apps/krparameter/ListCommand.h"
+#include "apps/krparameter/OnlineCommand.h"
 #include "apps/krparameter/ReportCommand.h"
 #include "apps/krparameter/SetCommand.h"
+#include "apps/krparameter/SimulateCommand.h"
 #include "apps/krparameter/SnapshotCommand.h"
 
 #include <algorithm>
@@ -24,6 +26,8 @@ CommandTable::CommandTable()
     m_commands.push_back(std::make_unique<DiffCommand>());
     m_commands.push_back(std::make_unique<ExportCommand>());
     m_commands.push_back(std::make_unique<ReportCommand>());
+    m_commands.push_back(std::make_unique<OnlineCommand>());
+    m_commands.push_back(std::make_unique<SimulateCommand>());
     m_commands.push_back(std::make_unique<ImportEdsCommand>());
     m_commands.push_back(std::make_unique<DemoCommand>());
 }

@@ -41,7 +41,7 @@ eExitCode SetCommand::run(const CommandLine &line, Console &console)
         code != eExitCode::Good)
         return code;
     QList<Write> writes;
-    if (const eExitCode code = writesOf(line, session, writes); code != eExitCode::Good)
+    if (const eExitCode code = writesOf(line.arguments(), session, writes); code != eExitCode::Good)
         return code;
 
     ParameterContainer &container = session.project().container();
@@ -87,9 +87,8 @@ void SetCommand::show(const ValueView &view, const QJsonObject &before, TrialCop
         console.writeLine(tr("  Hinweis: %1").arg(note));
 }
 
-eExitCode SetCommand::writesOf(const CommandLine &line, Session &session, QList<Write> &writes)
+eExitCode SetCommand::writesOf(const QStringList &words, Session &session, QList<Write> &writes)
 {
-    const QStringList words = line.arguments();
     for (qsizetype i = 0; i < words.size(); i += 2) {
         QString error;
         const QList<ValuePlace> places = session.find(words.at(i), error);

@@ -21,15 +21,20 @@ public:
     QString details() const override;
     eExitCode run(const CommandLine &line, Console &console) override;
 
-private:
+    /// What the online commands share.
     struct Write {
         ValuePlace place;
         QString text;
     };
 
-    static eExitCode writesOf(const CommandLine &line, Session &session, QList<Write> &writes);
+    /// The pairs of the words; reports what is none.
+    static eExitCode writesOf(const QStringList &words, Session &session, QList<Write> &writes);
+    /// Reports a value that is refused or not writable.
     static eExitCode write(const Write &write, Session &session);
+    /// Saves the project where one is named, and reports it.
+    static eExitCode save(const CommandLine &line, Session &session, Console &console);
+
+private:
     static void show(const ValueView &view, const QJsonObject &before, TrialCopy &trial,
         bool asJson, Console &console);
-    static eExitCode save(const CommandLine &line, Session &session, Console &console);
 };

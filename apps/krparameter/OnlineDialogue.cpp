@@ -1,0 +1,235 @@
+#include "apps/krparameter/OnlineDialogue.h"
+
+#include "apps/host/DriveProject.h"
+#include "apps/krparameter/CommandLine.h"
+#include "apps/krparameter/CommonOptions.h"
+#include "apps/krparameter/Console.h"
+#include "apps/krparameter/NetworkOptions.h"
+#include "apps/krparameter/OnlineWatch.h"
+#include "apps/krparameter/Session.h"
+#include "apps/krparameter/SetCommand.h"
+#include "apps/krparameter/ValueView.h"
+
+#include <KrParameterInstance/ParameterSetup.h>
+
+#include <QtCore/QEventLoop>
+#include <QtCore/QJsonObject>
+
+#include <algorithm>
+
+using eKind = OnlineOutcome::eKind;
+
+namespace {
+
+/// What an outcome of writing means for the program, the worst last.
+eExitCode writeCode(eKind kind)
+{
+    switch (kind) {
+    case eKind::Altered:
+        return eExitCode::Differences;
+    case eKind::Refused:
+        return eExitCode::ValueRejected;
+    case eKind::Lost:
+    case eKind::Unmapped:
+        return eExitCode::WriteFailed;
+    default:
+        return eExitCode::Good;
+    }
+}
+
+eExitCode writeCode(const OnlineReport &report)
+{
+    eExitCode code = eExitCode::Good;
+    for (const OnlineOutcome &outcome : report.outcomes())
+        code = std::max(code, writeCode(outcome.kind));
+    return code;
+}
+
+/// What a transfer does to most values and nobody asks about.
+bool isExpected(eKind kind)
+{
+    return kind == eKind::Unchanged || kind == eKind::Written;
+}
+
+QJsonObject toJson(const OnlineOutcome &outcome)
+{
+    QJsonObject object {{QStringLiteral("address"), outcome.address},
+        {QStringLiteral("outcome"), OnlineOutcome::key(outcome.kind)}};
+    const auto insert = [&object](const QString &key, const QString &text) {
+        if (!text.isEmpty())
+            object.insert(key, text);
+    };
+    insert(QStringLiteral("sent"), outcome.sent);
+    insert(QStringLiteral("kept"), outcome.kept);
+    insert(QStringLiteral("reason"), outcome.reason);
+    return object;
+}
+
+} // namespace
+
+OnlineDialogue::OnlineDialogue(const CommandLine &line, Session &session, Console &console,
+    quint16 port, const OnlineRules &rules)
+    : m_line(line)
+    , m_session(session)
+    , m_console(console)
+    , m_online(OnlineSession::overModbusTcp(
+          session.project().container(), NetworkOptions::host(line), port, rules))
+{
+}
+
+eExitCode OnlineDialogue::connectToDrive()
+{
+    QEventLoop loop;
+    QString failure;
+    QObject::connect(m_online.get(), &OnlineSession::connectionFailed, &loop,
+        [&failure](const QString &reason) { failure = reason; });
+    QObject::connect(
+        m_online.get(), &OnlineSession::stateChanged, &loop, [&loop](OnlineSession::eState state) {
+            if (state != OnlineSession::eState::Connecting)
+                QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+        });
+    m_online->goOnline();
+    loop.exec();
+    if (m_online->state() == OnlineSession::eState::Online)
+        return eExitCode::Good;
+    return m_session.fail(
+        eExitCode::UnreadableInput, tr("der Antrieb ist nicht erreichbar: %1").arg(failure));
+}
+
+eExitCode OnlineDialogue::get(const QStringList &words)
+{
+    QList<ValuePlace> places;
+    if (const eExitCode code = placesOf(words, places); code != eExitCode::Good)
+        return code;
+    eExitCode code = eExitCode::Good;
+    const OnlineReport report = readAll();
+    for (const OnlineOutcome &outcome : report.outcomes()) {
+        if (outcome.isGood() || !places.contains(outcome.place))
+            continue;
+        show(outcome, eShow::All);
+        places.removeOne(outcome.place);
+        code = eExitCode::UnreadableInput;
+    }
+    for (const ValuePlace &place : std::as_const(places))
+        showValue(place);
+    return code;
+}
+
+eExitCode OnlineDialogue::set(const QStringList &words)
+{
+    QList<SetCommand::Write> writes;
+    if (const eExitCode code = SetCommand::writesOf(words, m_session, writes);
+        code != eExitCode::Good)
+        return code;
+    readAll();
+    QList<ValuePlace> places;
+    eExitCode code = eExitCode::Good;
+    for (const SetCommand::Write &write : std::as_const(writes)) {
+        code = SetCommand::write(write, m_session);
+        if (code != eExitCode::Good)
+            break;
+        places.append(write.place);
+    }
+    // Also what the drive has already: the answer says so.
+    const OnlineReport report = wait([&] { return m_online->writeValues(places); });
+    for (const OnlineOutcome &outcome : report.outcomes())
+        show(outcome, eShow::All);
+    return std::max(code, writeCode(report));
+}
+
+eExitCode OnlineDialogue::watch(const QStringList &words, int seconds)
+{
+    QList<ValuePlace> places;
+    if (const eExitCode code = placesOf(words, places); code != eExitCode::Good)
+        return code;
+    readAll();
+    OnlineWatch watch(m_session.project().container(), *m_online, places);
+    QObject::connect(&watch, &OnlineWatch::noted, &watch,
+        [this](const QString &line) { m_console.report(line); });
+    QObject::connect(&watch, &OnlineWatch::valueShown, &watch, [this](const ValuePlace &place) {
+        showValue(place);
+        m_console.flush();
+    });
+    return watch.run(seconds) ? eExitCode::Good : eExitCode::UnreadableInput;
+}
+
+eExitCode OnlineDialogue::upload()
+{
+    const OnlineReport report = readAll();
+    for (const OnlineOutcome &outcome : report.outcomes())
+        show(outcome, eShow::WhatIsNoted);
+    m_console.report(tr("Gelesen: %1").arg(report.summary()));
+    const bool isComplete = report.count(eKind::Lost) == 0 && report.count(eKind::Refused) == 0;
+    if (!isComplete && !m_line.has(OptionName::AllowLoss)) {
+        return m_session.fail(eExitCode::UnreadableInput,
+            tr("nicht alle Werte wurden gelesen; --allow-loss speichert trotzdem"));
+    }
+    if (m_session.hasFolder())
+        return SetCommand::save(m_line, m_session, m_console);
+    return isComplete ? eExitCode::Good : eExitCode::UnreadableInput;
+}
+
+eExitCode OnlineDialogue::download()
+{
+    const OnlineReport report = wait([this] { return m_online->download(); });
+    for (const OnlineOutcome &outcome : report.outcomes())
+        show(outcome, eShow::WhatIsNoted);
+    m_console.report(tr("Geschrieben und zurückgelesen: %1").arg(report.summary()));
+    return writeCode(report);
+}
+
+OnlineReport OnlineDialogue::wait(const std::function<bool()> &begin)
+{
+    QEventLoop loop;
+    OnlineReport report;
+    QObject::connect(m_online.get(), &OnlineSession::transferFinished, &loop,
+        [&loop, &report](const OnlineReport &finished) {
+            report = finished;
+            QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+        });
+    if (begin())
+        loop.exec();
+    return report;
+}
+
+OnlineReport OnlineDialogue::readAll()
+{
+    return wait([this] { return m_online->upload(); });
+}
+
+eExitCode OnlineDialogue::placesOf(const QStringList &words, QList<ValuePlace> &places)
+{
+    for (const QString &word : words) {
+        QString error;
+        const QList<ValuePlace> found = m_session.find(word, error);
+        if (found.isEmpty())
+            return m_session.fail(eExitCode::Usage, error);
+        places += found;
+    }
+    return eExitCode::Good;
+}
+
+void OnlineDialogue::show(const OnlineOutcome &outcome, eShow what)
+{
+    if (isJson())
+        m_console.writeLine(toJson(outcome));
+    else if (what == eShow::All || !isExpected(outcome.kind))
+        m_console.writeLine(ValueView::singleLine(outcome.toText()));
+}
+
+void OnlineDialogue::showValue(const ValuePlace &place)
+{
+    const auto parameter = m_session.project().container().parameterInformation(place.coordinate);
+    const ValueView view(*parameter, place);
+    if (isJson())
+        m_console.writeLine(view.toJson());
+    else
+        m_console.writeLine(QStringLiteral("%1  %2: %3")
+                                .arg(view.address(), ValueView::singleLine(view.name()),
+                                    ValueView::singleLine(view.display())));
+}
+
+bool OnlineDialogue::isJson() const
+{
+    return m_line.has(OptionName::Json);
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "apps/host/ValuePlace.h"
+#include "apps/krparameter/eExitCode.h"
+#include "apps/online/OnlineSession.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QStringList>
+
+#include <functional>
+#include <memory>
+
+class CommandLine;
+class Console;
+class Session;
+
+/// What an online command says to the drive and to the user; each call waits for its end.
+class OnlineDialogue {
+    Q_DECLARE_TR_FUNCTIONS(OnlineDialogue)
+
+public:
+    /// **Owner** the caller of all; they outlive the dialogue.
+    OnlineDialogue(const CommandLine &line, Session &session, Console &console, quint16 port,
+        const OnlineRules &rules);
+
+    /// Calls the drive. Reports why it cannot be reached.
+    eExitCode connectToDrive();
+    /// `words` as behind the verb.
+    eExitCode get(const QStringList &words);
+    eExitCode set(const QStringList &words);
+    /// For that long, or until the drive is gone where it is 0.
+    eExitCode watch(const QStringList &words, int seconds);
+    eExitCode upload();
+    eExitCode download();
+
+private:
+    enum class eShow { All, WhatIsNoted };
+
+    /// Begins a transfer and waits for its end.
+    OnlineReport wait(const std::function<bool()> &begin);
+    /// The values of the whole drive: units, limits and choices follow from them.
+    OnlineReport readAll();
+    eExitCode placesOf(const QStringList &words, QList<ValuePlace> &places);
+    void show(const OnlineOutcome &outcome, eShow what);
+    void showValue(const ValuePlace &place);
+    bool isJson() const;
+
+    const CommandLine &m_line;
+    Session &m_session;
+    Console &m_console;
+    std::unique_ptr<OnlineSession> m_online;
+};

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "apps/host/ValuePlace.h"
+#include "apps/online/RegisterSpan.h"
+
+#include <KrParameterDefinition/ParameterAddress.h>
+
+#include <QtCore/QString>
+
+#include <chrono>
+
+class SimpleType;
+
+/// One value of a device with the registers that carry it and what its definition says about its way
+/// to the drive.
+struct MappedValue {
+    ValuePlace place;
+    ParameterAddress address;
+    /// "2.B01", as users know it.
+    QString addressText;
+    RegisterSpan span;
+    /// **Owner** the table of data types.
+    const SimpleType *type = nullptr;
+    /// Property 45: values are read and written in ascending order.
+    quint32 onlineOrder = 0;
+    /// The drive keeps it; any other writable value is a command.
+    bool isStored = true;
+    bool isReadOnly = false;
+    /// What the drive may need beyond the usual for an answer.
+    std::chrono::milliseconds additionalReadTime {0};
+    std::chrono::milliseconds additionalWriteTime {0};
+    /// The least time between two cyclic reads.
+    std::chrono::milliseconds cyclicInterval {0};
+
+    /// What a project holds and a download writes.
+    bool isSetting() const { return isStored && !isReadOnly; }
+};

@@ -1,0 +1,3 @@
+#include "apps/online/OnlineClock.h"
+
+OnlineClock::~OnlineClock() = default;

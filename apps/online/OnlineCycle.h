@@ -1,0 +1,87 @@
+#pragma once
+
+#include "apps/online/ContainerValues.h"
+#include "apps/online/CyclicNeeds.h"
+#include "apps/online/OnlineOutcome.h"
+#include "apps/online/ValueReader.h"
+#include "apps/online/ValueWriter.h"
+
+#include <QtCore/QList>
+#include <QtCore/QObject>
+
+#include <vector>
+
+class OnlineClock;
+class ParameterContainer;
+struct OnlineRules;
+enum class eOnlineAlarm;
+
+/// Keeps a container and a drive consistent: reads what is asked for, once or again and again, and
+/// writes what changes in the container.
+class OnlineCycle : public QObject {
+    Q_OBJECT
+
+public:
+    /// What came to its end.
+    struct Ended {
+        /// Position in the map; -1 for what has no register.
+        qsizetype value;
+        OnlineOutcome outcome;
+    };
+
+    /// **Owner** the caller of all; they outlive the cycle.
+    OnlineCycle(ParameterContainer &container, RequestExchange &exchange, OnlineClock &clock,
+        const OnlineRules &rules);
+
+    bool isRunning() const { return m_map != nullptr; }
+    /// **Owner** the caller; the map outlives the run.
+    void start(const RegisterMap &map);
+    /// Ends the run. **Emits** finished for every value that is awaited: lost, for this reason.
+    void stop(const QString &reason);
+
+    /// Positions in the map. **Emits** finished for each, later. Only while running.
+    void read(const QList<qsizetype> &values);
+    /// Writes what the container has, in the order of property 45. **Emits** finished for each, later.
+    void write(const QList<qsizetype> &values);
+
+Q_SIGNALS:
+    /// Values that were asked for once came or not, writes came to their end, cyclic reads failed for
+    /// the first time, or what is asked for has no register.
+    void finished(const QList<OnlineCycle::Ended> &ended);
+
+private:
+    void onChangedHere(const ParameterAddress &address);
+    void onNeeded(const ParameterAddress &address, bool isNeeded);
+    void onNeededOnce(const ParameterAddress &address);
+    void onRang(eOnlineAlarm alarm);
+    void onBlockRead(const BlockPlan::Block &block, const QByteArray &bytes, quint32 request);
+    void onBlockFailed(const BlockPlan::Block &block, const OnlineAnswer &answer);
+    void arm();
+    ValuePlace placeOf(const ParameterAddress &address) const;
+    void reportUnmapped(const ParameterAddress &address);
+    /// Tells a parameter that waits for all its elements that one does not come.
+    void cancelWaiting(const ValuePlace &place);
+    static Ended ended(qsizetype value, const MappedValue &mapped, OnlineOutcome::eKind kind,
+        const QString &reason = {});
+
+    struct Request {
+        /// Asked for once, by whomever.
+        bool isOnce = false;
+        /// Asked for by a parameter that waits for all its elements.
+        bool isWaitedFor = false;
+        /// The cyclic read failed and was reported.
+        bool hasFailed = false;
+    };
+
+    ParameterContainer &m_container;
+    RequestExchange &m_exchange;
+    OnlineClock &m_clock;
+    ContainerValues m_values;
+    ValueReader m_reader;
+    ValueWriter m_writer;
+    CyclicNeeds m_cyclic;
+    /// Null while stopped.
+    const RegisterMap *m_map = nullptr;
+    /// By position.
+    std::vector<Request> m_requests;
+};

@@ -1,0 +1,3 @@
+#include "apps/online/OnlineLink.h"
+
+OnlineLink::~OnlineLink() = default;

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "apps/host/ValuePlace.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QString>
+
+/// What became of one value on its way from or to the drive.
+struct OnlineOutcome {
+    Q_DECLARE_TR_FUNCTIONS(OnlineOutcome)
+
+public:
+    enum class eKind {
+        Unchanged, ///< Read; the container had the same.
+        Changed, ///< Read; the container has the drive's value now.
+        Written,
+        Altered, ///< Written; the drive keeps something else, and so does the container now.
+        Refused,
+        Lost,
+        Unmapped, ///< No register carries the value.
+    };
+
+    ValuePlace place;
+    /// "2.B01", as users know it.
+    QString address;
+    eKind kind = eKind::Lost;
+    /// Of a write, native texts: what was to be written, and what the drive has.
+    QString sent;
+    QString kept;
+    /// For the user; of Refused, Lost and Unmapped.
+    QString reason;
+
+    bool isGood() const
+    {
+        return kind == eKind::Unchanged || kind == eKind::Changed || kind == eKind::Written;
+    }
+    /// "altered", for programs.
+    static QString key(eKind kind);
+    /// One sentence for the user.
+    QString toText() const;
+};

@@ -1,0 +1,304 @@
+#include "apps/online/OnlineSession.h"
+
+#include "apps/online/Backoff.h"
+#include "apps/online/ModbusTcpLink.h"
+#include "apps/online/SystemOnlineClock.h"
+
+#include <KrParameterInstance/ParameterContainer.h>
+#include <KrParameterInstance/ParameterInformation.h>
+
+#include <QtCore/QPointer>
+
+#include <numeric>
+#include <utility>
+#include <vector>
+
+struct OnlineSession::Transfer {
+    /// By position in the map.
+    std::vector<bool> isAwaited;
+    qsizetype total = 0;
+    qsizetype done = 0;
+};
+
+std::unique_ptr<OnlineSession> OnlineSession::overModbusTcp(
+    ParameterContainer &container, const QString &host, quint16 port, const OnlineRules &rules)
+{
+    return std::make_unique<OnlineSession>(container, std::make_unique<ModbusTcpLink>(host, port),
+        std::make_unique<SystemOnlineClock>(), rules);
+}
+
+OnlineSession::OnlineSession(ParameterContainer &container, std::unique_ptr<OnlineLink> link,
+    std::unique_ptr<OnlineClock> clock, const OnlineRules &rules)
+    : m_container(container)
+    , m_rules(rules)
+    , m_link(std::move(link))
+    , m_clock(std::move(clock))
+    , m_exchange(*m_link, *m_clock, rules)
+    , m_contact(m_exchange)
+    , m_cycle(container, m_exchange, *m_clock, rules)
+{
+    connect(m_link.get(), &OnlineLink::opened, this, &OnlineSession::onOpened);
+    connect(m_link.get(), &OnlineLink::closed, this, &OnlineSession::onLineLost);
+    connect(m_clock.get(), &OnlineClock::rang, this, &OnlineSession::onRang);
+    connect(&m_exchange, &RequestExchange::silent, this,
+        [this] { onLineLost(tr("der Antrieb antwortet nicht")); });
+    connect(&m_contact, &FirstContact::agreed, this, &OnlineSession::onAgreed);
+    connect(&m_contact, &FirstContact::disagreed, this, &OnlineSession::giveUp);
+    connect(&m_contact, &FirstContact::unanswered, this, &OnlineSession::onLineLost);
+    connect(&m_cycle, &OnlineCycle::finished, this, &OnlineSession::onFinished);
+}
+
+OnlineSession::~OnlineSession()
+{
+    goOffline();
+}
+
+void OnlineSession::goOnline()
+{
+    if (m_state != eState::Offline || m_isLeaving)
+        return;
+    m_failedCalls = 0;
+    m_state = eState::Connecting;
+    const QPointer<OnlineSession> guard(this);
+    Q_EMIT stateChanged(m_state);
+    if (guard && m_state == eState::Connecting)
+        call();
+}
+
+void OnlineSession::goOffline()
+{
+    if (m_state != eState::Offline)
+        leave(eState::Offline, tr("die Verbindung wurde getrennt"));
+}
+
+bool OnlineSession::upload()
+{
+    if (!canTransfer())
+        return false;
+    QList<qsizetype> values(m_map->values().size());
+    std::iota(values.begin(), values.end(), 0);
+    QList<OnlineOutcome> unmapped;
+    for (const RegisterMap::Refusal &refusal : m_map->refusals())
+        unmapped.append(unmappedOutcome(refusal.place));
+    return transfer(values, unmapped, eDirection::FromDrive);
+}
+
+bool OnlineSession::download()
+{
+    if (!canTransfer())
+        return false;
+    QList<qsizetype> values;
+    for (qsizetype i = 0; i < m_map->values().size(); ++i) {
+        const MappedValue &value = m_map->values().at(i);
+        if (value.isSetting())
+            values.append(i);
+    }
+    QList<OnlineOutcome> unmapped;
+    for (const RegisterMap::Refusal &refusal : m_map->refusals()) {
+        if (refusal.isSetting)
+            unmapped.append(unmappedOutcome(refusal.place));
+    }
+    return transfer(values, unmapped, eDirection::ToDrive);
+}
+
+bool OnlineSession::readValues(const QList<ValuePlace> &places)
+{
+    return transferPlaces(places, eDirection::FromDrive);
+}
+
+bool OnlineSession::writeValues(const QList<ValuePlace> &places)
+{
+    return transferPlaces(places, eDirection::ToDrive);
+}
+
+void OnlineSession::call()
+{
+    m_map.emplace(m_container);
+    m_isCalling = true;
+    m_clock->setAlarm(eOnlineAlarm::Contact, m_clock->now() + m_rules.contactSpan);
+    m_link->open();
+}
+
+void OnlineSession::callLater()
+{
+    const auto pause =
+        backoffPause(m_failedCalls, m_rules.firstContactPause, m_rules.longestContactPause);
+    m_clock->setAlarm(eOnlineAlarm::Contact, m_clock->now() + pause);
+}
+
+void OnlineSession::onOpened()
+{
+    if (!m_isCalling)
+        return;
+    m_isCalling = false;
+    m_clock->clearAlarm(eOnlineAlarm::Contact);
+    m_contact.ask(*m_map);
+}
+
+void OnlineSession::onAgreed()
+{
+    m_failedCalls = 0;
+    m_state = eState::Online;
+    const QPointer<OnlineSession> guard(this);
+    // Before the container tells of it: its listeners ask for values at once.
+    m_cycle.start(*m_map);
+    if (guard && m_state == eState::Online)
+        m_container.setOnline(true);
+    if (guard && m_state == eState::Online)
+        Q_EMIT stateChanged(m_state);
+}
+
+void OnlineSession::onRang(eOnlineAlarm alarm)
+{
+    if (alarm != eOnlineAlarm::Contact || m_state != eState::Connecting)
+        return;
+    if (m_isCalling)
+        onLineLost(tr("der Antrieb meldet sich nicht"));
+    else
+        call();
+}
+
+void OnlineSession::onLineLost(const QString &reason)
+{
+    const bool wasOnline = m_state == eState::Online;
+    if (m_state == eState::Offline || m_isLeaving)
+        return;
+    if (!wasOnline)
+        ++m_failedCalls;
+    const bool isLastCall =
+        !wasOnline && m_rules.contactAttempts > 0 && m_failedCalls >= m_rules.contactAttempts;
+    if (isLastCall || (wasOnline && !m_rules.returnsToVanished)) {
+        giveUp(reason);
+        return;
+    }
+    const QPointer<OnlineSession> guard(this);
+    leave(eState::Connecting, reason);
+    if (!guard || m_state != eState::Connecting)
+        return;
+    callLater();
+    if (wasOnline)
+        Q_EMIT connectionFailed(reason);
+}
+
+void OnlineSession::giveUp(const QString &reason)
+{
+    const QPointer<OnlineSession> guard(this);
+    leave(eState::Offline, reason);
+    if (guard)
+        Q_EMIT connectionFailed(reason);
+}
+
+void OnlineSession::leave(eState next, const QString &reason)
+{
+    const eState before = std::exchange(m_state, next);
+    m_isCalling = false;
+    m_clock->clearAlarm(eOnlineAlarm::Contact);
+    m_contact.stop();
+    m_exchange.clear();
+    m_link->close();
+    const QPointer<OnlineSession> guard(this);
+    m_isLeaving = true;
+    m_cycle.stop(reason);
+    if (guard && before == eState::Online)
+        m_container.setOnline(false);
+    if (!guard)
+        return;
+    m_isLeaving = false;
+    if (before != next)
+        Q_EMIT stateChanged(next);
+}
+
+bool OnlineSession::transferPlaces(const QList<ValuePlace> &places, eDirection direction)
+{
+    if (!canTransfer())
+        return false;
+    QList<qsizetype> values;
+    QList<OnlineOutcome> unmapped;
+    for (const ValuePlace &place : places) {
+        const auto parameter = m_container.parameterInformation(place.coordinate);
+        const qsizetype value =
+            parameter ? m_map->indexOf(parameter->address(place.livingSpace, place.element)) : -1;
+        if (value < 0)
+            unmapped.append(unmappedOutcome(place));
+        else if (!values.contains(value))
+            values.append(value);
+    }
+    return transfer(values, unmapped, direction);
+}
+
+bool OnlineSession::transfer(
+    const QList<qsizetype> &values, const QList<OnlineOutcome> &unmapped, eDirection direction)
+{
+    m_report.clear();
+    m_transfer = std::make_unique<Transfer>();
+    m_transfer->isAwaited.resize(std::size_t(m_map->values().size()));
+    m_transfer->total = values.size();
+    m_report.reserve(values.size() + unmapped.size());
+    for (const qsizetype value : values)
+        m_transfer->isAwaited[std::size_t(value)] = true;
+    const QPointer<OnlineSession> guard(this);
+    QList<OnlineCycle::Ended> ended;
+    for (const OnlineOutcome &outcome : unmapped)
+        ended.append({-1, outcome});
+    onFinished(ended);
+    if (!guard || !m_transfer)
+        return true;
+    if (direction == eDirection::FromDrive)
+        m_cycle.read(values);
+    else
+        m_cycle.write(values);
+    // Also where there is nothing to wait for the end comes behind this call.
+    if (guard && values.isEmpty())
+        QMetaObject::invokeMethod(this, &OnlineSession::finishTransfer, Qt::QueuedConnection);
+    return true;
+}
+
+void OnlineSession::onFinished(const QList<OnlineCycle::Ended> &ended)
+{
+    const QPointer<OnlineSession> guard(this);
+    bool hasProgress = false;
+    for (const auto &[value, outcome] : ended) {
+        const bool isAwaited =
+            m_transfer && value >= 0 && m_transfer->isAwaited.at(std::size_t(value));
+        if (isAwaited) {
+            m_transfer->isAwaited[std::size_t(value)] = false;
+            ++m_transfer->done;
+            hasProgress = true;
+        }
+        if (m_transfer && (isAwaited || value < 0))
+            m_report.add(outcome);
+        Q_EMIT valueReported(outcome);
+        if (!guard)
+            return;
+    }
+    if (!hasProgress || !m_transfer)
+        return;
+    Q_EMIT transferProgress(m_transfer->done, m_transfer->total);
+    if (guard && m_transfer && m_transfer->done == m_transfer->total)
+        finishTransfer();
+}
+
+void OnlineSession::finishTransfer()
+{
+    if (!m_transfer)
+        return;
+    m_transfer.reset();
+    // A listener may start the next transfer.
+    const OnlineReport report = m_report;
+    Q_EMIT transferFinished(report);
+}
+
+OnlineOutcome OnlineSession::unmappedOutcome(const ValuePlace &place) const
+{
+    OnlineOutcome outcome;
+    outcome.place = place;
+    outcome.kind = OnlineOutcome::eKind::Unmapped;
+    outcome.reason = tr("der Antrieb hat kein Register dafür");
+    if (const auto parameter = m_container.parameterInformation(place.coordinate))
+        outcome.address = place.addressText(*parameter);
+    for (const RegisterMap::Refusal &refusal : m_map->refusals()) {
+        if (refusal.place == place)
+            outcome.reason = RegisterMap::reasonText(refusal.reason);
+    }
+    return outcome;
+}

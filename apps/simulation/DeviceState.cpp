@@ -1,0 +1,26 @@
+#include "apps/simulation/DeviceState.h"
+
+#include <KrParameterInstance/ParameterContainer.h>
+
+namespace {
+
+const ParameterCoordinate &coordinate()
+{
+    static const ParameterCoordinate state(QStringLiteral("E48"));
+    return state;
+}
+
+} // namespace
+
+int DeviceState::read(const ParameterContainer &container, eLivingSpace livingSpace)
+{
+    bool isNumber = false;
+    const int state =
+        container.readValueNative(livingSpace, coordinate(), 0, false).toInt(&isNumber);
+    return isNumber ? state : -1;
+}
+
+void DeviceState::write(ParameterContainer &container, eLivingSpace livingSpace, int state)
+{
+    container.writeValueNative(livingSpace, coordinate(), 0, QString::number(state));
+}

@@ -1,0 +1,104 @@
+#include "apps/simulation/DriveAction.h"
+
+#include "apps/simulation/DeviceState.h"
+
+#include <KrParameterInstance/ParameterContainer.h>
+#include <KrParameterInstance/ParameterInformation.h>
+
+namespace {
+
+constexpr quint16 ControlElement = 0;
+constexpr quint16 ProgressElement = 1;
+constexpr quint16 ResultElement = 2;
+
+constexpr int NoResult = 0;
+constexpr int Successful = 1;
+constexpr int Aborted = 2;
+constexpr int LastPercent = 100;
+constexpr int RequiresEnableOff = 1;
+
+bool isWithoutStorage(const ParameterInformation &parameter, quint16 element, bool isReadOnly)
+{
+    using P = eParameterProperty;
+    return parameter.elementProperty(element, P::MemoryAllocation).asInt32() == 1
+        && (parameter.elementProperty(element, P::NoWrite).asInt32() != 0) == isReadOnly;
+}
+
+} // namespace
+
+bool DriveAction::isAction(const ParameterInformation &parameter)
+{
+    return parameter.isRecordParameter() && isWithoutStorage(parameter, ControlElement, false)
+        && isWithoutStorage(parameter, ProgressElement, true)
+        && isWithoutStorage(parameter, ResultElement, true);
+}
+
+DriveAction::DriveAction(
+    ParameterContainer &container, const ParameterCoordinate &coordinate, eLivingSpace livingSpace)
+    : m_container(container)
+    , m_coordinate(coordinate)
+    , m_livingSpace(livingSpace)
+{
+}
+
+bool DriveAction::isAt(const ValuePlace &place) const
+{
+    return place == ValuePlace {m_coordinate, m_livingSpace, ControlElement};
+}
+
+bool DriveAction::accepts(int command) const
+{
+    if (command != 1 || isRunning())
+        return command == 0 || command == 1;
+    const auto parameter = m_container.parameterInformation(m_coordinate);
+    const auto requirement =
+        parameter->elementProperty(ControlElement, eParameterProperty::EnableOffRequired);
+    return requirement.asInt32() != RequiresEnableOff
+        || !DeviceState::isEnabled(DeviceState::read(m_container, m_livingSpace));
+}
+
+void DriveAction::command(int command)
+{
+    if (command == 0 && isRunning()) {
+        end(Aborted);
+        return;
+    }
+    if (command != 1 || isRunning())
+        return;
+    const auto parameter = m_container.parameterInformation(m_coordinate);
+    const auto requirement =
+        parameter->elementProperty(ControlElement, eParameterProperty::EnableOffRequired);
+    m_progress = 0;
+    m_stateBefore = -1;
+    if (requirement.asInt32() != RequiresEnableOff) {
+        m_stateBefore = DeviceState::read(m_container, m_livingSpace);
+        DeviceState::write(m_container, m_livingSpace, DeviceState::OperationEnabled);
+    }
+    set(ProgressElement, 0);
+    set(ResultElement, NoResult);
+    set(ControlElement, 1);
+}
+
+void DriveAction::step()
+{
+    if (!isRunning())
+        return;
+    set(ProgressElement, ++m_progress);
+    if (m_progress == LastPercent)
+        end(Successful);
+}
+
+void DriveAction::end(int result)
+{
+    m_progress = -1;
+    set(ResultElement, result);
+    if (m_stateBefore >= 0)
+        DeviceState::write(m_container, m_livingSpace, m_stateBefore);
+    // Last: who sees it idle finds the result.
+    set(ControlElement, 0);
+}
+
+void DriveAction::set(quint16 element, int number)
+{
+    m_container.writeValueNative(m_livingSpace, m_coordinate, element, QString::number(number));
+}

@@ -1,0 +1,378 @@
+#!/usr/bin/python3
+"""Runs krparameter simulate and krparameter online as processes.
+
+Usage: tst_krparameter_online.py PROGRAM
+"""
+
+import json
+import shutil
+import socket
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+PROGRAM = ""
+
+GOOD, DIFFERENCES, USAGE, UNREADABLE, REJECTED, NOT_WRITABLE, WRITE_FAILED = range(7)
+
+DEVICE = """{
+  "format": "kr-device-description", "version": 1,
+  "family": {"identifier": 80, "name": "Device", "hasPhysicalAxes": true, "axes": [1, 2]},
+  "languages": ["de", "en"], "dataTypes": ["UINT16", "INT32", "REAL32", "STRING8", "RAW"],
+  "profiles": {"measured": {"levels": {"read": 0, "write": 6}, "memoryAllocation": 1, "noWrite": 1}},
+  "parameters": [
+    {"number": 1, "coordinates": ["A01"], "name": {"de": "Strom", "en": "Current"}, "global": true,
+     "elements": [{"dataType": "UINT16", "default": 4200, "limits": {"lower": 0, "upper": UPPER},
+                   "units": {"scaled": "A"}, "scaling": {"factor": 0.001}, "decimals": {"behind": 3}}]},
+    {"number": 2, "coordinates": ["A02"], "name": "Text", "global": true,
+     "elements": [{"dataType": "STRING8", "kind": 5, "default": "abc"}]},
+    {"number": 3, "coordinates": ["A03"], "name": "Block", "global": true,
+     "elements": [{"dataType": "RAW", "kind": 5, "noWrite": 1}]},
+    {"number": 4, "coordinates": ["B01"], "name": "Zahl",
+     "elements": [{"dataType": "INT32", "default": 5}]},
+    {"number": 5, "coordinates": ["B02"], "name": "Ist",
+     "elements": [{"profile": "measured", "dataType": "INT32", "default": 100}]},
+    {"number": 6, "coordinates": ["B03"], "name": "Real",
+     "elements": [{"dataType": "REAL32", "default": "1.50"}]},
+    {"number": 7, "coordinates": ["E48"], "name": "Zustand",
+     "elements": [{"profile": "measured", "dataType": "UINT16"}]}
+  ]
+}"""
+
+
+class Run:
+    def __init__(self, *words):
+        done = subprocess.run([PROGRAM, *words], capture_output=True, timeout=60)
+        self.code = done.returncode
+        self.out = done.stdout.decode("utf-8")
+        self.err = done.stderr.decode("utf-8")
+
+    def lines(self):
+        return [json.loads(line) for line in self.out.splitlines()]
+
+
+class Drive:
+    """A simulated drive that nothing moves by itself."""
+
+    def __init__(self, device, *options):
+        self.process = subprocess.Popen(
+            [PROGRAM, "simulate", "--device", device, "--port", "0", "--tick", "0", "--json", *options],
+            stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        self.said = json.loads(self.process.stdout.readline())
+        self.port = self.said["port"]
+
+    def order(self, text):
+        self.process.stdin.write(text.encode("utf-8") + b"\n")
+        self.process.stdin.flush()
+        return self.process.stdout.readline().decode("utf-8").rstrip("\n")
+
+    def value(self, address):
+        return self.order("get " + address).removeprefix("ok ")
+
+    def end(self):
+        self.process.kill()
+        for stream in (self.process.stdin, self.process.stdout, self.process.stderr):
+            stream.close()
+        self.process.wait()
+
+
+class OnlineTest(unittest.TestCase):
+    maxDiff = None
+
+    def setUp(self):
+        self.folder = Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, self.folder)
+        self.project = str(self.folder / "project")
+        self.device = self.write("device.json", "50000")
+
+    def write(self, name, upper):
+        path = self.folder / name
+        path.write_text(DEVICE.replace("UPPER", upper), encoding="utf-8")
+        return str(path)
+
+    def drive(self, *options, device=None):
+        drive = Drive(device or self.device, *options)
+        self.addCleanup(drive.end)
+        return drive
+
+    def online(self, drive, *words):
+        return Run("--device", self.device, "online", "--port", str(drive.port), *words)
+
+    def check(self, run, code, out=None, err=None):
+        self.assertEqual(run.code, code, run.err)
+        if out is not None:
+            self.assertEqual(run.out, out)
+        if err is not None:
+            self.assertEqual(run.err, err)
+
+
+class Usage(OnlineTest):
+    def test_refused(self):
+        for words, text in (
+            (["online"], "online braucht get, set, watch, upload oder download"),
+            (["online", "frob"], "online braucht get, set, watch, upload oder download"),
+            (["online", "get"], "online get braucht mindestens eine Adresse"),
+            (["online", "set", "A01"], "online set braucht Paare aus Adresse und Wert"),
+            (["online", "set", "A01", "1", "A02"], "online set braucht Paare aus Adresse und Wert"),
+            (["online", "upload", "A01"], "online upload nimmt keine Argumente"),
+            (["online", "download"], "online download braucht --project ORDNER"),
+            (["online", "get", "A01", "--project", "p"], "online get kennt die Option --project nicht"),
+            (["online", "get", "A01", "--seconds", "1"], "online get kennt die Option --seconds nicht"),
+            (["online", "get", "A01", "--port", "65536"], "--port nimmt eine Zahl von 0 bis 65535"),
+            (["online", "get", "A01", "--port", "x"], "--port nimmt eine Zahl von 0 bis 65535"),
+            (["simulate", "x"], "simulate nimmt keine Argumente"),
+            (["simulate", "--port", "-1"], "--port nimmt eine Zahl von 0 bis 65535"),
+            (["simulate", "--tick", "60001"], "--tick nimmt eine Zahl von 0 bis 60000"),
+            (["simulate", "--axis", "1"], "simulate kennt die Option --axis nicht"),
+            (["simulate", "--host", "everywhere", "--port", "0"], "das ist keine IP-Adresse"),
+        ):
+            with self.subTest(words=words):
+                run = Run("--device", self.device, *words)
+                self.check(run, USAGE, out="")
+                self.assertIn(text, run.err)
+
+    def test_help_fits_a_terminal(self):
+        for command in ("online", "simulate"):
+            for language in ("de", "en"):
+                run = Run(command, "--help", "--lang", language)
+                self.check(run, GOOD, err="")
+                for line in run.out.splitlines():
+                    self.assertLessEqual(len(line), 100, line)
+
+    def test_nobody_there(self):
+        with socket.socket() as held:
+            held.bind(("127.0.0.1", 0))
+            run = Run("--device", self.device, "online", "get", "A01", "--port",
+                      str(held.getsockname()[1]))
+        self.check(run, UNREADABLE, out="")
+        self.assertTrue(run.err.startswith("krparameter: der Antrieb ist nicht erreichbar: "), run.err)
+
+
+class Simulate(OnlineTest):
+    def test_listens_on_this_machine_alone(self):
+        drive = self.drive()
+        self.assertEqual(drive.said["host"], "127.0.0.1")
+        with socket.create_connection(("127.0.0.1", drive.port), timeout=10):
+            pass
+        with self.assertRaises(OSError):
+            socket.create_connection(("127.0.0.2", drive.port), timeout=10)
+
+    def test_listens_where_it_is_told(self):
+        drive = self.drive("--host", "127.0.0.2")
+        with socket.create_connection(("127.0.0.2", drive.port), timeout=10):
+            pass
+
+    def test_takes_no_port_twice(self):
+        drive = self.drive()
+        run = Run("--device", self.device, "simulate", "--port", str(drive.port))
+        self.check(run, USAGE, out="")
+        self.assertIn(f"127.0.0.1, Anschluss {drive.port}: ", run.err)
+
+    def test_names_what_does_not_fit(self):
+        drive = self.drive()
+        self.assertEqual(drive.process.stderr.readline().decode("utf-8"),
+                         "A03 hat kein Register: der Wert ist länger als die 123 Register, die eine "
+                         "Anfrage schreibt\n")
+
+    def test_begins_with_the_project(self):
+        self.check(Run("--device", self.device, "--project", self.project, "set", "2.B01", "77"), GOOD)
+        drive = self.drive("--project", self.project)
+        self.assertEqual(drive.value("2.B01"), "77")
+        self.assertEqual(drive.value("1.B01"), "5")
+
+    def test_quits(self):
+        drive = self.drive()
+        self.assertEqual(drive.order("quit"), "ok")
+        self.assertEqual(drive.process.wait(timeout=20), GOOD)
+
+    def test_goes_on_without_orders(self):
+        drive = self.drive()
+        drive.process.stdin.close()
+        self.check(self.online(drive, "get", "A02"), GOOD, out="A02  Text: abc\n")
+
+
+class Get(OnlineTest):
+    def test_shows_what_the_drive_has(self):
+        drive = self.drive()
+        drive.order("set A01 1500")
+        drive.order("set 2.B01 -8")
+        self.check(self.online(drive, "get", "A01", "2.B01"), GOOD,
+                   out="A01  Strom: 1.500 A\n2.B01  Zahl: -8\n", err="")
+
+    def test_json(self):
+        drive = self.drive()
+        drive.order("set A01 1500")
+        run = self.online(drive, "get", "A01", "--json")
+        self.check(run, GOOD)
+        self.assertEqual(run.lines(), [{"address": "A01", "name": "Strom", "display": "1.500 A",
+                                        "value": "1.5", "native": "1500", "unit": "A"}])
+
+    def test_speaks_english(self):
+        drive = self.drive()
+        self.check(self.online(drive, "get", "A01", "--lang", "en"), GOOD, out="A01  Current: 4.200 A\n")
+        run = self.online(drive, "get", "A03", "--lang", "en")
+        self.check(run, UNREADABLE)
+        self.assertEqual(run.out, "A03: cannot be transferred - the value is longer than the 123 "
+                                  "registers that one request writes\n")
+
+    def test_tells_what_has_no_register(self):
+        run = self.online(self.drive(), "get", "A03", "A02")
+        self.check(run, UNREADABLE, out="A03: nicht übertragbar - der Wert ist länger als die 123 "
+                                        "Register, die eine Anfrage schreibt\nA02  Text: abc\n")
+
+    def test_another_device(self):
+        other = self.folder / "other.json"
+        other.write_text(DEVICE.replace("UPPER", "9").replace('"INT32", "default": 5', '"REAL32"'),
+                         encoding="utf-8")
+        run = self.online(self.drive(device=str(other)), "get", "A01")
+        self.check(run, UNREADABLE, out="")
+        self.assertIn("der Antrieb ist ein anderes Gerät als das beschriebene (Einheit 2)", run.err)
+
+    def test_addresses_that_are_none(self):
+        self.check(self.online(self.drive(), "get", "Z99"), USAGE, out="")
+
+    def test_a_drive_that_says_nothing(self):
+        drive = self.drive()
+        drive.order("silent 0")
+        run = self.online(drive, "get", "A01")
+        self.check(run, UNREADABLE, out="")
+        self.assertIn("nicht erreichbar", run.err)
+
+
+class Set(OnlineTest):
+    def test_writes(self):
+        drive = self.drive()
+        self.check(self.online(drive, "set", "A01", "2.5 A", "2.B01", "-9"), GOOD,
+                   out="A01: geschrieben\n2.B01: geschrieben\n", err="")
+        self.assertEqual(drive.value("A01"), "2500")
+        self.assertEqual(drive.value("2.B01"), "-9")
+        self.assertEqual(drive.value("1.B01"), "5")
+
+    def test_writes_what_the_drive_has_already(self):
+        drive = self.drive()
+        self.check(self.online(drive, "set", "1.B01", "5"), GOOD, out="1.B01: geschrieben\n")
+
+    def test_shows_what_the_drive_made_of_it(self):
+        drive = self.drive()
+        run = self.online(drive, "set", "1.B03", "0.123456789012", "--json")
+        self.check(run, DIFFERENCES)
+        self.assertEqual(run.lines(), [{"address": "1.B03", "outcome": "altered",
+                                        "sent": "0.123456789012", "kept": "0.12345679"}])
+
+    def test_is_refused_by_the_description(self):
+        drive = self.drive()
+        run = self.online(drive, "set", "1.B01", "6", "A01", "50.001", "2.B01", "7")
+        self.check(run, REJECTED, out="1.B01: geschrieben\n")
+        self.assertIn("abgewiesen", run.err)
+        self.assertEqual(drive.value("1.B01"), "6")
+        self.assertEqual(drive.value("A01"), "4200")
+        self.assertEqual(drive.value("2.B01"), "5")
+
+    def test_is_refused_by_the_drive(self):
+        drive = self.drive(device=self.write("narrow.json", "10000"))
+        self.check(self.online(drive, "set", "A01", "10.001"), REJECTED,
+                   out="A01: abgelehnt - der Antrieb nimmt diesen Wert nicht an\n")
+        self.assertEqual(drive.value("A01"), "4200")
+
+    def test_is_not_writable(self):
+        self.check(self.online(self.drive(), "set", "1.B02", "1"), NOT_WRITABLE, out="")
+
+    def test_through_lost_and_doubled_answers(self):
+        drive = self.drive()
+        drive.order("double 1000")
+        self.check(self.online(drive, "set", "1.B01", "11", "2.B01", "12"), GOOD)
+        drive.order("clear")
+        drive.order("busy 3")
+        self.check(self.online(drive, "set", "1.B01", "13"), GOOD)
+        self.assertEqual((drive.value("1.B01"), drive.value("2.B01")), ("13", "12"))
+
+
+class Transfers(OnlineTest):
+    def test_upload_saves_in_a_project(self):
+        drive = self.drive()
+        drive.order("set 2.B01 99")
+        run = self.online(drive, "upload", "--project", self.project)
+        self.check(run, GOOD)
+        self.assertIn("2.B01: geändert\n", run.out)
+        self.assertIn("Gelesen: 11 Werte: 9 unverändert, 1 geändert, 1 nicht übertragbar", run.err)
+        shown = Run("--device", self.device, "--project", self.project, "get", "2.B01", "--json")
+        self.assertEqual(shown.lines()[0]["native"], "99")
+
+    def test_upload_reports_every_value(self):
+        run = self.online(self.drive(), "upload", "--json")
+        self.check(run, GOOD)
+        self.assertEqual(len(run.lines()), 11)
+        self.assertEqual({line["outcome"] for line in run.lines()}, {"unchanged", "unmapped"})
+
+    def test_upload_of_a_drive_that_falls_silent(self):
+        drive = self.drive()
+        # Three headers are answered, and one block.
+        drive.order("silent 4")
+        run = self.online(drive, "upload", "--project", self.project)
+        self.check(run, UNREADABLE)
+        self.assertIn(": verloren - keine Antwort\n", run.out)
+        self.assertIn("nicht alle Werte wurden gelesen", run.err)
+        self.assertFalse((Path(self.project) / "Parameter.ini").exists())
+
+    def test_download(self):
+        self.check(Run("--device", self.device, "--project", self.project, "set", "2.B01", "77", "A01",
+                       "1.2", "A02", "xyz"), GOOD)
+        drive = self.drive()
+        run = self.online(drive, "download", "--project", self.project)
+        self.check(run, GOOD, out="")
+        self.assertIn("Geschrieben und zurückgelesen: 6 Werte: 6 geschrieben", run.err)
+        self.assertEqual([drive.value(text) for text in ("2.B01", "A01", "A02", "1.B02")],
+                         ["77", "1200", "xyz", "100"])
+
+    def test_download_reports_what_is_refused(self):
+        self.check(Run("--device", self.device, "--project", self.project, "set", "A01", "20"), GOOD)
+        drive = self.drive(device=self.write("narrow.json", "10000"))
+        run = self.online(drive, "download", "--project", self.project, "--json")
+        self.check(run, REJECTED)
+        self.assertIn({"address": "A01", "outcome": "refused", "sent": "20000", "kept": "4200",
+                       "reason": "der Antrieb nimmt diesen Wert nicht an"}, run.lines())
+        self.assertEqual(len(run.lines()), 6)
+
+
+class Watch(OnlineTest):
+    def begin(self, drive, *words):
+        process = subprocess.Popen(
+            [PROGRAM, "--device", self.device, "online", "--port", str(drive.port), "watch", *words],
+            stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        self.addCleanup(process.wait)
+        self.addCleanup(process.stderr.close)
+        self.addCleanup(process.stdout.close)
+        self.addCleanup(process.kill)
+        return process
+
+    def test_follows_values(self):
+        drive = self.drive()
+        process = self.begin(drive, "1.B02", "1.E48")
+        self.assertEqual(process.stdout.readline(), b"1.B02  Ist: 100\n")
+        self.assertEqual(process.stdout.readline(), b"1.E48  Zustand: 0\n")
+        drive.order("tick 5")
+        self.assertEqual({process.stdout.readline(), process.stdout.readline()},
+                         {b"1.B02  Ist: 101\n", b"1.E48  Zustand: 1\n"})
+
+    def test_ends_when_the_time_is_over(self):
+        self.check(self.online(self.drive(), "watch", "1.B01", "--seconds", "1"), GOOD,
+                   out="1.B01  Zahl: 5\n", err="")
+
+    def test_finds_a_drive_that_was_restarted(self):
+        drive = self.drive()
+        process = self.begin(drive, "1.B01")
+        self.assertEqual(process.stdout.readline(), b"1.B01  Zahl: 5\n")
+        drive.order("set 1.B01 6")
+        self.assertEqual(process.stdout.readline(), b"1.B01  Zahl: 6\n")
+        drive.process.kill()
+        self.assertTrue(process.stderr.readline().startswith(b"Der Antrieb ist fort: "))
+        self.drive("--port", str(drive.port))
+        self.assertEqual(process.stderr.readline(), b"Der Antrieb antwortet wieder.\n")
+        self.assertEqual(process.stdout.readline(), b"1.B01  Zahl: 5\n")
+
+
+if __name__ == "__main__":
+    PROGRAM = sys.argv[1]
+    unittest.main(argv=sys.argv[:1])
