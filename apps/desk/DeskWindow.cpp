@@ -1,0 +1,390 @@
+#include "apps/desk/DeskWindow.h"
+
+#include "apps/desk/ComparisonPage.h"
+#include "apps/desk/DeskActions.h"
+#include "apps/desk/DeskDialogs.h"
+#include "apps/desk/DeskMenu.h"
+#include "apps/desk/MessagePane.h"
+#include "apps/desk/OnlineSwitch.h"
+#include "apps/desk/ParameterTableView.h"
+#include "apps/desk/SelectorBar.h"
+#include "apps/desk/SnapshotPane.h"
+#include "apps/desk/TableNavigation.h"
+#include "apps/desk/WindowState.h"
+#include "apps/host/DriveProject.h"
+#include "apps/host/ShippedDescriptions.h"
+
+#include <KrFirmware/ServoDriveFirmware.h>
+#include <KrSystem/System.h>
+
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+#include <QtCore/QSettings>
+#include <QtGui/QCloseEvent>
+#include <QtWidgets/QDockWidget>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QListView>
+#include <QtWidgets/QMenuBar>
+#include <QtWidgets/QStatusBar>
+#include <QtWidgets/QTabWidget>
+
+namespace {
+
+constexpr QSize FirstSize(1280, 800);
+constexpr int FirstMessageHeight = 120;
+constexpr int FirstSnapshotWidth = 200;
+
+} // namespace
+
+DeskWindow::DeskWindow(DeskDialogs &dialogs)
+    : m_dialogs(dialogs)
+    , m_session(dialogs)
+    , m_actions(new DeskActions(this))
+    , m_menu(new DeskMenu(*menuBar(), *m_actions))
+    , m_selectors(new SelectorBar(this))
+    , m_pages(new QTabWidget(this))
+    , m_tableView(new ParameterTableView(m_tableModel, this))
+    , m_comparison(new ComparisonPage(this))
+    , m_snapshotDock(new QDockWidget(this))
+    , m_snapshotPane(new SnapshotPane(m_snapshots, *m_actions, this))
+    , m_messageDock(new QDockWidget(this))
+    , m_messagePane(new MessagePane(m_messages, this))
+    , m_navigation(new TableNavigation(
+          m_tableModel, *m_tableView, [this] { reveal(); }, this))
+    , m_count(new QLabel(this))
+    , m_onlineState(new QLabel(this))
+{
+    System::instance()->setMainWindow(this);
+    resize(FirstSize);
+    addToolBar(m_selectors);
+    buildMiddle();
+    buildDocks();
+    buildStatus();
+    connectActions();
+    connectSelectors();
+    connectSession();
+    m_selectors->setAccessLevel(System::information()->userAccessLevel());
+    retranslate();
+    onChanged();
+}
+
+DeskWindow::~DeskWindow()
+{
+    // The members go before the widgets that show them.
+    m_language.disconnect(this);
+    m_session.disconnect(this);
+    m_snapshots.disconnect(this);
+    onAboutToChange();
+    m_comparison->compare({}, {}, {});
+}
+
+ParameterNavigationHost &DeskWindow::navigation()
+{
+    return *m_navigation;
+}
+
+void DeskWindow::setAccessLevel(quint32 level)
+{
+    if (level > SelectorBar::GreatestAccessLevel)
+        return;
+    System::information()->setUserAccessLevel(level);
+    m_selectors->setAccessLevel(level);
+    updateCount();
+}
+
+void DeskWindow::restoreState(const QString &language)
+{
+    QSettings settings;
+    const WindowState state(settings);
+    state.restore(*this, *m_tableView->horizontalHeader());
+    if (const auto level = state.accessLevel())
+        setAccessLevel(*level);
+    m_language.choose(language.isEmpty() ? state.language() : language);
+}
+
+void DeskWindow::saveState()
+{
+    QSettings settings;
+    WindowState state(settings);
+    state.save(*this, *m_tableView->horizontalHeader());
+    state.setAccessLevel(System::information()->userAccessLevel());
+    state.setLanguage(m_language.language());
+}
+
+void DeskWindow::showComparison()
+{
+    compareChecked();
+    m_pages->setCurrentWidget(m_comparison);
+}
+
+void DeskWindow::closeEvent(QCloseEvent *event)
+{
+    if (!m_session.mayClose()) {
+        event->ignore();
+        return;
+    }
+    saveState();
+    QMainWindow::closeEvent(event);
+}
+
+void DeskWindow::buildMiddle()
+{
+    m_tableView->setObjectName(QStringLiteral("parameters"));
+    m_pages->setDocumentMode(true);
+    m_pages->addTab(m_tableView, QString());
+    m_pages->addTab(m_comparison, QString());
+    setCentralWidget(m_pages);
+    connect(m_comparison, &ComparisonPage::addressActivated, this, &DeskWindow::goTo);
+}
+
+void DeskWindow::buildDocks()
+{
+    m_snapshotDock->setObjectName(QStringLiteral("snapshotDock"));
+    m_snapshotDock->setWidget(m_snapshotPane);
+    addDockWidget(Qt::RightDockWidgetArea, m_snapshotDock);
+    m_messageDock->setObjectName(QStringLiteral("messageDock"));
+    m_messagePane->setObjectName(QStringLiteral("messages"));
+    m_messageDock->setWidget(m_messagePane);
+    addDockWidget(Qt::BottomDockWidgetArea, m_messageDock);
+    resizeDocks({m_messageDock}, {FirstMessageHeight}, Qt::Vertical);
+    resizeDocks({m_snapshotDock}, {FirstSnapshotWidth}, Qt::Horizontal);
+    connect(m_messagePane, &MessagePane::addressActivated, this, &DeskWindow::goTo);
+}
+
+void DeskWindow::buildStatus()
+{
+    statusBar()->addWidget(m_count);
+    statusBar()->addPermanentWidget(m_onlineState);
+}
+
+void DeskWindow::connectActions()
+{
+    const auto on = [this](DeskActions::eAction action, auto function) {
+        connect((*m_actions)[action], &QAction::triggered, this, function);
+    };
+    on(DeskActions::OpenDevice, [this] { openDevice(); });
+    on(DeskActions::LoadProject, [this] { loadProject(); });
+    on(DeskActions::SaveProject, [this] { saveProject(m_session.folder()); });
+    on(DeskActions::SaveProjectAs, [this] { saveProject({}); });
+    on(DeskActions::Quit, [this] { close(); });
+    on(DeskActions::Undo, [this] { m_session.undoStack()->undo(); });
+    on(DeskActions::Redo, [this] { m_session.undoStack()->redo(); });
+    on(DeskActions::Search, [this] {
+        m_pages->setCurrentWidget(m_tableView);
+        m_selectors->searchField()->setFocus();
+        m_selectors->searchField()->selectAll();
+    });
+    on(DeskActions::EditValue, [this] {
+        const QModelIndex current = m_tableView->currentIndex();
+        m_tableView->setCurrentIndex(current.siblingAtColumn(ParameterTableModel::Value));
+        m_tableView->edit(m_tableView->currentIndex());
+    });
+    on(DeskActions::TakeSnapshot, [this] { takeSnapshot(); });
+    on(DeskActions::CompareSnapshots, [this] { showComparison(); });
+    on(DeskActions::RemoveSnapshot, [this] { m_snapshotPane->removeCurrent(); });
+    on(DeskActions::GoOnline, [this](bool isOn) {
+        if (m_session.onlineSwitch())
+            m_session.onlineSwitch()->turn(isOn);
+        updateSwitches();
+    });
+    on(DeskActions::ReadOnly, [this](bool isOn) {
+        if (m_session.project())
+            m_session.project()->container().setReadOnly(isOn);
+        updateSwitches();
+    });
+    on(DeskActions::ShowParameters, [this] {
+        m_pages->setCurrentWidget(m_tableView);
+        m_tableView->setFocus();
+    });
+    on(DeskActions::ShowComparison, [this] { m_pages->setCurrentWidget(m_comparison); });
+    on(DeskActions::GoToSnapshots, [this] {
+        m_snapshotDock->show();
+        m_snapshotPane->list()->setFocus();
+    });
+    on(DeskActions::GoToMessages, [this] {
+        m_messageDock->show();
+        m_messagePane->setFocus();
+    });
+    on(DeskActions::ClearMessages, [this] { m_messages.clear(); });
+    // The delete key belongs to the list while it has the focus, and to what is typed elsewhere.
+    removeAction((*m_actions)[DeskActions::RemoveSnapshot]);
+    (*m_actions)[DeskActions::RemoveSnapshot]->setShortcutContext(Qt::WidgetShortcut);
+    m_snapshotPane->list()->addAction((*m_actions)[DeskActions::RemoveSnapshot]);
+    const QUndoStack *stack = m_session.undoStack();
+    connect(
+        stack, &QUndoStack::canUndoChanged, (*m_actions)[DeskActions::Undo], &QAction::setEnabled);
+    connect(
+        stack, &QUndoStack::canRedoChanged, (*m_actions)[DeskActions::Redo], &QAction::setEnabled);
+}
+
+void DeskWindow::connectSelectors()
+{
+    connect(m_selectors, &SelectorBar::searchChanged, &m_tableModel,
+        &ParameterTableModel::setSearchedText);
+    connect(m_selectors, &SelectorBar::searchLeft, this, [this] {
+        if (!m_tableView->currentIndex().isValid())
+            m_tableView->setCurrentIndex(m_tableModel.index(0, ParameterTableModel::Value));
+        m_tableView->setFocus();
+    });
+    connect(m_selectors, &SelectorBar::axisChosen, &m_tableModel, &ParameterTableModel::setAxis);
+    connect(m_selectors, &SelectorBar::accessLevelChosen, this, &DeskWindow::setAccessLevel);
+    connect(m_selectors, &SelectorBar::languageChosen, &m_language, &DeskLanguage::choose);
+    connect(&m_language, &DeskLanguage::changed, this, &DeskWindow::retranslate);
+    connect(&m_tableModel, &QAbstractItemModel::layoutChanged, this, &DeskWindow::updateCount);
+    connect(&m_tableModel, &QAbstractItemModel::modelReset, this, &DeskWindow::updateCount);
+}
+
+void DeskWindow::connectSession()
+{
+    connect(&m_session, &DeskSession::aboutToChange, this, &DeskWindow::onAboutToChange);
+    connect(&m_session, &DeskSession::changed, this, &DeskWindow::onChanged);
+    connect(&m_session, &DeskSession::saved, this, &DeskWindow::updateTitle);
+    connect(&m_session, &DeskSession::modifiedChanged, this, &QWidget::setWindowModified);
+    connect(&m_snapshots, &SnapshotListModel::checkedChanged, this, &DeskWindow::compareChecked);
+}
+
+void DeskWindow::retranslate()
+{
+    m_actions->retranslate();
+    m_menu->retranslate();
+    m_selectors->retranslate();
+    m_selectors->setLanguage(m_language.language());
+    m_pages->setTabText(0, tr("Parameter"));
+    m_pages->setTabText(1, tr("Vergleich"));
+    m_snapshotDock->setWindowTitle(tr("Snapshots"));
+    m_messageDock->setWindowTitle(tr("Meldungen"));
+    m_tableModel.refresh();
+    compareChecked();
+    updateTitle();
+    updateSwitches();
+    updateCount();
+}
+
+void DeskWindow::openDevice()
+{
+    const QString shipped = ShippedDescriptions::filePath(QStringLiteral("two-axis-drive"));
+    const QString file = m_dialogs.descriptionFile(QFileInfo(shipped).path());
+    if (!file.isEmpty() && m_session.mayClose())
+        m_session.open(file);
+}
+
+void DeskWindow::loadProject()
+{
+    if (!m_session.project())
+        return;
+    const QString folder = m_dialogs.projectToLoad();
+    if (!folder.isEmpty() && m_session.mayClose())
+        m_session.load(folder);
+}
+
+/// An empty folder: the user chooses one.
+void DeskWindow::saveProject(const QString &folder)
+{
+    if (!m_session.project())
+        return;
+    const QString chosen = folder.isEmpty() ? m_dialogs.projectToSave() : folder;
+    if (!chosen.isEmpty())
+        m_session.save(chosen);
+}
+
+void DeskWindow::takeSnapshot()
+{
+    if (!m_session.project())
+        return;
+    if (const auto name = m_dialogs.snapshotName(m_snapshots.suggestedName()))
+        m_snapshots.take(m_session.project()->container(), *name);
+}
+
+/// A title may name a record as a whole, which has no value of its own.
+void DeskWindow::goTo(const ParameterAddress &address)
+{
+    if (m_navigation->canNavigateToAddress(address)) {
+        m_pages->setCurrentWidget(m_tableView);
+        m_navigation->navigateToAddress(address);
+    } else if (m_navigation->canNavigateToParameter(address.coordinate())) {
+        m_pages->setCurrentWidget(m_tableView);
+        m_navigation->navigateToParameter(address.coordinate());
+    }
+}
+
+void DeskWindow::reveal()
+{
+    m_selectors->searchField()->clear();
+    m_selectors->showAllAxes();
+}
+
+void DeskWindow::onAboutToChange()
+{
+    m_tableModel.setDevice(nullptr, nullptr);
+    m_navigation->setProject(nullptr);
+}
+
+void DeskWindow::onChanged()
+{
+    DriveProject *project = m_session.project();
+    m_tableModel.setDevice(project, m_session.writer());
+    m_navigation->setProject(project);
+    const QList<int> axes = project ? project->firmware().axes() : QList<int>();
+    m_selectors->setAxes(axes);
+    m_tableModel.setAxis({});
+    if (m_session.onlineSwitch()) {
+        connect(m_session.onlineSwitch(), &OnlineSwitch::stateChanged, this,
+            &DeskWindow::updateSwitches, Qt::UniqueConnection);
+    }
+    if (m_tableModel.rowCount() > 0)
+        m_tableView->setCurrentIndex(m_tableModel.index(0, ParameterTableModel::Value));
+    updateTitle();
+    updateSwitches();
+    updateCount();
+}
+
+void DeskWindow::compareChecked()
+{
+    m_comparison->compare(
+        m_snapshots.checkedSnapshots(), m_snapshots.checkedNames(), m_session.deviceName());
+}
+
+void DeskWindow::updateTitle()
+{
+    QStringList parts;
+    if (!m_session.folder().isEmpty())
+        parts.append(QDir(m_session.folder()).dirName());
+    if (m_session.project())
+        parts.append(m_session.deviceName());
+    parts.append(QStringLiteral("krparameter-desk"));
+    setWindowTitle(parts.join(QStringLiteral(" – ")).prepend(QStringLiteral("[*]")));
+    setWindowModified(m_session.isModified());
+}
+
+void DeskWindow::updateSwitches()
+{
+    const bool hasDevice = m_session.project() != nullptr;
+    const auto state =
+        hasDevice ? m_session.onlineSwitch()->state() : OnlineSwitch::eState::Offline;
+    for (const DeskActions::eAction action :
+        {DeskActions::LoadProject, DeskActions::SaveProject, DeskActions::SaveProjectAs,
+            DeskActions::TakeSnapshot, DeskActions::GoOnline, DeskActions::ReadOnly})
+        (*m_actions)[action]->setEnabled(hasDevice);
+    (*m_actions)[DeskActions::Undo]->setEnabled(m_session.undoStack()->canUndo());
+    (*m_actions)[DeskActions::Redo]->setEnabled(m_session.undoStack()->canRedo());
+    (*m_actions)[DeskActions::GoOnline]->setChecked(state != OnlineSwitch::eState::Offline);
+    const bool isReadOnly = hasDevice && m_session.project()->container().isReadOnly();
+    (*m_actions)[DeskActions::ReadOnly]->setChecked(isReadOnly);
+    QString text = state == OnlineSwitch::eState::Online ? tr("online")
+        : state == OnlineSwitch::eState::Opening         ? tr("verbindet …")
+                                                         : tr("offline");
+    if (isReadOnly)
+        text += tr(", nur lesen");
+    m_onlineState->setText(text);
+}
+
+void DeskWindow::updateCount()
+{
+    m_count->setText(m_session.project()
+            ? tr("%1 von %2 Werten")
+                  .arg(m_tableModel.rowCount())
+                  .arg(m_tableModel.searchableCount())
+            : tr("Kein Gerät offen: Strg+O öffnet eine Gerätebeschreibung"));
+}
