@@ -9,12 +9,11 @@ bool haveSameUnits(const SnapshotValue &a, const SnapshotValue &b)
     return a.scaledUnit() == b.scaledUnit() && a.nativeUnit() == b.nativeUnit();
 }
 
-/// Texts are put together with their units only where they differ piece by piece.
+/// Texts are put together with their units only where the units differ.
 bool areDifferent(const SnapshotValue &a, const SnapshotValue &b)
 {
-    const bool sameUnits = haveSameUnits(a, b);
-    if (sameUnits && (a.display == b.display || a.native == b.native))
-        return false;
+    if (haveSameUnits(a, b))
+        return a.display != b.display && a.native != b.native;
     return a.displayWithUnit() != b.displayWithUnit() && a.nativeWithUnit() != b.nativeWithUnit();
 }
 
