@@ -176,11 +176,7 @@ void DeskWindow::connectActions()
         m_selectors->searchField()->setFocus();
         m_selectors->searchField()->selectAll();
     });
-    on(DeskActions::EditValue, [this] {
-        const QModelIndex current = m_tableView->currentIndex();
-        m_tableView->setCurrentIndex(current.siblingAtColumn(ParameterTableModel::Value));
-        m_tableView->edit(m_tableView->currentIndex());
-    });
+    on(DeskActions::EditValue, [this] { m_tableView->editCurrentValue(); });
     on(DeskActions::TakeSnapshot, [this] { takeSnapshot(); });
     on(DeskActions::CompareSnapshots, [this] { showComparison(); });
     on(DeskActions::RemoveSnapshot, [this] { m_snapshotPane->removeCurrent(); });

@@ -49,6 +49,16 @@ void ParameterTableView::goTo(const QModelIndex &index)
     setFocus();
 }
 
+void ParameterTableView::editCurrentValue()
+{
+    const QModelIndex value = currentIndex().siblingAtColumn(ParameterTableModel::Value);
+    if (!value.isValid())
+        return;
+    setCurrentIndex(value);
+    if (value.flags() & Qt::ItemIsEditable)
+        edit(value);
+}
+
 void ParameterTableView::setDefaultColumnWidths()
 {
     const int letter = fontMetrics().horizontalAdvance(QLatin1Char('x'));
@@ -63,10 +73,7 @@ void ParameterTableView::keyPressEvent(QKeyEvent *event)
         QTableView::keyPressEvent(event);
         return;
     }
-    const QModelIndex value = currentIndex().siblingAtColumn(ParameterTableModel::Value);
-    setCurrentIndex(value);
-    if (value.flags() & Qt::ItemIsEditable)
-        edit(value);
+    editCurrentValue();
 }
 
 void ParameterTableView::scrollContentsBy(int dx, int dy)

@@ -16,6 +16,8 @@ public:
 
     /// Makes it the current row, with its value in view.
     void goTo(const QModelIndex &index);
+    /// Of the current row, where it can be written.
+    void editCurrentValue();
     void setDefaultColumnWidths();
 
 protected:
