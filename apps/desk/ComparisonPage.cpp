@@ -1,6 +1,7 @@
 #include "apps/desk/ComparisonPage.h"
 
 #include "apps/desk/AddressInText.h"
+#include "apps/desk/SpaciousDelegate.h"
 
 #include <KrParameterInstance/ParameterValueSnapshotWidget.h>
 
@@ -40,6 +41,7 @@ void ComparisonPage::compare(const QList<ParameterValueSnapshot *> &snapshots,
     m_layout->insertWidget(1, m_widget, 1);
     auto *tree = m_widget->findChild<QTreeWidget *>();
     connect(tree, &QTreeWidget::itemActivated, this, &ComparisonPage::onActivated);
+    tree->setItemDelegate(new SpaciousDelegate(tree));
     tree->expandAll();
     for (int column = 0; column < tree->columnCount(); ++column)
         tree->resizeColumnToContents(column);

@@ -33,7 +33,7 @@
 namespace {
 
 constexpr QSize FirstSize(1280, 800);
-constexpr int FirstMessageHeight = 120;
+constexpr int FirstMessageHeight = 105;
 constexpr int FirstSnapshotWidth = 200;
 
 } // namespace

@@ -26,7 +26,7 @@ QStyle::StandardPixmap signOf(SystemMessage::eSeverity severity)
 
 void MessageDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
 {
-    QStyledItemDelegate::initStyleOption(option, index);
+    SpaciousDelegate::initStyleOption(option, index);
     const auto severity = SystemMessage::eSeverity(index.data(Qt::UserRole).toInt());
     option->features |= QStyleOptionViewItem::HasDecoration;
     option->icon = option->widget->style()->standardIcon(signOf(severity), nullptr, option->widget);

@@ -1,13 +1,13 @@
 #pragma once
 
-#include <QtWidgets/QStyledItemDelegate>
+#include "apps/desk/SpaciousDelegate.h"
 
 /// Shows a message with the sign of its severity.
-class MessageDelegate : public QStyledItemDelegate {
+class MessageDelegate : public SpaciousDelegate {
     Q_OBJECT
 
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using SpaciousDelegate::SpaciousDelegate;
 
 protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;

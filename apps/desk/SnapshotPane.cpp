@@ -2,6 +2,7 @@
 
 #include "apps/desk/DeskActions.h"
 #include "apps/desk/SnapshotListModel.h"
+#include "apps/desk/SpaciousDelegate.h"
 
 #include <QtWidgets/QBoxLayout>
 #include <QtWidgets/QListView>
@@ -14,6 +15,7 @@ SnapshotPane::SnapshotPane(SnapshotListModel &model, const DeskActions &actions,
 {
     m_list->setObjectName(QStringLiteral("snapshots"));
     m_list->setModel(&model);
+    m_list->setItemDelegate(new SpaciousDelegate(m_list));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_list);
