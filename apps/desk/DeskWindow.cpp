@@ -204,15 +204,23 @@ void DeskWindow::connectActions()
         m_messagePane->setFocus();
     });
     on(DeskActions::ClearMessages, [this] { m_messages.clear(); });
-    // The delete key belongs to the list while it has the focus, and to what is typed elsewhere.
-    removeAction((*m_actions)[DeskActions::RemoveSnapshot]);
-    (*m_actions)[DeskActions::RemoveSnapshot]->setShortcutContext(Qt::WidgetShortcut);
-    m_snapshotPane->list()->addAction((*m_actions)[DeskActions::RemoveSnapshot]);
+    // Delete and F2 mean something else in fields and in other lists.
+    bindTo(*m_snapshotPane->list(), DeskActions::RemoveSnapshot);
+    bindTo(*m_tableView, DeskActions::EditValue);
     const QUndoStack *stack = m_session.undoStack();
     connect(
         stack, &QUndoStack::canUndoChanged, (*m_actions)[DeskActions::Undo], &QAction::setEnabled);
     connect(
         stack, &QUndoStack::canRedoChanged, (*m_actions)[DeskActions::Redo], &QAction::setEnabled);
+}
+
+/// The key works in this widget alone.
+void DeskWindow::bindTo(QWidget &widget, int action)
+{
+    QAction *bound = (*m_actions)[DeskActions::eAction(action)];
+    removeAction(bound);
+    bound->setShortcutContext(Qt::WidgetShortcut);
+    widget.addAction(bound);
 }
 
 void DeskWindow::connectSelectors()

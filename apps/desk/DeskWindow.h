@@ -55,6 +55,7 @@ private:
     void buildDocks();
     void buildStatus();
     void connectActions();
+    void bindTo(QWidget &widget, int action);
     void connectSelectors();
     void connectSession();
     void retranslate();

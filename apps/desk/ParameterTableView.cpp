@@ -84,8 +84,26 @@ void ParameterTableView::scrollContentsBy(int dx, int dy)
 
 void ParameterTableView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
 {
-    QTableView::closeEditor(editor, hint);
+    const int row = currentIndex().row();
+    QTableView::closeEditor(editor, QAbstractItemDelegate::NoHint);
     m_note->hide();
+    if (hint == QAbstractItemDelegate::EditNextItem)
+        editFrom(row + 1, 1);
+    else if (hint == QAbstractItemDelegate::EditPreviousItem)
+        editFrom(row - 1, -1);
+}
+
+/// The first value from the row on that can be written.
+void ParameterTableView::editFrom(int row, int step)
+{
+    for (; row >= 0 && row < model()->rowCount(); row += step) {
+        const QModelIndex value = model()->index(row, ParameterTableModel::Value);
+        if (!(value.flags() & Qt::ItemIsEditable))
+            continue;
+        setCurrentIndex(value);
+        edit(value);
+        return;
+    }
 }
 
 void ParameterTableView::onWriteAnswered(

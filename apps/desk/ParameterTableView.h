@@ -6,7 +6,8 @@ class ParameterTableModel;
 class RejectionNote;
 class ValueDelegate;
 
-/// The table of values. Keys: F2, Return or a typed letter edits, Escape gives up.
+/// The table of values. Keys: F2, Return or a typed letter edits, Tab goes on to the next value that can
+/// be written, Escape gives up.
 class ParameterTableView : public QTableView {
     Q_OBJECT
 
@@ -26,6 +27,7 @@ protected:
     void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
 
 private:
+    void editFrom(int row, int step);
     void onWriteAnswered(const QModelIndex &index, bool isAccepted, const QString &message);
 
     ValueDelegate *m_delegate;

@@ -40,7 +40,9 @@ private Q_SLOTS:
     void editGivenUp();
     void editorKeepsWhatIsTyped();
     void refuse();
+    void refusedAndLeft();
     void refusedNearTheEdge();
+    void tabGoesOn();
     void chooseFromAList();
     void readOnlyValuesOpenNoEditor();
     void undoAndRedo();
@@ -51,6 +53,7 @@ private Q_SLOTS:
     void readOnly();
     void snapshotAndCompare();
     void snapshotIsRefused();
+    void renameSnapshot();
     void removeSnapshot();
     void rowOfTheComparisonLeadsToItsParameter();
     void messageLeadsToItsParameter();
@@ -277,6 +280,44 @@ void tst_DeskWindow::refuse()
     QCOMPARE(value(place("B01", 1)), QStringLiteral("4.000"));
 }
 
+/// What was refused is given up with the field, and told once.
+void tst_DeskWindow::refusedAndLeft()
+{
+    doubleClick(place("B01", 1));
+    QTest::keyClicks(field(), QStringLiteral("41"));
+    expectRefusal(TooLarge);
+    click(place("A20"));
+    QTRY_VERIFY(!field());
+    QCOMPARE(value(place("B01", 1)), QStringLiteral("4.200"));
+    QVERIFY(!note()->isVisible());
+}
+
+void tst_DeskWindow::tabGoesOn()
+{
+    m_window->setAccessLevel(2);
+    doubleClick(place("B10"));
+    QTest::keyClicks(field(), QStringLiteral("11"));
+    press(Qt::Key_Tab);
+    QCOMPARE(value(place("B10")), QStringLiteral("11"));
+    // B100 needs level 4.
+    QCOMPARE(
+        m_window->navigation().currentAddress().toSortableText(), QStringLiteral("1.E030[00001]"));
+    QVERIFY(field());
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("2"));
+    press(Qt::Key_Backtab);
+    QCOMPARE(value(place("E30", 0, 1)), QStringLiteral("2"));
+    QCOMPARE(
+        m_window->navigation().currentAddress().toSortableText(), QStringLiteral("1.B010[00000]"));
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("x"));
+    m_messages->expect(MessageRecorder::eSeverity::Critical, QStringLiteral("Desk drive"),
+        QStringLiteral(
+            "Parameter B10: Fehler beim Übernehmen des Werts - Wert \"x\" ist ungültig"));
+    press(Qt::Key_Tab);
+    QVERIFY(note()->isVisible());
+    QCOMPARE(
+        m_window->navigation().currentAddress().toSortableText(), QStringLiteral("1.B010[00000]"));
+}
+
 /// Below the last row and right of the last column there is no room.
 void tst_DeskWindow::refusedNearTheEdge()
 {
@@ -418,6 +459,18 @@ void tst_DeskWindow::snapshotIsRefused()
     m_dialogs->takesSuggestedName = false;
     press(DeskActions::TakeSnapshot);
     QCOMPARE(m_window->snapshots().rowCount(), 0);
+}
+
+void tst_DeskWindow::renameSnapshot()
+{
+    press(DeskActions::TakeSnapshot);
+    press(DeskActions::GoToSnapshots);
+    press(Qt::Key_Home);
+    press(Qt::Key_F2);
+    QVERIFY(!field());
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("Vorher"));
+    press(Qt::Key_Return);
+    QTRY_COMPARE(m_window->snapshots().checkedNames(), QStringList(QStringLiteral("Vorher")));
 }
 
 void tst_DeskWindow::removeSnapshot()
