@@ -256,23 +256,7 @@
     </message>
 </context>
 <context>
-    <name>DeskWindow</name>
-    <message>
-        <source>Parameter</source>
-        <translation>Parameters</translation>
-    </message>
-    <message>
-        <source>Vergleich</source>
-        <translation>Comparison</translation>
-    </message>
-    <message>
-        <source>Snapshots</source>
-        <translation>Snapshots</translation>
-    </message>
-    <message>
-        <source>Meldungen</source>
-        <translation>Messages</translation>
-    </message>
+    <name>DeskStatus</name>
     <message>
         <source>online</source>
         <translation>online</translation>
@@ -299,6 +283,25 @@
     </message>
 </context>
 <context>
+    <name>DeskWindow</name>
+    <message>
+        <source>Parameter</source>
+        <translation>Parameters</translation>
+    </message>
+    <message>
+        <source>Vergleich</source>
+        <translation>Comparison</translation>
+    </message>
+    <message>
+        <source>Snapshots</source>
+        <translation>Snapshots</translation>
+    </message>
+    <message>
+        <source>Meldungen</source>
+        <translation>Messages</translation>
+    </message>
+</context>
+<context>
     <name>MessageListModel</name>
     <message>
         <source>Hinweis</source>
@@ -318,45 +321,6 @@
     <message>
         <source>Nicht mehr online: %1</source>
         <translation>No longer online: %1</translation>
-    </message>
-</context>
-<context>
-    <name>ParameterTableModel</name>
-    <message>
-        <source>Adresse</source>
-        <translation>Address</translation>
-    </message>
-    <message>
-        <source>Name</source>
-        <translation>Name</translation>
-    </message>
-    <message>
-        <source>Wert</source>
-        <translation>Value</translation>
-    </message>
-    <message>
-        <source>Einheit</source>
-        <translation>Unit</translation>
-    </message>
-    <message>
-        <source>Default</source>
-        <translation>Default</translation>
-    </message>
-    <message>
-        <source>Minimum</source>
-        <translation>Minimum</translation>
-    </message>
-    <message>
-        <source>Maximum</source>
-        <translation>Maximum</translation>
-    </message>
-    <message>
-        <source>Änderungsmarke</source>
-        <translation>Change tag</translation>
-    </message>
-    <message>
-        <source>weicht vom Default ab</source>
-        <translation>differs from the default</translation>
     </message>
 </context>
 <context>
@@ -426,6 +390,45 @@
     <message>
         <source>Snapshot %1</source>
         <translation>Snapshot %1</translation>
+    </message>
+</context>
+<context>
+    <name>TableCells</name>
+    <message>
+        <source>Adresse</source>
+        <translation>Address</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Wert</source>
+        <translation>Value</translation>
+    </message>
+    <message>
+        <source>Einheit</source>
+        <translation>Unit</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Default</translation>
+    </message>
+    <message>
+        <source>Minimum</source>
+        <translation>Minimum</translation>
+    </message>
+    <message>
+        <source>Maximum</source>
+        <translation>Maximum</translation>
+    </message>
+    <message>
+        <source>Änderungsmarke</source>
+        <translation>Change tag</translation>
+    </message>
+    <message>
+        <source>weicht vom Default ab</source>
+        <translation>differs from the default</translation>
     </message>
 </context>
 <context>

@@ -2,8 +2,8 @@
 
 #include "apps/desk/ComparisonPage.h"
 #include "apps/desk/DeskActions.h"
-#include "apps/desk/DeskDialogs.h"
 #include "apps/desk/DeskMenu.h"
+#include "apps/desk/DeskStatus.h"
 #include "apps/desk/MessagePane.h"
 #include "apps/desk/OnlineSwitch.h"
 #include "apps/desk/ParameterTableView.h"
@@ -12,22 +12,17 @@
 #include "apps/desk/TableNavigation.h"
 #include "apps/desk/WindowState.h"
 #include "apps/host/DriveProject.h"
-#include "apps/host/ShippedDescriptions.h"
 
 #include <KrFirmware/ServoDriveFirmware.h>
 #include <KrSystem/System.h>
 
-#include <QtCore/QDir>
-#include <QtCore/QFileInfo>
 #include <QtCore/QSettings>
 #include <QtGui/QCloseEvent>
 #include <QtWidgets/QDockWidget>
 #include <QtWidgets/QHeaderView>
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListView>
 #include <QtWidgets/QMenuBar>
-#include <QtWidgets/QStatusBar>
 #include <QtWidgets/QTabWidget>
 
 namespace {
@@ -39,8 +34,8 @@ constexpr int FirstSnapshotWidth = 200;
 } // namespace
 
 DeskWindow::DeskWindow(DeskDialogs &dialogs)
-    : m_dialogs(dialogs)
-    , m_session(dialogs)
+    : m_session(dialogs)
+    , m_commands(m_session, dialogs)
     , m_actions(new DeskActions(this))
     , m_menu(new DeskMenu(*menuBar(), *m_actions))
     , m_selectors(new SelectorBar(this))
@@ -53,16 +48,15 @@ DeskWindow::DeskWindow(DeskDialogs &dialogs)
     , m_messagePane(new MessagePane(m_messages, this))
     , m_navigation(new TableNavigation(
           m_tableModel, *m_tableView, [this] { reveal(); }, this))
-    , m_count(new QLabel(this))
-    , m_onlineState(new QLabel(this))
+    , m_status(new DeskStatus(*this, *m_actions))
 {
     System::instance()->setMainWindow(this);
     resize(FirstSize);
     addToolBar(m_selectors);
     buildMiddle();
     buildDocks();
-    buildStatus();
-    connectActions();
+    connectCommands();
+    connectViews();
     connectSelectors();
     connectSession();
     m_selectors->setAccessLevel(System::information()->userAccessLevel());
@@ -91,7 +85,7 @@ void DeskWindow::setAccessLevel(quint32 level)
         return;
     System::information()->setUserAccessLevel(level);
     m_selectors->setAccessLevel(level);
-    updateCount();
+    m_status->updateCount();
 }
 
 void DeskWindow::restoreState(const QString &language)
@@ -153,65 +147,65 @@ void DeskWindow::buildDocks()
     connect(m_messagePane, &MessagePane::addressActivated, this, &DeskWindow::goTo);
 }
 
-void DeskWindow::buildStatus()
+void DeskWindow::on(int action, const std::function<void(bool)> &function)
 {
-    statusBar()->addWidget(m_count);
-    statusBar()->addPermanentWidget(m_onlineState);
+    connect((*m_actions)[DeskActions::eAction(action)], &QAction::triggered, this, function);
 }
 
-void DeskWindow::connectActions()
+void DeskWindow::connectCommands()
 {
-    const auto on = [this](DeskActions::eAction action, auto function) {
-        connect((*m_actions)[action], &QAction::triggered, this, function);
-    };
-    on(DeskActions::OpenDevice, [this] { openDevice(); });
-    on(DeskActions::LoadProject, [this] { loadProject(); });
-    on(DeskActions::SaveProject, [this] { saveProject(m_session.folder()); });
-    on(DeskActions::SaveProjectAs, [this] { saveProject({}); });
-    on(DeskActions::Quit, [this] { close(); });
-    on(DeskActions::Undo, [this] { m_session.undoStack()->undo(); });
-    on(DeskActions::Redo, [this] { m_session.undoStack()->redo(); });
-    on(DeskActions::Search, [this] {
-        m_pages->setCurrentWidget(m_tableView);
-        m_selectors->searchField()->setFocus();
-        m_selectors->searchField()->selectAll();
-    });
-    on(DeskActions::EditValue, [this] { m_tableView->editCurrentValue(); });
-    on(DeskActions::TakeSnapshot, [this] { takeSnapshot(); });
-    on(DeskActions::CompareSnapshots, [this] { showComparison(); });
-    on(DeskActions::RemoveSnapshot, [this] { m_snapshotPane->removeCurrent(); });
+    on(DeskActions::OpenDevice, [this](bool) { m_commands.openDevice(); });
+    on(DeskActions::LoadProject, [this](bool) { m_commands.loadProject(); });
+    on(DeskActions::SaveProject, [this](bool) { m_commands.saveProject(); });
+    on(DeskActions::SaveProjectAs, [this](bool) { m_commands.saveProjectElsewhere(); });
+    on(DeskActions::Quit, [this](bool) { close(); });
+    on(DeskActions::Undo, [this](bool) { m_session.undoStack()->undo(); });
+    on(DeskActions::Redo, [this](bool) { m_session.undoStack()->redo(); });
+    on(DeskActions::TakeSnapshot, [this](bool) { m_commands.takeSnapshot(m_snapshots); });
+    on(DeskActions::RemoveSnapshot, [this](bool) { m_snapshotPane->removeCurrent(); });
+    on(DeskActions::ClearMessages, [this](bool) { m_messages.clear(); });
     on(DeskActions::GoOnline, [this](bool isOn) {
         if (m_session.onlineSwitch())
             m_session.onlineSwitch()->turn(isOn);
-        updateSwitches();
+        m_status->updateSwitches();
     });
     on(DeskActions::ReadOnly, [this](bool isOn) {
         if (m_session.project())
             m_session.project()->container().setReadOnly(isOn);
-        updateSwitches();
+        m_status->updateSwitches();
     });
-    on(DeskActions::ShowParameters, [this] {
-        m_pages->setCurrentWidget(m_tableView);
-        m_tableView->setFocus();
-    });
-    on(DeskActions::ShowComparison, [this] { m_pages->setCurrentWidget(m_comparison); });
-    on(DeskActions::GoToSnapshots, [this] {
-        m_snapshotDock->show();
-        m_snapshotPane->list()->setFocus();
-    });
-    on(DeskActions::GoToMessages, [this] {
-        m_messageDock->show();
-        m_messagePane->setFocus();
-    });
-    on(DeskActions::ClearMessages, [this] { m_messages.clear(); });
-    // Delete and F2 mean something else in fields and in other lists.
-    bindTo(*m_snapshotPane->list(), DeskActions::RemoveSnapshot);
-    bindTo(*m_tableView, DeskActions::EditValue);
     const QUndoStack *stack = m_session.undoStack();
     connect(
         stack, &QUndoStack::canUndoChanged, (*m_actions)[DeskActions::Undo], &QAction::setEnabled);
     connect(
         stack, &QUndoStack::canRedoChanged, (*m_actions)[DeskActions::Redo], &QAction::setEnabled);
+}
+
+void DeskWindow::connectViews()
+{
+    on(DeskActions::Search, [this](bool) {
+        m_pages->setCurrentWidget(m_tableView);
+        m_selectors->searchField()->setFocus();
+        m_selectors->searchField()->selectAll();
+    });
+    on(DeskActions::EditValue, [this](bool) { m_tableView->editCurrentValue(); });
+    on(DeskActions::CompareSnapshots, [this](bool) { showComparison(); });
+    on(DeskActions::ShowParameters, [this](bool) {
+        m_pages->setCurrentWidget(m_tableView);
+        m_tableView->setFocus();
+    });
+    on(DeskActions::ShowComparison, [this](bool) { m_pages->setCurrentWidget(m_comparison); });
+    on(DeskActions::GoToSnapshots, [this](bool) {
+        m_snapshotDock->show();
+        m_snapshotPane->list()->setFocus();
+    });
+    on(DeskActions::GoToMessages, [this](bool) {
+        m_messageDock->show();
+        m_messagePane->setFocus();
+    });
+    // Delete and F2 mean something else in fields and in other lists.
+    bindTo(*m_snapshotPane->list(), DeskActions::RemoveSnapshot);
+    bindTo(*m_tableView, DeskActions::EditValue);
 }
 
 /// The key works in this widget alone.
@@ -236,15 +230,15 @@ void DeskWindow::connectSelectors()
     connect(m_selectors, &SelectorBar::accessLevelChosen, this, &DeskWindow::setAccessLevel);
     connect(m_selectors, &SelectorBar::languageChosen, &m_language, &DeskLanguage::choose);
     connect(&m_language, &DeskLanguage::changed, this, &DeskWindow::retranslate);
-    connect(&m_tableModel, &QAbstractItemModel::layoutChanged, this, &DeskWindow::updateCount);
-    connect(&m_tableModel, &QAbstractItemModel::modelReset, this, &DeskWindow::updateCount);
+    connect(&m_tableModel, &QAbstractItemModel::layoutChanged, m_status, &DeskStatus::updateCount);
+    connect(&m_tableModel, &QAbstractItemModel::modelReset, m_status, &DeskStatus::updateCount);
 }
 
 void DeskWindow::connectSession()
 {
     connect(&m_session, &DeskSession::aboutToChange, this, &DeskWindow::onAboutToChange);
     connect(&m_session, &DeskSession::changed, this, &DeskWindow::onChanged);
-    connect(&m_session, &DeskSession::saved, this, &DeskWindow::updateTitle);
+    connect(&m_session, &DeskSession::saved, m_status, &DeskStatus::updateTitle);
     connect(&m_session, &DeskSession::modifiedChanged, this, &QWidget::setWindowModified);
     connect(&m_snapshots, &SnapshotListModel::checkedChanged, this, &DeskWindow::compareChecked);
 }
@@ -261,44 +255,7 @@ void DeskWindow::retranslate()
     m_messageDock->setWindowTitle(tr("Meldungen"));
     m_tableModel.refresh();
     compareChecked();
-    updateTitle();
-    updateSwitches();
-    updateCount();
-}
-
-void DeskWindow::openDevice()
-{
-    const QString shipped = ShippedDescriptions::filePath(QStringLiteral("two-axis-drive"));
-    const QString file = m_dialogs.descriptionFile(QFileInfo(shipped).path());
-    if (!file.isEmpty() && m_session.mayClose())
-        m_session.open(file);
-}
-
-void DeskWindow::loadProject()
-{
-    if (!m_session.project())
-        return;
-    const QString folder = m_dialogs.projectToLoad();
-    if (!folder.isEmpty() && m_session.mayClose())
-        m_session.load(folder);
-}
-
-/// An empty folder: the user chooses one.
-void DeskWindow::saveProject(const QString &folder)
-{
-    if (!m_session.project())
-        return;
-    const QString chosen = folder.isEmpty() ? m_dialogs.projectToSave() : folder;
-    if (!chosen.isEmpty())
-        m_session.save(chosen);
-}
-
-void DeskWindow::takeSnapshot()
-{
-    if (!m_session.project())
-        return;
-    if (const auto name = m_dialogs.snapshotName(m_snapshots.suggestedName()))
-        m_snapshots.take(m_session.project()->container(), *name);
+    m_status->update();
 }
 
 /// A title may name a record as a whole, which has no value of its own.
@@ -334,61 +291,16 @@ void DeskWindow::onChanged()
     m_selectors->setAxes(axes);
     m_tableModel.setAxis({});
     if (m_session.onlineSwitch()) {
-        connect(m_session.onlineSwitch(), &OnlineSwitch::stateChanged, this,
-            &DeskWindow::updateSwitches, Qt::UniqueConnection);
+        connect(m_session.onlineSwitch(), &OnlineSwitch::stateChanged, m_status,
+            &DeskStatus::updateSwitches, Qt::UniqueConnection);
     }
     if (m_tableModel.rowCount() > 0)
         m_tableView->setCurrentIndex(m_tableModel.index(0, ParameterTableModel::Value));
-    updateTitle();
-    updateSwitches();
-    updateCount();
+    m_status->update();
 }
 
 void DeskWindow::compareChecked()
 {
     m_comparison->compare(
         m_snapshots.checkedSnapshots(), m_snapshots.checkedNames(), m_session.deviceName());
-}
-
-void DeskWindow::updateTitle()
-{
-    QStringList parts;
-    if (!m_session.folder().isEmpty())
-        parts.append(QDir(m_session.folder()).dirName());
-    if (m_session.project())
-        parts.append(m_session.deviceName());
-    parts.append(QStringLiteral("krparameter-desk"));
-    setWindowTitle(parts.join(QStringLiteral(" – ")).prepend(QStringLiteral("[*]")));
-    setWindowModified(m_session.isModified());
-}
-
-void DeskWindow::updateSwitches()
-{
-    const bool hasDevice = m_session.project() != nullptr;
-    const auto state =
-        hasDevice ? m_session.onlineSwitch()->state() : OnlineSwitch::eState::Offline;
-    for (const DeskActions::eAction action :
-        {DeskActions::LoadProject, DeskActions::SaveProject, DeskActions::SaveProjectAs,
-            DeskActions::TakeSnapshot, DeskActions::GoOnline, DeskActions::ReadOnly})
-        (*m_actions)[action]->setEnabled(hasDevice);
-    (*m_actions)[DeskActions::Undo]->setEnabled(m_session.undoStack()->canUndo());
-    (*m_actions)[DeskActions::Redo]->setEnabled(m_session.undoStack()->canRedo());
-    (*m_actions)[DeskActions::GoOnline]->setChecked(state != OnlineSwitch::eState::Offline);
-    const bool isReadOnly = hasDevice && m_session.project()->container().isReadOnly();
-    (*m_actions)[DeskActions::ReadOnly]->setChecked(isReadOnly);
-    QString text = state == OnlineSwitch::eState::Online ? tr("online")
-        : state == OnlineSwitch::eState::Opening         ? tr("verbindet …")
-                                                         : tr("offline");
-    if (isReadOnly)
-        text += tr(", nur lesen");
-    m_onlineState->setText(text);
-}
-
-void DeskWindow::updateCount()
-{
-    m_count->setText(m_session.project()
-            ? tr("%1 von %2 Werten")
-                  .arg(m_tableModel.rowCount())
-                  .arg(m_tableModel.searchableCount())
-            : tr("Kein Gerät offen: Strg+O öffnet eine Gerätebeschreibung"));
 }

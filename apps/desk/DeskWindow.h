@@ -4,19 +4,22 @@
 #include "apps/desk/DeskSession.h"
 #include "apps/desk/MessageListModel.h"
 #include "apps/desk/ParameterTableModel.h"
+#include "apps/desk/SessionCommands.h"
 #include "apps/desk/SnapshotListModel.h"
 
 #include <QtWidgets/QMainWindow>
+
+#include <functional>
 
 class ComparisonPage;
 class DeskActions;
 class DeskDialogs;
 class DeskMenu;
+class DeskStatus;
 class MessagePane;
 class ParameterNavigationHost;
 class ParameterTableView;
 class QDockWidget;
-class QLabel;
 class QTabWidget;
 class SelectorBar;
 class SnapshotPane;
@@ -53,29 +56,23 @@ protected:
 private:
     void buildMiddle();
     void buildDocks();
-    void buildStatus();
-    void connectActions();
+    void on(int action, const std::function<void(bool)> &function);
+    void connectCommands();
+    void connectViews();
     void bindTo(QWidget &widget, int action);
     void connectSelectors();
     void connectSession();
     void retranslate();
 
-    void openDevice();
-    void loadProject();
-    void saveProject(const QString &folder);
-    void takeSnapshot();
     void goTo(const ParameterAddress &address);
     void reveal();
     void onAboutToChange();
     void onChanged();
     void compareChecked();
-    void updateTitle();
-    void updateSwitches();
-    void updateCount();
 
-    DeskDialogs &m_dialogs;
     DeskLanguage m_language;
     DeskSession m_session;
+    SessionCommands m_commands;
     ParameterTableModel m_tableModel;
     SnapshotListModel m_snapshots;
     MessageListModel m_messages;
@@ -90,6 +87,5 @@ private:
     QDockWidget *m_messageDock;
     MessagePane *m_messagePane;
     TableNavigation *m_navigation;
-    QLabel *m_count;
-    QLabel *m_onlineState;
+    DeskStatus *m_status;
 };

@@ -1,31 +1,11 @@
 #include "apps/desk/ParameterTableModel.h"
 
 #include "apps/desk/RowTexts.h"
+#include "apps/desk/TableCells.h"
 #include "apps/desk/ValueWriter.h"
 #include "apps/host/DriveProject.h"
 
 #include <KrParameterInstance/ParameterInformation.h>
-
-namespace {
-
-constexpr const char *Titles[ParameterTableModel::ColumnCount] = {
-    QT_TRANSLATE_NOOP("ParameterTableModel", "Adresse"),
-    QT_TRANSLATE_NOOP("ParameterTableModel", "Name"),
-    QT_TRANSLATE_NOOP("ParameterTableModel", "Wert"),
-    QT_TRANSLATE_NOOP("ParameterTableModel", "Einheit"),
-    QT_TRANSLATE_NOOP("ParameterTableModel", "Default"),
-    QT_TRANSLATE_NOOP("ParameterTableModel", "Minimum"),
-    QT_TRANSLATE_NOOP("ParameterTableModel", "Maximum"),
-    QT_TRANSLATE_NOOP("ParameterTableModel", "Änderungsmarke"),
-};
-
-bool isValueColumn(int column)
-{
-    return column == ParameterTableModel::Value || column == ParameterTableModel::Default
-        || column == ParameterTableModel::LowerLimit || column == ParameterTableModel::UpperLimit;
-}
-
-} // namespace
 
 ParameterTableModel::ParameterTableModel(QObject *parent)
     : QAbstractTableModel(parent)
@@ -162,49 +142,14 @@ int ParameterTableModel::columnCount(const QModelIndex &parent) const
 QVariant ParameterTableModel::data(const QModelIndex &index, int role) const
 {
     const std::optional<ValuePlace> place = placeAt(index);
-    if (!place)
-        return {};
-    switch (role) {
-    case Qt::DisplayRole:
-    case Qt::EditRole:
-        return text(*place, index.column());
-    case Qt::ToolTipRole:
-        return text(*place, index.column());
-    default:
-        return marks(*place, index.column(), role);
-    }
-}
-
-QVariant ParameterTableModel::marks(const ValuePlace &place, int column, int role) const
-{
-    switch (role) {
-    case Qt::TextAlignmentRole: {
-        const bool isRight = isValueColumn(column) && m_texts->isNumber(place);
-        return int((isRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-    }
-    case DiffersRole:
-        return column == Value && m_texts->differsFromDefault(place);
-    case Qt::AccessibleDescriptionRole:
-        return column == Value && m_texts->differsFromDefault(place) ? tr("weicht vom Default ab")
-                                                                     : QVariant();
-    case ChoicesRole:
-        return QVariant::fromValue(m_texts->choices(place));
-    case NativeRole:
-        return m_texts->nativeValue(place);
-    default:
-        return {};
-    }
+    return place ? TableCells(*m_texts).data(*place, eColumn(index.column()), role) : QVariant();
 }
 
 QVariant ParameterTableModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || section < 0 || section >= ColumnCount)
-        return {};
-    if (role == Qt::DisplayRole)
-        return tr(Titles[section]);
-    if (role != Qt::TextAlignmentRole)
-        return {};
-    return int((isValueColumn(section) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    return orientation == Qt::Horizontal && section >= 0 && section < ColumnCount
+        ? TableCells::header(eColumn(section), role)
+        : QVariant();
 }
 
 Qt::ItemFlags ParameterTableModel::flags(const QModelIndex &index) const
@@ -304,28 +249,4 @@ void ParameterTableModel::updateRow(const ValuePlace &place)
     const QModelIndex first = indexOf(place, Address);
     if (first.isValid())
         Q_EMIT dataChanged(first, first.siblingAtColumn(ColumnCount - 1));
-}
-
-QString ParameterTableModel::text(const ValuePlace &place, int column) const
-{
-    switch (column) {
-    case Address:
-        return m_texts->address(place);
-    case Name:
-        return m_texts->name(place);
-    case Value:
-        return m_texts->value(place);
-    case Unit:
-        return m_texts->unit(place);
-    case Default:
-        return m_texts->defaultValue(place);
-    case LowerLimit:
-        return m_texts->lowerLimit(place);
-    case UpperLimit:
-        return m_texts->upperLimit(place);
-    case ChangeTag:
-        return m_texts->changeTag(place);
-    default:
-        return {};
-    }
 }

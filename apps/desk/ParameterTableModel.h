@@ -74,8 +74,6 @@ private:
     void onValueChanged(const ParameterAddress &address);
     void onVisibilityChanged(const ParameterAddress &address);
     void updateRow(const ValuePlace &place);
-    QString text(const ValuePlace &place, int column) const;
-    QVariant marks(const ValuePlace &place, int column, int role) const;
 
     DriveProject *m_project = nullptr;
     ValueWriter *m_writer = nullptr;
