@@ -45,11 +45,15 @@ QJsonObject parameterOf(quint32 number, const ParameterCoordinate &coordinate)
         {QStringLiteral("coordinates"), QJsonArray {coordinate.toText()}}};
 }
 
-std::unique_ptr<ServoDriveFirmware> load(const QJsonArray &parameters)
+QByteArray bytesOf(const QJsonArray &parameters)
+{
+    return QJsonDocument(rootOf(parameters)).toJson();
+}
+
+std::unique_ptr<ServoDriveFirmware> load(const QByteArray &json)
 {
     DescriptionError error;
-    auto firmware = ServoDriveFirmware::loadFromBytes(
-        QJsonDocument(rootOf(parameters)).toJson(), QStringLiteral("benchmark"), &error);
+    auto firmware = ServoDriveFirmware::loadFromBytes(json, QStringLiteral("benchmark"), &error);
     if (!firmware) {
         std::fprintf(stderr, "%s\n", qPrintable(error.toText()));
         std::abort();
@@ -57,22 +61,32 @@ std::unique_ptr<ServoDriveFirmware> load(const QJsonArray &parameters)
     return firmware;
 }
 
+ParameterCoordinate coordinateOf(int parameter)
+{
+    // Spread over the groups; line 999 of group A onwards stays free of the active axis "E84".
+    quint16 group = quint16(parameter % 25 + 1);
+    group += group >= 5 ? 1 : 0;
+    return ParameterCoordinate(group, quint16(parameter / 25));
+}
+
 } // namespace
 
-BenchmarkDevice::BenchmarkDevice(int parameterCount)
+QByteArray BenchmarkDevice::description(int parameterCount)
 {
     QJsonArray parameters;
     for (int i = 0; i < parameterCount; ++i) {
-        // Spread over the groups; line 999 of group A onwards stays free of the active axis "E84".
-        quint16 group = quint16(i % 25 + 1);
-        group += group >= 5 ? 1 : 0;
-        const ParameterCoordinate coordinate(group, quint16(i / 25));
-        QJsonObject parameter = parameterOf(quint32(i + 1), coordinate);
+        QJsonObject parameter = parameterOf(quint32(i + 1), coordinateOf(i));
         parameter.insert(QStringLiteral("elements"), QJsonArray {element()});
         parameters.append(parameter);
-        m_coordinates.append(coordinate);
     }
-    m_firmware = load(parameters);
+    return bytesOf(parameters);
+}
+
+BenchmarkDevice::BenchmarkDevice(int parameterCount)
+    : m_firmware(load(description(parameterCount)))
+{
+    for (int i = 0; i < parameterCount; ++i)
+        m_coordinates.append(coordinateOf(i));
     for (int i = 0; i < parameterCount; ++i) {
         m_definitions.append(m_firmware->parameterDefinition(quint32(i + 1)));
         m_systemLocatorTexts.append(QStringLiteral("S;{P%1}").arg(i + 1));
@@ -106,7 +120,7 @@ BenchmarkRecord::BenchmarkRecord(int elementCount)
         elements.append(element());
     parameter.insert(QStringLiteral("type"), QStringLiteral("record"));
     parameter.insert(QStringLiteral("elements"), elements);
-    m_firmware = load({parameter});
+    m_firmware = load(bytesOf({parameter}));
 }
 
 ParameterCoordinate BenchmarkRecord::coordinate() const

@@ -16,6 +16,9 @@ public:
 
     explicit BenchmarkDevice(int parameterCount);
 
+    /// The JSON that describes the device.
+    static QByteArray description(int parameterCount);
+
     ServoDriveFirmware *firmware() const { return m_firmware.get(); }
     qint64 valueCount() const { return qint64(m_coordinates.size()) * AxisCount; }
     const QList<ParameterCoordinate> &coordinates() const { return m_coordinates; }

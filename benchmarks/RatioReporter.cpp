@@ -56,7 +56,8 @@ void RatioReporter::printRatios(long long referenceSize) const
             std::printf("%-28s %8lld %12.1f %12.1f %8.2f", operation.c_str(), size,
                 median(limit->second), median(times), ratio);
             const auto bound = m_bounds.find(operation);
-            if (bound != m_bounds.end() && size == referenceSize)
+            const bool isReference = referenceSize == 0 || size == referenceSize;
+            if (bound != m_bounds.end() && isReference)
                 std::printf(" %8.2f%s", bound->second, ratio > bound->second ? "  over" : "");
             std::printf("\n");
         }

@@ -14,8 +14,9 @@ class RatioReporter : public benchmark::ConsoleReporter {
 public:
     /// The greatest ratio that an operation is meant to have at the reference size.
     void setBound(const std::string &operation, double ratio) { m_bounds[operation] = ratio; }
-    /// Prints the table of what was reported so far.
-    void printRatios(long long referenceSize) const;
+    /// Prints the table of what was reported so far. Without reference size bounds hold at every
+    /// size.
+    void printRatios(long long referenceSize = 0) const;
 
     void ReportRuns(const std::vector<Run> &runs) override;
 

@@ -1,3 +1,11 @@
+# kr_embed_translation(TARGET NAME)
+# translations/NAME.ts becomes the resource :/i18n/NAME.qm of a program or shared library.
+function(kr_embed_translation target name)
+    qt_add_translation(compiled "${PROJECT_SOURCE_DIR}/translations/${name}.ts" OPTIONS -silent)
+    qt_add_resources(${target} "${name}_translation"
+        PREFIX "/i18n" BASE "${CMAKE_CURRENT_BINARY_DIR}" FILES "${compiled}")
+endfunction()
+
 # kr_add_translation(TARGET NAME FOLDERS ...)
 # translations/NAME.ts, the texts of the sources in FOLDERS, becomes the resource :/i18n/NAME.qm of a
 # program or shared library. The target update_translations brings the files up to date with the
@@ -6,10 +14,7 @@
 function(kr_add_translation target name)
     cmake_parse_arguments(ARG "" "" "FOLDERS" ${ARGN})
     set(file "${PROJECT_SOURCE_DIR}/translations/${name}.ts")
-    qt_add_translation(compiled "${file}" OPTIONS -silent)
-    qt_add_resources(${target} "${name}_translation"
-        PREFIX "/i18n" BASE "${CMAKE_CURRENT_BINARY_DIR}" FILES "${compiled}")
-
+    kr_embed_translation(${target} ${name})
     list(JOIN ARG_FOLDERS "," folders)
     set_property(GLOBAL APPEND PROPERTY KR_TRANSLATIONS "${name}=${folders}")
     if(NOT TARGET update_translations)

@@ -17,7 +17,7 @@ bool shareNativeText(const SnapshotValue &a, const SnapshotValue &b)
     return a.native.constData() == b.native.constData() && a.native.size() == b.native.size();
 }
 
-/// Texts are put together with their units only where they differ piece by piece.
+/// Texts are put together with their units only where the units differ.
 bool areDifferent(const SnapshotValue &a, const SnapshotValue &b)
 {
     const SnapshotUnits &units = unitsOf(a);

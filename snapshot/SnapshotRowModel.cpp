@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
 
 namespace {
 
@@ -39,14 +40,34 @@ QString prefix(eLivingSpace livingSpace)
 
 QString titled(const QString &place, const QString &name)
 {
-    return name.isEmpty() ? place : place + QLatin1Char(' ') + name;
+    if (name.isEmpty())
+        return place;
+    QString result;
+    result.reserve(place.size() + 1 + name.size());
+    return result.append(place).append(QLatin1Char(' ')).append(name);
 }
 
-/// As a tree sorts its items: by code units, equal titles as they come.
+/// As a tree sorts its items: by code units, equal titles as they come. Most rows come in order, and
+/// moving them costs more than asking.
 void sortByTitle(QList<SnapshotRow> &rows)
 {
-    std::stable_sort(rows.begin(), rows.end(),
-        [](const SnapshotRow &a, const SnapshotRow &b) { return a.title < b.title; });
+    const auto isBefore = [](const SnapshotRow &a, const SnapshotRow &b) {
+        return a.title < b.title;
+    };
+    if (!std::is_sorted(rows.cbegin(), rows.cend(), isBefore))
+        std::stable_sort(rows.begin(), rows.end(), isBefore);
+}
+
+/// As their texts are ordered, which is how the titles are: "A100" stands before "A11".
+void sortByText(QList<ParameterCoordinate> &coordinates)
+{
+    QList<std::pair<QString, ParameterCoordinate>> texts;
+    texts.reserve(coordinates.size());
+    for (const ParameterCoordinate &coordinate : std::as_const(coordinates))
+        texts.append({coordinate.toText(), coordinate});
+    std::sort(texts.begin(), texts.end());
+    std::transform(texts.cbegin(), texts.cend(), coordinates.begin(),
+        [](const auto &text) { return text.second; });
 }
 
 SnapshotCell missingCell()
@@ -100,45 +121,54 @@ QList<ParameterCoordinate> SnapshotRowModel::coordinates() const
 
 QList<SnapshotRow> SnapshotRowModel::rows(QList<ParameterCoordinate> coordinates) const
 {
-    // Neighbours lie together in memory, and titles come almost in order.
-    std::sort(coordinates.begin(), coordinates.end());
+    sortByText(coordinates);
+    std::map<eLivingSpace, QList<SnapshotRow>> rowsOfLivingSpace;
+    for (const ParameterCoordinate &coordinate : std::as_const(coordinates)) {
+        for (SnapshotRow &row : parameterRows(coordinate))
+            rowsOfLivingSpace[row.livingSpace].append(std::move(row));
+    }
+    // A title without prefix stands behind those that begin with a digit.
+    QList<SnapshotRow> globalRows = std::move(rowsOfLivingSpace[eLivingSpace::Global]);
+    rowsOfLivingSpace.erase(eLivingSpace::Global);
     QList<SnapshotRow> result;
-    result.reserve(coordinates.size());
-    for (const ParameterCoordinate &coordinate : std::as_const(coordinates))
-        appendRows(result, coordinate);
+    for (auto &[livingSpace, rows] : rowsOfLivingSpace)
+        result.append(std::move(rows));
+    result.append(std::move(globalRows));
     sortByTitle(result);
     return result;
 }
 
-void SnapshotRowModel::appendRows(
-    QList<SnapshotRow> &rows, const ParameterCoordinate &coordinate) const
+QList<SnapshotRow> SnapshotRowModel::parameterRows(const ParameterCoordinate &coordinate) const
 {
+    const QList<Holding> holdings = holdingsOf(coordinate);
     QList<eLivingSpace> livingSpaces;
     QList<quint16> elements;
-    for (ParameterValueSnapshot *snapshot : m_snapshots) {
-        if (!snapshot)
-            continue;
-        livingSpaces = united(livingSpaces, snapshot->livingSpaces(coordinate));
-        elements = united(elements, snapshot->elements(coordinate));
+    for (const Holding &holding : holdings) {
+        livingSpaces = united(livingSpaces, holding.livingSpaces);
+        elements = united(elements, holding.elements);
     }
     const bool isSimple = elements.size() == 1 && elements.first() == 0;
+    const QString text = coordinate.toText();
     const QString name = parameterName(coordinate);
+    QList<SnapshotRow> result;
+    result.reserve(livingSpaces.size());
     for (const eLivingSpace livingSpace : std::as_const(livingSpaces)) {
-        const QString place = prefix(livingSpace) + coordinate.toText();
+        const QString place = prefix(livingSpace) + text;
         SnapshotRow row;
         row.livingSpace = livingSpace;
         row.coordinate = coordinate;
         row.title = titled(place, name);
-        if (!isSimple)
-            row.children = elementRows(row, place, elements);
-        for (ParameterValueSnapshot *snapshot : isSimple ? m_snapshots : decltype(m_snapshots)())
-            row.cells.append(parameterCell(snapshot, row));
-        rows.append(row);
+        if (isSimple)
+            row.cells = parameterCells(row, holdings);
+        else
+            row.children = elementRows(row, place, elements, holdings);
+        result.append(std::move(row));
     }
+    return result;
 }
 
-QList<SnapshotRow> SnapshotRowModel::elementRows(
-    const SnapshotRow &parent, const QString &place, const QList<quint16> &elements) const
+QList<SnapshotRow> SnapshotRowModel::elementRows(const SnapshotRow &parent, const QString &place,
+    const QList<quint16> &elements, const QList<Holding> &holdings) const
 {
     QList<SnapshotRow> result;
     result.reserve(elements.size());
@@ -149,38 +179,67 @@ QList<SnapshotRow> SnapshotRowModel::elementRows(
         row.element = element;
         row.title = titled(place + QLatin1Char('[') + QString::number(element) + QLatin1Char(']'),
             elementName(parent.coordinate, element));
-        for (ParameterValueSnapshot *snapshot : m_snapshots)
-            row.cells.append(elementCell(snapshot, row));
-        result.append(row);
+        row.cells = elementCells(row, holdings);
+        result.append(std::move(row));
     }
     sortByTitle(result);
     return result;
 }
 
-SnapshotCell SnapshotRowModel::parameterCell(
-    ParameterValueSnapshot *snapshot, const SnapshotRow &row) const
+QList<SnapshotRowModel::Holding> SnapshotRowModel::holdingsOf(
+    const ParameterCoordinate &coordinate) const
 {
-    if (!isReadable(snapshot, row))
-        return {};
-    if (!snapshot || !holds(snapshot->livingSpaces(row.coordinate), row.livingSpace))
-        return missingCell();
-    return valueCell(snapshot, row);
+    QList<Holding> result;
+    result.reserve(m_snapshots.size());
+    for (ParameterValueSnapshot *snapshot : m_snapshots) {
+        Holding holding;
+        holding.snapshot = snapshot;
+        if (snapshot) {
+            holding.livingSpaces = snapshot->livingSpaces(coordinate);
+            holding.elements = snapshot->elements(coordinate);
+            holding.isFirstReadable = isReadable(snapshot, coordinate, 0);
+        }
+        result.append(std::move(holding));
+    }
+    return result;
 }
 
-SnapshotCell SnapshotRowModel::elementCell(
-    ParameterValueSnapshot *snapshot, const SnapshotRow &row) const
+QList<SnapshotCell> SnapshotRowModel::parameterCells(
+    const SnapshotRow &row, const QList<Holding> &holdings)
 {
-    if (!isReadable(snapshot, row))
-        return {};
-    if (!snapshot || !holds(snapshot->elements(row.coordinate), row.element))
-        return missingCell();
-    return valueCell(snapshot, row);
+    QList<SnapshotCell> cells;
+    cells.reserve(holdings.size());
+    for (const Holding &holding : holdings) {
+        if (!holding.isFirstReadable)
+            cells.append(SnapshotCell());
+        else if (!holds(holding.livingSpaces, row.livingSpace))
+            cells.append(missingCell());
+        else
+            cells.append(valueCell(holding.snapshot, row));
+    }
+    return cells;
 }
 
-bool SnapshotRowModel::isReadable(
-    const ParameterValueSnapshot *snapshot, const SnapshotRow &row) const
+QList<SnapshotCell> SnapshotRowModel::elementCells(
+    const SnapshotRow &row, const QList<Holding> &holdings) const
 {
-    return !snapshot || snapshot->elementReadLevel(row.coordinate, row.element) <= m_accessLevel;
+    QList<SnapshotCell> cells;
+    cells.reserve(holdings.size());
+    for (const Holding &holding : holdings) {
+        if (holding.snapshot && !isReadable(holding.snapshot, row.coordinate, row.element))
+            cells.append(SnapshotCell());
+        else if (!holds(holding.elements, row.element))
+            cells.append(missingCell());
+        else
+            cells.append(valueCell(holding.snapshot, row));
+    }
+    return cells;
+}
+
+bool SnapshotRowModel::isReadable(const ParameterValueSnapshot *snapshot,
+    const ParameterCoordinate &coordinate, quint16 element) const
+{
+    return snapshot->elementReadLevel(coordinate, element) <= m_accessLevel;
 }
 
 /// The living container knows the name in the active language; the first snapshot keeps the one of

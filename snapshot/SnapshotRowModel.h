@@ -20,12 +20,26 @@ public:
     QList<SnapshotRow> rows(QList<ParameterCoordinate> coordinates) const;
 
 private:
-    void appendRows(QList<SnapshotRow> &rows, const ParameterCoordinate &coordinate) const;
-    QList<SnapshotRow> elementRows(
-        const SnapshotRow &parent, const QString &place, const QList<quint16> &elements) const;
-    SnapshotCell parameterCell(ParameterValueSnapshot *snapshot, const SnapshotRow &row) const;
-    SnapshotCell elementCell(ParameterValueSnapshot *snapshot, const SnapshotRow &row) const;
-    bool isReadable(const ParameterValueSnapshot *snapshot, const SnapshotRow &row) const;
+    /// What a snapshot has of one parameter.
+    struct Holding {
+        /// Null for one that is gone, which has nothing.
+        ParameterValueSnapshot *snapshot = nullptr;
+        QList<eLivingSpace> livingSpaces;
+        QList<quint16> elements;
+        /// Whether the user may read the value of a parameter that has but one element.
+        bool isFirstReadable = true;
+    };
+
+    /// One for each living space, ascending.
+    QList<SnapshotRow> parameterRows(const ParameterCoordinate &coordinate) const;
+    QList<SnapshotRow> elementRows(const SnapshotRow &parent, const QString &place,
+        const QList<quint16> &elements, const QList<Holding> &holdings) const;
+    QList<Holding> holdingsOf(const ParameterCoordinate &coordinate) const;
+    static QList<SnapshotCell> parameterCells(
+        const SnapshotRow &row, const QList<Holding> &holdings);
+    QList<SnapshotCell> elementCells(const SnapshotRow &row, const QList<Holding> &holdings) const;
+    bool isReadable(const ParameterValueSnapshot *snapshot, const ParameterCoordinate &coordinate,
+        quint16 element) const;
     QString parameterName(const ParameterCoordinate &coordinate) const;
     QString elementName(const ParameterCoordinate &coordinate, quint16 element) const;
 

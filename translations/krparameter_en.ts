@@ -475,6 +475,9 @@ that carries them.
     <message>
         <source>Parameter %1: der Wert %2</source>
         <translation>Parameter %1: the value %2</translation>
+    </message>
+</context>
+<context>
     <name>FirstContact</name>
     <message>
         <source>der Antrieb ist ein anderes Gerät als das beschriebene (Einheit %1)</source>
@@ -1449,6 +1452,9 @@ level stay empty. The document forbids scripts and loading, and names in it are 
     <message>
         <source>Bericht der Unterschiede als HTML und PDF</source>
         <translation>report of the differences as HTML and PDF</translation>
+    </message>
+</context>
+<context>
     <name>RegisterMap</name>
     <message>
         <source>der Datentyp ist unbekannt</source>

@@ -21,7 +21,7 @@ TrialCopy::TrialCopy(const DriveProject &project)
 
 TrialCopy::~TrialCopy() = default;
 
-QString TrialCopy::displayText(const ValuePlace &place, const QString &nativeText)
+QString TrialCopy::displayText(const ValuePlace &place, const QString &nativeText, eUnit unit)
 {
     const QSignalBlocker silence(System::instance());
     ParameterSetup *found = parameter(place);
@@ -29,7 +29,8 @@ QString TrialCopy::displayText(const ValuePlace &place, const QString &nativeTex
         return {};
     const QString before = found->nativeValueText(place.livingSpace, place.element, false);
     found->setOnlineValueText(place.livingSpace, place.element, nativeText);
-    const QString shown = found->displayValueText(place.livingSpace, place.element, true);
+    const QString shown =
+        found->displayValueText(place.livingSpace, place.element, unit == eUnit::With);
     found->setOnlineValueText(place.livingSpace, place.element, before);
     return shown;
 }
@@ -45,6 +46,13 @@ std::optional<QString> TrialCopy::nativeText(const ValuePlace &place, const QStr
     const QString stored = found->nativeValueText(place.livingSpace, place.element, false);
     found->setOnlineValueText(place.livingSpace, place.element, before);
     return stored;
+}
+
+void TrialCopy::follow(const ValuePlace &place, const QString &nativeText)
+{
+    const QSignalBlocker silence(System::instance());
+    if (ParameterSetup *found = parameter(place))
+        found->setOnlineValueText(place.livingSpace, place.element, nativeText);
 }
 
 ParameterSetup *TrialCopy::parameter(const ValuePlace &place)

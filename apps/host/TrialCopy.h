@@ -18,10 +18,15 @@ public:
     explicit TrialCopy(const DriveProject &project);
     ~TrialCopy();
 
-    /// How the native text would show with its unit; never masked. Empty for an unknown place.
-    QString displayText(const ValuePlace &place, const QString &nativeText);
+    enum class eUnit { Without, With };
+
+    /// How the native text would show; never masked. Empty for an unknown place.
+    QString displayText(
+        const ValuePlace &place, const QString &nativeText, eUnit unit = eUnit::With);
     /// What would be stored for the display text; empty where it would be refused.
     std::optional<QString> nativeText(const ValuePlace &place, const QString &displayText);
+    /// Keeps the copy in the state of the first container when a value changed there.
+    void follow(const ValuePlace &place, const QString &nativeText);
 
 private:
     ParameterSetup *parameter(const ValuePlace &place);

@@ -30,6 +30,13 @@ QList<ValuePlace> ValuePlace::allOf(const ParameterInformation &parameter)
     return places;
 }
 
+ValuePlace ValuePlace::of(const ParameterAddress &address, const ParameterInformation &parameter)
+{
+    const auto livingSpace =
+        parameter.isGlobalParameter() ? eLivingSpace::Global : eLivingSpace(address.axis() + 1);
+    return {address.coordinate(), livingSpace, address.element()};
+}
+
 QString ValuePlace::addressText(const ParameterInformation &parameter) const
 {
     const bool withElement = parameter.isRecordParameter() || parameter.elementCount() > 1;

@@ -1,11 +1,11 @@
 #include "apps/krparameter/Application.h"
 
+#include "apps/host/InterfaceLanguage.h"
 #include "apps/krparameter/CommandLine.h"
 #include "apps/krparameter/CommandTable.h"
 #include "apps/krparameter/CommonOptions.h"
 #include "apps/krparameter/Console.h"
 #include "apps/krparameter/HelpText.h"
-#include "apps/krparameter/InterfaceLanguage.h"
 #include "apps/krparameter/SinkPrinter.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "apps/krparameter/InterfaceLanguage.h"
+#include "apps/host/InterfaceLanguage.h"
 
 #include <KrMultilingual/LanguageManager.h>
 

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QtCore/QString>
+
+#include <functional>
+#include <optional>
+
+class Progress;
+
+/// What the desk asks its user. An empty answer: the user gave up.
+class DeskDialogs {
+public:
+    enum class eUnsaved { Save, Discard, Cancel };
+
+    virtual ~DeskDialogs() = default;
+
+    /// Starts where `folder` says.
+    virtual QString descriptionFile(const QString &folder) = 0;
+    virtual QString projectToLoad() = 0;
+    virtual QString projectToSave() = 0;
+    virtual std::optional<QString> snapshotName(const QString &suggestion) = 0;
+    virtual eUnsaved unsavedChanges() = 0;
+    /// To load what a report calls cut.
+    virtual bool agreesToLoadCut(const QString &report) = 0;
+    /// To save although these texts get lost.
+    virtual bool agreesToLose(const QString &losses) = 0;
+    /// Does the job; shows its progress with a way to cancel it where it takes long.
+    virtual void run(const QString &title, const std::function<void(Progress &)> &job) = 0;
+};

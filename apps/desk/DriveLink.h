@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtCore/QString>
+
+struct ValuePlace;
+
+/// Keeps the values of one container and its drive alike while they are connected. Implemented by who
+/// knows a protocol; reads what the container asks for by its own signals.
+class DriveLink : public QObject {
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    /// **Emits** opened or closed, at once or later.
+    virtual void open() = 0;
+    /// **Emits** closed, at once or later; also while it is still opening.
+    virtual void close() = 0;
+    /// The user wrote the value; it is stored already.
+    virtual void write(const ValuePlace &place) = 0;
+
+Q_SIGNALS:
+    void opened();
+    /// An empty reason: as it was asked to.
+    void closed(const QString &reason);
+};

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <KrParameterDefinition/ParameterAddress.h>
+
+#include <QtWidgets/QListView>
+
+class MessageListModel;
+
+/// The messages of the sink, the last one in view. A click twice or Return leads to the parameter that
+/// a message is about.
+class MessagePane : public QListView {
+    Q_OBJECT
+
+public:
+    /// **Owner** of the model the caller.
+    MessagePane(MessageListModel &model, QWidget *parent);
+
+Q_SIGNALS:
+    void addressActivated(const ParameterAddress &address);
+
+private:
+    void onActivated(const QModelIndex &index);
+};

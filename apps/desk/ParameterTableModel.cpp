@@ -1,0 +1,252 @@
+#include "apps/desk/ParameterTableModel.h"
+
+#include "apps/desk/RowTexts.h"
+#include "apps/desk/TableCells.h"
+#include "apps/desk/ValueWriter.h"
+#include "apps/host/DriveProject.h"
+
+#include <KrParameterInstance/ParameterInformation.h>
+
+ParameterTableModel::ParameterTableModel(QObject *parent)
+    : QAbstractTableModel(parent)
+{
+}
+
+ParameterTableModel::~ParameterTableModel() = default;
+
+void ParameterTableModel::setDevice(DriveProject *project, ValueWriter *writer)
+{
+    if (m_project)
+        m_project->container().disconnect(this);
+    if (m_writer)
+        m_writer->disconnect(this);
+    beginResetModel();
+    m_project = project;
+    m_writer = writer;
+    m_texts = project ? std::make_unique<RowTexts>(*project) : nullptr;
+    rebuild();
+    endResetModel();
+    listen();
+}
+
+void ParameterTableModel::listen()
+{
+    if (!m_project)
+        return;
+    const ParameterContainer *container = &m_project->container();
+    connect(container, &ParameterContainer::parameterValueChanged, this,
+        &ParameterTableModel::onValueChanged);
+    connect(container, &ParameterContainer::parameterNativeValueChanged, this,
+        &ParameterTableModel::onValueChanged);
+    connect(container, &ParameterContainer::parameterDefaultValueChanged, this,
+        &ParameterTableModel::onValueChanged);
+    connect(container, &ParameterContainer::parameterMeasuringUnitChanged, this,
+        &ParameterTableModel::onValueChanged);
+    connect(container, &ParameterContainer::parameterVisibilityChanged, this,
+        &ParameterTableModel::onVisibilityChanged);
+    connect(container, &ParameterContainer::accessLevelUpdateFinished, this,
+        &ParameterTableModel::updateVisibility);
+    connect(container, &ParameterContainer::onlineChanged, this, &ParameterTableModel::refresh);
+    connect(container, &ParameterContainer::readOnlyChanged, this, &ParameterTableModel::refresh);
+    connect(container, &ParameterContainer::accessLevelUpdateStarted, this,
+        [this] { m_isLevelChanging = true; });
+    connect(
+        container, &ParameterContainer::parameterAdded, this, &ParameterTableModel::rebuildSoon);
+    connect(
+        container, &ParameterContainer::parameterRemoved, this, &ParameterTableModel::rebuildSoon);
+    connect(container, &ParameterContainer::parameterDefinitionChanged, this,
+        &ParameterTableModel::rebuildSoon);
+    if (m_writer)
+        connect(m_writer, &ValueWriter::written, this, &ParameterTableModel::updateRow);
+}
+
+void ParameterTableModel::rebuild()
+{
+    m_places = m_project ? ValuePlace::allOf(m_project->container()) : QList<ValuePlace>();
+    m_rowOfPlace.clear();
+    m_rowOfPlace.reserve(m_places.size());
+    m_shown.setPlaces(m_places);
+    for (int row = 0; row < m_places.size(); ++row) {
+        m_rowOfPlace.insert(m_places.at(row), row);
+        m_shown.setVisible(row, m_texts->isVisible(m_places.at(row)));
+    }
+    m_search.clear();
+    buildSearch();
+    m_shown.update();
+}
+
+void ParameterTableModel::rebuildSoon()
+{
+    if (m_isRebuildPending)
+        return;
+    m_isRebuildPending = true;
+    const auto reset = [this] {
+        m_isRebuildPending = false;
+        beginResetModel();
+        rebuild();
+        endResetModel();
+    };
+    QMetaObject::invokeMethod(this, reset, Qt::QueuedConnection);
+}
+
+void ParameterTableModel::setAxis(std::optional<eLivingSpace> axis)
+{
+    changeShown([&] { m_shown.setAxis(axis); });
+}
+
+void ParameterTableModel::setSearchedText(const QString &text)
+{
+    changeShown([&] {
+        m_searchedText = text;
+        buildSearch();
+    });
+}
+
+void ParameterTableModel::refresh()
+{
+    changeShown([this] {
+        for (int row = 0; row < m_places.size(); ++row)
+            m_shown.setVisible(row, m_texts->isVisible(m_places.at(row)));
+        m_search.clear();
+        buildSearch();
+    });
+    if (m_shown.count() > 0)
+        Q_EMIT dataChanged(index(0, 0), index(m_shown.count() - 1, ColumnCount - 1));
+    Q_EMIT headerDataChanged(Qt::Horizontal, 0, ColumnCount - 1);
+}
+
+std::optional<ValuePlace> ParameterTableModel::placeAt(const QModelIndex &index) const
+{
+    if (!index.isValid() || index.row() >= m_shown.count())
+        return {};
+    return m_places.at(m_shown.rowAt(index.row()));
+}
+
+QModelIndex ParameterTableModel::indexOf(const ValuePlace &place, eColumn column) const
+{
+    const int row = m_rowOfPlace.value(place, ShownRows::NotShown);
+    const int shownRow = row == ShownRows::NotShown ? row : m_shown.shownRowOf(row);
+    return shownRow == ShownRows::NotShown ? QModelIndex() : index(shownRow, column);
+}
+
+int ParameterTableModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : m_shown.count();
+}
+
+int ParameterTableModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : ColumnCount;
+}
+
+QVariant ParameterTableModel::data(const QModelIndex &index, int role) const
+{
+    const std::optional<ValuePlace> place = placeAt(index);
+    return place ? TableCells(*m_texts).data(*place, eColumn(index.column()), role) : QVariant();
+}
+
+QVariant ParameterTableModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    return orientation == Qt::Horizontal && section >= 0 && section < ColumnCount
+        ? TableCells::header(eColumn(section), role)
+        : QVariant();
+}
+
+Qt::ItemFlags ParameterTableModel::flags(const QModelIndex &index) const
+{
+    Qt::ItemFlags result = QAbstractTableModel::flags(index);
+    const std::optional<ValuePlace> place = placeAt(index);
+    if (place && index.column() == Value && m_writer && m_texts->isWritable(*place))
+        result |= Qt::ItemIsEditable;
+    return result;
+}
+
+bool ParameterTableModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    const std::optional<ValuePlace> place = placeAt(index);
+    if (!place || !m_writer || role != Qt::EditRole || index.column() != Value)
+        return false;
+    const ValueWriter::Outcome outcome = m_writer->write(*place, value.toString());
+    // The write may have moved the row.
+    Q_EMIT writeAnswered(indexOf(*place), outcome.isAccepted, outcome.message);
+    return outcome.isAccepted;
+}
+
+void ParameterTableModel::updateVisibility()
+{
+    m_isLevelChanging = false;
+    changeShown([this] {
+        for (int row = 0; row < m_places.size(); ++row)
+            m_shown.setVisible(row, m_texts->isVisible(m_places.at(row)));
+    });
+    // What may be written and what is masked follow the level too.
+    if (m_shown.count() > 0)
+        Q_EMIT dataChanged(index(0, 0), index(m_shown.count() - 1, ColumnCount - 1));
+}
+
+/// Rows keep their selection where they are still shown.
+void ParameterTableModel::changeShown(const std::function<void()> &change)
+{
+    Q_EMIT layoutAboutToBeChanged();
+    const QModelIndexList before = persistentIndexList();
+    QList<int> rows;
+    rows.reserve(before.size());
+    for (const QModelIndex &index : before)
+        rows.append(m_shown.rowAt(index.row()));
+    change();
+    m_shown.update();
+    QModelIndexList after;
+    after.reserve(before.size());
+    for (qsizetype i = 0; i < before.size(); ++i) {
+        const int shownRow = m_shown.shownRowOf(rows.at(i));
+        after.append(shownRow == ShownRows::NotShown ? QModelIndex()
+                                                     : index(shownRow, before.at(i).column()));
+    }
+    changePersistentIndexList(before, after);
+    Q_EMIT layoutChanged();
+}
+
+void ParameterTableModel::buildSearch()
+{
+    if (m_searchedText.isEmpty()) {
+        m_shown.setFound({});
+        return;
+    }
+    if (m_search.isEmpty()) {
+        m_search.reserve(m_places.size());
+        for (const ValuePlace &place : std::as_const(m_places))
+            m_search.append(m_texts->searched(place));
+    }
+    m_shown.setFound(m_search.find(m_searchedText));
+}
+
+void ParameterTableModel::onValueChanged(const ParameterAddress &address)
+{
+    if (const auto parameter = m_project->container().parameterInformation(address.coordinate()))
+        updateRow(ValuePlace::of(address, *parameter));
+}
+
+void ParameterTableModel::onVisibilityChanged(const ParameterAddress &address)
+{
+    if (m_isLevelChanging)
+        return;
+    const auto parameter = m_project->container().parameterInformation(address.coordinate());
+    const int row = parameter ? m_rowOfPlace.value(ValuePlace::of(address, *parameter), -1) : -1;
+    if (row < 0 || m_shown.isVisible(row) == m_texts->isVisible(m_places.at(row)))
+        return;
+    changeShown([&] { m_shown.setVisible(row, m_texts->isVisible(m_places.at(row))); });
+}
+
+/// A row that is shown stays, also where its value no longer holds the searched text: it would vanish
+/// under the hands of who types. The next search leaves it out.
+void ParameterTableModel::updateRow(const ValuePlace &place)
+{
+    const int row = m_rowOfPlace.value(place, ShownRows::NotShown);
+    if (row == ShownRows::NotShown)
+        return;
+    if (!m_search.isEmpty())
+        m_search.replace(row, m_texts->searched(place));
+    const QModelIndex first = indexOf(place, Address);
+    if (first.isValid())
+        Q_EMIT dataChanged(first, first.siblingAtColumn(ColumnCount - 1));
+}

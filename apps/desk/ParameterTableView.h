@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QtWidgets/QTableView>
+
+class ParameterTableModel;
+class RejectionNote;
+class ValueDelegate;
+
+/// The table of values. Keys: F2, Return or a typed letter edits, Tab goes on to the next value that can
+/// be written, Escape gives up.
+class ParameterTableView : public QTableView {
+    Q_OBJECT
+
+public:
+    /// **Owner** of the model the caller.
+    ParameterTableView(ParameterTableModel &model, QWidget *parent);
+
+    /// Makes it the current row, with its value in view.
+    void goTo(const QModelIndex &index);
+    /// Of the current row, where it can be written.
+    void editCurrentValue();
+    void setDefaultColumnWidths();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
+
+private:
+    void editFrom(int row, int step);
+    void onWriteAnswered(const QModelIndex &index, bool isAccepted, const QString &message);
+
+    ValueDelegate *m_delegate;
+    RejectionNote *m_note;
+};

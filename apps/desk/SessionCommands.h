@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QtCore/QString>
+
+class DeskDialogs;
+class DeskSession;
+class SnapshotListModel;
+
+/// What the user does with device, project and snapshots, asked for what it needs. Without device there
+/// is nothing to load, save or take.
+class SessionCommands {
+public:
+    /// **Owner** of both the caller.
+    SessionCommands(DeskSession &session, DeskDialogs &dialogs);
+
+    void openDevice();
+    void loadProject();
+    /// Where it came from; elsewhere where it came from nowhere.
+    void saveProject();
+    void saveProjectElsewhere();
+    void takeSnapshot(SnapshotListModel &snapshots);
+
+private:
+    /// An empty folder: the user chooses one.
+    void save(const QString &folder);
+
+    DeskSession &m_session;
+    DeskDialogs &m_dialogs;
+};

@@ -1,0 +1,368 @@
+// What people see, beside the bare work with Qt types: filling the comparison, its HTML, live search,
+// and opening a device until its first rows stand there.
+
+#include "BenchmarkDevice.h"
+#include "RatioReporter.h"
+#include "apps/desk/ParameterTableModel.h"
+#include "apps/desk/ParameterTableView.h"
+#include "apps/host/DriveHostInformation.h"
+#include "apps/host/DriveProject.h"
+
+#include <KrParameterInstance/ParameterValueSnapshot.h>
+#include <KrParameterInstance/ParameterValueSnapshotWidget.h>
+#include <KrSystem/System.h>
+
+#include <QtCore/QFile>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+#include <QtCore/QTemporaryDir>
+#include <QtGui/QPixmap>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QTreeWidget>
+
+#include <cstdio>
+#include <ctime>
+#include <functional>
+#include <map>
+#include <numeric>
+
+namespace {
+
+constexpr int Rounds = 9;
+/// Of one repetition.
+constexpr double MinimumSeconds = 0.05;
+constexpr int WidgetRows = 16000;
+constexpr int ReportRows = 160;
+constexpr int SearchRows = 20000;
+constexpr int OpenedParameters = 4000;
+constexpr QSize TableSize(1000, 600);
+
+/// Typed one letter after the other; the last one finds a handful of rows.
+const QString Keys[] = {QStringLiteral("c"), QStringLiteral("cu"), QStringLiteral("cur"),
+    QStringLiteral("curr"), QStringLiteral("curre"), QStringLiteral("current 49")};
+
+/// Processor time of this thread: the ratios hold on a busy machine too.
+double now()
+{
+    timespec time {};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return double(time.tv_sec) + double(time.tv_nsec) * 1e-9;
+}
+
+void check(benchmark::State &state, bool isRight)
+{
+    if (!isRight)
+        state.SkipWithError("wrong result");
+}
+
+/// Runs `timed` once an iteration after an untimed `prepare`.
+void measure(benchmark::State &state, qint64 values, const std::function<void()> &prepare,
+    const std::function<void()> &timed)
+{
+    for ([[maybe_unused]] const auto &round : state) {
+        prepare();
+        const double start = now();
+        timed();
+        state.SetIterationTime(now() - start);
+    }
+    state.SetItemsProcessed(state.iterations() * values);
+}
+
+/// Two snapshots of a device between which every value changed.
+class Changes {
+public:
+    explicit Changes(int rows)
+        : m_device(rows / BenchmarkDevice::AxisCount)
+    {
+        m_container.setHostInformation(&m_host);
+        m_container.setFirmware(m_device.firmware());
+        m_device.fill(m_container);
+        before.applyNoFilter();
+        for (const ParameterCoordinate &coordinate : m_device.coordinates()) {
+            for (int axis = 1; axis <= BenchmarkDevice::AxisCount; ++axis)
+                m_container.writeValueNative(
+                    eLivingSpace(axis), coordinate, 0, QStringLiteral("1300"));
+        }
+        after.applyNoFilter();
+        before.disconnectFromSourceContainer();
+        after.disconnectFromSourceContainer();
+    }
+
+    static Changes &of(int rows)
+    {
+        static std::map<int, std::unique_ptr<Changes>> all;
+        auto &entry = all[rows];
+        if (!entry)
+            entry = std::make_unique<Changes>(rows);
+        return *entry;
+    }
+
+private:
+    DriveHostInformation m_host {{1, 2, 3, 4}, 77};
+    BenchmarkDevice m_device;
+    ParameterContainer m_container;
+
+public:
+    ParameterValueSnapshot before {&m_container};
+    ParameterValueSnapshot after {&m_container};
+};
+
+void fill(ParameterValueSnapshotWidget &widget, Changes &changes)
+{
+    widget.appendSnapshot(&changes.before, QStringLiteral("Before"));
+    widget.appendSnapshot(&changes.after, QStringLiteral("After"));
+    widget.update();
+}
+
+/// The rows as the widget shows them, in its order.
+QList<QStringList> textsOf(int rows)
+{
+    ParameterValueSnapshotWidget widget(nullptr);
+    fill(widget, Changes::of(rows));
+    const auto *tree = widget.findChild<QTreeWidget *>();
+    QList<QStringList> result;
+    for (int row = 0; row < tree->topLevelItemCount(); ++row) {
+        const QTreeWidgetItem *item = tree->topLevelItem(row);
+        result.append({item->text(0), item->text(1), item->text(2)});
+    }
+    return result;
+}
+
+/// Items made detached and inserted at once in their order, then the columns.
+void updateLimit(benchmark::State &state)
+{
+    const QList<QStringList> texts = textsOf(WidgetRows);
+    QTreeWidget tree;
+    tree.setColumnCount(3);
+    measure(
+        state, WidgetRows, [] {},
+        [&] {
+            tree.clear();
+            QList<QTreeWidgetItem *> items;
+            items.reserve(texts.size());
+            for (const QStringList &row : texts)
+                items.append(new QTreeWidgetItem(row));
+            tree.addTopLevelItems(items);
+            for (int column = 0; column < tree.columnCount(); ++column)
+                tree.resizeColumnToContents(column);
+        });
+    check(state, tree.topLevelItemCount() == WidgetRows);
+}
+
+void updateWidget(benchmark::State &state)
+{
+    ParameterValueSnapshotWidget widget(nullptr);
+    fill(widget, Changes::of(WidgetRows));
+    measure(
+        state, WidgetRows, [] {}, [&] { widget.update(); });
+    const auto *tree = widget.findChild<QTreeWidget *>();
+    check(state,
+        tree->topLevelItemCount() == WidgetRows
+            && tree->topLevelItem(0)->text(2) == QLatin1String("13.00 A"));
+}
+
+/// The pieces of the document one after the other, none of them looked at.
+void htmlLimit(benchmark::State &state)
+{
+    const QList<QStringList> texts = textsOf(ReportRows);
+    QString html;
+    measure(
+        state, ReportRows, [&] { html = QString(); },
+        [&] {
+            html.reserve(texts.size() * 160);
+            for (const QStringList &row : texts) {
+                html.append(QLatin1StringView("<tr>"));
+                for (const QString &cell : row) {
+                    html.append(QLatin1StringView("<td>"))
+                        .append(cell)
+                        .append(QLatin1StringView("</td>\n"));
+                }
+                html.append(QLatin1StringView("</tr>"));
+            }
+        });
+    check(state, html.count(QLatin1String("<tr>")) == ReportRows);
+}
+
+void htmlReport(benchmark::State &state)
+{
+    ParameterValueSnapshotWidget widget(nullptr);
+    fill(widget, Changes::of(ReportRows));
+    QString html;
+    measure(
+        state, ReportRows, [&] { html = QString(); }, [&] { html = widget.report(); });
+    check(state, html.count(QLatin1String("<tr>")) == ReportRows);
+}
+
+QString descriptionFile(int parameters)
+{
+    static const QTemporaryDir folder;
+    const QString name = folder.filePath(QStringLiteral("%1.json").arg(parameters));
+    QFile file(name);
+    if (!file.exists() && file.open(QIODevice::WriteOnly))
+        file.write(BenchmarkDevice::description(parameters));
+    return name;
+}
+
+std::unique_ptr<DriveProject> openProject(int parameters)
+{
+    QString error;
+    return DriveProject::open(descriptionFile(parameters), error);
+}
+
+/// The table as on the desk.
+struct Table {
+    explicit Table(DriveProject *project)
+        : view(model, nullptr)
+    {
+        view.resize(TableSize);
+        view.show();
+        model.setDevice(project, nullptr);
+    }
+
+    ~Table() { model.setDevice(nullptr, nullptr); }
+
+    ParameterTableModel model;
+    ParameterTableView view;
+};
+
+QList<QString> searchedTexts(const ParameterTableModel &model)
+{
+    QList<QString> texts;
+    for (int row = 0; row < model.rowCount(); ++row) {
+        QStringList columns;
+        for (const auto column : {ParameterTableModel::Address, ParameterTableModel::Name,
+                 ParameterTableModel::Unit, ParameterTableModel::Value})
+            columns.append(model.index(row, column).data().toString());
+        texts.append(columns.join(QLatin1Char('\n')).toCaseFolded());
+    }
+    return texts;
+}
+
+/// One key an item, the rows found counted.
+void searchLimit(benchmark::State &state)
+{
+    const auto project = openProject(SearchRows / BenchmarkDevice::AxisCount);
+    const Table table(project.get());
+    const QList<QString> texts = searchedTexts(table.model);
+    qsizetype found = 0;
+    measure(
+        state, std::size(Keys), [&] { found = 0; },
+        [&] {
+            for (const QString &key : Keys) {
+                for (const QString &text : texts)
+                    found += text.contains(key) ? 1 : 0;
+            }
+        });
+    check(state, found > 5 * SearchRows);
+}
+
+/// The rows found stand in the table; `show` is what else is done at each key.
+void search(benchmark::State &state, const std::function<void()> &show)
+{
+    const auto project = openProject(SearchRows / BenchmarkDevice::AxisCount);
+    Table table(project.get());
+    table.model.setSearchedText(QStringLiteral("x"));
+    QApplication::processEvents();
+    int shown = 0;
+    measure(
+        state, std::size(Keys), [&] { table.model.setSearchedText({}); },
+        [&] {
+            for (const QString &key : Keys) {
+                table.model.setSearchedText(key);
+                show();
+            }
+            shown = table.model.rowCount();
+        });
+    check(state, shown > 0 && shown < SearchRows / 10);
+}
+
+void searchTable(benchmark::State &state)
+{
+    search(state, [] {});
+}
+
+/// The toolkit's painting of a page of rows included.
+void searchAndPaint(benchmark::State &state)
+{
+    search(state, [] { QApplication::processEvents(); });
+}
+
+void openLimit(benchmark::State &state)
+{
+    const QString fileName = descriptionFile(OpenedParameters);
+    bool isRead = true;
+    measure(
+        state, OpenedParameters, [] {},
+        [&] {
+            QFile file(fileName);
+            isRead = file.open(QIODevice::ReadOnly)
+                && QJsonDocument::fromJson(file.readAll()).isObject() && isRead;
+        });
+    check(state, isRead);
+}
+
+void openDevice(benchmark::State &state)
+{
+    descriptionFile(OpenedParameters);
+    std::unique_ptr<DriveProject> project;
+    std::unique_ptr<Table> table;
+    QPixmap picture;
+    measure(
+        state, OpenedParameters,
+        [&] {
+            table.reset();
+            project.reset();
+        },
+        [&] {
+            project = openProject(OpenedParameters);
+            table = std::make_unique<Table>(project.get());
+            picture = table->view.grab();
+        });
+    check(state,
+        table->model.rowCount() == OpenedParameters * BenchmarkDevice::AxisCount
+            && picture.size() == TableSize);
+    table.reset();
+}
+
+void add(const char *name, void (*function)(benchmark::State &))
+{
+    benchmark::RegisterBenchmark(name, function)
+        ->UseManualTime()
+        ->Unit(benchmark::kMillisecond)
+        ->MinTime(MinimumSeconds);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
+    QApplication application(argc, argv);
+    System::information()->setUserAccessLevel(6);
+    std::vector<char *> arguments(argv, argv + argc);
+    std::string repetitions = "--benchmark_repetitions=" + std::to_string(Rounds);
+    std::string interleaving = "--benchmark_enable_random_interleaving=true";
+    std::string aggregates = "--benchmark_report_aggregates_only=false";
+    arguments.insert(
+        arguments.begin() + 1, {repetitions.data(), interleaving.data(), aggregates.data()});
+    int count = int(arguments.size());
+    benchmark::Initialize(&count, arguments.data());
+
+    add("widget-update/limit/16000", updateLimit);
+    add("widget-update/library/16000", updateWidget);
+    add("widget-html/limit/160", htmlLimit);
+    add("widget-html/library/160", htmlReport);
+    add("search-key/limit/20000", searchLimit);
+    add("search-key/desk/20000", searchTable);
+    add("search-key-painted/limit/20000", searchLimit);
+    add("search-key-painted/desk/20000", searchAndPaint);
+    add("open-device/limit/4000", openLimit);
+    add("open-device/desk/4000", openDevice);
+
+    RatioReporter reporter;
+    reporter.setBound("widget-update", 1.3);
+    reporter.setBound("widget-html", 2.5);
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    reporter.printRatios();
+    return 0;
+}

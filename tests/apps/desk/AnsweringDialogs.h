@@ -1,0 +1,58 @@
+#pragma once
+
+#include "apps/desk/DeskDialogs.h"
+#include "apps/host/Progress.h"
+
+#include <QtCore/QStringList>
+
+/// Answers as a test chooses and records what was asked.
+class AnsweringDialogs final : public DeskDialogs {
+public:
+    QString descriptionFile(const QString &) override { return said("device", fileAnswer); }
+    QString projectToLoad() override { return said("load", folderAnswer); }
+    QString projectToSave() override { return said("save", folderAnswer); }
+    std::optional<QString> snapshotName(const QString &suggestion) override
+    {
+        asked.append(QStringLiteral("snapshot: ") + suggestion);
+        return takesSuggestedName ? std::optional(suggestion) : std::nullopt;
+    }
+    eUnsaved unsavedChanges() override
+    {
+        asked.append(QStringLiteral("unsaved"));
+        return unsavedAnswer;
+    }
+    bool agreesToLoadCut(const QString &report) override
+    {
+        asked.append(QStringLiteral("cut: ") + report);
+        return agrees;
+    }
+    bool agreesToLose(const QString &losses) override
+    {
+        asked.append(QStringLiteral("lose: ") + losses);
+        return agrees;
+    }
+    void run(const QString &, const std::function<void(Progress &)> &job) override
+    {
+        struct Silent final : Progress {
+            bool isCancelled = false;
+            bool advance(qsizetype, qsizetype) override { return !isCancelled; }
+        } progress;
+        progress.isCancelled = cancels;
+        job(progress);
+    }
+
+    QStringList asked;
+    QString fileAnswer;
+    QString folderAnswer;
+    eUnsaved unsavedAnswer = eUnsaved::Cancel;
+    bool takesSuggestedName = true;
+    bool agrees = false;
+    bool cancels = false;
+
+private:
+    QString said(const char *what, const QString &answer)
+    {
+        asked.append(QString::fromLatin1(what));
+        return answer;
+    }
+};

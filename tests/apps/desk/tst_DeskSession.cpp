@@ -1,0 +1,320 @@
+#include "apps/desk/DeskSession.h"
+#include "apps/desk/OnlineSwitch.h"
+#include "apps/desk/ValueWriter.h"
+#include "tests/apps/desk/AnsweringDialogs.h"
+#include "tests/apps/desk/DeskDevice.h"
+#include "tests/support/MessageRecorder.h"
+
+#include <KrSystem/System.h>
+
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+
+class tst_DeskSession : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void nothingOpen();
+    void open();
+    void unusableDescription();
+    void cancelledOpening();
+    void modified();
+    void valueFromElsewhereIsAChange();
+    void saveAndLoad();
+    void loadReportsFindings();
+    void folderWithoutProject();
+    void cutBlock_data();
+    void cutBlock();
+    void losses_data();
+    void losses();
+    void leavesNothingBehindUnasked();
+    void cancelledSave();
+    void mayClose_data();
+    void mayClose();
+    void linkOfTheDevice();
+
+private:
+    QString native(const ValuePlace &at)
+    {
+        return m_session->project()->container().readValueNative(
+            at.livingSpace, at.coordinate, at.element, false);
+    }
+    void expect(MessageRecorder::eSeverity severity, const QString &title, const QString &text)
+    {
+        m_messages->expect(severity, title, text);
+    }
+    void expectSaved()
+    {
+        expect(MessageRecorder::eSeverity::Information, QStringLiteral("plant"),
+            QStringLiteral("gespeichert und zurückgelesen"));
+    }
+
+    std::unique_ptr<MessageRecorder> m_messages;
+    std::unique_ptr<DeskDevice> m_device;
+    std::unique_ptr<AnsweringDialogs> m_dialogs;
+    std::unique_ptr<DeskSession> m_session;
+};
+
+using eSeverity = MessageRecorder::eSeverity;
+using eUnsaved = DeskDialogs::eUnsaved;
+
+void tst_DeskSession::init()
+{
+    System::information()->setUserAccessLevel(4);
+    m_messages = std::make_unique<MessageRecorder>();
+    m_device = std::make_unique<DeskDevice>();
+    m_dialogs = std::make_unique<AnsweringDialogs>();
+    m_session = std::make_unique<DeskSession>(*m_dialogs);
+}
+
+void tst_DeskSession::cleanup()
+{
+    m_session.reset();
+    m_messages.reset();
+}
+
+void tst_DeskSession::nothingOpen()
+{
+    QVERIFY(!m_session->project());
+    QVERIFY(!m_session->isModified());
+    QVERIFY(m_session->mayClose());
+    QVERIFY(!m_session->load(m_device->path("plant")));
+    QVERIFY(!m_session->save(m_device->path("plant")));
+    QCOMPARE(m_session->deviceName(), QString());
+}
+
+void tst_DeskSession::open()
+{
+    const QSignalSpy before(m_session.get(), &DeskSession::aboutToChange);
+    const QSignalSpy after(m_session.get(), &DeskSession::changed);
+    QVERIFY(m_session->open(m_device->fileName()));
+    QCOMPARE(m_session->deviceName(), QStringLiteral("Desk drive"));
+    QCOMPARE(native(place("B01", 1)), QStringLiteral("4200"));
+    QVERIFY(m_session->writer());
+    QVERIFY(m_session->onlineSwitch());
+    QCOMPARE(before.count(), 1);
+    QCOMPARE(after.count(), 1);
+    QVERIFY(!m_session->isModified());
+}
+
+void tst_DeskSession::unusableDescription()
+{
+    QVERIFY(m_session->open(m_device->fileName()));
+    const QString missing = m_device->path("missing.json");
+    expect(eSeverity::Critical, QStringLiteral("missing.json"),
+        missing + QStringLiteral(": No such file or directory"));
+    QVERIFY(!m_session->open(missing));
+    QCOMPARE(m_session->deviceName(), QStringLiteral("Desk drive"));
+}
+
+void tst_DeskSession::cancelledOpening()
+{
+    m_dialogs->cancels = true;
+    expect(eSeverity::Critical, QStringLiteral("desk.json"), QStringLiteral("abgebrochen"));
+    QVERIFY(!m_session->open(m_device->fileName()));
+    QVERIFY(!m_session->project());
+}
+
+void tst_DeskSession::modified()
+{
+    QVERIFY(m_session->open(m_device->fileName()));
+    const QSignalSpy changes(m_session.get(), &DeskSession::modifiedChanged);
+    QVERIFY(m_session->writer()->write(place("B10"), QStringLiteral("11")).isAccepted);
+    QVERIFY(m_session->isModified());
+    m_session->undoStack()->undo();
+    QVERIFY(!m_session->isModified());
+    QCOMPARE(changes.count(), 2);
+}
+
+void tst_DeskSession::valueFromElsewhereIsAChange()
+{
+    QVERIFY(m_session->open(m_device->fileName()));
+    m_session->project()->container().writeValueNative(
+        eLivingSpace::Global, place("B10").coordinate, 0, QStringLiteral("12"));
+    QVERIFY(m_session->isModified());
+    QVERIFY(!m_session->undoStack()->canUndo());
+}
+
+void tst_DeskSession::saveAndLoad()
+{
+    QVERIFY(m_session->open(m_device->fileName()));
+    QVERIFY(m_session->writer()->write(place("B01", 2), QStringLiteral("5")).isAccepted);
+    expectSaved();
+    const QSignalSpy saved(m_session.get(), &DeskSession::saved);
+    QVERIFY(m_session->save(m_device->path("plant")));
+    QCOMPARE(saved.count(), 1);
+    QVERIFY(!m_session->isModified());
+    QCOMPARE(m_session->folder(), m_device->path("plant"));
+    QCOMPARE(m_session->project()->container().domain(), QStringLiteral("plant"));
+
+    QVERIFY(m_session->writer()->write(place("B01", 2), QStringLiteral("6")).isAccepted);
+    expect(eSeverity::Information, QStringLiteral("plant"),
+        QStringLiteral("10 Werte und 10 Defaultwerte gelesen"));
+    QVERIFY(m_session->load(m_device->path("plant")));
+    QCOMPARE(native(place("B01", 2)), QStringLiteral("5000"));
+    QVERIFY(!m_session->isModified());
+    QVERIFY(!m_session->undoStack()->canUndo());
+}
+
+void tst_DeskSession::loadReportsFindings()
+{
+    QVERIFY(m_session->open(m_device->fileName()));
+    expectSaved();
+    QVERIFY(m_session->save(m_device->path("plant")));
+    QFile block(m_device->path("plant/Parameter.ini"));
+    QVERIFY(block.open(QIODevice::ReadOnly));
+    const QByteArray bytes = block.readAll() + "[X099]\r\nV_0_0=1\r\nDV_0_0=1\r\n";
+    block.close();
+    QVERIFY(block.open(QIODevice::WriteOnly));
+    QCOMPARE(block.write(bytes), bytes.size());
+    block.close();
+    QVERIFY(QFile::remove(m_device->path("plant/Manifest.ini")));
+    expect(eSeverity::Information, QStringLiteral("plant"),
+        QStringLiteral("10 Werte und 10 Defaultwerte gelesen"));
+    expect(eSeverity::Warning, QStringLiteral("plant"),
+        QStringLiteral("1 Abschnitte übersprungen, das Gerät hat diese Parameter nicht: X099"));
+    QVERIFY(m_session->load(m_device->path("plant")));
+}
+
+void tst_DeskSession::folderWithoutProject()
+{
+    QVERIFY(m_session->open(m_device->fileName()));
+    QVERIFY(QDir().mkpath(m_device->path("plant")));
+    expect(eSeverity::Critical, QStringLiteral("plant"),
+        m_device->path("plant") + QStringLiteral(" enthält kein Projekt: \"Parameter.ini\" fehlt"));
+    QVERIFY(!m_session->load(m_device->path("plant")));
+    QCOMPARE(m_session->folder(), QString());
+}
+
+void tst_DeskSession::cutBlock_data()
+{
+    QTest::addColumn<bool>("agrees");
+    QTest::newRow("the user agrees") << true;
+    QTest::newRow("the user does not agree") << false;
+}
+
+void tst_DeskSession::cutBlock()
+{
+    QFETCH(bool, agrees);
+    QVERIFY(m_session->open(m_device->fileName()));
+    expectSaved();
+    QVERIFY(m_session->save(m_device->path("plant")));
+    QVERIFY(QFile::resize(m_device->path("plant/Parameter.ini"), 100));
+    m_dialogs->agrees = agrees;
+    if (!agrees) {
+        expect(eSeverity::Critical, QStringLiteral("plant"),
+            m_device->path("plant")
+                + QStringLiteral(": der Block \"Parameter.ini\" ist abgeschnitten"));
+    }
+    QCOMPARE(m_session->load(m_device->path("plant")), agrees);
+    QCOMPARE(m_dialogs->asked.size(), 1);
+    QVERIFY(m_dialogs->asked.constFirst().startsWith(QLatin1String("cut: ")));
+    QCOMPARE(m_messages->take().isEmpty(), !agrees);
+}
+
+void tst_DeskSession::losses_data()
+{
+    cutBlock_data();
+}
+
+void tst_DeskSession::losses()
+{
+    QFETCH(bool, agrees);
+    QVERIFY(m_session->open(m_device->fileName()));
+    m_session->project()->container().writeValueNative(
+        eLivingSpace::Global, place("A20").coordinate, 0, QStringLiteral("10 €"));
+    m_dialogs->agrees = agrees;
+    if (agrees)
+        expectSaved();
+    else
+        expect(eSeverity::Critical, QStringLiteral("plant"),
+            QStringLiteral("nicht gespeichert: 1 Texte gingen verloren"));
+    QCOMPARE(m_session->save(m_device->path("plant")), agrees);
+    QCOMPARE(m_dialogs->asked,
+        QStringList(QStringLiteral("lose: Parameter A20: Wert \"10 €\" enthält Zeichen, die "
+                                   "Latin-1 nicht kennt\n")));
+    QCOMPARE(QFile::exists(m_device->path("plant/Parameter.ini")), agrees);
+    QCOMPARE(m_session->isModified(), !agrees);
+}
+
+/// What the device does not know was not loaded, and would be gone from the folder.
+void tst_DeskSession::leavesNothingBehindUnasked()
+{
+    loadReportsFindings();
+    QVERIFY(!m_session->save(m_device->path("plant")));
+    QCOMPARE(m_dialogs->asked,
+        QStringList(QStringLiteral(
+            "lose: Das Projekt enthält, was dieses Gerät nicht kennt; es ginge verloren.")));
+    expect(eSeverity::Information, QStringLiteral("other"),
+        QStringLiteral("gespeichert und zurückgelesen"));
+    QVERIFY(m_session->save(m_device->path("other")));
+    QCOMPARE(m_dialogs->asked.size(), 1);
+}
+
+void tst_DeskSession::cancelledSave()
+{
+    QVERIFY(m_session->open(m_device->fileName()));
+    m_dialogs->cancels = true;
+    expect(eSeverity::Critical, QStringLiteral("plant"), QStringLiteral("abgebrochen"));
+    QVERIFY(!m_session->save(m_device->path("plant")));
+    QVERIFY(!QFile::exists(m_device->path("plant/Parameter.ini")));
+}
+
+void tst_DeskSession::mayClose_data()
+{
+    QTest::addColumn<int>("answer");
+    QTest::addColumn<bool>("expected");
+    QTest::addColumn<bool>("isSaved");
+    QTest::newRow("discard") << int(eUnsaved::Discard) << true << false;
+    QTest::newRow("cancel") << int(eUnsaved::Cancel) << false << false;
+    QTest::newRow("save") << int(eUnsaved::Save) << true << true;
+}
+
+void tst_DeskSession::mayClose()
+{
+    QFETCH(int, answer);
+    QFETCH(bool, expected);
+    QFETCH(bool, isSaved);
+    QVERIFY(m_session->open(m_device->fileName()));
+    QVERIFY(m_session->mayClose());
+    QVERIFY(m_session->writer()->write(place("B10"), QStringLiteral("11")).isAccepted);
+    m_dialogs->unsavedAnswer = eUnsaved(answer);
+    m_dialogs->folderAnswer = m_device->path("plant");
+    if (isSaved)
+        expectSaved();
+    QCOMPARE(m_session->mayClose(), expected);
+    QCOMPARE(QFile::exists(m_device->path("plant/Parameter.ini")), isSaved);
+}
+
+void tst_DeskSession::linkOfTheDevice()
+{
+    class RecordingLink : public DriveLink {
+    public:
+        explicit RecordingLink(QStringList &calls)
+            : m_calls(calls)
+        {
+        }
+        void open() override { Q_EMIT opened(); }
+        void close() override { Q_EMIT closed(QString()); }
+        void write(const ValuePlace &place) override { m_calls.append(place.coordinate.toText()); }
+
+    private:
+        QStringList &m_calls;
+    };
+    QStringList calls;
+    m_session->setMakeLink(
+        [&calls](ParameterContainer &) { return std::make_unique<RecordingLink>(calls); });
+    QVERIFY(m_session->open(m_device->fileName()));
+    m_session->onlineSwitch()->turn(true);
+    QVERIFY(m_session->project()->container().isOnline());
+    QVERIFY(m_session->writer()->write(place("B10"), QStringLiteral("11")).isAccepted);
+    m_session->undoStack()->undo();
+    QCOMPARE(calls, (QStringList {QStringLiteral("B10"), QStringLiteral("B10")}));
+    m_session.reset();
+}
+
+QTEST_GUILESS_MAIN(tst_DeskSession)
+#include "tst_DeskSession.moc"

@@ -1,0 +1,131 @@
+#include "apps/desk/SnapshotListModel.h"
+#include "tests/apps/desk/DeskDevice.h"
+#include "tests/support/MessageRecorder.h"
+
+#include <QtTest/QAbstractItemModelTester>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+
+class tst_SnapshotListModel : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void take();
+    void suggestedNames();
+    void checking();
+    void renaming();
+    void removing();
+    void clearing();
+    void outlivesTheDevice();
+};
+
+void tst_SnapshotListModel::take()
+{
+    MessageRecorder messages;
+    const DeskDevice device;
+    const auto project = device.open();
+    SnapshotListModel model;
+    const QAbstractItemModelTester tester(&model);
+    const QSignalSpy changes(&model, &SnapshotListModel::checkedChanged);
+    model.take(project->container(), QStringLiteral("Vorher"));
+    project->container().writeValueNative(
+        eLivingSpace::Axis1, place("B01").coordinate, 0, QStringLiteral("5000"));
+    model.take(project->container(), QStringLiteral("Nachher"));
+    QCOMPARE(model.rowCount(), 2);
+    QCOMPARE(changes.count(), 2);
+    QCOMPARE(
+        model.checkedNames(), (QStringList {QStringLiteral("Vorher"), QStringLiteral("Nachher")}));
+    const auto value = [&](int snapshot) {
+        return model.checkedSnapshots().at(snapshot)->value(
+            eLivingSpace::Axis1, place("B01").coordinate, 0, true);
+    };
+    QCOMPARE(value(0), QStringLiteral("4.200 A"));
+    QCOMPARE(value(1), QStringLiteral("5.000 A"));
+}
+
+void tst_SnapshotListModel::suggestedNames()
+{
+    MessageRecorder messages;
+    ParameterContainer container;
+    SnapshotListModel model;
+    QCOMPARE(model.suggestedName(), QStringLiteral("Snapshot 1"));
+    model.take(container, QStringLiteral("Snapshot 2"));
+    QCOMPARE(model.suggestedName(), QStringLiteral("Snapshot 3"));
+}
+
+void tst_SnapshotListModel::checking()
+{
+    MessageRecorder messages;
+    ParameterContainer container;
+    SnapshotListModel model;
+    model.take(container, QStringLiteral("A"));
+    model.take(container, QStringLiteral("B"));
+    QCOMPARE(model.index(0).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+    QVERIFY(model.flags(model.index(0)).testFlag(Qt::ItemIsUserCheckable));
+    QVERIFY(model.setData(model.index(0), Qt::Unchecked, Qt::CheckStateRole));
+    QCOMPARE(model.checkedNames(), QStringList(QStringLiteral("B")));
+    QCOMPARE(model.checkedSnapshots().size(), 1);
+}
+
+void tst_SnapshotListModel::renaming()
+{
+    MessageRecorder messages;
+    ParameterContainer container;
+    SnapshotListModel model;
+    model.take(container, QStringLiteral("A"));
+    QVERIFY(model.setData(model.index(0), QStringLiteral(" Before "), Qt::EditRole));
+    QCOMPARE(model.checkedNames(), QStringList(QStringLiteral("Before")));
+    QVERIFY(!model.setData(model.index(0), QStringLiteral(" "), Qt::EditRole));
+    QVERIFY(!model.setData(model.index(0), QStringLiteral("x"), Qt::ToolTipRole));
+    QVERIFY(!model.setData(QModelIndex(), QStringLiteral("x"), Qt::EditRole));
+    QCOMPARE(model.index(0).data().toString(), QStringLiteral("Before"));
+}
+
+void tst_SnapshotListModel::removing()
+{
+    MessageRecorder messages;
+    ParameterContainer container;
+    SnapshotListModel model;
+    model.take(container, QStringLiteral("A"));
+    model.take(container, QStringLiteral("B"));
+    model.removeAt(-1);
+    model.removeAt(2);
+    QCOMPARE(model.rowCount(), 2);
+    // Who listens may still ask the one that goes.
+    QPointer<ParameterValueSnapshot> gone(model.checkedSnapshots().constFirst());
+    bool wasThere = false;
+    connect(&model, &SnapshotListModel::checkedChanged, this, [&] { wasThere = !gone.isNull(); });
+    model.removeAt(0);
+    QVERIFY(wasThere);
+    QVERIFY(gone.isNull());
+    QCOMPARE(model.checkedNames(), QStringList(QStringLiteral("B")));
+}
+
+void tst_SnapshotListModel::clearing()
+{
+    MessageRecorder messages;
+    ParameterContainer container;
+    SnapshotListModel model;
+    model.take(container, QStringLiteral("A"));
+    model.clear();
+    QCOMPARE(model.rowCount(), 0);
+    QVERIFY(model.checkedSnapshots().isEmpty());
+}
+
+void tst_SnapshotListModel::outlivesTheDevice()
+{
+    MessageRecorder messages;
+    SnapshotListModel model;
+    {
+        const DeskDevice device;
+        const auto project = device.open();
+        model.take(project->container(), QStringLiteral("A"));
+    }
+    QVERIFY(!model.checkedSnapshots().constFirst()->sourceContainer());
+    QCOMPARE(model.checkedSnapshots().constFirst()->value(
+                 eLivingSpace::Axis1, place("B01").coordinate, 0, true),
+        QStringLiteral("4.200 A"));
+}
+
+QTEST_GUILESS_MAIN(tst_SnapshotListModel)
+#include "tst_SnapshotListModel.moc"

@@ -1,0 +1,164 @@
+#include "apps/desk/ValueWriter.h"
+#include "tests/apps/desk/DeskDevice.h"
+#include "tests/support/MessageRecorder.h"
+
+#include <KrParameterInstance/ParameterSetup.h>
+#include <KrSystem/System.h>
+
+#include <QtGui/QUndoStack>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+
+class tst_ValueWriter : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void acceptedWrite();
+    void refusedWrite();
+    void notWritable();
+    void unknownPlace();
+    void undoAndRedo();
+    void undoRestoresTheChangeTag();
+    void sameValueIsNoChange();
+    void afterTheContainer();
+
+private:
+    QString native(const ValuePlace &at) const
+    {
+        return m_project->container().readValueNative(
+            at.livingSpace, at.coordinate, at.element, false);
+    }
+
+    std::unique_ptr<DeskDevice> m_device;
+    std::unique_ptr<DriveProject> m_project;
+    std::unique_ptr<QUndoStack> m_stack;
+    std::unique_ptr<ValueWriter> m_writer;
+};
+
+void tst_ValueWriter::init()
+{
+    System::information()->setUserAccessLevel(4);
+    m_device = std::make_unique<DeskDevice>();
+    m_project = m_device->open();
+    m_stack = std::make_unique<QUndoStack>();
+    m_writer = std::make_unique<ValueWriter>(m_project->container(), *m_stack);
+}
+
+void tst_ValueWriter::cleanup()
+{
+    m_writer.reset();
+    m_stack.reset();
+    m_project.reset();
+}
+
+void tst_ValueWriter::acceptedWrite()
+{
+    MessageRecorder messages;
+    const QSignalSpy written(m_writer.get(), &ValueWriter::written);
+    const auto outcome = m_writer->write(place("B01", 2), QStringLiteral("5 A"));
+    QVERIFY(outcome.isAccepted);
+    QCOMPARE(outcome.message, QString());
+    QCOMPARE(native(place("B01", 2)), QStringLiteral("5000"));
+    QCOMPARE(native(place("B01", 1)), QStringLiteral("4200"));
+    QCOMPARE(written.count(), 1);
+    QCOMPARE(m_stack->count(), 1);
+    QCOMPARE(m_stack->undoText(), QStringLiteral("2.B01"));
+    QVERIFY(!m_writer->isWriting());
+}
+
+void tst_ValueWriter::refusedWrite()
+{
+    MessageRecorder messages;
+    const QString text = QStringLiteral(
+        "Parameter 1.B01: Fehler beim Übernehmen des Werts - Wert \"40.000 A\" ist zu groß");
+    messages.expect(MessageRecorder::eSeverity::Critical, QStringLiteral("Desk drive"), text);
+    const QSignalSpy written(m_writer.get(), &ValueWriter::written);
+    const auto outcome = m_writer->write(place("B01", 1), QStringLiteral("41"));
+    QVERIFY(!outcome.isAccepted);
+    QCOMPARE(outcome.message, text);
+    QCOMPARE(native(place("B01", 1)), QStringLiteral("4200"));
+    QCOMPARE(written.count(), 0);
+    QCOMPARE(m_stack->count(), 0);
+}
+
+void tst_ValueWriter::notWritable()
+{
+    MessageRecorder messages;
+    System::information()->setUserAccessLevel(2);
+    const auto outcome = m_writer->write(place("B100"), QStringLiteral("5"));
+    QVERIFY(!outcome.isAccepted);
+    QCOMPARE(outcome.message, QStringLiteral("Parameter B100 ist jetzt nicht schreibbar."));
+    QCOMPARE(native(place("B100")), QStringLiteral("100"));
+}
+
+void tst_ValueWriter::unknownPlace()
+{
+    MessageRecorder messages;
+    const auto outcome = m_writer->write(place("X99"), QStringLiteral("5"));
+    QVERIFY(!outcome.isAccepted);
+    QCOMPARE(outcome.message, QStringLiteral("Das Gerät hat den Parameter nicht mehr."));
+}
+
+void tst_ValueWriter::undoAndRedo()
+{
+    MessageRecorder messages;
+    QVERIFY(m_writer->write(place("B01", 1), QStringLiteral("5")).isAccepted);
+    QVERIFY(m_writer->write(place("E30", 0, 2), QStringLiteral("3")).isAccepted);
+    const QSignalSpy written(m_writer.get(), &ValueWriter::written);
+    m_stack->undo();
+    QCOMPARE(native(place("E30", 0, 2)), QStringLiteral("1"));
+    QCOMPARE(native(place("B01", 1)), QStringLiteral("5000"));
+    m_stack->undo();
+    QCOMPARE(native(place("B01", 1)), QStringLiteral("4200"));
+    QCOMPARE(written.count(), 2);
+    m_stack->redo();
+    m_stack->redo();
+    QCOMPARE(native(place("B01", 1)), QStringLiteral("5000"));
+    QCOMPARE(native(place("E30", 0, 2)), QStringLiteral("3"));
+    QCOMPARE(m_stack->count(), 2);
+}
+
+void tst_ValueWriter::undoRestoresTheChangeTag()
+{
+    MessageRecorder messages;
+    const auto tag = [this] {
+        return m_project->container()
+            .parameterInformation(place("B10").coordinate)
+            ->attribute(eLivingSpace::Global, 0, QStringLiteral("ValueChangeTag"));
+    };
+    m_project->container()
+        .parameterSetup(place("B10").coordinate)
+        ->setValueChangeTag(eLivingSpace::Global, 0, QStringLiteral("before"));
+    m_project->container().setParameterChangeTag(QStringLiteral("after"));
+    QVERIFY(m_writer->write(place("B10"), QStringLiteral("11")).isAccepted);
+    QCOMPARE(tag(), QStringLiteral("after"));
+    m_stack->undo();
+    QCOMPARE(tag(), QStringLiteral("before"));
+    m_stack->redo();
+    QCOMPARE(tag(), QStringLiteral("after"));
+}
+
+void tst_ValueWriter::sameValueIsNoChange()
+{
+    MessageRecorder messages;
+    QVERIFY(m_writer->write(place("B01", 1), QStringLiteral("4.2")).isAccepted);
+    QCOMPARE(m_stack->count(), 0);
+    QVERIFY(m_stack->isClean());
+}
+
+void tst_ValueWriter::afterTheContainer()
+{
+    MessageRecorder messages;
+    QVERIFY(m_writer->write(place("B01", 1), QStringLiteral("5")).isAccepted);
+    m_project.reset();
+    QVERIFY(!m_writer->write(place("B01", 1), QStringLiteral("6")).isAccepted);
+    m_stack->undo();
+    m_writer.reset();
+    m_stack->redo();
+}
+
+QTEST_GUILESS_MAIN(tst_ValueWriter)
+#include "tst_ValueWriter.moc"

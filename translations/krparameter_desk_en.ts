@@ -1,0 +1,516 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="de">
+<context>
+    <name>ComparisonPage</name>
+    <message>
+        <source>Noch kein Snapshot ausgewählt. Ein Snapshot hält alle Werte fest; ausgewählte stehen hier nebeneinander.</source>
+        <translation>No snapshot is chosen yet. A snapshot records all values; chosen ones stand here side by side.</translation>
+    </message>
+    <message>
+        <source>Alle Werte von &quot;%1&quot;</source>
+        <translation>All values of &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>%1: kein Unterschied</source>
+        <translation>%1: no difference</translation>
+    </message>
+    <message>
+        <source>%1: was sich ändert</source>
+        <translation>%1: what changes</translation>
+    </message>
+</context>
+<context>
+    <name>DelayedProgress</name>
+    <message>
+        <source>Abbrechen</source>
+        <translation>Cancel</translation>
+    </message>
+</context>
+<context>
+    <name>DeskActions</name>
+    <message>
+        <source>&amp;Gerät öffnen …</source>
+        <translation>&amp;Open device …</translation>
+    </message>
+    <message>
+        <source>Projekt &amp;laden …</source>
+        <translation>&amp;Load project …</translation>
+    </message>
+    <message>
+        <source>Projekt &amp;speichern</source>
+        <translation>&amp;Save project</translation>
+    </message>
+    <message>
+        <source>Projekt speichern &amp;in …</source>
+        <translation>Save project &amp;in …</translation>
+    </message>
+    <message>
+        <source>&amp;Beenden</source>
+        <translation>&amp;Quit</translation>
+    </message>
+    <message>
+        <source>&amp;Rückgängig</source>
+        <translation>&amp;Undo</translation>
+    </message>
+    <message>
+        <source>&amp;Wiederholen</source>
+        <translation>&amp;Redo</translation>
+    </message>
+    <message>
+        <source>&amp;Suchen</source>
+        <translation>&amp;Search</translation>
+    </message>
+    <message>
+        <source>&amp;Wert ändern</source>
+        <translation>&amp;Change value</translation>
+    </message>
+    <message>
+        <source>&amp;Snapshot …</source>
+        <translation>&amp;Snapshot …</translation>
+    </message>
+    <message>
+        <source>&amp;Vergleichen</source>
+        <translation>&amp;Compare</translation>
+    </message>
+    <message>
+        <source>&amp;Entfernen</source>
+        <translation>&amp;Remove</translation>
+    </message>
+    <message>
+        <source>&amp;Online</source>
+        <translation>&amp;Online</translation>
+    </message>
+    <message>
+        <source>&amp;Nur lesen</source>
+        <translation>&amp;Read only</translation>
+    </message>
+    <message>
+        <source>&amp;Parameter</source>
+        <translation>&amp;Parameters</translation>
+    </message>
+    <message>
+        <source>&amp;Vergleich</source>
+        <translation>&amp;Comparison</translation>
+    </message>
+    <message>
+        <source>&amp;Snapshots</source>
+        <translation>&amp;Snapshots</translation>
+    </message>
+    <message>
+        <source>&amp;Meldungen</source>
+        <translation>&amp;Messages</translation>
+    </message>
+    <message>
+        <source>Meldungen &amp;leeren</source>
+        <translation>&amp;Clear messages</translation>
+    </message>
+</context>
+<context>
+    <name>DeskMenu</name>
+    <message>
+        <source>&amp;Datei</source>
+        <translation>&amp;File</translation>
+    </message>
+    <message>
+        <source>&amp;Bearbeiten</source>
+        <translation>&amp;Edit</translation>
+    </message>
+    <message>
+        <source>Ge&amp;rät</source>
+        <translation>&amp;Device</translation>
+    </message>
+    <message>
+        <source>&amp;Snapshots</source>
+        <translation>&amp;Snapshots</translation>
+    </message>
+    <message>
+        <source>&amp;Ansicht</source>
+        <translation>&amp;View</translation>
+    </message>
+</context>
+<context>
+    <name>DeskOptions</name>
+    <message>
+        <source>Werte eines Antriebs ansehen, ändern und vergleichen.</source>
+        <translation>View, change and compare the values of a drive.</translation>
+    </message>
+    <message>
+        <source>diese Hilfe</source>
+        <translation>this help</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>Version</translation>
+    </message>
+    <message>
+        <source>Gerätebeschreibung, oder der Name einer mitgelieferten</source>
+        <translation>device description, or the name of a shipped one</translation>
+    </message>
+    <message>
+        <source>DATEI</source>
+        <translation>FILE</translation>
+    </message>
+    <message>
+        <source>Projektordner; ohne ihn gelten die Defaultwerte</source>
+        <translation>project folder; without it the defaults hold</translation>
+    </message>
+    <message>
+        <source>ORDNER</source>
+        <translation>FOLDER</translation>
+    </message>
+    <message>
+        <source>Sprache der Texte</source>
+        <translation>language of the texts</translation>
+    </message>
+    <message>
+        <source>Zugriffsstufe von 0 (Bediener) bis 6 (Hersteller)</source>
+        <translation>access level from 0 (operator) to 6 (maker)</translation>
+    </message>
+    <message>
+        <source>kein Fenster öffnen, sondern sein Bild in diese Datei schreiben</source>
+        <translation>open no window, write its picture to this file</translation>
+    </message>
+    <message>
+        <source>Größe des Bilds, sonst 1280x800</source>
+        <translation>size of the picture, otherwise 1280x800</translation>
+    </message>
+    <message>
+        <source>BREITExHÖHE</source>
+        <translation>WIDTHxHEIGHT</translation>
+    </message>
+    <message>
+        <source>was das Bild zeigt; comparison vergleicht vor und nach --write</source>
+        <translation>what the picture shows; comparison compares before and after --write</translation>
+    </message>
+    <message>
+        <source>im Bild gesuchter Text</source>
+        <translation>text searched for in the picture</translation>
+    </message>
+    <message>
+        <source>TEXT</source>
+        <translation>TEXT</translation>
+    </message>
+    <message>
+        <source>vor dem Bild geschriebener Wert, beliebig oft</source>
+        <translation>value written before the picture, any number of times</translation>
+    </message>
+    <message>
+        <source>ADRESSE=TEXT</source>
+        <translation>ADDRESS=TEXT</translation>
+    </message>
+    <message>
+        <source>im Bild in sein Feld getippter Wert</source>
+        <translation>value typed into its field in the picture</translation>
+    </message>
+    <message>
+        <source>unerwartet: &quot;%1&quot;</source>
+        <translation>unexpected: &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>--project braucht --device</source>
+        <translation>--project needs --device</translation>
+    </message>
+    <message>
+        <source>--lang nimmt de oder en</source>
+        <translation>--lang takes de or en</translation>
+    </message>
+    <message>
+        <source>--access-level nimmt eine Zahl von 0 bis 6</source>
+        <translation>--access-level takes a number from 0 to 6</translation>
+    </message>
+    <message>
+        <source>--size nimmt Breite und Höhe, zum Beispiel 1280x800</source>
+        <translation>--size takes width and height, for example 1280x800</translation>
+    </message>
+    <message>
+        <source>--show nimmt parameters oder comparison</source>
+        <translation>--show takes parameters or comparison</translation>
+    </message>
+    <message>
+        <source>erwartet wird ADRESSE=TEXT, zum Beispiel 1.H00=15</source>
+        <translation>ADDRESS=TEXT is expected, for example 1.H00=15</translation>
+    </message>
+</context>
+<context>
+    <name>DeskSession</name>
+    <message>
+        <source>Gerät öffnen</source>
+        <translation>Open device</translation>
+    </message>
+    <message>
+        <source>Projekt laden</source>
+        <translation>Load project</translation>
+    </message>
+    <message>
+        <source>Projekt speichern</source>
+        <translation>Save project</translation>
+    </message>
+    <message>
+        <source>gespeichert und zurückgelesen</source>
+        <translation>saved and read back</translation>
+    </message>
+    <message>
+        <source>Das Projekt enthält, was dieses Gerät nicht kennt; es ginge verloren.</source>
+        <translation>The project holds what this device does not know; it would be lost.</translation>
+    </message>
+</context>
+<context>
+    <name>DeskStatus</name>
+    <message>
+        <source>online</source>
+        <translation>online</translation>
+    </message>
+    <message>
+        <source>verbindet …</source>
+        <translation>connecting …</translation>
+    </message>
+    <message>
+        <source>offline</source>
+        <translation>offline</translation>
+    </message>
+    <message>
+        <source>, nur lesen</source>
+        <translation>, read only</translation>
+    </message>
+    <message>
+        <source>%1 von %2 Werten</source>
+        <translation>%1 of %2 values</translation>
+    </message>
+    <message>
+        <source>Kein Gerät offen: Strg+O öffnet eine Gerätebeschreibung</source>
+        <translation>No device is open: Ctrl+O opens a device description</translation>
+    </message>
+</context>
+<context>
+    <name>DeskWindow</name>
+    <message>
+        <source>Parameter</source>
+        <translation>Parameters</translation>
+    </message>
+    <message>
+        <source>Vergleich</source>
+        <translation>Comparison</translation>
+    </message>
+    <message>
+        <source>Snapshots</source>
+        <translation>Snapshots</translation>
+    </message>
+    <message>
+        <source>Meldungen</source>
+        <translation>Messages</translation>
+    </message>
+</context>
+<context>
+    <name>MessageListModel</name>
+    <message>
+        <source>Hinweis</source>
+        <translation>Note</translation>
+    </message>
+    <message>
+        <source>Warnung</source>
+        <translation>Warning</translation>
+    </message>
+    <message>
+        <source>Fehler</source>
+        <translation>Error</translation>
+    </message>
+</context>
+<context>
+    <name>OnlineSwitch</name>
+    <message>
+        <source>Nicht mehr online: %1</source>
+        <translation>No longer online: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Screenshot</name>
+    <message>
+        <source>das Bild &quot;%1&quot; kann nicht geschrieben werden</source>
+        <translation>the picture &quot;%1&quot; cannot be written</translation>
+    </message>
+    <message>
+        <source>Vorher</source>
+        <translation>Before</translation>
+    </message>
+    <message>
+        <source>Nachher</source>
+        <translation>After</translation>
+    </message>
+    <message>
+        <source>%1 nimmt &quot;%2&quot; nicht an</source>
+        <translation>%1 does not take &quot;%2&quot;</translation>
+    </message>
+    <message>
+        <source>%1 hat kein Feld zum Tippen</source>
+        <translation>%1 has no field to type into</translation>
+    </message>
+    <message>
+        <source>%1 ist nicht zu sehen</source>
+        <translation>%1 is not visible</translation>
+    </message>
+</context>
+<context>
+    <name>SelectorBar</name>
+    <message>
+        <source>Auswahl</source>
+        <translation>Selection</translation>
+    </message>
+    <message>
+        <source>Suchen in Adresse, Name, Einheit und Wert</source>
+        <translation>Search in address, name, unit and value</translation>
+    </message>
+    <message>
+        <source>A&amp;chse</source>
+        <translation>A&amp;xis</translation>
+    </message>
+    <message>
+        <source>Z&amp;ugriffsstufe</source>
+        <translation>A&amp;ccess level</translation>
+    </message>
+    <message>
+        <source>Sp&amp;rache</source>
+        <translation>&amp;Language</translation>
+    </message>
+    <message>
+        <source>alle</source>
+        <translation>all</translation>
+    </message>
+    <message>
+        <source>0 Bediener</source>
+        <translation>0 operator</translation>
+    </message>
+    <message>
+        <source>%1 Hersteller</source>
+        <translation>%1 maker</translation>
+    </message>
+</context>
+<context>
+    <name>SnapshotListModel</name>
+    <message>
+        <source>Snapshot %1</source>
+        <translation>Snapshot %1</translation>
+    </message>
+</context>
+<context>
+    <name>TableCells</name>
+    <message>
+        <source>Adresse</source>
+        <translation>Address</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Wert</source>
+        <translation>Value</translation>
+    </message>
+    <message>
+        <source>Einheit</source>
+        <translation>Unit</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Default</translation>
+    </message>
+    <message>
+        <source>Minimum</source>
+        <translation>Minimum</translation>
+    </message>
+    <message>
+        <source>Maximum</source>
+        <translation>Maximum</translation>
+    </message>
+    <message>
+        <source>Änderungsmarke</source>
+        <translation>Change tag</translation>
+    </message>
+    <message>
+        <source>weicht vom Default ab</source>
+        <translation>differs from the default</translation>
+    </message>
+</context>
+<context>
+    <name>ValueWriter</name>
+    <message>
+        <source>Das Gerät hat den Parameter nicht mehr.</source>
+        <translation>The device no longer has the parameter.</translation>
+    </message>
+    <message>
+        <source>Parameter %1 ist jetzt nicht schreibbar.</source>
+        <translation>Parameter %1 cannot be written now.</translation>
+    </message>
+</context>
+<context>
+    <name>WindowDialogs</name>
+    <message>
+        <source>Gerät öffnen</source>
+        <translation>Open device</translation>
+    </message>
+    <message>
+        <source>Gerätebeschreibungen (*.json)</source>
+        <translation>Device descriptions (*.json)</translation>
+    </message>
+    <message>
+        <source>Projekt laden</source>
+        <translation>Load project</translation>
+    </message>
+    <message>
+        <source>Projekt speichern in</source>
+        <translation>Save project in</translation>
+    </message>
+    <message>
+        <source>Snapshot aufnehmen</source>
+        <translation>Take snapshot</translation>
+    </message>
+    <message>
+        <source>Name des Snapshots:</source>
+        <translation>Name of the snapshot:</translation>
+    </message>
+    <message>
+        <source>Aufnehmen</source>
+        <translation>Take</translation>
+    </message>
+    <message>
+        <source>Abbrechen</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Ungespeicherte Änderungen</source>
+        <translation>Unsaved changes</translation>
+    </message>
+    <message>
+        <source>Es gibt ungespeicherte Änderungen.</source>
+        <translation>There are unsaved changes.</translation>
+    </message>
+    <message>
+        <source>Speichern</source>
+        <translation>Save</translation>
+    </message>
+    <message>
+        <source>Verwerfen</source>
+        <translation>Discard</translation>
+    </message>
+    <message>
+        <source>Der Parameterblock ist abgeschnitten. Trotzdem laden?</source>
+        <translation>The parameter block is cut. Load it nevertheless?</translation>
+    </message>
+    <message>
+        <source>Trotzdem laden</source>
+        <translation>Load nevertheless</translation>
+    </message>
+    <message>
+        <source>Beim Speichern geht etwas verloren. Trotzdem speichern?</source>
+        <translation>Something gets lost in this save. Save nevertheless?</translation>
+    </message>
+    <message>
+        <source>Trotzdem speichern</source>
+        <translation>Save nevertheless</translation>
+    </message>
+    <message>
+        <source>Rückfrage</source>
+        <translation>Question</translation>
+    </message>
+</context>
+</TS>
