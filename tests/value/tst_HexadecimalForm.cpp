@@ -1,5 +1,7 @@
 #include "value/HexadecimalForm.h"
 
+#include "ProcessorTimer.h"
+
 #include <KrDatatype/SimpleType.h>
 
 #include <QtCore/QRandomGenerator>
@@ -194,8 +196,7 @@ void tst_HexadecimalForm::readIsLinear_data()
 void tst_HexadecimalForm::readIsLinear()
 {
     QFETCH(QString, typed);
-    QElapsedTimer timer;
-    timer.start();
+    const ProcessorTimer timer;
     const auto value = HexadecimalForm::read(typed, typeNamed(QStringLiteral("UINT64")));
     QVERIFY(timer.elapsed() < 100);
     QTEST(value.has_value(), "accepted");
