@@ -329,6 +329,7 @@ void ParameterInstanceData::rejectValue(quint16 element, const QString &nativeTe
     ParameterFunctionProvider *firmware = provider();
     const QString corrected =
         firmware ? firmware->correctValue(nativeText, &m_delegate, element) : nativeText;
+    // Deliberate: the report names the corrected value, not the typed one.
     if (owner && elements().contains(element))
         reportRejection(element, corrected, code);
 }

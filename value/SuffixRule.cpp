@@ -47,6 +47,7 @@ SuffixRule::Number SuffixRule::apply(QStringView text, eFormat requested)
             }
         }
         if (last >= 0)
+            // Deliberate: "dec" may be hexadecimal digits, yet it is the suffix; "0xdec" is "0x".
             return {format, line.first(last)};
     }
     return {requested, text};

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ProcessorTimer.h"
+
 #include <KrDatatype/SimpleType.h>
 
 #include <QtCore/QRandomGenerator>
@@ -136,8 +138,7 @@ inline void addLongRows(char greatest)
 inline void checkLinear(Read read)
 {
     QFETCH(QString, typed);
-    QElapsedTimer timer;
-    timer.start();
+    const ProcessorTimer timer;
     const auto value = read(typed, typeNamed(QStringLiteral("UINT64")));
     QVERIFY(timer.elapsed() < 100);
     QTEST(value.has_value(), "accepted");

@@ -11,6 +11,11 @@
 //     B s|u text                        binary
 //     I text                            IPv4
 //     T text                            time
+//     N text                            typed decimal of the unit "A"; "n" with "," as point
+//     C text                            typed choice of -1 "Aus", 3 "Drehmoment" and 10 "x: y"
+//     A text                            typed parameter address
+//     h size number                     a number shown hexadecimal; b binary
+//     t number                          a number shown as time; i as IPv4
 
 #include <cerrno>
 #include <clocale>
@@ -210,6 +215,149 @@ void answerTime(const char *text)
     std::printf("%u\n", hours * 4096 + minutes * 64 + seconds);
 }
 
+/// Without its outer blanks.
+char *trimmed(const char *text)
+{
+    static char result[LineSize];
+    text += std::strspn(text, " ");
+    std::strcpy(result, text);
+    for (size_t length = std::strlen(result); length > 0 && result[length - 1] == ' '; --length)
+        result[length - 1] = '\0';
+    return result;
+}
+
+void answerTypedDecimal(const char *text, char point)
+{
+    char number[LineSize];
+    std::strcpy(number, trimmed(text));
+    const size_t length = std::strlen(number);
+    if (length >= 2 && std::strcmp(number + length - 2, " A") == 0) {
+        number[length - 1] = '\0';
+        std::memmove(number, trimmed(number), length);
+    }
+    for (char *c = number; *c; ++c)
+        *c = *c == point ? '.' : *c;
+    std::printf("%s\n", number);
+}
+
+/// Whether the text is one whole integer of 64 bits, outer blanks apart; prints it then.
+bool answerInteger(const char *text)
+{
+    const char *plain = trimmed(text);
+    char *end = nullptr;
+    errno = 0;
+    const long long value = std::strtoll(plain, &end, 10);
+    if (*plain && *end == '\0' && errno == 0) {
+        std::printf("%lld\n", value);
+        return true;
+    }
+    errno = 0;
+    const unsigned long long large = std::strtoull(plain, &end, 10);
+    if (*plain == '\0' || *plain == '-' || *end != '\0' || errno != 0)
+        return false;
+    std::printf("%llu\n", large);
+    return true;
+}
+
+void answerTypedChoice(const char *text)
+{
+    char number[LineSize];
+    std::strcpy(number, text);
+    number[std::strcspn(number, ":")] = '\0';
+    if (answerInteger(number))
+        return;
+    const char *plain = trimmed(text);
+    if (std::strcmp(plain, "Aus") == 0)
+        std::puts("-1");
+    else if (std::strcmp(plain, "Drehmoment") == 0)
+        std::puts("3");
+    else if (std::strcmp(plain, "x: y") == 0)
+        std::puts("10");
+    else
+        std::puts(text);
+}
+
+void answerTypedAddress(const char *text)
+{
+    static Pattern number("^[+-]?[0-9]+$", 0);
+    static Pattern pattern("^(([1-4])\\.)?([A-Z])([0-9]{1,3})(\\[([0-9]{1,5})\\])?( .*)?$", 0);
+    const char *plain = trimmed(text);
+    errno = 0;
+    std::strtoll(plain, nullptr, 10);
+    if (number.match(plain) && errno == 0) {
+        std::puts(plain);
+        return;
+    }
+    if (!pattern.match(plain) || numberOf(plain, pattern.groups[6]) > 16383) {
+        std::puts(text);
+        return;
+    }
+    const unsigned axis = pattern.groups[2].rm_so < 0 ? 0 : numberOf(plain, pattern.groups[2]) - 1;
+    const unsigned group = static_cast<unsigned>(plain[pattern.groups[3].rm_so] - 'A' + 1);
+    std::printf("%u\n",
+        (axis << 30) + (numberOf(plain, pattern.groups[6]) << 16) + group * 1000
+            + numberOf(plain, pattern.groups[4]));
+}
+
+/// 0 for what is no integer of 64 bits; a negative one in two's complement.
+unsigned long long bitsOf(const char *text)
+{
+    errno = 0;
+    char *end = nullptr;
+    const unsigned long long value = std::strtoull(text, &end, 10);
+    return errno == 0 && *end == '\0' ? value : 0;
+}
+
+void answerShownHexadecimal(int size, const char *text)
+{
+    const unsigned long long value = bitsOf(text);
+    switch (size) {
+    case 1:
+        std::printf("%02x hex\n", static_cast<unsigned>(value & 0xFF));
+        return;
+    case 2:
+        std::printf("%04x hex\n", static_cast<unsigned>(value & 0xFFFF));
+        return;
+    case 4:
+        std::printf("%08x hex\n", static_cast<unsigned>(value & 0xFFFFFFFF));
+        return;
+    default:
+        std::printf("%016x hex\n", static_cast<unsigned>(value & 0xFFFFFFFF));
+    }
+}
+
+void answerShownBinary(int size, const char *text)
+{
+    const unsigned long long value = bitsOf(text);
+    for (int byte = size - 1; byte >= 0; --byte) {
+        for (int bit = 7; bit >= 0; --bit) {
+            std::putchar(value / (1ULL << (byte * 8 + bit)) % 2 == 1 ? '1' : '0');
+            if (bit == 4)
+                std::putchar(' ');
+        }
+        std::putchar(' ');
+    }
+    std::puts("bin");
+}
+
+/// 0 for what is no unsigned integer of 32 bits.
+unsigned wordOf(const char *text)
+{
+    const unsigned long long value = *text == '-' ? 0 : bitsOf(text);
+    return value <= 0xFFFFFFFF ? static_cast<unsigned>(value) : 0;
+}
+
+void answerShownTime(unsigned value)
+{
+    std::printf("%uh %02um %02us\n", value / 4096, value / 64 % 64, value % 64);
+}
+
+void answerShownIpv4(unsigned value)
+{
+    std::printf(
+        "%u.%u.%u.%u\n", value / 16777216, value / 65536 % 256, value / 256 % 256, value % 256);
+}
+
 void answer(const char *line)
 {
     int first = 0;
@@ -246,6 +394,28 @@ void answer(const char *line)
         return;
     case 'T':
         answerTime(rest(line, 1));
+        return;
+    case 'N':
+    case 'n':
+        answerTypedDecimal(rest(line, 1), line[0] == 'n' ? ',' : '.');
+        return;
+    case 'C':
+        answerTypedChoice(rest(line, 1));
+        return;
+    case 'A':
+        answerTypedAddress(rest(line, 1));
+        return;
+    case 'h':
+        answerShownHexadecimal(std::atoi(line + 2), rest(line, 2));
+        return;
+    case 'b':
+        answerShownBinary(std::atoi(line + 2), rest(line, 2));
+        return;
+    case 't':
+        answerShownTime(wordOf(rest(line, 1)));
+        return;
+    case 'i':
+        answerShownIpv4(wordOf(rest(line, 1)));
         return;
     }
 }

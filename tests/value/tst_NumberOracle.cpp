@@ -1,4 +1,6 @@
+#include "value/AddressForm.h"
 #include "value/BinaryForm.h"
+#include "value/ChoiceForm.h"
 #include "value/DecimalForm.h"
 #include "value/HexadecimalForm.h"
 #include "value/Ipv4Form.h"
@@ -30,6 +32,13 @@ private Q_SLOTS:
     void binary();
     void ipv4();
     void time();
+    void typedDecimal();
+    void typedChoice();
+    void typedAddress();
+    void shownHexadecimal();
+    void shownBinary();
+    void shownTime();
+    void shownIpv4();
 };
 
 namespace {
@@ -41,6 +50,9 @@ constexpr int ProcessTimeout = 120000;
 const QString Point = QStringLiteral(".");
 
 constexpr SimpleType Signed(4, SimpleType::SignedInteger, 8, "Signed 64 bit", "INT64");
+constexpr SimpleType Byte(1, SimpleType::SignedInteger, 1, "Signed 8 bit", "INT8");
+constexpr SimpleType Word(6, SimpleType::UnsignedInteger, 2, "Unsigned 16 bit", "UINT16");
+constexpr SimpleType LongWord(3, SimpleType::SignedInteger, 4, "Signed 32 bit", "INT32");
 constexpr SimpleType Unsigned(8, SimpleType::UnsignedInteger, 8, "Unsigned 64 bit", "UINT64");
 constexpr SimpleType Single(9, SimpleType::FloatingPoint, 4, "Floating point 32 bit", "REAL32");
 constexpr SimpleType Double(10, SimpleType::FloatingPoint, 8, "Floating point 64 bit", "REAL64");
@@ -125,6 +137,38 @@ int anyPrecision(QRandomGenerator &random)
     return random.bounded(20) == 0 ? random.bounded(1200) - 50 : random.bounded(20);
 }
 
+/// Of every width and sign, some beyond 64 bits, some no integer.
+QByteArray anyInteger(QRandomGenerator &random)
+{
+    switch (random.bounded(8)) {
+    case 0:
+        return QByteArray::number(qint64(random.generate64()) >> random.bounded(64));
+    case 1:
+        return QByteArray::number(-qint64(random.bounded(300)));
+    case 2:
+        return QByteArray::number(quint64(random.generate64())) + "0";
+    case 3:
+        return "12.5";
+    default:
+        return QByteArray::number(quint64(random.generate64()) >> random.bounded(64));
+    }
+}
+
+ParameterTextMap smallChoice()
+{
+    ParameterTextMap choice;
+    for (const auto &[key, text] :
+        {std::pair(-1, "Aus"), std::pair(3, "Drehmoment"), std::pair(10, "x: y")}) {
+        ParameterText entry;
+        entry.setText(QStringLiteral("de"), QString(), QString::fromLatin1(text));
+        choice.insert(key, entry);
+    }
+    return choice;
+}
+
+/// What shows a number by the size of its type.
+using ShowBySize = QString (*)(const QString &, const SimpleType *);
+
 QByteArray answerOf(const std::optional<QString> &text)
 {
     return text ? text->toLatin1() : QByteArray("refused");
@@ -133,6 +177,15 @@ QByteArray answerOf(const std::optional<QString> &text)
 QString latin1(const QByteArray &text)
 {
     return QString::fromLatin1(text);
+}
+
+Round shownBySize(QRandomGenerator &random, char question, ShowBySize show)
+{
+    constexpr const SimpleType *Types[] = {&Byte, &Word, &LongWord, &Unsigned};
+    const SimpleType *type = Types[random.bounded(4)];
+    const QByteArray text = anyInteger(random);
+    return {QByteArray(1, question) + ' ' + QByteArray::number(type->sizeInBytes()) + ' ' + text,
+        show(latin1(text), type).toLatin1()};
 }
 
 /// The bits, because "not a number" and -0 count too.
@@ -249,6 +302,72 @@ void tst_NumberOracle::time()
     compare([&pieces](QRandomGenerator &random) -> Round {
         const QByteArray text = anyText(random, pieces);
         return {"T " + text, TimeForm::read(latin1(text)).toLatin1()};
+    });
+}
+
+void tst_NumberOracle::typedDecimal()
+{
+    const QByteArrayList pieces {"1", "25", ".", ",", "-", "e3", " ", "A", " A", "AA", "x"};
+    compare([&pieces](QRandomGenerator &random) -> Round {
+        const QByteArray text = anyText(random, pieces);
+        const bool hasComma = random.bounded(2) == 0;
+        const QString answer = DecimalForm::read(latin1(text), QStringLiteral("A"),
+            hasComma ? QStringLiteral(",") : QStringLiteral("."));
+        return {(hasComma ? "n " : "N ") + text, answer.toLatin1()};
+    });
+}
+
+void tst_NumberOracle::typedChoice()
+{
+    const ParameterTextMap choice = smallChoice();
+    const auto longText = [](const ParameterText &entry) { return entry.longText(); };
+    const QByteArrayList pieces {
+        "Aus", "Drehmoment", "x: y", "3", "-1", ":", " ", "+", "99", "Aus ", "999999999", "x"};
+    compare([&](QRandomGenerator &random) -> Round {
+        const QByteArray text = anyText(random, pieces).left(random.bounded(2) == 0 ? 5 : 60);
+        const std::optional<QString> number = ChoiceForm::readNumber(latin1(text));
+        const QString answer =
+            number ? *number : ChoiceForm::readText(latin1(text), choice, longText);
+        return {"C " + text, answer.toLatin1()};
+    });
+}
+
+void tst_NumberOracle::typedAddress()
+{
+    const QByteArrayList pieces {"1.", "4.", "5.", "E", "Z", "12", "7", "999", "[", "]", "[3]",
+        "[16383]", "[16384]", " ", " Strom", ":5", "-", "e"};
+    compare([&pieces](QRandomGenerator &random) -> Round {
+        QByteArray text = anyText(random, pieces);
+        if (random.bounded(2) == 0)
+            text = "2.E12" + text.left(7);
+        return {"A " + text, AddressForm::read(latin1(text)).toLatin1()};
+    });
+}
+
+void tst_NumberOracle::shownHexadecimal()
+{
+    compare(
+        [](QRandomGenerator &random) { return shownBySize(random, 'h', HexadecimalForm::show); });
+}
+
+void tst_NumberOracle::shownBinary()
+{
+    compare([](QRandomGenerator &random) { return shownBySize(random, 'b', BinaryForm::show); });
+}
+
+void tst_NumberOracle::shownTime()
+{
+    compare([](QRandomGenerator &random) -> Round {
+        const QByteArray text = anyInteger(random);
+        return {"t " + text, TimeForm::show(latin1(text)).toLatin1()};
+    });
+}
+
+void tst_NumberOracle::shownIpv4()
+{
+    compare([](QRandomGenerator &random) -> Round {
+        const QByteArray text = anyInteger(random);
+        return {"i " + text, Ipv4Form::show(latin1(text)).toLatin1()};
     });
 }
 

@@ -1,5 +1,7 @@
 #include "value/SuffixRule.h"
 
+#include "ProcessorTimer.h"
+
 #include <QtCore/QRandomGenerator>
 #include <QtCore/QRegularExpression>
 #include <QtTest/QtTest>
@@ -116,8 +118,7 @@ void tst_SuffixRule::applyIsLinear()
     constexpr qsizetype Megabyte = 1 << 20;
     const QString zeros(Megabyte, QLatin1Char('0'));
     const QString lines(Megabyte, QLatin1Char('\n'));
-    QElapsedTimer timer;
-    timer.start();
+    const ProcessorTimer timer;
     QCOMPARE(SuffixRule::apply(zeros, eFormat::Binary).text.size(), Megabyte);
     QCOMPARE(SuffixRule::apply(lines, eFormat::Binary).text.size(), Megabyte);
     QVERIFY(timer.elapsed() < 100);
