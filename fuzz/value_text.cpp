@@ -118,7 +118,8 @@ double processorSeconds()
 
 bool hasForm(const Input &input)
 {
-    return input.kind >= 0 && input.kind <= Address && (!input.type || input.type->id() != DatatypeProvider::UnformattedId);
+    return input.kind >= 0 && input.kind <= Address
+        && (!input.type || input.type->id() != DatatypeProvider::UnformattedId);
 }
 
 bool hasFormOf(const Input &input, int kind)

@@ -223,10 +223,13 @@ ParameterText CoordinateInstanceSet::unit(
     const ElementFacts *facts = reportedFacts(element, property);
     if (!facts)
         return {};
+    const LifeGuard guard(this);
     const ParameterCoordinate coordinate = m_coordinate;
     const ParameterProperty value = facts->unit(property);
     const MeasuringUnitResolver::Outcome outcome =
         MeasuringUnitResolver::resolve(value, m_container, livingSpace);
+    if (!guard)
+        return {};
     if (outcome.problem == MeasuringUnitResolver::eProblem::Unknown)
         PropertyResolver::report(PropertyResolver::eFault::UnknownValue, property, coordinate);
     if (outcome.problem == MeasuringUnitResolver::eProblem::Inconvertible)

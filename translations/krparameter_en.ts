@@ -1098,14 +1098,16 @@ value when typed in; get says which.
 <context>
     <name>OnlineCommand</name>
     <message>
-        <source>get zeigt Werte des Antriebs, watch folgt ihnen, bis --seconds um sind oder er fort ist.
+        <source>AUFTRAG ist get, set, watch, upload oder download.
+get zeigt Werte des Antriebs, watch folgt ihnen, bis --seconds um sind oder er fort ist.
 set schreibt Paare aus Adresse und Anzeigetext; was vor einem abgewiesenen steht, ist
 geschrieben. upload liest alle Werte und speichert sie in --project, wenn es gegeben ist;
 download schreibt die Werte des Projekts, soweit der Antrieb sie speichert. Was geschrieben
 wird, wird zurückgelesen; was der Antrieb daraus gemacht hat, wird gezeigt (Rückgabewert 1).
 Was nicht gelesen wird, gibt 3, was der Antrieb ablehnt, 4, was verloren geht, 6.
 </source>
-        <translation>get shows values of the drive, watch follows them until --seconds are over or it is gone.
+        <translation>JOB is get, set, watch, upload or download.
+get shows values of the drive, watch follows them until --seconds are over or it is gone.
 set writes pairs of address and display text; what stands before a rejected one has been
 written. upload reads all values and saves them in --project where it is given; download
 writes the values of the project as far as the drive stores them. What is written is read
@@ -1146,8 +1148,8 @@ drive refuses 4, what is lost 6.
         <translation>online %1 does not know the option --seconds</translation>
     </message>
     <message>
-        <source>get|set|watch|upload|download [ADRESSE [WERT]...]</source>
-        <translation>get|set|watch|upload|download [ADDRESS [VALUE]...]</translation>
+        <source>AUFTRAG [ADRESSE [WERT]...]</source>
+        <translation>JOB [ADDRESS [VALUE]...]</translation>
     </message>
     <message>
         <source>mit einem Antrieb über Modbus TCP arbeiten</source>

@@ -36,6 +36,7 @@ constexpr std::array Verbs {
 QString OnlineCommand::details() const
 {
     return tr(
+        "AUFTRAG ist get, set, watch, upload oder download.\n"
         "get zeigt Werte des Antriebs, watch folgt ihnen, bis --seconds um sind oder er fort ist.\n"
         "set schreibt Paare aus Adresse und Anzeigetext; was vor einem abgewiesenen steht, ist\n"
         "geschrieben. upload liest alle Werte und speichert sie in --project, wenn es gegeben "

@@ -12,10 +12,7 @@ class OnlineCommand final : public Command {
 
 public:
     QString name() const override { return QStringLiteral("online"); }
-    QString arguments() const override
-    {
-        return tr("get|set|watch|upload|download [ADRESSE [WERT]...]");
-    }
+    QString arguments() const override { return tr("AUFTRAG [ADRESSE [WERT]...]"); }
     QString summary() const override { return tr("mit einem Antrieb über Modbus TCP arbeiten"); }
     QString details() const override;
     QList<Option> options() const override;
