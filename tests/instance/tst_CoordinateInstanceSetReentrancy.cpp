@@ -669,9 +669,11 @@ void tst_CoordinateInstanceSetReentrancy::endedByTheMissingActiveAxis()
     stand.add(DefinitionBuilder(), u"E13"_s);
     QObject listener;
     connect(System::instance(), &System::messageAdded, &listener, [&] { stand.container.reset(); });
+    stand.messages.expect(SystemMessage::eSeverity::Warning, u"ParameterContainer"_s,
+        u"missing parameter \"E84 active axis\""_s);
     set->valueText(Axis1, 0, true);
-    QCOMPARE(stand.messages.take().size(), 1);
     QVERIFY(!stand.container);
+    QVERIFY(stand.messages.verify());
 }
 
 QTEST_GUILESS_MAIN(tst_CoordinateInstanceSetReentrancy)
