@@ -68,18 +68,11 @@ bool ContainerValues::adopt(
     // A listener may have the next value of the drive stored.
     const ParameterAddress outer = std::exchange(m_adopted, value.address);
     m_hasChanged = false;
-    QString before;
-    if (isInteger(*value.type)) {
-        adoptInteger(value, bytes);
-    } else {
-        before = nativeText(value);
-        m_container.setNativeValueBinary(value.address, bytes, BigEndian, FromDevice);
-    }
-    if (!guard)
-        return true;
-    m_adopted = outer;
-    // "1.50" that became "1.5" is no news.
-    return m_hasChanged && (isInteger(*value.type) || !isSame(value, before, nativeText(value)));
+    const bool hasChanged = isInteger(*value.type) ? adoptInteger(value, bytes, guard)
+                                                   : adoptOther(value, bytes, guard);
+    if (guard)
+        m_adopted = outer;
+    return hasChanged;
 }
 
 bool ContainerValues::isSame(const MappedValue &value, const QString &sent, const QString &kept)
@@ -103,16 +96,30 @@ bool ContainerValues::isSame(const MappedValue &value, const QString &sent, cons
 }
 
 // Most of what a drive has are integers; they take the shorter of two ways that lead to the same.
-void ContainerValues::adoptInteger(const MappedValue &value, const QByteArray &bytes)
+bool ContainerValues::adoptInteger(
+    const MappedValue &value, const QByteArray &bytes, const QPointer<QObject> &guard)
 {
     const ValuePlace &place = value.place;
     if (!m_parameter || m_coordinate != place.coordinate) {
         m_parameter = m_container.parameterSetup(place.coordinate);
         m_coordinate = place.coordinate;
     }
-    if (m_parameter)
-        m_parameter->setOnlineValueText(
-            place.livingSpace, place.element, integerText(*value.type, bytes));
+    if (!m_parameter)
+        return false;
+    m_parameter->setOnlineValueText(
+        place.livingSpace, place.element, integerText(*value.type, bytes));
+    return guard && m_hasChanged;
+}
+
+bool ContainerValues::adoptOther(
+    const MappedValue &value, const QByteArray &bytes, const QPointer<QObject> &guard)
+{
+    // A listener may end the run, and the map that has the value with it.
+    const MappedValue copy = value;
+    const QString before = nativeText(copy);
+    m_container.setNativeValueBinary(copy.address, bytes, BigEndian, FromDevice);
+    // "1.50" that became "1.5" is no news.
+    return guard && m_hasChanged && !isSame(copy, before, nativeText(copy));
 }
 
 void ContainerValues::onChanged(const ParameterAddress &address)

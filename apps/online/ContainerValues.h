@@ -25,7 +25,7 @@ public:
     /// Empty where the container has the value no more.
     QList<quint16> registers(const MappedValue &value) const;
     /// Stores what the drive has. True when it means something else than before. A listener may delete this;
-    /// `guard` holds it, or what owns it.
+    /// `guard` holds it, or what owns it. The value may go meanwhile.
     bool adopt(const MappedValue &value, const QByteArray &bytes, const QPointer<QObject> &guard);
     /// Whether both native texts mean the same to a drive: numbers by value, byte strings without
     /// case and with zero bytes behind.
@@ -36,7 +36,10 @@ Q_SIGNALS:
     void changedHere(const ParameterAddress &address);
 
 private:
-    void adoptInteger(const MappedValue &value, const QByteArray &bytes);
+    bool adoptInteger(
+        const MappedValue &value, const QByteArray &bytes, const QPointer<QObject> &guard);
+    bool adoptOther(
+        const MappedValue &value, const QByteArray &bytes, const QPointer<QObject> &guard);
     void onChanged(const ParameterAddress &address);
 
     ParameterContainer &m_container;

@@ -165,7 +165,9 @@ OnlineAnswer ModbusTcpLink::answerOf(const QModbusReply &reply)
         return {OnlineAnswer::eKind::Good, reply.result().values(), {}};
     if (reply.error() != QModbusDevice::ProtocolError)
         return {OnlineAnswer::eKind::Lost, {}, tr("unlesbare Antwort")};
-    const QModbusPdu::ExceptionCode code = reply.rawResult().exceptionCode();
+    // Asked in the module's way, the code of a response that came over the line is no valid enumerator.
+    const QByteArray data = reply.rawResult().data();
+    const auto code = QModbusPdu::ExceptionCode(data.isEmpty() ? 0 : quint8(data.front()));
     if (code == QModbusPdu::ServerDeviceBusy)
         return {OnlineAnswer::eKind::Busy, {}, tr("der Antrieb ist beschäftigt")};
     return {OnlineAnswer::eKind::Refused, {}, refusalText(code)};

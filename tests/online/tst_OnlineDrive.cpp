@@ -130,11 +130,12 @@ struct Setting {
     std::unique_ptr<DriveProject> project;
     ParameterContainer &container;
     DriveProcess drive;
-    std::unique_ptr<OnlineSession> session;
     bool isUp = false;
     int reports = 0;
     QStringList losses;
     QStringList failures;
+    /// Goes first: it tells of its end.
+    std::unique_ptr<OnlineSession> session;
 };
 
 struct LargeSetting : Setting {
