@@ -2,7 +2,7 @@
 // number, and reading a shown value with its unit through the container.
 
 #include "BenchmarkDevice.h"
-#include "RatioReporter.h"
+#include "Measurement.h"
 #include "value/BinaryForm.h"
 #include "value/ChoiceForm.h"
 #include "value/DecimalForm.h"
@@ -18,16 +18,12 @@
 
 #include <array>
 #include <charconv>
-#include <ctime>
 #include <functional>
 
 namespace {
 
 /// So few that the texts stay in the cache: the forms are measured, not the memory.
 constexpr int Count = 1000;
-constexpr int Rounds = 9;
-/// Of one repetition.
-constexpr double MinimumSeconds = 0.02;
 constexpr double ContainerBound = 4.0;
 
 constexpr SimpleType Signed32(3, SimpleType::SignedInteger, 4, "Signed 32 bit", "INT32");
@@ -37,14 +33,6 @@ constexpr SimpleType Double(10, SimpleType::FloatingPoint, 8, "Floating point 64
 
 const QString Point = QStringLiteral(".");
 const QString Unit = QStringLiteral("A");
-
-/// Processor time of this thread: the ratios hold on a busy machine too.
-double now()
-{
-    timespec time {};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return double(time.tv_sec) + double(time.tv_nsec) * 1e-9;
-}
 
 // The numbers of a series.
 
@@ -250,24 +238,19 @@ constexpr std::array Forms {
         readChoiceText, true},
 };
 
-/// Runs `work` for each of the series and sums up what it answers.
-void measure(benchmark::State &state, const std::function<double()> &work)
+/// Measures `work` over the whole series; what it answers depends on all of it and is never 0.
+void measureSeries(benchmark::State &state, const std::function<double()> &work)
 {
     double sum = 0.0;
-    for ([[maybe_unused]] const auto &round : state) {
-        const double start = now();
-        sum += work();
-        state.SetIterationTime(now() - start);
-    }
-    state.SetItemsProcessed(state.iterations() * Count);
-    if (sum == 0.0)
-        state.SkipWithError("wrong result");
+    measure(
+        state, Count, [] {}, [&] { sum += work(); });
+    check(state, sum != 0.0);
 }
 
 void showBare(benchmark::State &state, const Form &form)
 {
     std::array<char, 64> buffer;
-    measure(state, [&] {
+    measureSeries(state, [&] {
         double length = 0.0;
         for (int i = 0; i < Count; ++i) {
             length += double(form.print(i, buffer.data(), buffer.data() + buffer.size()));
@@ -283,7 +266,7 @@ void showForm(benchmark::State &state, const Form &form)
     QStringList valueTexts;
     for (int i = 0; i < Count; ++i)
         valueTexts.append(form.valueText(i));
-    measure(state, [&] {
+    measureSeries(state, [&] {
         double length = 0.0;
         for (const QString &valueText : std::as_const(valueTexts))
             length += double(form.show(valueText).size());
@@ -299,7 +282,7 @@ void readBare(benchmark::State &state, const Form &form)
         const qsizetype size = form.print(i, buffer.data(), buffer.data() + buffer.size());
         numbers.emplace_back(buffer.data(), size_t(size));
     }
-    measure(state, [&] {
+    measureSeries(state, [&] {
         double sum = 0.0;
         for (const std::string &number : numbers)
             sum += form.parse(number.data(), number.data() + number.size());
@@ -312,7 +295,7 @@ void readForm(benchmark::State &state, const Form &form)
     QStringList shown;
     for (int i = 0; i < Count; ++i)
         shown.append(form.show(form.valueText(i)));
-    measure(state, [&] {
+    measureSeries(state, [&] {
         double length = 0.0;
         for (const QString &text : std::as_const(shown))
             length += double(form.read(text).value_or(QString()).size());
@@ -338,7 +321,7 @@ void containerBare(benchmark::State &state)
     std::vector<double> values;
     for (int i = 0; i < Count; ++i)
         values.push_back(typedAt(i));
-    measure(state, [&] {
+    measureSeries(state, [&] {
         double length = 0.0;
         std::array<char, 64> buffer;
         for (const double value : values) {
@@ -363,7 +346,7 @@ void containerRead(benchmark::State &state)
             container.writeValue(
                 eLivingSpace(axis), coordinate, 0, QString::number(typedAt(i++), 'f', 2));
     }
-    measure(state, [&] {
+    measureSeries(state, [&] {
         double length = 0.0;
         for (const ParameterCoordinate &coordinate : device().coordinates()) {
             for (int axis = 1; axis <= BenchmarkDevice::AxisCount; ++axis)
@@ -374,16 +357,7 @@ void containerRead(benchmark::State &state)
     });
     const QString second =
         container.readValue(eLivingSpace::Axis2, device().coordinates().first(), 0, true);
-    if (second != QLatin1String("10.07 A"))
-        state.SkipWithError("wrong result");
-}
-
-void add(const std::string &name, const std::function<void(benchmark::State &)> &function)
-{
-    benchmark::RegisterBenchmark((name + '/' + std::to_string(Count)).c_str(), function)
-        ->UseManualTime()
-        ->Unit(benchmark::kMicrosecond)
-        ->MinTime(MinimumSeconds);
+    check(state, second == QLatin1String("10.07 A"));
 }
 
 } // namespace
@@ -391,32 +365,20 @@ void add(const std::string &name, const std::function<void(benchmark::State &)> 
 int main(int argc, char **argv)
 {
     QCoreApplication application(argc, argv);
-    std::vector<char *> arguments(argv, argv + argc);
-    std::string repetitions = "--benchmark_repetitions=" + std::to_string(Rounds);
-    std::string interleaving = "--benchmark_enable_random_interleaving=true";
-    arguments.insert(arguments.begin() + 1, {repetitions.data(), interleaving.data()});
-    int count = int(arguments.size());
-    benchmark::Initialize(&count, arguments.data());
-
     for (const Form &form : Forms) {
         const std::string name = form.name;
         const auto with = [&form](void (*function)(benchmark::State &, const Form &)) {
             return [&form, function](benchmark::State &state) { function(state, form); };
         };
         if (!form.isOnlyRead) {
-            add("show-" + name + "/limit", with(showBare));
-            add("show-" + name + "/library", with(showForm));
+            add("show-" + name + "/limit", Count, with(showBare));
+            add("show-" + name + "/library", Count, with(showForm));
         }
-        add("read-" + name + "/limit", with(readBare));
-        add("read-" + name + "/library", with(readForm));
+        add("read-" + name + "/limit", Count, with(readBare));
+        add("read-" + name + "/library", Count, with(readForm));
     }
     // The limit builds the string as well.
-    add("container-read/limit", containerBare);
-    add("container-read/library", containerRead);
-
-    RatioReporter reporter;
-    reporter.setBound("container-read", ContainerBound);
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    reporter.printRatios(Count);
-    return 0;
+    add("container-read/limit", Count, containerBare);
+    add("container-read/library", Count, containerRead);
+    return runPairs(argc, argv, Count, {{"container-read", ContainerBound}});
 }
