@@ -201,10 +201,11 @@ private:
     ParameterInstanceData *record(eLivingSpace livingSpace, quint16 element) const;
     /// Null, and **reported**, where the element lacks the property; silent for no element.
     const ElementFacts *reportedFacts(quint16 element, eParameterProperty property) const;
-    QString storedValueText(eLivingSpace livingSpace, quint16 element) const;
-    QString prepared(eLivingSpace livingSpace, quint16 element, bool withUnit) const;
-    QString prepare(const QString &valueText, eLivingSpace livingSpace, quint16 element,
-        bool withUnit, bool *ok) const;
+    QString storedValueText(const Guard &guard, eLivingSpace livingSpace, quint16 element) const;
+    QString prepared(
+        const Guard &guard, eLivingSpace livingSpace, quint16 element, bool withUnit) const;
+    QString prepare(const Guard &guard, const QString &valueText, eLivingSpace livingSpace,
+        quint16 element, bool withUnit, bool *ok) const;
     QString unitText(eParameterProperty property, eLivingSpace livingSpace, quint16 element) const;
     ParameterText unit(
         eParameterProperty property, eLivingSpace livingSpace, quint16 element) const;

@@ -19,8 +19,8 @@ constexpr int NoStorage = 1;
 QString CoordinateInstanceSet::displayValueText(
     eLivingSpace livingSpace, quint16 element, bool withUnit) const
 {
-    const LifeGuard guard(this);
-    const QString text = prepared(livingSpace, element, withUnit);
+    const Guard guard(this);
+    const QString text = prepared(guard, livingSpace, element, withUnit);
     if (!has(guard, element) || !record(livingSpace, element) || m_container->isOnline()
         || m_container->isReadOnly())
         return text;
@@ -36,24 +36,23 @@ QString CoordinateInstanceSet::displayValueText(
 }
 
 /// The stored value in the scaled unit; empty when the firmware's functions removed the element.
-QString CoordinateInstanceSet::storedValueText(eLivingSpace livingSpace, quint16 element) const
+QString CoordinateInstanceSet::storedValueText(
+    const Guard &guard, eLivingSpace livingSpace, quint16 element) const
 {
     ParameterInstanceData *found = record(livingSpace, element);
     if (!found)
         return {};
-    const LifeGuard guard(this);
     const QString native = found->value(element);
     return has(guard, element) ? found->toValueText(element, native) : QString();
 }
 
 /// The display text of the stored value.
 QString CoordinateInstanceSet::prepared(
-    eLivingSpace livingSpace, quint16 element, bool withUnit) const
+    const Guard &guard, eLivingSpace livingSpace, quint16 element, bool withUnit) const
 {
-    const LifeGuard guard(this);
-    const QString text = storedValueText(livingSpace, element);
+    const QString text = storedValueText(guard, livingSpace, element);
     return !text.isEmpty() && has(guard, element)
-        ? prepare(text, livingSpace, element, withUnit, nullptr)
+        ? prepare(guard, text, livingSpace, element, withUnit, nullptr)
         : QString();
 }
 
@@ -63,7 +62,7 @@ QString CoordinateInstanceSet::nativeValueText(
     ParameterInstanceData *found = record(livingSpace, element);
     if (!found)
         return {};
-    const LifeGuard guard(this);
+    const Guard guard(this);
     const QString text = found->value(element);
     return withUnit && has(guard, element)
         ? this->withUnit(text, eParameterProperty::NativeMeasuringUnit, livingSpace, element)
@@ -73,8 +72,8 @@ QString CoordinateInstanceSet::nativeValueText(
 QString CoordinateInstanceSet::valueText(
     eLivingSpace livingSpace, quint16 element, bool withUnit) const
 {
-    const LifeGuard guard(this);
-    const QString text = storedValueText(livingSpace, element);
+    const Guard guard(this);
+    const QString text = storedValueText(guard, livingSpace, element);
     return withUnit && has(guard, element)
         ? this->withUnit(text, eParameterProperty::ScaledMeasuringUnit, livingSpace, element)
         : text;
@@ -83,16 +82,16 @@ QString CoordinateInstanceSet::valueText(
 QString CoordinateInstanceSet::preparedValueText(
     eLivingSpace livingSpace, quint16 element, bool withUnit) const
 {
-    const LifeGuard guard(this);
+    const Guard guard(this);
     if (!record(livingSpace, element) || memoryAllocation(element) == NoStorage || !guard)
         return {};
-    return prepared(livingSpace, element, withUnit);
+    return prepared(guard, livingSpace, element, withUnit);
 }
 
 QString CoordinateInstanceSet::unconvertedNativeValueText(
     eLivingSpace livingSpace, quint16 element, bool withUnit) const
 {
-    const LifeGuard guard(this);
+    const Guard guard(this);
     if (!record(livingSpace, element) || memoryAllocation(element) == NoStorage || !guard)
         return {};
     return nativeValueText(livingSpace, element, withUnit);
@@ -107,8 +106,8 @@ QString CoordinateInstanceSet::unconvertedValueText(
 QString CoordinateInstanceSet::formattedValueText(
     eLivingSpace livingSpace, quint16 element, int kind) const
 {
-    const LifeGuard guard(this);
-    const QString text = storedValueText(livingSpace, element);
+    const Guard guard(this);
+    const QString text = storedValueText(guard, livingSpace, element);
     if (!has(guard, element))
         return {};
     return ValueTextConverter(*this).format(text, livingSpace, element, kind);
@@ -117,7 +116,7 @@ QString CoordinateInstanceSet::formattedValueText(
 QString CoordinateInstanceSet::formattedNativeValueText(
     eLivingSpace livingSpace, quint16 element, int kind, bool withUnit) const
 {
-    const LifeGuard guard(this);
+    const Guard guard(this);
     const QString native = nativeValueText(livingSpace, element, false);
     if (!has(guard, element))
         return {};
@@ -135,16 +134,15 @@ QString CoordinateInstanceSet::prepareValueText(const QString &valueText, eLivin
     if (!m_elements.contains(element) || valueText.isEmpty())
         return {};
     if (record(livingSpace, element))
-        return prepare(valueText, livingSpace, element, withUnit, ok);
+        return prepare(Guard(this), valueText, livingSpace, element, withUnit, ok);
     if (ok)
         *ok = true;
     return valueText;
 }
 
-QString CoordinateInstanceSet::prepare(const QString &valueText, eLivingSpace livingSpace,
-    quint16 element, bool withUnit, bool *ok) const
+QString CoordinateInstanceSet::prepare(const Guard &guard, const QString &valueText,
+    eLivingSpace livingSpace, quint16 element, bool withUnit, bool *ok) const
 {
-    const LifeGuard guard(this);
     const QString unitText = withUnit
         ? this->unitText(eParameterProperty::ScaledMeasuringUnit, livingSpace, element)
         : QString();
@@ -167,7 +165,7 @@ QString CoordinateInstanceSet::adoptValueText(
         *ok = m_elements.contains(element);
     if (!m_elements.contains(element))
         return {};
-    const LifeGuard guard(this);
+    const Guard guard(this);
     const QString unitText =
         m_properties.facts(element).has(eParameterProperty::ScaledMeasuringUnit)
         ? this->unitText(eParameterProperty::ScaledMeasuringUnit, livingSpace, element)
@@ -223,7 +221,7 @@ ParameterText CoordinateInstanceSet::unit(
     const ElementFacts *facts = reportedFacts(element, property);
     if (!facts)
         return {};
-    const LifeGuard guard(this);
+    const Guard guard(this);
     const ParameterCoordinate coordinate = m_coordinate;
     const ParameterProperty value = facts->unit(property);
     const MeasuringUnitResolver::Outcome outcome =
@@ -273,7 +271,7 @@ QString CoordinateInstanceSet::limitText(
     const ParameterInstanceData *found = record(livingSpace, element);
     if (!found)
         return {};
-    const LifeGuard guard(this);
+    const Guard guard(this);
     const bool isMasked = writeLevel(element) >= AccessRules::MaskedWriteLevel && guard
         && memoryAllocation(element) == NoStorage;
     if (isMasked || !has(guard, element))
@@ -285,7 +283,7 @@ QString CoordinateInstanceSet::limitText(
 bool CoordinateInstanceSet::isValueTextAcceptable(
     eLivingSpace livingSpace, quint16 element, const QString &displayText) const
 {
-    const LifeGuard guard(this);
+    const Guard guard(this);
     bool ok = false;
     const QString adopted = adoptValueText(displayText, livingSpace, element, &ok);
     ParameterInstanceData *found = ok && guard ? record(livingSpace, element) : nullptr;
@@ -315,7 +313,7 @@ QString CoordinateInstanceSet::defaultValueText(eLivingSpace livingSpace, quint1
     ParameterInstanceData *found = record(livingSpace, element);
     if (!found)
         return {};
-    const LifeGuard guard(this);
+    const Guard guard(this);
     const QString native = found->defaultValue(element);
     return has(guard, element) ? found->toValueText(element, native) : QString();
 }

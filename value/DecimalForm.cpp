@@ -5,9 +5,11 @@
 #include <KrDatatype/SimpleType.h>
 
 #include <QtCore/QLocale>
+#include <QtCore/QStringBuilder>
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace {
 
@@ -75,28 +77,49 @@ double numberOf(const QString &valueText, const QString &decimalPoint)
     return NumberText::toDouble(QString(valueText).replace(decimalPoint, QString(Point)));
 }
 
-/// Appends a plain decimal of few digits with zeros up to the precision: what reading it as a double
-/// and printing that gives, because a double carries fifteen digits unchanged. False, with nothing
-/// appended, for every other text.
-bool appendPadded(QString &out, QStringView text, int precision)
+/// A plain decimal of few digits, in parts.
+struct PlainDecimal {
+    /// With the sign.
+    QStringView whole;
+    QStringView behind;
+    bool hasPoint = false;
+};
+
+bool areDigits(QStringView text)
 {
-    const QStringView digits = text.startsWith(QLatin1Char('-')) ? text.sliced(1) : text;
-    const qsizetype point = digits.indexOf(Point);
-    const qsizetype whole = point < 0 ? digits.size() : point;
-    const qsizetype behind = point < 0 ? 0 : digits.size() - point - 1;
-    const bool isShort = precision >= 0 && behind <= precision && whole > 0
-        && whole + precision <= DigitsOfDouble && (point < 0 || behind > 0)
-        && (whole == 1 || digits.front() != QLatin1Char('0'));
-    const auto isDigit = [](QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); };
-    if (!isShort || !std::all_of(digits.begin(), digits.begin() + whole, isDigit)
-        || !std::all_of(digits.end() - behind, digits.end(), isDigit))
-        return false;
-    out.append(text);
-    if (point < 0 && precision > 0)
-        out.append(Point);
-    for (qsizetype place = behind; place < precision; ++place)
-        out.append(QLatin1Char('0'));
-    return true;
+    return std::all_of(text.begin(), text.end(),
+        [](QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); });
+}
+
+/// Empty unless the text, with zeros up to the precision, is what reading it as a double and printing
+/// that gives: a double carries fifteen digits unchanged.
+std::optional<PlainDecimal> plainDecimal(QStringView text, int precision)
+{
+    qsizetype point = 0;
+    while (point < text.size() && text[point] != Point)
+        ++point;
+    PlainDecimal parts {text.first(point), {}, point < text.size()};
+    if (parts.hasPoint)
+        parts.behind = text.sliced(point + 1);
+    const QStringView digits =
+        parts.whole.startsWith(QLatin1Char('-')) ? parts.whole.sliced(1) : parts.whole;
+    const bool isShort = precision >= 0 && parts.behind.size() <= precision && !digits.isEmpty()
+        && digits.size() + precision <= DigitsOfDouble && parts.hasPoint == !parts.behind.isEmpty()
+        && (digits.size() == 1 || digits.front() != QLatin1Char('0'));
+    if (!isShort || !areDigits(digits) || !areDigits(parts.behind))
+        return std::nullopt;
+    return parts;
+}
+
+/// One allocation: this is what most reads end in.
+QString padded(
+    const PlainDecimal &number, int precision, QStringView decimalPoint, QStringView unit)
+{
+    static constexpr QStringView Zeros = u"000000000000000";
+    static_assert(Zeros.size() == DigitsOfDouble);
+    return number.whole % (precision > 0 ? decimalPoint : QStringView()) % number.behind
+        % Zeros.first(precision - number.behind.size()) % (unit.isEmpty() ? QStringView() : u" ")
+        % unit;
 }
 
 /// `out` is empty.
@@ -143,13 +166,17 @@ QString DecimalForm::show(const QString &valueText, const SimpleType *type, cons
 {
     if (!type)
         return {};
+    if (type->kind() != SimpleType::FloatingPoint) {
+        if (const std::optional<PlainDecimal> number = plainDecimal(valueText, places.behind))
+            return padded(*number, places.behind, decimalPoint, unit);
+    }
     QString text;
     text.reserve(UsualSize + unit.size());
     // Deliberate: a 64-bit integer goes through a double too and keeps 53 bits.
     if (type->kind() == SimpleType::FloatingPoint)
         appendFloatingPoint(
             text, numberOf(valueText, decimalPoint), type->sizeInBytes() == SizeOfDouble, places);
-    else if (!appendPadded(text, valueText, places.behind))
+    else
         NumberText::appendFixed(text, numberOf(valueText, decimalPoint), places.behind);
     if (decimalPoint != Point)
         text.replace(Point, decimalPoint);

@@ -12,7 +12,7 @@ public:
     /// **Owner** the caller; the object is only compared, never touched.
     explicit LifeGuard(const void *object)
         : m_object(object)
-        , m_first(dead.size())
+        , m_deathsBefore(deaths)
     {
         ++standing;
     }
@@ -26,13 +26,15 @@ public:
 
     /// What was given; dangling once the guard is false.
     const void *object() const { return m_object; }
-    explicit operator bool() const { return dead.size() == m_first || !hasDied(); }
+    explicit operator bool() const { return deaths == m_deathsBefore || !hasDied(); }
 
     /// To be called by the destructor of a watched object.
     static void died(const void *object)
     {
-        if (standing > 0)
-            dead.push_back(object);
+        if (standing == 0)
+            return;
+        dead.push_back(object);
+        ++deaths;
     }
 
 private:
@@ -40,8 +42,10 @@ private:
 
     static int standing;
     static std::vector<const void *> dead;
+    /// Noted since the program started; of these the last are in `dead`.
+    static std::size_t deaths;
 
     const void *m_object;
     /// Objects noted before this guard stood are others, whatever their address.
-    std::size_t m_first;
+    std::size_t m_deathsBefore;
 };
