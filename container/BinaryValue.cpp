@@ -81,9 +81,9 @@ QString BinaryValue::unpack(const QByteArray &bytes, const SimpleType &type, eBy
     const ByteArraySupport support(order, field);
     switch (type.kind()) {
     case SimpleType::SignedInteger:
-        return QString::number(support.signedInteger(size));
+        return NumberText::integer(support.signedInteger(size));
     case SimpleType::UnsignedInteger:
-        return QString::number(support.unsignedInteger(size));
+        return NumberText::integer(support.unsignedInteger(size));
     case SimpleType::FloatingPoint:
         return size == sizeof(double) ? NumberText::shortest(support.toDouble())
                                       : NumberText::shortest(support.toFloat());

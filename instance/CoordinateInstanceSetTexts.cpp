@@ -3,6 +3,7 @@
 #include "instance/CoordinateInstanceSet.h"
 
 #include "instance/MeasuringUnitResolver.h"
+#include "value/DisplayForms.h"
 #include "value/RejectionReport.h"
 #include "value/ValueTextConverter.h"
 
@@ -143,7 +144,7 @@ QString CoordinateInstanceSet::prepareValueText(const QString &valueText, eLivin
 QString CoordinateInstanceSet::prepare(const Guard &guard, const QString &valueText,
     eLivingSpace livingSpace, quint16 element, bool withUnit, bool *ok) const
 {
-    const QString unitText = withUnit
+    const QString unitText = withUnit && DisplayForms::showsUnit(m_properties.facts(element).kind)
         ? this->unitText(eParameterProperty::ScaledMeasuringUnit, livingSpace, element)
         : QString();
     if (!has(guard, element))
@@ -168,6 +169,7 @@ QString CoordinateInstanceSet::adoptValueText(
     const Guard guard(this);
     const QString unitText =
         m_properties.facts(element).has(eParameterProperty::ScaledMeasuringUnit)
+            && DisplayForms::readsUnit(m_properties.facts(element).kind)
         ? this->unitText(eParameterProperty::ScaledMeasuringUnit, livingSpace, element)
         : QString();
     if (!has(guard, element)) {

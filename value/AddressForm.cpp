@@ -33,5 +33,5 @@ QString AddressForm::read(const QString &text)
     // A bit plays no part in the number, so the text of one would lose it.
     if (!address.isValid() || address.hasBit())
         return text;
-    return QString::number(address.toNumber());
+    return NumberText::integer(quint64(address.toNumber()));
 }

@@ -39,9 +39,9 @@ std::optional<QString> ChoiceForm::readNumber(const QString &text)
     const qsizetype colon = text.indexOf(QLatin1Char(':'));
     const QStringView number = QStringView(text).first(colon < 0 ? text.size() : colon);
     if (const std::optional<qint64> value = NumberText::toInteger(number))
-        return QString::number(*value);
+        return NumberText::integer(*value);
     if (const std::optional<quint64> value = NumberText::toUnsigned(number))
-        return QString::number(*value);
+        return NumberText::integer(*value);
     return {};
 }
 
@@ -54,7 +54,7 @@ QString ChoiceForm::readText(
     const QList<qint32> keys = choice.keys();
     for (const qint32 key : keys) {
         if (QStringView(entryText(choice.text(key))).trimmed() == typed)
-            return QString::number(key);
+            return NumberText::integer(qint64(key));
     }
     return text;
 }

@@ -1,5 +1,7 @@
 #include "value/DigitText.h"
 
+#include "value/NumberText.h"
+
 #include <KrDatatype/SimpleType.h>
 
 namespace {
@@ -50,5 +52,5 @@ std::optional<QString> DigitText::toDecimal(
     // Deliberate: the bits are those of 64, so the text of a negative value of 8 to 32 bits reads
     // back as an unsigned number, which the firmware refuses.
     const bool isSigned = type && type->kind() == SimpleType::SignedInteger;
-    return isSigned ? QString::number(qint64(value)) : QString::number(value);
+    return isSigned ? NumberText::integer(qint64(value)) : NumberText::integer(value);
 }

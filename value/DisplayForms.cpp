@@ -99,8 +99,9 @@ QString showAddress(const QString &valueText, const Value &value)
         return valueText;
     const bool withElement =
         named->isRecordParameter() || named->elementCount() > 1 || address->element() != 0;
-    return AddressForm::show(
-        address->toText(named->isGlobalParameter(), withElement), named->name().longText());
+    // An axis in the address of a global parameter is shown: the text reads back as the same number.
+    const bool isWithoutAxis = named->isGlobalParameter() && address->axis() == 0;
+    return AddressForm::show(address->toText(isWithoutAxis, withElement), named->name().longText());
 }
 
 /// Decimal, hexadecimal and binary parameters take each other's texts by their suffix.
@@ -193,6 +194,25 @@ bool isNumber(const SimpleType *type)
 bool DisplayForms::isChoice(int kind)
 {
     return formOf(kind).show == showChoice;
+}
+
+bool DisplayForms::showsNumbers(int kind, const SimpleType *type)
+{
+    const auto show = formOf(kind).show;
+    return isNumber(type)
+        && (show == showDecimal || show == showHexadecimal || show == showBinary || show == showTime
+            || show == showIpv4);
+}
+
+bool DisplayForms::showsUnit(int kind)
+{
+    return formOf(kind).show == showDecimal;
+}
+
+bool DisplayForms::readsUnit(int kind)
+{
+    const auto show = formOf(kind).show;
+    return show == showDecimal || show == showHexadecimal || show == showBinary;
 }
 
 QString DisplayForms::show(int kind, const QString &valueText, const Place &place)

@@ -11,6 +11,7 @@
 
 class ParameterInformation;
 class ParameterText;
+class SimpleType;
 
 /// The display form of every parameter kind: the one table from the kind to its printing and
 /// parsing.
@@ -31,6 +32,14 @@ struct Place {
 
 /// Whether values of the kind are numbers that stand for texts.
 bool isChoice(int kind);
+
+/// Whether the form shows texts of the type as a number. A text that is none would show as another
+/// value, because forms count it as 0.
+bool showsNumbers(int kind, const SimpleType *type);
+
+/// Whether display texts of the kind end in the scaled unit; whether typed ones may.
+bool showsUnit(int kind);
+bool readsUnit(int kind);
 
 /// Value text to display text. An unknown kind, one without form and the data type that is never
 /// formatted: the value text as it stands.

@@ -62,5 +62,5 @@ std::optional<QString> Ipv4Form::read(const QString &text)
         value |= *part << shift;
     }
     // Deliberate: only the start is looked at; what follows the fourth part is not read.
-    return QString::number(value);
+    return NumberText::integer(quint64(value));
 }

@@ -17,6 +17,8 @@ constexpr size_t PrintedSize =
 /// Far beyond the exponent of any double, small enough to add the digits of any text to it.
 constexpr qint64 HugeExponent = std::numeric_limits<qint64>::max() / 4;
 constexpr qint64 BitsOfHexadecimalDigit = 4;
+/// Digits and a sign.
+constexpr size_t LongestInteger = std::numeric_limits<quint64>::digits10 + 2;
 
 using Latin1Buffer = QVarLengthArray<char, 128>;
 
@@ -173,7 +175,29 @@ QString shortestOf(Number value)
     return QString::fromLatin1(buffer.data(), printed.ptr - buffer.data());
 }
 
+template <typename Integer>
+QLatin1StringView integerText(Integer value, std::array<char, LongestInteger> &buffer)
+{
+    const char *end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
+    return QLatin1StringView(buffer.data(), end);
+}
+
 } // namespace
+
+bool NumberText::isNumber(QStringView text)
+{
+    text = withoutSpaces(text);
+    Latin1Buffer buffer;
+    copyNumberCharacters(text, buffer);
+    std::string_view number(buffer.data(), size_t(buffer.size()));
+    takeSign(number);
+    if (buffer.size() != text.size() || number.empty() || number.front() == '-')
+        return false;
+    double value = 0.0;
+    const char *const last = number.data() + number.size();
+    const auto [end, error] = std::from_chars(number.data(), last, value);
+    return error != std::errc::invalid_argument && end == last;
+}
 
 double NumberText::toDouble(QStringView text)
 {
@@ -215,9 +239,20 @@ QString NumberText::shortest(float value)
 
 void NumberText::appendInteger(QString &out, qint64 value)
 {
-    std::array<char, std::numeric_limits<qint64>::digits10 + 2> buffer;
-    const auto printed = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
-    appendPrinted(out, buffer.data(), printed.ptr);
+    std::array<char, LongestInteger> buffer;
+    out.append(integerText(value, buffer));
+}
+
+QString NumberText::integer(qint64 value)
+{
+    std::array<char, LongestInteger> buffer;
+    return integerText(value, buffer);
+}
+
+QString NumberText::integer(quint64 value)
+{
+    std::array<char, LongestInteger> buffer;
+    return integerText(value, buffer);
 }
 
 std::optional<qint64> NumberText::toInteger(QStringView text)

@@ -13,6 +13,9 @@ constexpr int MaximumPrecision = 1100;
 /// Of a negative precision.
 constexpr int DefaultPrecision = 6;
 
+/// Whether the whole text, blanks around it apart, is one decimal number; "inf" and "nan" are.
+bool isNumber(QStringView text);
+
 /// Reads like C `strtod` in the "C" locale: leading blanks, a sign, then the longest start that is
 /// a decimal number, a hexadecimal one ("0x1.8p3"), "inf", "infinity" or "nan"; 0 where there is
 /// none. Beyond the range the result is infinite, below it 0.
@@ -31,6 +34,8 @@ QString shortest(float value);
 
 /// Appends the number in decimal.
 void appendInteger(QString &out, qint64 value);
+QString integer(qint64 value);
+QString integer(quint64 value);
 
 /// A whole text that is one decimal integer, blanks around it allowed; empty for any other text and
 /// for a number beyond 64 bits.

@@ -1,5 +1,7 @@
 #include "value/ParameterInstanceData.h"
 
+#include "value/DisplayForms.h"
+#include "value/NumberText.h"
 #include "value/PropertyResolver.h"
 #include "value/RejectionReport.h"
 #include "value/ValueTextConverter.h"
@@ -26,16 +28,6 @@
 namespace {
 
 quint32 lastSerialNumber = 0;
-
-/// The parameter kind that is shown as a decimal number.
-constexpr qint32 DecimalKind = 0;
-
-bool isNumber(const QString &text)
-{
-    bool isOne = false;
-    [[maybe_unused]] const double number = text.toDouble(&isOne);
-    return isOne;
-}
 
 /// A stored text is never null, so that null means "not there".
 QString stored(const QString &text)
@@ -342,9 +334,9 @@ void ParameterInstanceData::reportRejection(
     if (!owner)
         return;
     // A text that is no number has no display form of a number: it is named as it was typed.
-    const bool isNumberExpected = facts(element).kind == DecimalKind && facts(element).type
-        && facts(element).type->kind() <= SimpleType::FloatingPoint;
-    const QString shown = isNumberExpected && !isNumber(valueText)
+    const bool isNumberExpected =
+        DisplayForms::showsNumbers(facts(element).kind, facts(element).type);
+    const QString shown = isNumberExpected && !NumberText::isNumber(valueText)
         ? valueText
         : owner->prepareValueText(valueText, livingSpace(), element, true, nullptr);
     if (!owner || !elements().contains(element))
@@ -469,7 +461,10 @@ void ParameterInstanceData::correctUntagged(
                     .arg(m_owner->coordinate().toText()));
         }
     };
-    if (valueChangeTag(element).isEmpty()) {
+    // Asked first: reading the value may fill in the default with its tag.
+    const bool isValueTagged = !valueChangeTag(element).isEmpty();
+    const bool isDefaultTagged = !defaultValueChangeTag(element).isEmpty();
+    if (!isValueTagged) {
         if (differs(value(element))) {
             owner->setNativeValue(livingSpace(), element, expectedValueText);
             report(QT_TRANSLATE_NOOP("ParameterInstanceData", "Wert von Parameter %1 korrigiert!"));
@@ -477,7 +472,7 @@ void ParameterInstanceData::correctUntagged(
         if (isThere())
             setValueChangeTag(element, tag);
     }
-    if (!isThere() || !defaultValueChangeTag(element).isEmpty())
+    if (!isThere() || isDefaultTagged)
         return;
     if (differs(defaultValue(element))) {
         owner->setDefaultNativeValue(livingSpace(), element, expectedValueText);

@@ -68,5 +68,6 @@ QString TimeForm::read(QStringView text)
     const quint32 seconds = takePart(text, SixtiesDigits, u's');
     minutes += seconds / 60;
     hours += minutes / 60;
-    return QString::number(hours << HoursShift | minutes % 60 << MinutesShift | seconds % 60);
+    return NumberText::integer(
+        quint64(hours << HoursShift | minutes % 60 << MinutesShift | seconds % 60));
 }

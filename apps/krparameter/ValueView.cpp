@@ -28,6 +28,11 @@ std::pair<QString, QString> rangeOf(const SimpleType &type)
     return {QStringLiteral("0"), QString::number(std::numeric_limits<quint64>::max() >> surplus)};
 }
 
+QString unitBehind(const QString &text, const QString &textWithUnit)
+{
+    return textWithUnit.startsWith(text + u' ') ? textWithUnit.sliced(text.size() + 1) : QString();
+}
+
 } // namespace
 
 ValueView::ValueView(const ParameterInformation &parameter, const ValuePlace &place)
@@ -62,9 +67,15 @@ QString ValueView::native() const
 
 QString ValueView::unit() const
 {
-    const QString value = m_parameter.valueText(m_place.livingSpace, m_place.element, false);
-    const QString withUnit = m_parameter.valueText(m_place.livingSpace, m_place.element, true);
-    return withUnit.startsWith(value + u' ') ? withUnit.sliced(value.size() + 1) : QString();
+    return unitBehind(m_parameter.valueText(m_place.livingSpace, m_place.element, false),
+        m_parameter.valueText(m_place.livingSpace, m_place.element, true));
+}
+
+/// Of the value's own living space; the unit may be another parameter's value.
+QString ValueView::nativeUnit() const
+{
+    return unitBehind(m_parameter.nativeValueText(m_place.livingSpace, m_place.element, false),
+        m_parameter.nativeValueText(m_place.livingSpace, m_place.element, true));
 }
 
 QString ValueView::readBackNote(TrialCopy &trial) const
@@ -128,10 +139,7 @@ QJsonObject ValueView::toFullJson(TrialCopy &trial) const
             {QStringLiteral("native"), native}, {QStringLiteral("display"), limit(trial, native)}};
     };
     QJsonObject object = toJson();
-    object.insert(QStringLiteral("nativeUnit"),
-        m_parameter.hasElementProperty(element, eParameterProperty::NativeMeasuringUnit)
-            ? m_parameter.nativeMeasuringUnit(element).longText()
-            : QString());
+    object.insert(QStringLiteral("nativeUnit"), nativeUnit());
     object.insert(QStringLiteral("default"),
         bothForms(m_parameter.defaultNativeValueText(livingSpace, element)));
     object.insert(

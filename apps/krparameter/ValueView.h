@@ -25,6 +25,7 @@ public:
     QString value() const;
     QString native() const;
     QString unit() const;
+    QString nativeUnit() const;
 
     /// Why the display text, typed in again, would not give the same native text; empty where it
     /// would, for no text at all, and for a masked value, whose text stands for none.

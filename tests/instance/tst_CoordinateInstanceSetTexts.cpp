@@ -37,14 +37,7 @@ private Q_SLOTS:
     void adoptValueText();
     void adoptReportsItsAddress_data();
     void adoptReportsItsAddress();
-    void adoptDropsTheUnit();
-    void adoptWithoutUnitIsSilent();
     void okMayBeNull();
-    void units();
-    void unitLocators();
-    void unitProblems_data();
-    void unitProblems();
-    void unitLocatorFollowsTheLivingSpace();
     void limitTexts_data();
     void limitTexts();
     void limitTextsOfTheFirmware();
@@ -52,15 +45,6 @@ private Q_SLOTS:
     void isValueTextAcceptable();
     void isValueTextAcceptableChangesNothing();
     void selectionTexts();
-    void isHidden();
-    void isVisible_data();
-    void isVisible();
-    void isVisibleWithoutReadLevelWarnsOnce();
-    void isVisibleWithoutInstance();
-    void isWritable_data();
-    void isWritable();
-    void isWritableAbsent_data();
-    void isWritableAbsent();
 };
 
 namespace {
@@ -475,21 +459,6 @@ void tst_CoordinateInstanceSetTexts::adoptReportsItsAddress()
     QCOMPARE(set->adoptValueText(u"2"_s, eLivingSpace(livingSpace), 0, nullptr), QString());
 }
 
-void tst_CoordinateInstanceSetTexts::adoptDropsTheUnit()
-{
-    InstanceStand stand;
-    const auto *set = stand.add(DefinitionBuilder().units(u"mA"_s), u"A12"_s);
-    QCOMPARE(set->adoptValueText(u" 15 mA"_s, Axis1, 0, nullptr), u"15"_s);
-    QCOMPARE(set->adoptValueText(u"15 A"_s, Axis1, 0, nullptr), u"15 A"_s);
-}
-
-void tst_CoordinateInstanceSetTexts::adoptWithoutUnitIsSilent()
-{
-    InstanceStand stand;
-    const auto *set = stand.add(DefinitionBuilder().without(ScaledMeasuringUnit), u"A12"_s);
-    QCOMPARE(set->adoptValueText(u"15"_s, Axis1, 0, nullptr), u"15"_s);
-}
-
 void tst_CoordinateInstanceSetTexts::okMayBeNull()
 {
     InstanceStand stand;
@@ -497,94 +466,6 @@ void tst_CoordinateInstanceSetTexts::okMayBeNull()
     QCOMPARE(set->prepareValueText(u"5"_s, Axis1, 0, false, nullptr), u"5"_s);
     QCOMPARE(set->prepareValueText(QString(), Axis1, 9, false, nullptr), QString());
     QCOMPARE(set->adoptValueText(u"5"_s, Axis1, 9, nullptr), QString());
-}
-
-void tst_CoordinateInstanceSetTexts::units()
-{
-    InstanceStand stand;
-    const auto *set = stand.add(DefinitionBuilder().units(u"A"_s, u"inc"_s, u"bit"_s), u"A12"_s);
-    QCOMPARE(set->scaledMeasuringUnit(0).longText(), u"A"_s);
-    QCOMPARE(set->nativeMeasuringUnit(0).longText(), u"inc"_s);
-    QCOMPARE(set->fieldbusMeasuringUnit(0).longText(), u"bit"_s);
-}
-
-void tst_CoordinateInstanceSetTexts::unitLocators()
-{
-    InstanceStand stand;
-    stand.add(DefinitionBuilder().kind(5).datatype(u"STRING16"_s).defaultValue(u"mm"_s), u"E13"_s);
-    const auto *set = stand.add(
-        DefinitionBuilder().units(u"<localAxis:E13>"_s, u"<localAxis:E13>"_s, u"<localAxis:E13>"_s),
-        u"A12"_s);
-    for (const QString &language : {u"de"_s, u"en"_s}) {
-        QCOMPARE(set->scaledMeasuringUnit(0).longText(language), u"mm"_s);
-        QCOMPARE(set->nativeMeasuringUnit(0).shortText(language), u"mm"_s);
-        QCOMPARE(set->fieldbusMeasuringUnit(0).longText(language), u"mm"_s);
-    }
-    QCOMPARE(set->valueText(Axis1, 0, true), u"0 mm"_s);
-    QCOMPARE(set->nativeValueText(Axis1, 0, true), u"0 mm"_s);
-    QCOMPARE(set->displayValueText(Axis1, 0, true), u"0 mm"_s);
-}
-
-void tst_CoordinateInstanceSetTexts::unitProblems_data()
-{
-    QTest::addColumn<quint32>("property");
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<QString>("warning");
-
-    const QList<std::pair<quint32, QString>> properties {
-        {18U, u"scaled"_s}, {19U, u"native"_s}, {26U, u"fieldbus"_s}};
-    for (const auto &[property, name] : properties) {
-        const QString end = u" \"%1 measuring unit\" at parameter A12\""_s.arg(name);
-        QTest::addRow("%u: absent parameter", property)
-            << property << QVariant(u"<localAxis:E99>"_s) << u"unknown property value"_s + end;
-        QTest::addRow("%u: other text with <", property)
-            << property << QVariant(u"<mm>"_s) << u"unknown property value"_s + end;
-        QTest::addRow("%u: no text", property)
-            << property << QVariant(QVariantList {1}) << u"inconvertible property value"_s + end;
-        QTest::addRow("%u: missing", property)
-            << property << QVariant() << u"missing property"_s + end;
-    }
-}
-
-void tst_CoordinateInstanceSetTexts::unitProblems()
-{
-    QFETCH(quint32, property);
-    QFETCH(QVariant, value);
-    QFETCH(QString, warning);
-    InstanceStand stand;
-    DefinitionBuilder builder;
-    if (value.isValid())
-        builder.property(eParameterProperty(property), value);
-    else
-        builder.without(eParameterProperty(property));
-    const auto *set = stand.add(builder, u"A12"_s);
-    stand.expectWarning(warning);
-    const ParameterText unit = property == 18 ? set->scaledMeasuringUnit(0)
-        : property == 19                      ? set->nativeMeasuringUnit(0)
-                                              : set->fieldbusMeasuringUnit(0);
-    QVERIFY(unit.longText().isEmpty());
-    QVERIFY(stand.messages.verify());
-    if (property == 26)
-        return;
-    stand.expectWarning(warning);
-    QCOMPARE(property == 18 ? set->valueText(Axis1, 0, true) : set->nativeValueText(Axis1, 0, true),
-        u"0"_s);
-}
-
-void tst_CoordinateInstanceSetTexts::unitLocatorFollowsTheLivingSpace()
-{
-    InstanceStand stand;
-    auto *unit =
-        stand.add(DefinitionBuilder().kind(5).datatype(u"STRING16"_s).defaultValue(u"mm"_s),
-            u"E13"_s, {1, 2});
-    unit->setOnlineValueText(Axis2, 0, u"inch"_s);
-    const auto *set = stand.add(DefinitionBuilder().units(u"<localAxis:E13>"_s), u"A12"_s, {1, 2});
-    QCOMPARE(set->valueText(Axis1, 0, true), u"0 mm"_s);
-    QCOMPARE(set->valueText(Axis2, 0, true), u"0 inch"_s);
-    // Without living space the first one of the set.
-    QCOMPARE(set->scaledMeasuringUnit(0).longText(), u"mm"_s);
-    const auto *second = stand.add(DefinitionBuilder().units(u"<localAxis:E13>"_s), u"A13"_s, {2});
-    QCOMPARE(second->scaledMeasuringUnit(0).longText(), u"inch"_s);
 }
 
 void tst_CoordinateInstanceSetTexts::limitTexts_data()
@@ -684,125 +565,6 @@ void tst_CoordinateInstanceSetTexts::selectionTexts()
     QCOMPARE(texts.text(0).longText(), u"Aus"_s);
     QCOMPARE(texts.text(9).longText(), u"<localAxis:E99>"_s);
     QVERIFY(stand.add(DefinitionBuilder(), u"A13"_s)->selectionTexts(Axis1, 0).isEmpty());
-}
-
-void tst_CoordinateInstanceSetTexts::isHidden()
-{
-    InstanceStand stand;
-    ProgrammedFunctions *firmware = stand.programFirmware();
-    firmware->isHidden = [](const ParameterData &data, quint16 element) {
-        return data.axis() == element;
-    };
-    const auto *set = stand.add(DefinitionBuilder().elementCount(2), u"A12"_s, {1, 2});
-    QVERIFY(set->isHidden(Axis1, 0));
-    QVERIFY(!set->isHidden(Axis1, 1));
-    QVERIFY(!set->isHidden(Axis2, 0));
-    QVERIFY(set->isHidden(Axis2, 1));
-    QVERIFY(!set->isHidden(Axis3, 0));
-    // Asked once each.
-    QVERIFY(set->isHidden(Axis1, 0));
-    QCOMPARE(firmware->callsOf(u"isHidden"_s).size(), 4);
-}
-
-void tst_CoordinateInstanceSetTexts::isVisible_data()
-{
-    QTest::addColumn<bool>("hidden");
-    QTest::addColumn<quint32>("readLevel");
-    QTest::addColumn<quint32>("userLevel");
-    QTest::addColumn<bool>("expected");
-    QTest::newRow("level below the user's") << false << 1U << 2U << true;
-    QTest::newRow("level equal to the user's") << false << 2U << 2U << true;
-    QTest::newRow("level above the user's") << false << 3U << 2U << false;
-    QTest::newRow("hidden") << true << 0U << 6U << false;
-}
-
-void tst_CoordinateInstanceSetTexts::isVisible()
-{
-    QFETCH(bool, hidden);
-    QFETCH(quint32, readLevel);
-    QFETCH(quint32, userLevel);
-    QFETCH(bool, expected);
-    InstanceStand stand;
-    stand.programFirmware()->isHidden = [hidden](const ParameterData &, quint16) { return hidden; };
-    const auto *set = stand.add(DefinitionBuilder().levels(readLevel, 0), u"A12"_s);
-    stand.setUserLevel(userLevel);
-    QCOMPARE(set->isVisible(Axis1, 0), expected);
-}
-
-void tst_CoordinateInstanceSetTexts::isVisibleWithoutReadLevelWarnsOnce()
-{
-    InstanceStand stand;
-    const auto *set = stand.add(DefinitionBuilder().without(ReadLevel), u"A12"_s);
-    stand.expectWarning(u"missing property \"readLevel\" at parameter A12\""_s);
-    QVERIFY(!set->isVisible(Axis1, 0));
-}
-
-void tst_CoordinateInstanceSetTexts::isVisibleWithoutInstance()
-{
-    InstanceStand stand;
-    const auto *set = stand.add(DefinitionBuilder(), u"A12"_s);
-    QVERIFY(set->isVisible(Axis2, 0));
-}
-
-void tst_CoordinateInstanceSetTexts::isWritable_data()
-{
-    QTest::addColumn<quint32>("kind");
-    QTest::addColumn<quint32>("writeLevel");
-    QTest::addColumn<quint32>("userLevel");
-    QTest::addColumn<bool>("isOnline");
-    QTest::addColumn<bool>("isReadOnly");
-    QTest::addColumn<quint32>("noWrite");
-    QTest::addColumn<bool>("expected");
-
-    QTest::newRow("plain") << 0U << 0U << 0U << false << false << 0U << true;
-    QTest::newRow("read-only") << 0U << 0U << 6U << false << true << 0U << false;
-    QTest::newRow("never written") << 0U << 0U << 6U << true << false << 1U << false;
-    QTest::newRow("level equal") << 0U << 4U << 4U << false << false << 0U << true;
-    QTest::newRow("level above") << 0U << 5U << 4U << false << false << 0U << false;
-    QTest::newRow("kind 2 offline") << 2U << 0U << 6U << false << false << 0U << false;
-    QTest::newRow("kind 2 online") << 2U << 0U << 0U << true << false << 0U << true;
-    QTest::newRow("kind 2 online, level above") << 2U << 1U << 0U << true << false << 0U << false;
-    QTest::newRow("kind 2 online and read-only") << 2U << 0U << 0U << true << true << 0U << false;
-    QTest::newRow("kind 1 offline") << 1U << 0U << 0U << false << false << 0U << true;
-}
-
-void tst_CoordinateInstanceSetTexts::isWritable()
-{
-    QFETCH(quint32, kind);
-    QFETCH(quint32, writeLevel);
-    QFETCH(quint32, userLevel);
-    QFETCH(bool, isOnline);
-    QFETCH(bool, isReadOnly);
-    QFETCH(quint32, noWrite);
-    QFETCH(bool, expected);
-    InstanceStand stand;
-    const auto *set = stand.add(
-        DefinitionBuilder().kind(kind).levels(0, writeLevel).property(NoWrite, noWrite), u"A12"_s);
-    stand.setUserLevel(userLevel);
-    stand.container->setOnline(isOnline);
-    stand.container->setReadOnly(isReadOnly);
-    QCOMPARE(set->isWritable(Axis1, 0), expected);
-}
-
-void tst_CoordinateInstanceSetTexts::isWritableAbsent_data()
-{
-    QTest::addColumn<quint32>("property");
-    QTest::addColumn<QString>("warning");
-    QTest::newRow("write level") << 6U << u"missing property \"writeLevel\" at parameter A12\""_s;
-    QTest::newRow("kind") << 11U << u"missing property \"kind\" at parameter A12\""_s;
-    QTest::newRow("no-write flag") << 15U << QString();
-}
-
-void tst_CoordinateInstanceSetTexts::isWritableAbsent()
-{
-    QFETCH(quint32, property);
-    QFETCH(QString, warning);
-    InstanceStand stand;
-    const auto *set =
-        stand.add(DefinitionBuilder().without(eParameterProperty(property)), u"A12"_s);
-    if (!warning.isEmpty())
-        stand.expectWarning(warning);
-    QVERIFY(set->isWritable(Axis1, 0));
 }
 
 QTEST_GUILESS_MAIN(tst_CoordinateInstanceSetTexts)

@@ -49,7 +49,7 @@ constexpr char Description[] = R"({
   "family": {"identifier": 77, "name": "Antrieb", "hasPhysicalAxes": false, "axes": [1]},
   "languages": ["de", "en"],
   "dataTypes": ["INT8", "INT16", "INT32", "INT64", "UINT8", "UINT16", "UINT32", "UINT64", "REAL32",
-                "REAL64", "STRING32"],
+                "REAL64", "STRING32", "BYTES8"],
   "parameters": [
     {"number": 1, "coordinates": ["A01"], "name": "Strom",
      "elements": [{"dataType": "INT32", "kind": 0, "default": 1250,
@@ -87,7 +87,18 @@ constexpr char Description[] = R"({
     {"number": 15, "coordinates": ["A15"], "name": "Zahl",
      "elements": [{"dataType": "INT64", "kind": 4, "default": "0"}]},
     {"number": 16, "coordinates": ["A16"], "name": "Frei",
-     "elements": [{"dataType": "UINT16", "kind": 6, "default": "12"}]}
+     "elements": [{"dataType": "UINT16", "kind": 6, "default": "12"}]},
+    {"number": 17, "coordinates": ["A17"], "name": "Anwahl",
+     "elements": [{"dataType": "INT16", "kind": 2, "default": 3,
+                   "choices": {"0": "Aus", "3": "Drehmoment"}}]},
+    {"number": 18, "coordinates": ["A18"], "name": "Notiz",
+     "elements": [{"dataType": "STRING32", "kind": 8, "default": "a"}]},
+    {"number": 19, "coordinates": ["A19"], "name": "Bezeichnung",
+     "elements": [{"dataType": "STRING32", "kind": 9, "default": "b"}]},
+    {"number": 20, "coordinates": ["A20"], "name": "Netz", "global": true,
+     "elements": [{"dataType": "INT32", "kind": 0, "default": "0"}]},
+    {"number": 21, "coordinates": ["A21"], "name": "Bytes",
+     "elements": [{"dataType": "BYTES8", "kind": 3, "default": "0a0b"}]}
   ]
 })";
 
@@ -156,7 +167,15 @@ void tst_FormsThroughContainer::shows_data()
     row("address", "A10", "1001", QStringLiteral("1.A01 Strom"));
     row("address that the container lacks", "A10", "26999", QStringLiteral("26999"));
     row("the invalid address", "A10", "4294967295", QStringLiteral("4294967295"));
+    row("address of a global parameter", "A10", "1020", QStringLiteral("A20 Netz"));
+    // The axis means nothing there, but the text must read back as the same number.
+    row("address of a global parameter with an axis", "A10", "1073742844",
+        QStringLiteral("2.A20 Netz"));
     row("text", "A11", "1.5", QStringLiteral("1.5"));
+    row("online choice", "A17", "0", QStringLiteral("0: Aus"));
+    row("kind 8", "A18", "007", QStringLiteral("007"));
+    row("kind 9", "A19", " x ", QStringLiteral(" x "));
+    row("hexadecimal of a byte string", "A21", "1000", QStringLiteral("1000"));
     row("kind 6", "A16", "12", QStringLiteral("12"));
 }
 
@@ -198,6 +217,12 @@ void tst_FormsThroughContainer::takes_data()
     // Deliberate: only the start is looked at.
     row("IPv4 with a fifth part", "A09", QStringLiteral("10.0.0.1.9"), "167772161");
     row("address as shown", "A10", QStringLiteral("1.A02 Kraft"), "1002");
+    row("address of a global parameter", "A10", QStringLiteral("A20 Netz"), "1020");
+    row("address of a global parameter with an axis", "A10", QStringLiteral("2.A20 Netz"),
+        "1073742844");
+    row("online choice", "A17", QStringLiteral("Aus"), "0");
+    row("kind 8", "A18", QStringLiteral("00ff hex"), "00ff hex");
+    row("kind 9", "A19", QStringLiteral(" 1 "), " 1 ");
     row("text with a comma", "A11", QStringLiteral("1,5"), "1,5");
 }
 
@@ -224,6 +249,15 @@ void tst_FormsThroughContainer::refuses_data()
     row("hexadecimal", "A05", "xyz", QStringLiteral("Wert \"xyz\" ist ungültig"));
     row("binary", "A07", "012", QStringLiteral("Wert \"012\" ist ungültig"));
     row("IPv4 part of 256", "A09", "1.2.3.256", QStringLiteral("Wert \"1.2.3.256\" ist ungültig"));
+    // Deliberate: "dec" is a suffix, and what stands before it is no number.
+    row("decimal suffix behind a prefix", "A05", "0xdec",
+        QStringLiteral("Wert \"0x\" ist ungültig"));
+    row("decimal suffix behind a word", "A05", "foo dec",
+        QStringLiteral("Wert \"foo\" ist ungültig"));
+    row("the same of a binary parameter", "A07", "foo dec",
+        QStringLiteral("Wert \"foo\" ist ungültig"));
+    row("no number", "A03", "foo", QStringLiteral("Wert \"foo\" ist ungültig"));
+    row("key that the choice lacks", "A17", "4", QStringLiteral("Wert \"4\" ist ungültig"));
     row("more than 64 bits", "A06", "10000000000000000",
         QStringLiteral("Wert \"10000000000000000\" ist ungültig"));
 }

@@ -11,6 +11,8 @@ class tst_NumberText : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void isNumber_data();
+    void isNumber();
     void toDouble_data();
     void toDouble();
     void toDoubleOfNan_data();
@@ -40,6 +42,24 @@ constexpr double Infinity = std::numeric_limits<double>::infinity();
 constexpr double Smallest = std::numeric_limits<double>::denorm_min();
 
 } // namespace
+
+void tst_NumberText::isNumber_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("expected");
+    for (const char *text : {"0", "-1", "+7", " 12.5 ", ".5", "5.", "1e5", "1E-400", "1e400", "inf",
+             "-nan", "18446744073709551616"})
+        QTest::newRow(text) << QString::fromLatin1(text) << true;
+    for (const char *text :
+        {"", " ", "-", "+-1", "--1", "1 2", "1,5", "0x", "0x10", "foo", "12foo", "1e", "."})
+        QTest::newRow(*text ? text : "empty") << QString::fromLatin1(text) << false;
+}
+
+void tst_NumberText::isNumber()
+{
+    QFETCH(QString, text);
+    QTEST(NumberText::isNumber(text), "expected");
+}
 
 void tst_NumberText::toDouble_data()
 {

@@ -62,6 +62,7 @@ private Q_SLOTS:
     void hiddenWithoutFirmware();
     void correctUntagged_data();
     void correctUntagged();
+    void correctUntaggedFillsInTheDefaultFirst();
     void correctUntaggedConverts();
     void correctUntaggedOfAbsentElement();
     void namedTexts();
@@ -745,6 +746,23 @@ void tst_ParameterInstanceData::correctUntagged()
     QCOMPARE(u"%1 %2 / %3 %4"_s.arg(record->value(0), record->valueChangeTag(0),
                  record->defaultValue(0), record->defaultValueChangeTag(0)),
         result);
+}
+
+// Reading the value fills in the default, with the container's tag; it is compared all the same.
+void tst_ParameterInstanceData::correctUntaggedFillsInTheDefaultFirst()
+{
+    InstanceStand stand;
+    stand.container->setParameterChangeTag(u"T"_s);
+    ParameterInstanceData *record =
+        recordOf(stand.add(DefinitionBuilder().defaultValue(u"2"_s), u"A12"_s));
+    stand.messages.expect(
+        eSeverity::Information, u"Antrieb"_s, u"Wert von Parameter A12 korrigiert!"_s);
+    stand.messages.expect(
+        eSeverity::Information, u"Antrieb"_s, u"Default-Wert von Parameter A12 korrigiert!"_s);
+    record->correctUntagged(0, u"neu"_s, u"5"_s);
+    QCOMPARE(record->value(0), u"5"_s);
+    QCOMPARE(record->defaultValue(0), u"5"_s);
+    QCOMPARE(record->changeTags(), QStringList {u"neu"_s});
 }
 
 void tst_ParameterInstanceData::correctUntaggedConverts()
