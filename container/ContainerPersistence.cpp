@@ -19,9 +19,12 @@ QByteArray ContainerPersistence::save(const ParameterContainerPrivate &container
 {
     LmIniParser::IniParser parser;
     for (const QPointer<CoordinateInstanceSet> &set : container.guardedSets()) {
-        if (set)
-            set->saveToSection(
-                *parser.createSection(set->coordinate().toSortableText().toLatin1()));
+        if (!set)
+            continue;
+        set->saveToSection(*parser.createSection(set->coordinate().toSortableText().toLatin1()));
+        // The firmware's functions, asked for a text that is not there yet, may end the parameter.
+        if (!set)
+            parser.removeLastSection();
     }
     const QByteArray text = parser.getIniTextWithoutByteOrderMarker();
     QByteArray block;

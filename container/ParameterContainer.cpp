@@ -84,8 +84,10 @@ bool ParameterContainer::isReadOnly() const
 void ParameterContainer::setOnline(bool isOnline)
 {
     const QPointer<ParameterContainer> guard(this);
+    const quint32 call = ++d->onlineCalls;
     Q_EMIT onlineSetToChange(isOnline);
-    if (!guard)
+    // The latest call counts: one that a listener made is not undone by the older one.
+    if (!guard || d->onlineCalls != call)
         return;
     const bool wasOnline = d->online;
     d->online = isOnline;
@@ -102,8 +104,9 @@ void ParameterContainer::setOnline(bool isOnline)
 void ParameterContainer::setReadOnly(bool readOnly)
 {
     const QPointer<ParameterContainer> guard(this);
+    const quint32 call = ++d->readOnlyCalls;
     Q_EMIT readOnlySetToChange(readOnly);
-    if (!guard)
+    if (!guard || d->readOnlyCalls != call)
         return;
     const bool wasReadOnly = d->readOnly;
     d->readOnly = readOnly;

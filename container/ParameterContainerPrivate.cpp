@@ -103,7 +103,7 @@ bool ParameterContainerPrivate::hasPhysicalAxes() const
     if (!firmware)
         return false;
     const DeviceFamilyInformation *family =
-        HardwareRepository::instance()->deviceFamily(firmware->deviceFamilyIdentifier());
+        HardwareRepository::instance().deviceFamily(firmware->deviceFamilyIdentifier());
     return family && family->hasPhysicalAxes();
 }
 
@@ -315,26 +315,34 @@ void ParameterContainerPrivate::setFirmware(ServoDriveFirmware *newFirmware)
             systemSets.append(it.value());
     }
     removeAll(systemSets);
-    // A listener may have set another firmware meanwhile; then this one is outdated.
-    if (!guard || generation != m_firmwareGeneration)
+    // A listener, also one to a message of the firmware's own, may have set another firmware or ended
+    // the container meanwhile; then this one is outdated.
+    const auto isOutdated = [&] { return !guard || generation != m_firmwareGeneration; };
+    if (isOutdated())
         return;
 
     GuardedFunctionProvider::retire(std::move(functionProvider));
+    if (isOutdated())
+        return;
     firmware = newFirmware;
     std::unique_ptr<ParameterFunctionProvider> created(
         firmware ? firmware->createParameterFunctionProvider() : nullptr);
+    if (isOutdated())
+        return;
     if (created) {
         functionProvider = std::make_unique<GuardedFunctionProvider>(std::move(created));
         functionProvider->setCallbackProvider(&callbackDelegate);
     }
+    if (isOutdated())
+        return;
     createSystemParameters();
-    if (!guard || generation != m_firmwareGeneration)
+    if (isOutdated())
         return;
     // At the end, because hiding functions may read system parameters.
     for (const QPointer<CoordinateInstanceSet> &set : guardedSets()) {
         if (set)
             set->askKnownFlagsAnew();
-        if (!guard || generation != m_firmwareGeneration)
+        if (isOutdated())
             return;
     }
 }

@@ -99,6 +99,9 @@ public:
     QString parameterChangeTag;
     bool online = false;
     bool readOnly = false;
+    /// Counts the calls, so that one knows whether a listener made another.
+    quint32 onlineCalls = 0;
+    quint32 readOnlyCalls = 0;
     /// **Owner** the host. Null: none.
     ServoDriveFirmware *firmware = nullptr;
     std::unique_ptr<GuardedFunctionProvider> functionProvider;

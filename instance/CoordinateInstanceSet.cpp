@@ -117,7 +117,7 @@ void CoordinateInstanceSet::createInstancesFromAnchors()
         if (locator.isSystem())
             ++systemAnchors;
         else if (locator.hasLivingSpace())
-            attachInstance(locator.livingSpace());
+            attachInstance(key(locator.livingSpace()));
     }
     if (systemAnchors != 1) {
         System::addCriticalMessage(ClassTitle,

@@ -332,6 +332,8 @@ private Q_SLOTS:
     void firmwareChangedWhileSystemParametersCome();
     void createdWhileBeingRemoved();
     void onlineFromWithinOnline();
+    void latestCallCounts_data();
+    void latestCallCounts();
 
 private:
     std::unique_ptr<ServoDriveFirmware> m_first;
@@ -619,6 +621,43 @@ void tst_ParameterContainerReentrancy::onlineFromWithinOnline()
     QCOMPARE(log.take(),
         (QStringList {u"c.onlineSetToChange(true)"_s, u"c.onlineChanged(true)"_s,
             u"c.onlineSetToChange(false)"_s, u"c.onlineChanged(false)"_s}));
+}
+
+void tst_ParameterContainerReentrancy::latestCallCounts_data()
+{
+    QTest::addColumn<bool>("isOnline");
+    QTest::addColumn<QStringList>("signalsHeard");
+    // The announcement of the older call is answered by a newer one: the older one ends there.
+    QTest::newRow("setOnline") << true
+                               << QStringList {u"c.onlineSetToChange(true)"_s,
+                                      u"c.onlineSetToChange(false)"_s, u"c.onlineChanged(false)"_s};
+    QTest::newRow("setReadOnly") << false
+                                 << QStringList {u"c.readOnlySetToChange(true)"_s,
+                                        u"c.readOnlySetToChange(false)"_s,
+                                        u"c.readOnlyChanged(false)"_s};
+}
+
+void tst_ParameterContainerReentrancy::latestCallCounts()
+{
+    QFETCH(bool, isOnline);
+    MessageRecorder messages;
+    TestContainer container;
+    SignalLog log;
+    log.attach(container.get(), u"c"_s);
+    const auto change = [&](bool to) {
+        isOnline ? container->setOnline(to) : container->setReadOnly(to);
+    };
+    bool isFirst = true;
+    const auto answer = [&] {
+        if (std::exchange(isFirst, false))
+            change(false);
+    };
+    connect(container.get(), &ParameterContainer::onlineSetToChange, this, answer);
+    connect(container.get(), &ParameterContainer::readOnlySetToChange, this, answer);
+    change(true);
+    QVERIFY(!container->isOnline());
+    QVERIFY(!container->isReadOnly());
+    QTEST(log.take(), "signalsHeard");
 }
 
 QTEST_GUILESS_MAIN(tst_ParameterContainerReentrancy)

@@ -35,6 +35,7 @@ private Q_SLOTS:
     void loadChecksNothing();
     void encodings_data();
     void encodings();
+    void deletedWhileSaved();
     void roundTrip();
     void roundTripThroughABlock();
     void sectionOfAnotherParameterIsSkipped();
@@ -303,6 +304,27 @@ void tst_CoordinateInstanceSetLoading::encodings()
     QVERIFY(stand.container->saveTo(blocks));
     QVERIFY(blocks.value(u"Parameter.ini"_s).contains(expected.toLatin1()));
     QVERIFY(!blocks.value(u"Parameter.ini"_s).startsWith("\xef\xbb\xbf"));
+}
+
+void tst_CoordinateInstanceSetLoading::deletedWhileSaved()
+{
+    InstanceStand stand;
+    ProgrammedFunctions *firmware = stand.programFirmware();
+    stand.add(DefinitionBuilder(), u"A11"_s);
+    stand.add(DefinitionBuilder().elementCount(2), u"A12"_s);
+    stand.add(DefinitionBuilder(), u"A13"_s);
+    QMap<QString, QByteArray> blocks;
+    // The default of the second element, which A12 alone has, is computed while it is saved.
+    firmware->correctValue = [&](const QString &text, const ParameterData &, quint16 element) {
+        if (element == 1)
+            stand.container->deleteParameter(InstanceStand::locator(u"A12"_s, 1));
+        return text;
+    };
+    QVERIFY(stand.container->saveTo(blocks));
+    const QByteArray block = blocks.value(u"Parameter.ini"_s);
+    QVERIFY(block.contains("[A011]\r\nV_1_0=0\r\n"));
+    QVERIFY(!block.contains("A012"));
+    QVERIFY(block.contains("[A013]\r\nV_1_0=0\r\n"));
 }
 
 void tst_CoordinateInstanceSetLoading::roundTrip()

@@ -742,16 +742,22 @@ void tst_CoordinateInstanceSetQueries::createInstancesFromAnchors_data()
     QTest::addColumn<QStringList>("anchors");
     QTest::addColumn<QList<int>>("livingSpaces");
     QTest::addColumn<bool>("isReported");
+    QTest::addColumn<bool>("isGlobal");
 
-    QTest::newRow("one system anchor and two axes")
-        << QStringList {u"S;{P1}"_s, u"D.1;{P1}"_s, u"D.3;{P1}"_s} << QList<int> {1, 3} << false;
-    QTest::newRow("system anchor alone") << QStringList {u"S;{P1}"_s} << QList<int>() << false;
-    QTest::newRow("no anchor") << QStringList() << QList<int>() << true;
-    QTest::newRow("no system anchor") << QStringList {u"D.2;{P1}"_s} << QList<int> {2} << true;
+    QTest::newRow("one anchor of a global parameter")
+        << QStringList {u"S;{P1}"_s, u"D.2;{P1}"_s} << QList<int> {0} << false << true;
+    QTest::newRow("one system anchor and two axes") << QStringList {u"S;{P1}"_s, u"D.1;{P1}"_s,
+        u"D.3;{P1}"_s} << QList<int> {1, 3} << false << false;
+    QTest::newRow("system anchor alone")
+        << QStringList {u"S;{P1}"_s} << QList<int>() << false << false;
+    QTest::newRow("no anchor") << QStringList() << QList<int>() << true << false;
+    QTest::newRow("no system anchor")
+        << QStringList {u"D.2;{P1}"_s} << QList<int> {2} << true << false;
     QTest::newRow("two system anchors")
-        << QStringList {u"S;{P1}"_s, u"S;{P2}"_s} << QList<int>() << true;
+        << QStringList {u"S;{P1}"_s, u"S;{P2}"_s} << QList<int>() << true << false;
     QTest::newRow("relative and invalid anchors name nothing")
-        << QStringList {u"S;{P1}"_s, u"D;{P1}"_s, u"D.1"_s, QString()} << QList<int>() << false;
+        << QStringList {u"S;{P1}"_s, u"D;{P1}"_s, u"D.1"_s, QString()} << QList<int>() << false
+        << false;
 }
 
 void tst_CoordinateInstanceSetQueries::createInstancesFromAnchors()
@@ -759,9 +765,10 @@ void tst_CoordinateInstanceSetQueries::createInstancesFromAnchors()
     QFETCH(QStringList, anchors);
     QFETCH(QList<int>, livingSpaces);
     QFETCH(bool, isReported);
+    QFETCH(bool, isGlobal);
     InstanceStand stand;
     CoordinateInstanceSet set(stand.container.get());
-    set.initialize(stand.define(DefinitionBuilder().anchors(anchors), u"A12"_s),
+    set.initialize(stand.define(DefinitionBuilder().global(isGlobal).anchors(anchors), u"A12"_s),
         ParameterCoordinate(u"A12"_s));
     if (isReported) {
         stand.messages.expect(eSeverity::Critical, u"CoordinateInstanceSet"_s,

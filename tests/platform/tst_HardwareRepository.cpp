@@ -15,14 +15,14 @@ private Q_SLOTS:
 
 void tst_HardwareRepository::knowsNoFamilyAtStart()
 {
-    QVERIFY(HardwareRepository::instance()->deviceFamilies().isEmpty());
-    QVERIFY(!HardwareRepository::instance()->deviceFamily(0));
-    QVERIFY(!HardwareRepository::instance()->deviceFamily(4294967295U));
+    QVERIFY(HardwareRepository::instance().deviceFamilies().isEmpty());
+    QVERIFY(!HardwareRepository::instance().deviceFamily(0));
+    QVERIFY(!HardwareRepository::instance().deviceFamily(4294967295U));
 }
 
 void tst_HardwareRepository::registersFamilies()
 {
-    HardwareRepository *repository = HardwareRepository::instance();
+    HardwareRepository *repository = &HardwareRepository::instance();
     QVERIFY(repository->registerDeviceFamily({4294967295U, QStringLiteral("Last"), false}));
     QVERIFY(repository->registerDeviceFamily({7, QStringLiteral("Seven"), true}));
 
@@ -42,7 +42,7 @@ void tst_HardwareRepository::registersFamilies()
 
 void tst_HardwareRepository::knowsARegisteredFamilyAgain()
 {
-    HardwareRepository *repository = HardwareRepository::instance();
+    HardwareRepository *repository = &HardwareRepository::instance();
     const DeviceFamilyInformation *seven = repository->deviceFamily(7);
     QVERIFY(repository->registerDeviceFamily({7, QStringLiteral("Renamed"), true}));
     QCOMPARE(repository->deviceFamily(7), seven);
@@ -52,7 +52,7 @@ void tst_HardwareRepository::knowsARegisteredFamilyAgain()
 
 void tst_HardwareRepository::refusesAContradiction()
 {
-    HardwareRepository *repository = HardwareRepository::instance();
+    HardwareRepository *repository = &HardwareRepository::instance();
     QVERIFY(!repository->registerDeviceFamily({7, QStringLiteral("Seven"), false}));
     QVERIFY(repository->deviceFamily(7)->hasPhysicalAxes());
     QCOMPARE(repository->deviceFamilies().size(), 2);

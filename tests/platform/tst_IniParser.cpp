@@ -94,6 +94,7 @@ private Q_SLOTS:
     void writtenName_data();
     void writtenName();
     void createSectionAgain();
+    void removeLastSection();
     void sectionAddressesLast();
     void writeAgainReplaces();
     void writeOwnViews();
@@ -254,6 +255,19 @@ void tst_IniParser::createSectionAgain()
     parser.setIniText("[A]\nk=1\n");
     parser.createSection("A")->write("l", "2");
     QCOMPARE(parser.getIniText(), QByteArray("[A]\r\nk=1\r\nl=2\r\n"));
+}
+
+void tst_IniParser::removeLastSection()
+{
+    IniParser parser;
+    parser.removeLastSection();
+    parser.createSection("A")->write("k", "1");
+    parser.createSection("B")->write("l", "2");
+    parser.removeLastSection();
+    QCOMPARE(parser.allSectionNames(), QList<QByteArray>({"A"}));
+    QVERIFY(!parser.section("B"));
+    parser.createSection("B")->write("m", "3");
+    QCOMPARE(parser.getIniText(), QByteArray("[A]\r\nk=1\r\n[B]\r\nm=3\r\n"));
 }
 
 void tst_IniParser::sectionAddressesLast()

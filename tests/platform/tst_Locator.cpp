@@ -73,6 +73,7 @@ void tst_Locator::livingSpace_data()
     row("empty path", "A.2;", 2, "A.2", "");
     row("path with separators", "A.2;x;y", 2, "A.2", "x;y");
     row("several points", "A.7.3;x", 3, "A.7.3", "x");
+    row("nothing before the point", ".1;x", 1, ".1", "x");
     row("point before the point", "A..3;x", 3, "A..3", "x");
     row("anchor that begins with S", "S.1;x", 1, "S.1", "x");
 }
@@ -105,7 +106,6 @@ void tst_Locator::relative_data()
     QTest::newRow("two digits") << QStringLiteral("A.12;x");
     QTest::newRow("leading zero") << QStringLiteral("A.01;x");
     QTest::newRow("digit without point") << QStringLiteral("A1;x");
-    QTest::newRow("nothing before the point") << QStringLiteral(".1;x");
     QTest::newRow("digit alone") << QStringLiteral("1;x");
     QTest::newRow("point without digit") << QStringLiteral("A.;x");
     QTest::newRow("blank after the digit") << QStringLiteral("A.1 ;x");

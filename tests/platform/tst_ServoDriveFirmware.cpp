@@ -114,7 +114,7 @@ void tst_ServoDriveFirmware::family()
     QCOMPARE(firmware->parameterNumbers(), QList<quint32>());
     QVERIFY(!firmware->parameterDefinition(1));
 
-    const DeviceFamilyInformation *family = HardwareRepository::instance()->deviceFamily(4096);
+    const DeviceFamilyInformation *family = HardwareRepository::instance().deviceFamily(4096);
     QVERIFY(family);
     QVERIFY(family->hasPhysicalAxes());
 }
@@ -962,7 +962,7 @@ void tst_ServoDriveFirmware::nothingIsRegisteredWhenRefused()
         "family": {"identifier": 5002, "name": "a", "hasPhysicalAxes": true, "axes": [1]},
         "languages": ["en"], "dataTypes": [], "parameters": [0]})"),
         QStringLiteral("d.json: parameters[0]: expected an object"));
-    QVERIFY(!HardwareRepository::instance()->deviceFamily(5002));
+    QVERIFY(!HardwareRepository::instance().deviceFamily(5002));
 }
 
 void tst_ServoDriveFirmware::fileThatIsNotThere()

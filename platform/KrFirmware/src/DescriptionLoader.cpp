@@ -211,7 +211,7 @@ void DescriptionLoader::registerFamily(const JsonValue &root)
 {
     const DeviceFamilyInformation family(
         m_data->familyIdentifier, m_data->familyName, m_data->hasPhysicalAxes);
-    if (HardwareRepository::instance()->registerDeviceFamily(family))
+    if (HardwareRepository::instance().registerDeviceFamily(family))
         return;
     m_findings.refuse(*root.member(FamilyKey)->member(HasPhysicalAxesKey),
         QStringLiteral("the family %1 is known already, with another value")

@@ -8,10 +8,10 @@ namespace {
 
 constexpr QChar Separator = u';';
 
-/// anchor = name "." digit, digit "0" to "4"; nullopt for any other anchor.
+/// anchor = [name] "." digit, digit "0" to "4"; nullopt for any other anchor.
 std::optional<eLivingSpace> livingSpaceOf(QStringView anchor)
 {
-    if (anchor.size() < 3 || anchor[anchor.size() - 2] != u'.')
+    if (anchor.size() < 2 || anchor[anchor.size() - 2] != u'.')
         return {};
     const QChar digit = anchor.back();
     if (digit < u'0' || digit > u'4')

@@ -1,10 +1,10 @@
 #include <KrProjectRepository/HardwareRepository.h>
 
-HardwareRepository *HardwareRepository::instance()
+HardwareRepository &HardwareRepository::instance()
 {
     // Never destroyed: families are valid for the process.
     static HardwareRepository *const repository = new HardwareRepository;
-    return repository;
+    return *repository;
 }
 
 const DeviceFamilyInformation *HardwareRepository::deviceFamily(quint32 identifier) const

@@ -131,6 +131,14 @@ IniSection *IniParser::createSection(QByteArrayView name)
     return known ? known : sectionOf(m_arena->store(name));
 }
 
+void IniParser::removeLastSection()
+{
+    if (m_sections.empty())
+        return;
+    m_sectionOfName.remove(m_sections.back().name);
+    m_sections.pop_back();
+}
+
 QByteArray IniParser::getIniText() const
 {
     QByteArray text = getIniTextWithoutByteOrderMarker();

@@ -12,7 +12,7 @@
 /// stay.
 class KrProjectRepository_EXPORT HardwareRepository {
 public:
-    static HardwareRepository *instance();
+    static HardwareRepository &instance();
 
     /// Null for an unknown family. **Owner** the repository; valid for the process.
     const DeviceFamilyInformation *deviceFamily(quint32 identifier) const;

@@ -41,6 +41,8 @@ public:
     /// The section of that name, appended where there is none; its address lasts until the next
     /// setIniText(). **Owner** the parser.
     IniSection *createSection(QByteArrayView name);
+    /// The section created last, if any.
+    void removeLastSection();
     /// Begins with the byte-order mark where utf8Encoded().
     QByteArray getIniText() const;
     /// Sections and keys in their order, line ends CR LF: equal content gives equal bytes.
