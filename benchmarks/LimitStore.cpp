@@ -8,6 +8,8 @@
 namespace {
 
 constexpr int Decimals = 2;
+/// Four lines of a key, a number or a short tag.
+constexpr qsizetype UsualSavedSize = 80;
 
 /// The text's ASCII digits, without any allocation.
 template <size_t Size>
@@ -72,6 +74,7 @@ QString LimitStore::display(quint32 address) const
 QByteArray LimitStore::save() const
 {
     QByteArray block;
+    block.reserve(m_order.size() * UsualSavedSize);
     for (const quint32 address : m_order) {
         const Value &value = *m_values.constFind(address);
         char key[16];
