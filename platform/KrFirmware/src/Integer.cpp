@@ -3,6 +3,7 @@
 #include <KrDatatype/SimpleType.h>
 
 #include <bit>
+#include <algorithm>
 #include <limits>
 
 namespace {
@@ -13,6 +14,8 @@ quint64 highestUnsigned(quint32 bits)
 {
     return bits >= 64 ? std::numeric_limits<quint64>::max() : (quint64(1) << bits) - 1;
 }
+
+constexpr qsizetype SafeDigits = std::numeric_limits<quint64>::digits10;
 
 } // namespace
 
@@ -26,17 +29,27 @@ std::optional<Integer> Integer::fromText(QStringView text)
     if (text.isEmpty())
         return std::nullopt;
 
-    constexpr quint64 Most = std::numeric_limits<quint64>::max();
-    // Below this any digit may follow.
-    constexpr quint64 Roomy = (Most - 9) / 10;
-    for (const QChar c : text) {
-        if (c < u'0' || c > u'9')
+    const char16_t *at = text.utf16();
+    const char16_t *const end = at + text.size();
+    // So many digits never pass the largest number.
+    const char16_t *const safe = at + std::min<qsizetype>(text.size(), SafeDigits);
+    quint64 magnitude = 0;
+    for (; at != safe; ++at) {
+        const quint32 digit = quint32(*at) - u'0';
+        if (digit > 9)
             return std::nullopt;
-        const quint64 digit = c.unicode() - u'0';
-        if (result.magnitude > Roomy && result.magnitude > (Most - digit) / 10)
-            result.isBeyond = true;
-        result.magnitude = result.isBeyond ? 0 : result.magnitude * 10 + digit;
+        magnitude = magnitude * 10 + digit;
     }
+    constexpr quint64 Most = std::numeric_limits<quint64>::max();
+    for (; at != end; ++at) {
+        const quint32 digit = quint32(*at) - u'0';
+        if (digit > 9)
+            return std::nullopt;
+        if (magnitude > (Most - digit) / 10)
+            result.isBeyond = true;
+        magnitude = result.isBeyond ? 0 : magnitude * 10 + digit;
+    }
+    result.magnitude = magnitude;
     if (result.magnitude == 0 && !result.isBeyond)
         result.isNegative = false;
     return result;
