@@ -28,7 +28,9 @@ public:
     /// is asked for is corrected to itself, so that a rejection names what was typed.
     virtual QString correctValue(
         const QString &nativeText, const ParameterData *data, quint16 element) = 0;
-    /// Native to scaled.
+    /// Native to scaled: value = native * factor, divided by the full-scale value where there is one
+    /// (properties 20 and 22). **Unit** of the value: the scaled measuring unit, of the native number
+    /// one step of the drive.
     virtual QString valueText(
         const QString &nativeText, const ParameterData *data, quint16 element) = 0;
     /// Scaled to native. A text that is no number comes back unchanged.
