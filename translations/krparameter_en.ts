@@ -569,16 +569,6 @@ General options:
 <context>
     <name>ImportEdsCommand</name>
     <message>
-        <source>Liest ein Objektverzeichnis nach CiA 306 und schreibt eine Gerätebeschreibung. Welche
-Koordinate ein Objekt hat, steht in der Tabelle; sie wird angelegt, wo sie fehlt, und
-nur erweitert. Die konfigurierten Werte einer DCF-Datei kommen nach --project.
-</source>
-        <translation>Reads an object dictionary according to CiA 306 and writes a device description. The
-table says which coordinate an object has; it is created where it is missing, and only
-ever extended. The configured values of a DCF file go to --project.
-</translation>
-    </message>
-    <message>
         <source>TABELLE</source>
         <translation>TABLE</translation>
     </message>
@@ -597,10 +587,6 @@ ever extended. The configured values of a DCF file go to --project.
     <message>
         <source>Knotennummer von 1 bis 127 statt der in der Datei</source>
         <translation>node id from 1 to 127 instead of the one in the file</translation>
-    </message>
-    <message>
-        <source>Die %1 konfigurierten Werte speichert --project ORDNER.</source>
-        <translation>The %1 configured values are saved by --project FOLDER.</translation>
     </message>
     <message>
         <source>import-eds braucht genau eine Datei</source>
@@ -637,6 +623,18 @@ ever extended. The configured values of a DCF file go to --project.
     <message>
         <source>%1 Werte hängen von der Knotennummer ab, die die Datei nicht nennt; --node-id N gibt sie an.</source>
         <translation>%1 values depend on the node id, which the file does not give; --node-id N gives it.</translation>
+    </message>
+    <message>
+        <source>Liest ein Objektverzeichnis nach CiA 306 und schreibt eine Gerätebeschreibung. Welche
+Koordinate ein Objekt hat, steht in der Tabelle; sie wird angelegt, wo sie fehlt, und
+nur erweitert. Die konfigurierten Werte einer DCF-Datei werden ein Projekt: in --project,
+ohne diese Angabe im Ordner NAME.project neben der Gerätebeschreibung NAME.json.
+</source>
+        <translation>Reads an object dictionary after CiA 306 and writes a device description. The table says
+which coordinate an object has; it is created where it is missing, and only ever
+extended. The configured values of a DCF file become a project: in --project, without it
+in the folder NAME.project beside the device description NAME.json.
+</translation>
     </message>
 </context>
 <context>
@@ -1398,6 +1396,25 @@ drive refuses 4, what is lost 6.
     </message>
 </context>
 <context>
+    <name>RegisterMap</name>
+    <message>
+        <source>der Datentyp ist unbekannt</source>
+        <translation>the data type is unknown</translation>
+    </message>
+    <message>
+        <source>der Wert ist länger als die %1 Register, die eine Anfrage schreibt</source>
+        <translation>the value is longer than the %1 registers that one request writes</translation>
+    </message>
+    <message>
+        <source>er läge hinter dem letzten der %1 Register</source>
+        <translation>it would lie behind the last of the %1 registers</translation>
+    </message>
+    <message>
+        <source>das Gerät hat dieses Element nicht</source>
+        <translation>the device does not have this element</translation>
+    </message>
+</context>
+<context>
     <name>ReportCommand</name>
     <message>
         <source>A, B und weitere sind Projektordner oder Dateien von snapshot; ein --project steht vor
@@ -1454,25 +1471,6 @@ level stay empty. The document forbids scripts and loading, and names in it are 
     <message>
         <source>Bericht der Unterschiede als HTML und PDF</source>
         <translation>report of the differences as HTML and PDF</translation>
-    </message>
-</context>
-<context>
-    <name>RegisterMap</name>
-    <message>
-        <source>der Datentyp ist unbekannt</source>
-        <translation>the data type is unknown</translation>
-    </message>
-    <message>
-        <source>der Wert ist länger als die %1 Register, die eine Anfrage schreibt</source>
-        <translation>the value is longer than the %1 registers that one request writes</translation>
-    </message>
-    <message>
-        <source>er läge hinter dem letzten der %1 Register</source>
-        <translation>it would lie behind the last of the %1 registers</translation>
-    </message>
-    <message>
-        <source>das Gerät hat dieses Element nicht</source>
-        <translation>the device does not have this element</translation>
     </message>
 </context>
 <context>

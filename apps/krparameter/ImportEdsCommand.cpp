@@ -9,6 +9,9 @@
 
 #include <KrParameterInstance/ParameterContainer.h>
 
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+
 namespace {
 
 constexpr QLatin1StringView Coordinates("coordinates");
@@ -40,6 +43,13 @@ void store(const ConfiguredValues &values, ParameterContainer &container)
     }
 }
 
+/// "drive.project" beside "drive.json".
+QString usualFolder(const QString &deviceFile)
+{
+    const QFileInfo file(deviceFile);
+    return file.dir().filePath(file.completeBaseName() + QLatin1StringView(".project"));
+}
+
 } // namespace
 
 QString ImportEdsCommand::details() const
@@ -47,7 +57,9 @@ QString ImportEdsCommand::details() const
     return tr(
         "Liest ein Objektverzeichnis nach CiA 306 und schreibt eine Gerätebeschreibung. Welche\n"
         "Koordinate ein Objekt hat, steht in der Tabelle; sie wird angelegt, wo sie fehlt, und\n"
-        "nur erweitert. Die konfigurierten Werte einer DCF-Datei kommen nach --project.\n");
+        "nur erweitert. Die konfigurierten Werte einer DCF-Datei werden ein Projekt: in "
+        "--project,\n"
+        "ohne diese Angabe im Ordner NAME.project neben der Gerätebeschreibung NAME.json.\n");
 }
 
 QList<Option> ImportEdsCommand::options() const
@@ -82,12 +94,13 @@ eExitCode ImportEdsCommand::run(const CommandLine &line, Console &console)
     if (result.status != ImportResult::eStatus::Good)
         return fail(codeOf(result.status), result.error, console);
     if (line.has(OptionName::Project))
-        return saveProject(*request, result, line, console);
-    if (!result.configuredValues.isEmpty()) {
-        console.report(tr("Die %1 konfigurierten Werte speichert --project ORDNER.")
-                           .arg(result.configuredValues.list().size()));
-    }
-    return eExitCode::Good;
+        return saveProject(*request, result, line.value(OptionName::Project), line, console);
+    if (result.configuredValues.isEmpty())
+        return eExitCode::Good;
+    const QString folder = usualFolder(request->outputFile);
+    if (isTaken(folder, line))
+        return fail(eExitCode::Usage, takenText(folder), console);
+    return saveProject(*request, result, folder, line, console);
 }
 
 std::optional<ImportRequest> ImportEdsCommand::requestOf(const CommandLine &line, Console &console)
@@ -108,24 +121,20 @@ std::optional<ImportRequest> ImportEdsCommand::requestOf(const CommandLine &line
             return refuse(tr("--node-id nimmt eine Zahl von 1 bis 127 oder 0x1 bis 0x7F"));
         request.nodeId = quint8(*number);
     }
-    const bool isTaken = line.has(OptionName::Project)
-        && ProjectFolder(line.value(OptionName::Project)).holdsProject();
-    if (isTaken && !line.has(OptionName::Force)) {
-        return refuse(tr("in %1 liegt schon ein Projekt; --force ersetzt es")
-                          .arg(line.value(OptionName::Project)));
-    }
+    const QString folder = line.value(OptionName::Project);
+    if (line.has(OptionName::Project) && isTaken(folder, line))
+        return refuse(takenText(folder));
     return request;
 }
 
 eExitCode ImportEdsCommand::saveProject(const ImportRequest &request, const ImportResult &result,
-    const CommandLine &line, Console &console)
+    const QString &folder, const CommandLine &line, Console &console)
 {
     QString error;
     const std::unique_ptr<DriveProject> project = DriveProject::open(request.outputFile, error);
     if (!project)
         return fail(eExitCode::UnreadableInput, error, console);
     store(result.configuredValues, project->container());
-    const QString folder = line.value(OptionName::Project);
     const auto loss = line.has(OptionName::AllowLoss) ? ProjectStorage::eLoss::Allow
                                                       : ProjectStorage::eLoss::Refuse;
     const ProjectStorage::SaveResult saved = ProjectStorage(folder).save(*project, loss);
@@ -135,6 +144,16 @@ eExitCode ImportEdsCommand::saveProject(const ImportRequest &request, const Impo
         return fail(eExitCode::WriteFailed, saved.error, console);
     console.report(tr("Projekt %1: gespeichert und zurückgelesen").arg(folder));
     return eExitCode::Good;
+}
+
+bool ImportEdsCommand::isTaken(const QString &folder, const CommandLine &line)
+{
+    return !line.has(OptionName::Force) && ProjectFolder(folder).holdsProject();
+}
+
+QString ImportEdsCommand::takenText(const QString &folder)
+{
+    return tr("in %1 liegt schon ein Projekt; --force ersetzt es").arg(folder);
 }
 
 eExitCode ImportEdsCommand::fail(eExitCode code, const QString &reason, Console &console)

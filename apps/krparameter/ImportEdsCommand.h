@@ -29,6 +29,9 @@ private:
     static std::optional<ImportRequest> requestOf(const CommandLine &line, Console &console);
     /// Saves the configured values as a project.
     static eExitCode saveProject(const ImportRequest &request, const ImportResult &result,
-        const CommandLine &line, Console &console);
+        const QString &folder, const CommandLine &line, Console &console);
+    /// Whether a project is there that the line does not want replaced.
+    static bool isTaken(const QString &folder, const CommandLine &line);
+    static QString takenText(const QString &folder);
     static eExitCode fail(eExitCode code, const QString &reason, Console &console);
 };

@@ -554,7 +554,13 @@ class ImportEds(CommandLineTest):
         source.write_text(EDS.replace("DefaultValue=5\n", "DefaultValue=5\nParameterValue=7\n"))
         table, device = str(self.folder / "table.txt"), str(self.folder / "device.json")
         words = ["import-eds", str(source), "--coordinates", table, "-o", device]
-        self.assertIn("speichert --project ORDNER", Run(*words).err)
+        beside = str(self.folder / "device.project")
+        self.check(Run(*words), GOOD, err=f"Projekt {beside}: gespeichert und zurückgelesen\n")
+        listed = Run("--device", device, "--project", beside, "list", "Gain", "--json").lines()
+        self.assertEqual([line["native"] for line in listed], ["7"])
+        self.check(Run(*words), USAGE,
+                   err=f"krparameter: in {beside} liegt schon ein Projekt; --force ersetzt es\n")
+        self.check(Run(*words, "--force"), GOOD)
         self.check(Run(*words, "--project", self.project), GOOD)
         listed = Run("--device", device, "--project", self.project, "list", "Gain", "--json").lines()
         self.assertEqual([line["native"] for line in listed], ["7"])
