@@ -20,6 +20,7 @@ private Q_SLOTS:
     void isWritable();
     void isWritableAbsent_data();
     void isWritableAbsent();
+    void isHiddenOfAGlobalParameter();
     void stepsBehindTheDecisionAreSilent_data();
     void stepsBehindTheDecisionAreSilent();
 };
@@ -141,6 +142,17 @@ void tst_CoordinateInstanceSetAccess::isWritableAbsent()
     if (!warning.isEmpty())
         stand.expectWarning(warning);
     QVERIFY(set->isWritable(Axis1, 0));
+}
+
+void tst_CoordinateInstanceSetAccess::isHiddenOfAGlobalParameter()
+{
+    InstanceStand stand;
+    ProgrammedFunctions *firmware = stand.programFirmware();
+    firmware->isHidden = [](const ParameterData &, quint16) { return true; };
+    const auto *set = stand.add(DefinitionBuilder().global(), u"A12"_s, {0});
+    for (const int livingSpace : {-1, 0, 1, 2, 3, 4, 5})
+        QVERIFY(set->isHidden(eLivingSpace(livingSpace), 0));
+    QCOMPARE(firmware->callsOf(u"isHidden"_s).size(), 1);
 }
 
 void tst_CoordinateInstanceSetAccess::stepsBehindTheDecisionAreSilent_data()

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void globalRunIsKeptUnderOneKey_data();
     void globalRunIsKeptUnderOneKey();
     void runsOfAxesAreIndependent();
+    void withoutInstance();
     void startReplacesARun();
     void cancel();
     void cancelWithoutRun();
@@ -292,6 +293,19 @@ void tst_CoordinateInstanceSetConsistence::runsOfAxesAreIndependent()
     stand.log.take();
     set->setOnlineValueText(Axis1, 0, u"0"_s);
     QCOMPARE(stand.log.take(), QStringList {u"set.allElementsConsistenceOnceDone(A12, 1)"_s});
+}
+
+// Nothing is stored, but what came back counts.
+void tst_CoordinateInstanceSetConsistence::withoutInstance()
+{
+    InstanceStand stand;
+    auto *set = stand.add(DefinitionBuilder(), u"A12"_s);
+    stand.container->setOnline(true);
+    stand.log.attach(set, u"set"_s);
+    set->startAllElementsConsistenceOnce(Axis3);
+    set->setOnlineValueText(Axis3, 0, u"5"_s);
+    QCOMPARE(stand.log.take(), QStringList {u"set.allElementsConsistenceOnceDone(A12, 3)"_s});
+    QVERIFY(!set->hasInstance(Axis3));
 }
 
 void tst_CoordinateInstanceSetConsistence::startReplacesARun()

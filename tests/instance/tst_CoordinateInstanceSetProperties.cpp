@@ -28,6 +28,7 @@ private Q_SLOTS:
     void hiddenValuesChangeNoVisibility();
     void firmwareLimitsHideAnOverride();
     void stampsTheChangeTag();
+    void elementsOfARecordHaveTheirOwn();
     void saved_data();
     void saved();
     void savedAfterTheElementCount();
@@ -257,6 +258,32 @@ void tst_CoordinateInstanceSetProperties::stampsTheChangeTag()
     stand.container->setParameterChangeTag(QString());
     set->setProperty(0, ReadLevel, of(1U));
     QCOMPARE(set->attribute(Axis1, 0, u"ReadLevelChangeTag"_s), QString());
+}
+
+void tst_CoordinateInstanceSetProperties::elementsOfARecordHaveTheirOwn()
+{
+    InstanceStand stand;
+    auto *set = stand.add(DefinitionBuilder()
+                              .element(2, u"a"_s)
+                              .property(ChoiceMap, u"x"_s)
+                              .settable(ReadLevel)
+                              .element(7, u"b"_s)
+                              .without(ReadLevel),
+        u"A12"_s);
+    QVERIFY(set->hasElementProperty(2, ChoiceMap));
+    QVERIFY(!set->hasElementProperty(7, ChoiceMap));
+    QVERIFY(set->hasElementProperty(2, ReadLevel));
+    QVERIFY(!set->hasElementProperty(7, ReadLevel));
+    QVERIFY(set->isPropertySettable(2, ReadLevel));
+    QVERIFY(!set->isPropertySettable(7, ReadLevel));
+    stand.container->setParameterChangeTag(u"eins"_s);
+    set->setProperty(2, ReadLevel, of(1U));
+    // The element's information lacks the property: nothing is stored.
+    set->setProperty(7, ReadLevel, of(1U));
+    QVERIFY(set->hasPropertyOverride(2, ReadLevel));
+    QVERIFY(!set->hasPropertyOverride(7, ReadLevel));
+    QCOMPARE(set->attribute(Axis1, 2, u"ReadLevelChangeTag"_s), u"eins"_s);
+    QCOMPARE(set->attribute(Axis1, 7, u"ReadLevelChangeTag"_s), QString());
 }
 
 void tst_CoordinateInstanceSetProperties::saved_data()

@@ -675,6 +675,8 @@ void tst_CoordinateInstanceSetQueries::description_data()
     QTest::newRow("global") << u"A12"_s << 0 << quint16(1) << false << u"A12_77_5"_s;
     QTest::newRow("several elements") << u"A12"_s << 1 << quint16(2) << false << u"A12[0]_77_5"_s;
     QTest::newRow("record") << u"A12"_s << 1 << quint16(1) << true << u"A12[0]_77_8"_s;
+    QTest::newRow("global with several elements")
+        << u"A12"_s << 0 << quint16(2) << false << u"A12[0]_77_5"_s;
     QTest::newRow("group O") << u"O07"_s << 1 << quint16(1) << false << u"O07_77_5"_s;
     QTest::newRow("group R") << u"R07"_s << 1 << quint16(1) << false << u"R07_77_5"_s;
 }

@@ -48,6 +48,8 @@ private Q_SLOTS:
     void setElementCountRefused();
     void setElementCountSignals();
     void setElementCountSignalsOfAGlobalParameter();
+    void setElementCountEndsAtTheFirstAxis();
+    void typedUnitCountsAsUnchanged();
     void textsBeyondAShortenedCountReturn();
     void setCoordinate_data();
     void setCoordinate();
@@ -615,6 +617,31 @@ void tst_CoordinateInstanceSetWrites::setElementCountSignalsOfAGlobalParameter()
     QCOMPARE(stand.log.take(),
         (QStringList {u"set.definitionChanged(1.A012[00000])"_s,
             u"set.nativeValueChanged(1.A012[00000])"_s}));
+}
+
+// Deliberate: the last signal names the first axis, also where the parameter lives elsewhere.
+void tst_CoordinateInstanceSetWrites::setElementCountEndsAtTheFirstAxis()
+{
+    InstanceStand stand;
+    auto *set = stand.add(DefinitionBuilder(), u"A12"_s, {3});
+    stand.log.attach(set, u"set"_s);
+    set->setElementCount(2);
+    QCOMPARE(stand.log.take(),
+        (QStringList {u"set.definitionChanged(3.A012[00000])"_s,
+            u"set.definitionChanged(3.A012[00001])"_s,
+            u"set.nativeValueChanged(1.A012[00000])"_s}));
+}
+
+void tst_CoordinateInstanceSetWrites::typedUnitCountsAsUnchanged()
+{
+    InstanceStand stand;
+    auto *set = stand.add(DefinitionBuilder().units(u"mA"_s).defaultValue(u"5"_s), u"A12"_s);
+    QCOMPARE(set->valueText(Axis1, 0, false), u"5"_s);
+    stand.container->setParameterChangeTag(u"neu"_s);
+    stand.listen(set);
+    set->setValueText(Axis1, 0, u"5 mA"_s);
+    QCOMPARE(stand.log.take(), QStringList());
+    QCOMPARE(set->attribute(Axis1, 0, u"ValueChangeTag"_s), u"neu"_s);
 }
 
 void tst_CoordinateInstanceSetWrites::textsBeyondAShortenedCountReturn()
