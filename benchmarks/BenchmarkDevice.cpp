@@ -9,12 +9,14 @@
 
 namespace {
 
+constexpr int UsualDecimals = BenchmarkDevice::UsualDecimals;
+
 QJsonObject element()
 {
     return {{QStringLiteral("profile"), QStringLiteral("current")}};
 }
 
-QJsonObject rootOf(const QJsonArray &parameters)
+QJsonObject rootOf(const QJsonArray &parameters, int decimals)
 {
     const QJsonObject family {{QStringLiteral("identifier"), 77},
         {QStringLiteral("name"), QStringLiteral("Benchmark device")},
@@ -28,7 +30,7 @@ QJsonObject rootOf(const QJsonArray &parameters)
             QJsonObject {{QStringLiteral("scaled"), QStringLiteral("A")},
                 {QStringLiteral("native"), QStringLiteral("cA")}}},
         {QStringLiteral("scaling"), QJsonObject {{QStringLiteral("factor"), 0.01}}},
-        {QStringLiteral("decimals"), QJsonObject {{QStringLiteral("behind"), 2}}},
+        {QStringLiteral("decimals"), QJsonObject {{QStringLiteral("behind"), decimals}}},
         {QStringLiteral("default"), 1250}};
     return {{QStringLiteral("format"), QStringLiteral("kr-device-description")},
         {QStringLiteral("version"), 1}, {QStringLiteral("family"), family},
@@ -45,9 +47,9 @@ QJsonObject parameterOf(quint32 number, const ParameterCoordinate &coordinate)
         {QStringLiteral("coordinates"), QJsonArray {coordinate.toText()}}};
 }
 
-QByteArray bytesOf(const QJsonArray &parameters)
+QByteArray bytesOf(const QJsonArray &parameters, int decimals = UsualDecimals)
 {
-    return QJsonDocument(rootOf(parameters)).toJson();
+    return QJsonDocument(rootOf(parameters, decimals)).toJson();
 }
 
 std::unique_ptr<ServoDriveFirmware> load(const QByteArray &json)
@@ -71,7 +73,7 @@ ParameterCoordinate coordinateOf(int parameter)
 
 } // namespace
 
-QByteArray BenchmarkDevice::description(int parameterCount)
+QByteArray BenchmarkDevice::description(int parameterCount, int decimals)
 {
     QJsonArray parameters;
     for (int i = 0; i < parameterCount; ++i) {
@@ -79,11 +81,11 @@ QByteArray BenchmarkDevice::description(int parameterCount)
         parameter.insert(QStringLiteral("elements"), QJsonArray {element()});
         parameters.append(parameter);
     }
-    return bytesOf(parameters);
+    return bytesOf(parameters, decimals);
 }
 
-BenchmarkDevice::BenchmarkDevice(int parameterCount)
-    : m_firmware(load(description(parameterCount)))
+BenchmarkDevice::BenchmarkDevice(int parameterCount, int decimals)
+    : m_firmware(load(description(parameterCount, decimals)))
 {
     for (int i = 0; i < parameterCount; ++i)
         m_coordinates.append(coordinateOf(i));

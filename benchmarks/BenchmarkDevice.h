@@ -14,10 +14,13 @@ class BenchmarkDevice {
 public:
     static constexpr int AxisCount = 4;
 
-    explicit BenchmarkDevice(int parameterCount);
+    /// Of decimal places that are shown of each value.
+    static constexpr int UsualDecimals = 2;
+
+    explicit BenchmarkDevice(int parameterCount, int decimals = UsualDecimals);
 
     /// The JSON that describes the device.
-    static QByteArray description(int parameterCount);
+    static QByteArray description(int parameterCount, int decimals = UsualDecimals);
 
     ServoDriveFirmware *firmware() const { return m_firmware.get(); }
     qint64 valueCount() const { return qint64(m_coordinates.size()) * AxisCount; }

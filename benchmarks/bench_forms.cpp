@@ -3,6 +3,7 @@
 
 #include "BenchmarkDevice.h"
 #include "Measurement.h"
+#include "value/AddressForm.h"
 #include "value/BinaryForm.h"
 #include "value/ChoiceForm.h"
 #include "value/DecimalForm.h"
@@ -42,6 +43,12 @@ double realAt(int i)
     return double((i * 7919) % 900000 - 450000) / 100.0;
 }
 
+/// More places than are shown.
+double longRealAt(int i)
+{
+    return realAt(i) / 1000.0;
+}
+
 /// Beyond the plain range of the engineering form.
 double largeAt(int i)
 {
@@ -57,6 +64,12 @@ quint32 wordAt(int i)
 quint32 timeAt(int i)
 {
     return quint32(i * 97 % 100000) << 12 | quint32(i % 60) << 6 | quint32(i * 7 % 60);
+}
+
+/// Axis, element and a coordinate from A00 on.
+quint32 addressAt(int i)
+{
+    return quint32(i % 4) << 30 | quint32(i % 100) << 16 | quint32(1000 + i);
 }
 
 quint32 keyAt(int i)
@@ -214,6 +227,18 @@ std::optional<QString> readChoice(const QString &shown)
     return ChoiceForm::readNumber(shown);
 }
 
+QString showAddress(const QString &valueText)
+{
+    const std::optional<ParameterAddress> address = AddressForm::addressOf(valueText);
+    static const QString name = QStringLiteral("Betriebsart");
+    return AddressForm::show(address->toText(false, true), name);
+}
+
+std::optional<QString> readAddress(const QString &shown)
+{
+    return AddressForm::read(shown);
+}
+
 /// The entry's text alone, which is sought among the choice's.
 std::optional<QString> readChoiceText(const QString &shown)
 {
@@ -224,6 +249,10 @@ std::optional<QString> readChoiceText(const QString &shown)
 constexpr std::array Forms {
     Form {"decimal", realText<realAt>, printFixed<realAt, 2>, showDecimal<Signed32, 2, 0>,
         parseReal, readDecimal},
+    Form {"decimal-rounded", realText<longRealAt>, printFixed<longRealAt, 2>,
+        showDecimal<Signed32, 2, 0>, parseReal, readDecimal},
+    Form {"address", wordText<addressAt>, printWord<addressAt, 10>, showAddress, parseWord<10>,
+        readAddress},
     Form {"single", realText<realAt>, printGeneral<realAt, 6>, showDecimal<Single, 2, 6>, parseReal,
         readDecimal},
     Form {"engineering", realText<largeAt>, printGeneral<largeAt, 6>, showDecimal<Double, 2, 6>,
@@ -305,9 +334,11 @@ void readForm(benchmark::State &state, const Form &form)
 
 // Through the container.
 
+/// Shows so many decimal places of values that have two.
+template <int decimals>
 const BenchmarkDevice &device()
 {
-    static const BenchmarkDevice device(Count / BenchmarkDevice::AxisCount);
+    static const BenchmarkDevice device(Count / BenchmarkDevice::AxisCount, decimals);
     return device;
 }
 
@@ -316,6 +347,7 @@ double typedAt(int i)
     return double(i * 7 % 90000) / 100.0 + 10.0;
 }
 
+template <int decimals>
 void containerBare(benchmark::State &state)
 {
     std::vector<double> values;
@@ -325,8 +357,8 @@ void containerBare(benchmark::State &state)
         double length = 0.0;
         std::array<char, 64> buffer;
         for (const double value : values) {
-            const auto printed = std::to_chars(
-                buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed, 2);
+            const auto printed = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                std::chars_format::fixed, decimals);
             const QString text =
                 QString::fromLatin1(buffer.data(), printed.ptr - buffer.data()) + u' ' + Unit;
             length += double(text.size());
@@ -335,20 +367,22 @@ void containerBare(benchmark::State &state)
     });
 }
 
+template <int decimals>
 void containerRead(benchmark::State &state)
 {
     ParameterContainer container;
-    container.setFirmware(device().firmware());
-    device().fill(container);
+    const BenchmarkDevice &used = device<decimals>();
+    container.setFirmware(used.firmware());
+    used.fill(container);
     int i = 0;
-    for (const ParameterCoordinate &coordinate : device().coordinates()) {
+    for (const ParameterCoordinate &coordinate : used.coordinates()) {
         for (int axis = 1; axis <= BenchmarkDevice::AxisCount; ++axis)
             container.writeValue(
                 eLivingSpace(axis), coordinate, 0, QString::number(typedAt(i++), 'f', 2));
     }
     measureSeries(state, [&] {
         double length = 0.0;
-        for (const ParameterCoordinate &coordinate : device().coordinates()) {
+        for (const ParameterCoordinate &coordinate : used.coordinates()) {
             for (int axis = 1; axis <= BenchmarkDevice::AxisCount; ++axis)
                 length +=
                     double(container.readValue(eLivingSpace(axis), coordinate, 0, true).size());
@@ -356,8 +390,8 @@ void containerRead(benchmark::State &state)
         return length;
     });
     const QString second =
-        container.readValue(eLivingSpace::Axis2, device().coordinates().first(), 0, true);
-    check(state, second == QLatin1String("10.07 A"));
+        container.readValue(eLivingSpace::Axis2, used.coordinates().first(), 0, true);
+    check(state, second == QLatin1String(decimals == 2 ? "10.07 A" : "10.1 A"));
 }
 
 } // namespace
@@ -378,7 +412,10 @@ int main(int argc, char **argv)
         add("read-" + name + "/library", Count, with(readForm));
     }
     // The limit builds the string as well.
-    add("container-read/limit", Count, containerBare);
-    add("container-read/library", Count, containerRead);
-    return runPairs(argc, argv, Count, {{"container-read", ContainerBound}});
+    add("container-read/limit", Count, containerBare<2>);
+    add("container-read/library", Count, containerRead<2>);
+    add("container-read-rounded/limit", Count, containerBare<1>);
+    add("container-read-rounded/library", Count, containerRead<1>);
+    return runPairs(argc, argv, Count,
+        {{"container-read", ContainerBound}, {"container-read-rounded", ContainerBound}});
 }

@@ -5,6 +5,7 @@
 #include <KrParameterInstance/ParameterSetup.h>
 
 #include "LocalText.h"
+#include "ProcessorTimer.h"
 
 #include <QtTest/QtTest>
 
@@ -28,6 +29,9 @@ private Q_SLOTS:
     void negativeDigitsAreRefused();
     void nativeAndValueTextNeverFollowTheLocale();
     void definitionDefaultIsInNoForm();
+    void addressesReadBack();
+    void longTextsAreLinear_data();
+    void longTextsAreLinear();
 
 private:
     ParameterCoordinate at(const QString &text) const { return ParameterCoordinate(text); }
@@ -334,6 +338,57 @@ void tst_FormsThroughContainer::definitionDefaultIsInNoForm()
     QCOMPARE(native(QStringLiteral("A05")), QStringLiteral("255"));
     QCOMPARE(native(QStringLiteral("A07")), QStringLiteral("258"));
     QCOMPARE(native(QStringLiteral("A11")), QStringLiteral("1.5"));
+}
+
+// Of parameters that are there and of others, with and without axis and element.
+void tst_FormsThroughContainer::addressesReadBack()
+{
+    MessageRecorder messages;
+    const QString holder = QStringLiteral("A10");
+    for (const char *coordinate : {"A01", "A10", "A20", "B05", "Z999"}) {
+        for (quint8 axis = 0; axis < 4; ++axis) {
+            for (const quint16 element : {0, 1, 16000}) {
+                const QString number = QString::number(
+                    ParameterAddress(axis, at(QString::fromLatin1(coordinate)), element)
+                        .toNumber());
+                store(holder, number);
+                const QString typed = shown(holder);
+                store(holder, QStringLiteral("0"));
+                m_container->writeValue(Space, at(holder), 0, typed);
+                QCOMPARE(native(holder), number);
+            }
+        }
+    }
+}
+
+void tst_FormsThroughContainer::longTextsAreLinear_data()
+{
+    QTest::addColumn<QString>("coordinate");
+    QTest::addColumn<QString>("typed");
+    constexpr qsizetype Mebibyte = 1 << 20;
+    for (const char *coordinate : {"A01", "A03", "A04", "A05", "A07", "A08", "A09", "A10"}) {
+        const QString at = QString::fromLatin1(coordinate);
+        QTest::addRow("%s: digits and a suffix", coordinate)
+            << at << QString(Mebibyte, QLatin1Char('7')) + QStringLiteral(" hex");
+        QTest::addRow("%s: suffixes", coordinate)
+            << at << QStringLiteral("hex").repeated(Mebibyte / 3);
+        QTest::addRow("%s: lines", coordinate)
+            << at << QStringLiteral("x\n").repeated(Mebibyte / 2);
+        QTest::addRow("%s: blanks", coordinate) << at << QString(Mebibyte, QLatin1Char(' '));
+        QTest::addRow("%s: points", coordinate) << at << QString(Mebibyte, QLatin1Char('.'));
+    }
+}
+
+void tst_FormsThroughContainer::longTextsAreLinear()
+{
+    QFETCH(QString, coordinate);
+    QFETCH(QString, typed);
+    MessageRecorder messages;
+    const ParameterSetup *parameter = m_container->parameterSetup(at(coordinate));
+    const ProcessorTimer timer;
+    static_cast<void>(parameter->adoptValueText(typed, Space, 0, nullptr));
+    QVERIFY(timer.elapsed() < 100);
+    messages.take();
 }
 
 QTEST_GUILESS_MAIN(tst_FormsThroughContainer)

@@ -118,7 +118,13 @@ void tst_SuffixRule::applyIsLinear()
     constexpr qsizetype Megabyte = 1 << 20;
     const QString zeros(Megabyte, QLatin1Char('0'));
     const QString lines(Megabyte, QLatin1Char('\n'));
+    const QString almost = QStringLiteral("hex").repeated(Megabyte / 3);
+    const QString broken = QStringLiteral("he\n").repeated(Megabyte / 3);
+    const QString ends = QStringLiteral("x\n").repeated(Megabyte / 2);
     const ProcessorTimer timer;
+    QCOMPARE(SuffixRule::apply(almost, eFormat::Binary).text.size(), almost.size() - 3);
+    QCOMPARE(SuffixRule::apply(broken, eFormat::Binary).text.size(), broken.size());
+    QCOMPARE(SuffixRule::apply(ends, eFormat::Binary).text.size(), ends.size());
     QCOMPARE(SuffixRule::apply(zeros, eFormat::Binary).text.size(), Megabyte);
     QCOMPARE(SuffixRule::apply(lines, eFormat::Binary).text.size(), Megabyte);
     QVERIFY(timer.elapsed() < 100);
