@@ -1,4 +1,5 @@
 #include "tests/instance/InstanceStand.h"
+#include "tests/value/LocalText.h"
 
 #include <QtTest/QTest>
 
@@ -356,14 +357,15 @@ void tst_CoordinateInstanceSetTexts::prepareValueText_data()
     QTest::addColumn<QString>("expected");
     QTest::addColumn<bool>("ok");
 
-    QTest::newRow("value") << u"1.5"_s << 1 << quint16(0) << false << u"1.50"_s << true;
-    QTest::newRow("value with unit") << u"1.5"_s << 1 << quint16(0) << true << u"1.50 mA"_s << true;
+    QTest::newRow("value") << u"1.5"_s << 1 << quint16(0) << false << localText(u"1.50"_s) << true;
+    QTest::newRow("value with unit")
+        << u"1.5"_s << 1 << quint16(0) << true << localText(u"1.50 mA"_s) << true;
     QTest::newRow("empty") << QString() << 1 << quint16(0) << true << QString() << false;
     QTest::newRow("absent element") << u"1.5"_s << 1 << quint16(1) << true << QString() << false;
     QTest::newRow("without instance the text stays")
         << u"1.5"_s << 2 << quint16(0) << true << u"1.5"_s << true;
     QTest::newRow("text that is no number")
-        << u"x"_s << 1 << quint16(0) << false << u"0.00"_s << true;
+        << u"x"_s << 1 << quint16(0) << false << localText(u"0.00"_s) << true;
 }
 
 void tst_CoordinateInstanceSetTexts::prepareValueText()

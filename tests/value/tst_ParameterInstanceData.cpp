@@ -1,5 +1,6 @@
 #include "value/ParameterInstanceData.h"
 
+#include "tests/value/LocalText.h"
 #include "tests/instance/InstanceStand.h"
 #include "value/ElementCatalogue.h"
 
@@ -524,7 +525,8 @@ void tst_ParameterInstanceData::checkValueShowsTheDisplayFormWithUnit()
     ParameterInstanceData *record = recordOf(
         stand.add(DefinitionBuilder().datatype(u"REAL64"_s).decimals(2).units(u"mA"_s), u"A12"_s));
     stand.expectCritical(
-        u"Parameter 1.A12: Fehler beim Übernehmen des Werts - Wert \"1.50 mA\" ist zu klein"_s);
+        u"Parameter 1.A12: Fehler beim Übernehmen des Werts - Wert \"%1\" ist zu klein"_s.arg(
+            localText(u"1.50 mA"_s)));
     QVERIFY(!record->checkValue(0, u"1.5"_s));
 }
 
