@@ -4,7 +4,9 @@ include(GenerateExportHeader)
 
 find_program(KR_CCACHE ccache)
 if(KR_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-    set(CMAKE_CXX_COMPILER_LAUNCHER "${KR_CCACHE}")
+    # With these the cache works with a precompiled header too.
+    set(CMAKE_CXX_COMPILER_LAUNCHER
+        "${CMAKE_COMMAND};-E;env;CCACHE_SLOPPINESS=pch_defines,time_macros;${KR_CCACHE}")
 endif()
 
 # Binaries find the libraries beside them, in the build tree and after an install.
