@@ -66,8 +66,10 @@ Q_SIGNALS:
 
 private:
     void listen();
+    void listenToParameters();
     void rebuild();
     void rebuildSoon();
+    void onLevelChanged();
     void updateVisibility();
     void changeShown(const std::function<void()> &change);
     void buildSearch();
@@ -86,6 +88,8 @@ private:
     /// Empty until something is searched.
     RowSearch m_search;
     QString m_searchedText;
+    /// Whose visibility changed since the event loop ran last.
+    QList<int> m_rowsToShow;
     /// A change of the device's parameters comes as many signals.
     bool m_isRebuildPending = false;
     /// Every value tells of its own visibility then.
