@@ -7,9 +7,19 @@
 
 #include <KrParameterInstance/ParameterInformation.h>
 
+#include <algorithm>
+
+namespace {
+
+/// Of which the search reads the texts at a time: about 2 ms.
+constexpr qsizetype RowsWhileIdle = 1500;
+
+} // namespace
+
 ParameterTableModel::ParameterTableModel(QObject *parent)
     : QAbstractTableModel(parent)
 {
+    connect(&m_idle, &QTimer::timeout, this, &ParameterTableModel::prepareSearch);
 }
 
 ParameterTableModel::~ParameterTableModel() = default;
@@ -92,8 +102,7 @@ void ParameterTableModel::rebuild()
         m_rowOfPlace.insert(m_places.at(row), row);
         m_shown.setVisible(row, m_texts->isVisible(m_places.at(row)));
     }
-    m_search.clear();
-    buildSearch();
+    startSearch();
     m_shown.update();
 }
 
@@ -130,8 +139,7 @@ void ParameterTableModel::refresh()
     changeShown([this] {
         for (int row = 0; row < m_places.size(); ++row)
             m_shown.setVisible(row, m_texts->isVisible(m_places.at(row)));
-        m_search.clear();
-        buildSearch();
+        startSearch();
     });
     if (m_shown.count() > 0)
         Q_EMIT dataChanged(index(0, 0), index(m_shown.count() - 1, ColumnCount - 1));
@@ -224,17 +232,36 @@ void ParameterTableModel::changeShown(const std::function<void()> &change)
     Q_EMIT layoutChanged();
 }
 
+/// Forgets what was read for searching.
+void ParameterTableModel::startSearch()
+{
+    m_search.clear();
+    m_search.reserve(m_places.size());
+    m_idle.start();
+    buildSearch();
+}
+
+/// While nothing else is to be done, so that the first key does not wait for all texts.
+void ParameterTableModel::prepareSearch()
+{
+    fillSearch(std::min(m_search.size() + RowsWhileIdle, m_places.size()));
+    if (m_search.size() == m_places.size())
+        m_idle.stop();
+}
+
+void ParameterTableModel::fillSearch(qsizetype end)
+{
+    for (qsizetype row = m_search.size(); row < end; ++row)
+        m_search.append(m_texts->searched(m_places.at(row)));
+}
+
 void ParameterTableModel::buildSearch()
 {
     if (m_searchedText.isEmpty()) {
         m_shown.setFound({});
         return;
     }
-    if (m_search.isEmpty()) {
-        m_search.reserve(m_places.size());
-        for (const ValuePlace &place : std::as_const(m_places))
-            m_search.append(m_texts->searched(place));
-    }
+    fillSearch(m_places.size());
     m_shown.setFound(m_search.find(m_searchedText));
 }
 
@@ -279,7 +306,7 @@ void ParameterTableModel::updateRow(const ValuePlace &place)
     const int row = m_rowOfPlace.value(place, ShownRows::NotShown);
     if (row == ShownRows::NotShown)
         return;
-    if (!m_search.isEmpty())
+    if (row < m_search.size())
         m_search.replace(row, m_texts->searched(place));
     const QModelIndex first = indexOf(place, Address);
     if (first.isValid())

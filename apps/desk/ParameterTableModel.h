@@ -6,6 +6,7 @@
 
 #include <QtCore/QAbstractTableModel>
 #include <QtCore/QHash>
+#include <QtCore/QTimer>
 
 #include <functional>
 #include <memory>
@@ -72,6 +73,9 @@ private:
     void onLevelChanged();
     void updateVisibility();
     void changeShown(const std::function<void()> &change);
+    void startSearch();
+    void prepareSearch();
+    void fillSearch(qsizetype end);
     void buildSearch();
     void onValueChanged(const ParameterAddress &address);
     void onVisibilityChanged(const ParameterAddress &address);
@@ -85,8 +89,10 @@ private:
     QList<ValuePlace> m_places;
     QHash<ValuePlace, int> m_rowOfPlace;
     ShownRows m_shown;
-    /// Empty until something is searched.
+    /// The texts of the first rows; those of all once the desk was idle or something is searched.
     RowSearch m_search;
+    /// Runs until all texts are read.
+    QTimer m_idle;
     QString m_searchedText;
     /// Whose visibility changed since the event loop ran last.
     QList<int> m_rowsToShow;

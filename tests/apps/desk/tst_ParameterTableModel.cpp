@@ -31,6 +31,7 @@ private Q_SLOTS:
     void axis();
     void search();
     void searchFollowsValues();
+    void searchIsReadWhileIdle();
     void selectionSurvivesTheSearch();
     void differsFromDefault();
     void choices();
@@ -211,6 +212,20 @@ void tst_ParameterTableModel::searchFollowsValues()
     QCOMPARE(addresses(), QStringList(QStringLiteral("1.B01")));
 }
 
+/// What changes meanwhile, before and after the texts are read, is found all the same.
+void tst_ParameterTableModel::searchIsReadWhileIdle()
+{
+    QVERIFY(m_writer->write(place("B01", 1), QStringLiteral("5")).isAccepted);
+    QCoreApplication::processEvents();
+    QVERIFY(m_writer->write(place("B01", 2), QStringLiteral("6")).isAccepted);
+    m_model->setSearchedText(QStringLiteral("5.000"));
+    QCOMPARE(addresses(), QStringList(QStringLiteral("1.B01")));
+    m_model->setSearchedText(QStringLiteral("6.000"));
+    QCOMPARE(addresses(), QStringList(QStringLiteral("2.B01")));
+    m_model->setSearchedText(QStringLiteral("4.200"));
+    QCOMPARE(m_model->rowCount(), 0);
+}
+
 void tst_ParameterTableModel::selectionSurvivesTheSearch()
 {
     const QPersistentModelIndex kept(m_model->indexOf(place("B10")));
@@ -342,10 +357,10 @@ void tst_ParameterTableModel::visibilityFollowsOtherValuesAtOnce()
     QCOMPARE(m_model->rowCount(), 8);
     QVERIFY(!m_model->indexOf(place("K04")).isValid());
     QCOMPARE(layouts.count(), 1);
-    m_stack->undo();
-    QCoreApplication::processEvents();
+
+    // A device of its own: one container tells of hiding once in five seconds.
+    open(std::make_unique<FollowingDevice>());
     QCOMPARE(m_model->rowCount(), 10);
-    QCOMPARE(layouts.count(), 2);
     // The rows are others when the event comes.
     QVERIFY(m_writer->write(place("K01"), QStringLiteral("101")).isAccepted);
     m_model->setDevice(nullptr, nullptr);
