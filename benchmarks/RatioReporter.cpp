@@ -6,6 +6,9 @@
 
 namespace {
 
+/// By which the library's growth exponent may be above that of the limit program.
+constexpr double GrowthMargin = 0.1;
+
 double median(std::vector<double> values)
 {
     const auto middle = values.begin() + std::ptrdiff_t(values.size() / 2);
@@ -62,8 +65,10 @@ void RatioReporter::printRatios(long long referenceSize) const
             std::printf("\n");
         }
         if (series.measured.size() > 1) {
-            std::printf("%-28s growth exponent: limit %+.3f, library %+.3f\n", operation.c_str(),
-                growthExponent(series.limit), growthExponent(series.measured));
+            const double limit = growthExponent(series.limit);
+            const double measured = growthExponent(series.measured);
+            std::printf("%-28s growth exponent: limit %+.3f, library %+.3f%s\n", operation.c_str(),
+                limit, measured, measured > limit + GrowthMargin ? "  over" : "");
         }
     }
 }

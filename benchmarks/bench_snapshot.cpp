@@ -21,6 +21,8 @@ namespace {
 
 constexpr int Sizes[] = {16000, 80000};
 constexpr int ReferenceSize = 16000;
+/// Bounds hold at both sizes.
+constexpr int EverySize = 0;
 constexpr int RecordElements = 16000;
 /// Every hundredth value differs.
 constexpr int DifferentStep = 100;
@@ -291,7 +293,7 @@ int main(int argc, char **argv)
     addPair("record-snapshot", RecordElements, takeLimit, takeLibrary, record);
     addPair("record-compare", RecordElements, compareLimit, compareLibrary, record);
     addPair("record-export", RecordElements, exportLimit, exportLibrary, record);
-    return runPairs(argc, argv, ReferenceSize,
+    return runPairs(argc, argv, EverySize,
         {{"snapshot", 1.5}, {"compare", 1.0}, {"export", 2.0}, {"record-snapshot", 1.5},
             {"record-compare", 1.0}, {"record-export", 2.0}});
 }

@@ -20,11 +20,13 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QTreeWidget>
 
+#include <algorithm>
 #include <cstdio>
 #include <ctime>
 #include <functional>
 #include <map>
 #include <numeric>
+#include <vector>
 
 namespace {
 
@@ -276,6 +278,38 @@ void search(benchmark::State &state, const std::function<void()> &show)
     check(state, shown > 0 && shown < SearchRows / 10);
 }
 
+/// Milliseconds of each key, the median of as many rounds: the first one on a table that was opened
+/// just before, which has read none of its texts, and on one that was idle since.
+void printKeys()
+{
+    constexpr double AimedMilliseconds = 5.0;
+    const auto project = openProject(SearchRows / BenchmarkDevice::AxisCount);
+    Table table(project.get());
+    const auto milliseconds = [&](bool isIdle, const QString &key) {
+        std::vector<double> times;
+        for (int round = 0; round < Rounds; ++round) {
+            table.model.setSearchedText(key.chopped(1));
+            if (key.size() == 1)
+                table.model.refresh();
+            for (int event = 0; isIdle && event < SearchRows / 100; ++event)
+                QApplication::processEvents();
+            const double start = now();
+            table.model.setSearchedText(key);
+            times.push_back((now() - start) * 1000);
+        }
+        std::nth_element(times.begin(), times.begin() + Rounds / 2, times.end());
+        return times[Rounds / 2];
+    };
+    const auto print = [](const QString &what, double time) {
+        std::printf("search of %d rows, %s: %.1f ms (aim %.0f)%s\n", SearchRows, qPrintable(what),
+            time, AimedMilliseconds, time > AimedMilliseconds ? "  over" : "");
+    };
+    print(QStringLiteral("first key at once"), milliseconds(false, Keys[0]));
+    print(QStringLiteral("first key"), milliseconds(true, Keys[0]));
+    for (size_t i = 1; i < std::size(Keys); ++i)
+        print(QStringLiteral("\"%1\"").arg(Keys[i]), milliseconds(true, Keys[i]));
+}
+
 void searchTable(benchmark::State &state)
 {
     search(state, [] {});
@@ -348,6 +382,7 @@ int main(int argc, char **argv)
     int count = int(arguments.size());
     benchmark::Initialize(&count, arguments.data());
 
+    printKeys();
     add("widget-update/limit/16000", updateLimit);
     add("widget-update/library/16000", updateWidget);
     add("widget-html/limit/160", htmlLimit);

@@ -230,11 +230,7 @@ ParameterText CoordinateInstanceSet::unit(
         MeasuringUnitResolver::resolve(value, m_container, livingSpace);
     if (!guard)
         return {};
-    if (outcome.problem == MeasuringUnitResolver::eProblem::Unknown)
-        PropertyResolver::report(PropertyResolver::eFault::UnknownValue, property, coordinate);
-    if (outcome.problem == MeasuringUnitResolver::eProblem::Inconvertible)
-        PropertyResolver::report(
-            PropertyResolver::eFault::InconvertibleValue, property, coordinate);
+    MeasuringUnitResolver::report(outcome.problem, property, coordinate);
     return outcome.unit;
 }
 

@@ -1,6 +1,7 @@
 #include "instance/MeasuringUnitResolver.h"
 
 #include "value/AxisReference.h"
+#include "value/PropertyResolver.h"
 
 #include <KrMultilingual/LanguageManager.h>
 
@@ -42,6 +43,15 @@ MeasuringUnitResolver::Outcome MeasuringUnitResolver::resolve(
             QMetaType::fromType<ParameterText>(), &outcome.unit))
         outcome.problem = eProblem::Inconvertible;
     return outcome;
+}
+
+void MeasuringUnitResolver::report(
+    eProblem problem, eParameterProperty unit, const ParameterCoordinate &coordinate)
+{
+    if (problem == eProblem::Unknown)
+        PropertyResolver::report(PropertyResolver::eFault::UnknownValue, unit, coordinate);
+    if (problem == eProblem::Inconvertible)
+        PropertyResolver::report(PropertyResolver::eFault::InconvertibleValue, unit, coordinate);
 }
 
 ParameterCoordinate MeasuringUnitResolver::locatedCoordinate(const ParameterProperty &property)

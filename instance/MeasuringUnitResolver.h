@@ -4,6 +4,7 @@
 #include <KrParameterDefinition/ParameterCoordinate.h>
 #include <KrParameterDefinition/ParameterProperty.h>
 #include <KrParameterDefinition/eLivingSpace.h>
+#include <KrParameterDefinition/eParameterProperty.h>
 
 #include <QtCore/QString>
 
@@ -28,6 +29,9 @@ struct Outcome {
 /// in the active axis, as the unit in every language.
 Outcome resolve(
     const ParameterProperty &property, ParameterContainer *container, eLivingSpace livingSpace);
+
+/// Says nothing where there is no problem. **Reports** warning "CoordinateInstanceSet".
+void report(eProblem problem, eParameterProperty unit, const ParameterCoordinate &coordinate);
 
 /// The coordinate that a locator names; invalid where the property is none.
 ParameterCoordinate locatedCoordinate(const ParameterProperty &property);

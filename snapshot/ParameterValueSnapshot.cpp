@@ -22,12 +22,12 @@ QStringList ParameterValueSnapshot::filterPropertyNames()
 
 void ParameterValueSnapshot::apply(const Filter &filter)
 {
-    d->apply(filter);
+    d->rebuild(&filter);
 }
 
 void ParameterValueSnapshot::applyNoFilter()
 {
-    d->rebuild();
+    d->rebuild(nullptr);
 }
 
 void ParameterValueSnapshot::disconnectFromSourceContainer()

@@ -8,6 +8,21 @@
 #include <KrParameterInstance/ParameterInformation.h>
 #include <KrParameterInstance/ParameterValueSnapshot.h>
 
+namespace {
+
+/// Living space 0, and what the host offers.
+QSet<eLivingSpace> takenLivingSpaces(const ParameterContainer &container)
+{
+    QSet<eLivingSpace> result {eLivingSpace::Global};
+    const ParameterContainerHostInformation *host = container.hostInformation();
+    if (!host)
+        return result;
+    const QList<eLivingSpace> offered = host->livingSpaces();
+    return result.unite(QSet<eLivingSpace>(offered.cbegin(), offered.cend()));
+}
+
+} // namespace
+
 ParameterValueSnapshotPrivate::ParameterValueSnapshotPrivate(
     ParameterContainer *container, ParameterValueSnapshot *owner)
     : QObject(owner)
@@ -32,27 +47,22 @@ const SnapshotValue &ParameterValueSnapshotPrivate::value(
     return found ? found->value(livingSpace, element) : SnapshotValue::none();
 }
 
-void ParameterValueSnapshotPrivate::apply(const Filter &usedFilter)
-{
-    const QPointer<ParameterValueSnapshotPrivate> self(this);
-    filter = &usedFilter;
-    rebuild();
-    if (self)
-        filter = nullptr;
-}
-
-/// Filter and firmware may do anything while they are asked, so that the container or this snapshot
-/// may be gone afterwards.
-void ParameterValueSnapshotPrivate::rebuild()
+/// Host, filter and firmware may do anything while they are asked, so that the container or this
+/// snapshot may be gone afterwards.
+void ParameterValueSnapshotPrivate::rebuild(const Filter *filter)
 {
     records.clear();
-    if (!sourceContainer)
-        return;
-    livingSpaceSet = takenLivingSpaces();
     const QPointer<ParameterValueSnapshotPrivate> self(this);
     const QPointer<ParameterContainer> container(sourceContainer);
+    if (!container)
+        return;
+    const QSet<eLivingSpace> taken = takenLivingSpaces(*container);
+    if (self)
+        livingSpaceSet = taken;
+    if (!self || !container)
+        return;
     const QList<ParameterCoordinate> coordinates = container->parameterList();
-    SnapshotRecordBuilder builder(livingSpaceSet, filter);
+    SnapshotRecordBuilder builder(taken, filter);
     SnapshotRecords built;
     for (const ParameterCoordinate &coordinate : coordinates) {
         if (!container)
@@ -88,15 +98,4 @@ bool ParameterValueSnapshotPrivate::unite(const ParameterValueSnapshotPrivate *o
     records.insert(other->records);
     livingSpaceSet.unite(other->livingSpaceSet);
     return true;
-}
-
-/// Living space 0, and what the host offers.
-QSet<eLivingSpace> ParameterValueSnapshotPrivate::takenLivingSpaces() const
-{
-    QSet<eLivingSpace> result {eLivingSpace::Global};
-    const ParameterContainerHostInformation *host = sourceContainer->hostInformation();
-    if (!host)
-        return result;
-    const QList<eLivingSpace> offered = host->livingSpaces();
-    return result.unite(QSet<eLivingSpace>(offered.cbegin(), offered.cend()));
 }

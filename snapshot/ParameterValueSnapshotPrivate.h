@@ -23,22 +23,17 @@ public:
     /// The empty value where there is none.
     const SnapshotValue &value(
         eLivingSpace livingSpace, const ParameterCoordinate &coordinate, quint16 element) const;
-    void apply(const Filter &usedFilter);
-    /// Replaces the records by what the container holds and the filter accepts.
-    void rebuild();
+    /// Replaces the records by what the container holds and the filter accepts; null accepts all.
+    /// Holds nothing where the filter throws.
+    void rebuild(const Filter *filter);
     bool readJson(const QByteArray &json, QString &problem);
     bool unite(const ParameterValueSnapshotPrivate *other);
 
     /// Null once disconnected or destroyed.
     QPointer<ParameterContainer> sourceContainer;
-    /// Set only while apply() runs. **Owner** the caller of apply().
-    const Filter *filter = nullptr;
     SnapshotRecords records;
     /// The living spaces that the snapshot takes. Order carries no meaning.
     QSet<eLivingSpace> livingSpaceSet;
     bool saveToTextFileEnabled = true;
     ParameterValueSnapshot *owner;
-
-private:
-    QSet<eLivingSpace> takenLivingSpaces() const;
 };

@@ -17,24 +17,17 @@ constexpr int MaskableWriteLevel = 6;
 /// Most parameters have no more elements; their drafts need no memory of their own.
 constexpr qsizetype FewElements = 4;
 
-/// Where a unit stands: the property, the accessor that answers for the parameter's first living
-/// space, and the value text that shows the unit of the living space at hand.
+/// Where a unit stands: the property, and the accessor that answers for the parameter's first living
+/// space.
 struct UnitPlace {
     eParameterProperty property;
     ParameterText (ParameterInformation::*unit)(quint16) const;
-    QString (ParameterInformation::*valueText)(eLivingSpace, quint16, bool) const;
 };
 
-constexpr UnitPlace ScaledUnit {eParameterProperty::ScaledMeasuringUnit,
-    &ParameterInformation::scaledMeasuringUnit, &ParameterInformation::unconvertedValueText};
-constexpr UnitPlace NativeUnit {eParameterProperty::NativeMeasuringUnit,
-    &ParameterInformation::nativeMeasuringUnit, &ParameterInformation::nativeValueText};
-
-/// What stands behind a text and the one blank that parts it from its unit.
-QString unitBehind(const QString &text, const QString &textWithUnit)
-{
-    return textWithUnit.startsWith(text) ? textWithUnit.mid(text.size() + 1) : QString();
-}
+constexpr UnitPlace ScaledUnit {
+    eParameterProperty::ScaledMeasuringUnit, &ParameterInformation::scaledMeasuringUnit};
+constexpr UnitPlace NativeUnit {
+    eParameterProperty::NativeMeasuringUnit, &ParameterInformation::nativeMeasuringUnit};
 
 /// Equal texts share storage, here and with the container.
 void share(QString &text, const QString &other)
@@ -261,18 +254,13 @@ SnapshotPool::Units SnapshotRecordBuilder::Draft::units(
                                  : element.native.text);
 }
 
-/// The unit of a locator for one living space shows in the value texts alone; where there is no value
-/// text, the accessor answers.
 QString SnapshotRecordBuilder::Draft::localUnit(
     eLivingSpace livingSpace, quint16 number, const UnitPlace &place) const
 {
-    const auto text = [&](bool withUnit) {
-        return ask([&](auto &information) {
-            return (information.*place.valueText)(livingSpace, number, withUnit);
-        });
-    };
-    const QString plain = text(false);
-    return plain.isEmpty() ? accessorUnit(number, place) : unitBehind(plain, text(true));
+    const ParameterText unit = ask([&](auto &information) {
+        return information.measuringUnit(place.property, livingSpace, number);
+    });
+    return unit.longText();
 }
 
 QString SnapshotRecordBuilder::Draft::accessorUnit(quint16 number, const UnitPlace &place) const

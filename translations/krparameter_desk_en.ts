@@ -62,7 +62,7 @@
         <translation>&amp;Search</translation>
     </message>
     <message>
-        <source>&amp;Wert ändern</source>
+        <source>Wert ä&amp;ndern</source>
         <translation>&amp;Change value</translation>
     </message>
     <message>
@@ -103,7 +103,7 @@
     </message>
     <message>
         <source>Meldungen &amp;leeren</source>
-        <translation>&amp;Clear messages</translation>
+        <translation>C&amp;lear messages</translation>
     </message>
 </context>
 <context>
@@ -369,7 +369,7 @@
         <translation>A&amp;ccess level</translation>
     </message>
     <message>
-        <source>Sp&amp;rache</source>
+        <source>S&amp;prache</source>
         <translation>&amp;Language</translation>
     </message>
     <message>

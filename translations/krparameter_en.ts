@@ -453,6 +453,10 @@ that carries them.
         <source>Werte als Text mit Semikolons schreiben</source>
         <translation>write values as text with semicolons</translation>
     </message>
+    <message>
+        <source>-o und --rfc4180 brauchen verschiedene Dateien</source>
+        <translation>-o and --rfc4180 need different files</translation>
+    </message>
 </context>
 <context>
     <name>ExportIssue</name>
@@ -475,6 +479,13 @@ that carries them.
     <message>
         <source>Parameter %1: der Wert %2</source>
         <translation>Parameter %1: the value %2</translation>
+    </message>
+</context>
+<context>
+    <name>FilePlace</name>
+    <message>
+        <source>die Verweise führen im Kreis</source>
+        <translation>the links lead in a circle</translation>
     </message>
 </context>
 <context>
@@ -1471,6 +1482,10 @@ level stay empty. The document forbids scripts and loading, and names in it are 
     <message>
         <source>Bericht der Unterschiede als HTML und PDF</source>
         <translation>report of the differences as HTML and PDF</translation>
+    </message>
+    <message>
+        <source>-o und --pdf brauchen verschiedene Dateien</source>
+        <translation>-o and --pdf need different files</translation>
     </message>
 </context>
 <context>

@@ -24,7 +24,7 @@ constexpr Entry Entries[] = {
     {DeskActions::Undo, QT_TRANSLATE_NOOP("DeskActions", "&Rückgängig"), "Ctrl+Z", false},
     {DeskActions::Redo, QT_TRANSLATE_NOOP("DeskActions", "&Wiederholen"), "Ctrl+Shift+Z", false},
     {DeskActions::Search, QT_TRANSLATE_NOOP("DeskActions", "&Suchen"), "Ctrl+F", false},
-    {DeskActions::EditValue, QT_TRANSLATE_NOOP("DeskActions", "&Wert ändern"), "F2", false},
+    {DeskActions::EditValue, QT_TRANSLATE_NOOP("DeskActions", "Wert ä&ndern"), "F2", false},
     {DeskActions::TakeSnapshot, QT_TRANSLATE_NOOP("DeskActions", "&Snapshot …"), "Ctrl+T", false},
     {DeskActions::CompareSnapshots, QT_TRANSLATE_NOOP("DeskActions", "&Vergleichen"), "Ctrl+D",
         false},

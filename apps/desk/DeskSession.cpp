@@ -54,6 +54,11 @@ bool DeskSession::isModified() const
     return m_hasOtherChanges || !m_undoStack.isClean();
 }
 
+bool DeskSession::isReadOnly() const
+{
+    return m_project && m_project->container().isReadOnly();
+}
+
 bool DeskSession::mayClose()
 {
     if (!isModified())
@@ -90,9 +95,9 @@ bool DeskSession::open(const QString &descriptionFile)
 void DeskSession::adopt(std::unique_ptr<DriveProject> project)
 {
     Q_EMIT aboutToChange();
+    m_undoStack.clear();
     m_onlineSwitch.reset();
     m_writer.reset();
-    m_undoStack.clear();
     m_project = std::move(project);
     m_folder.clear();
     m_folderHoldsMore = false;
@@ -123,6 +128,7 @@ bool DeskSession::loadInto(DriveProject &project, const QString &folder)
 {
     const ProjectStorage storage(folder);
     ProjectStorage::LoadResult result;
+    m_writer->forget();
     const auto load = [&](ProjectStorage::eCutBlock cutBlock) {
         m_dialogs.run(tr("Projekt laden"),
             [&](Progress &progress) { result = storage.load(project, cutBlock, {}, &progress); });
@@ -169,6 +175,18 @@ bool DeskSession::save(const QString &folder)
     tellModified();
     Q_EMIT saved();
     return true;
+}
+
+void DeskSession::undo()
+{
+    if (canUndo())
+        m_undoStack.undo();
+}
+
+void DeskSession::redo()
+{
+    if (canRedo())
+        m_undoStack.redo();
 }
 
 bool DeskSession::agreesToLeaveBehind(const QString &folder)

@@ -34,11 +34,15 @@ public:
     DriveProject *project() const { return m_project.get(); }
     ValueWriter *writer() const { return m_writer.get(); }
     OnlineSwitch *onlineSwitch() const { return m_onlineSwitch.get(); }
-    QUndoStack *undoStack() { return &m_undoStack; }
+    const QUndoStack *undoStack() const { return &m_undoStack; }
+    /// Never while the device is read only.
+    bool canUndo() const { return m_undoStack.canUndo() && !isReadOnly(); }
+    bool canRedo() const { return m_undoStack.canRedo() && !isReadOnly(); }
     /// Empty while the values were neither loaded nor saved.
     QString folder() const { return m_folder; }
     QString deviceName() const;
     bool isModified() const;
+    bool isReadOnly() const;
 
     /// Asks what to do with unsaved changes. False: nothing is to be lost, stay.
     bool mayClose();
@@ -51,6 +55,9 @@ public:
     bool load(const QString &folder);
     /// **Refused** texts that would be lost unless the user agrees. **Emits** saved.
     bool save(const QString &folder);
+    /// Do nothing where they cannot.
+    void undo();
+    void redo();
 
 Q_SIGNALS:
     /// The device or all of its values; who holds the project lets it go.

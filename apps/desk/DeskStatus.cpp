@@ -44,13 +44,14 @@ void DeskStatus::updateSwitches()
 {
     DeskSession &session = m_window.session();
     const bool hasDevice = session.project() != nullptr;
-    const auto state = hasDevice ? session.onlineSwitch()->state() : OnlineSwitch::eState::Offline;
+    const OnlineSwitch *link = session.onlineSwitch();
+    const auto state = link ? link->state() : OnlineSwitch::eState::Offline;
     for (const DeskActions::eAction action :
         {DeskActions::LoadProject, DeskActions::SaveProject, DeskActions::SaveProjectAs,
             DeskActions::TakeSnapshot, DeskActions::GoOnline, DeskActions::ReadOnly})
         m_actions[action]->setEnabled(hasDevice);
-    m_actions[DeskActions::Undo]->setEnabled(session.undoStack()->canUndo());
-    m_actions[DeskActions::Redo]->setEnabled(session.undoStack()->canRedo());
+    m_actions[DeskActions::Undo]->setEnabled(session.canUndo());
+    m_actions[DeskActions::Redo]->setEnabled(session.canRedo());
     m_actions[DeskActions::GoOnline]->setChecked(state != OnlineSwitch::eState::Offline);
     const bool isReadOnly = hasDevice && session.project()->container().isReadOnly();
     m_actions[DeskActions::ReadOnly]->setChecked(isReadOnly);

@@ -67,6 +67,8 @@ DeskWindow::DeskWindow(DeskDialogs &dialogs)
 DeskWindow::~DeskWindow()
 {
     // The members go before the widgets that show them.
+    System::information()->disconnect(this);
+    m_session.undoStack()->disconnect(m_status);
     m_language.disconnect(this);
     m_session.disconnect(this);
     m_snapshots.disconnect(this);
@@ -159,8 +161,8 @@ void DeskWindow::connectCommands()
     on(DeskActions::SaveProject, [this](bool) { m_commands.saveProject(); });
     on(DeskActions::SaveProjectAs, [this](bool) { m_commands.saveProjectElsewhere(); });
     on(DeskActions::Quit, [this](bool) { close(); });
-    on(DeskActions::Undo, [this](bool) { m_session.undoStack()->undo(); });
-    on(DeskActions::Redo, [this](bool) { m_session.undoStack()->redo(); });
+    on(DeskActions::Undo, [this](bool) { m_session.undo(); });
+    on(DeskActions::Redo, [this](bool) { m_session.redo(); });
     on(DeskActions::TakeSnapshot, [this](bool) { m_commands.takeSnapshot(m_snapshots); });
     on(DeskActions::RemoveSnapshot, [this](bool) { m_snapshotPane->removeCurrent(); });
     on(DeskActions::ClearMessages, [this](bool) { m_messages.clear(); });
@@ -175,10 +177,8 @@ void DeskWindow::connectCommands()
         m_status->updateSwitches();
     });
     const QUndoStack *stack = m_session.undoStack();
-    connect(
-        stack, &QUndoStack::canUndoChanged, (*m_actions)[DeskActions::Undo], &QAction::setEnabled);
-    connect(
-        stack, &QUndoStack::canRedoChanged, (*m_actions)[DeskActions::Redo], &QAction::setEnabled);
+    connect(stack, &QUndoStack::canUndoChanged, m_status, &DeskStatus::updateSwitches);
+    connect(stack, &QUndoStack::canRedoChanged, m_status, &DeskStatus::updateSwitches);
 }
 
 void DeskWindow::connectViews()
@@ -241,6 +241,9 @@ void DeskWindow::connectSession()
     connect(&m_session, &DeskSession::saved, m_status, &DeskStatus::updateTitle);
     connect(&m_session, &DeskSession::modifiedChanged, this, &QWidget::setWindowModified);
     connect(&m_snapshots, &SnapshotListModel::checkedChanged, this, &DeskWindow::compareChecked);
+    // Values above the level must not stay in sight, nor in what is exported.
+    connect(System::information(), &SystemInformation::userAccessLevelParameterChanged, this,
+        &DeskWindow::compareChecked);
 }
 
 void DeskWindow::retranslate()
@@ -292,6 +295,10 @@ void DeskWindow::onChanged()
     m_tableModel.setAxis({});
     if (m_session.onlineSwitch()) {
         connect(m_session.onlineSwitch(), &OnlineSwitch::stateChanged, m_status,
+            &DeskStatus::updateSwitches, Qt::UniqueConnection);
+    }
+    if (project) {
+        connect(&project->container(), &ParameterContainer::readOnlyChanged, m_status,
             &DeskStatus::updateSwitches, Qt::UniqueConnection);
     }
     if (m_tableModel.rowCount() > 0)

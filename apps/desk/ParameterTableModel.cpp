@@ -7,17 +7,32 @@
 
 #include <KrParameterInstance/ParameterInformation.h>
 
+#include <algorithm>
+
+namespace {
+
+/// Of which the search reads the texts at a time: about 2 ms.
+constexpr qsizetype RowsWhileIdle = 1500;
+
+} // namespace
+
 ParameterTableModel::ParameterTableModel(QObject *parent)
     : QAbstractTableModel(parent)
 {
+    connect(&m_idle, &QTimer::timeout, this, &ParameterTableModel::prepareSearch);
 }
 
 ParameterTableModel::~ParameterTableModel() = default;
 
 void ParameterTableModel::setDevice(DriveProject *project, ValueWriter *writer)
 {
-    if (m_project)
+    if (m_project) {
         m_project->container().disconnect(this);
+        for (const ParameterCoordinate &coordinate : m_project->container().parameterList()) {
+            if (const auto parameter = m_project->container().parameterInformation(coordinate))
+                parameter->disconnect(this);
+        }
+    }
     if (m_writer)
         m_writer->disconnect(this);
     beginResetModel();
@@ -45,7 +60,7 @@ void ParameterTableModel::listen()
     connect(container, &ParameterContainer::parameterVisibilityChanged, this,
         &ParameterTableModel::onVisibilityChanged);
     connect(container, &ParameterContainer::accessLevelUpdateFinished, this,
-        &ParameterTableModel::updateVisibility);
+        &ParameterTableModel::onLevelChanged);
     connect(container, &ParameterContainer::onlineChanged, this, &ParameterTableModel::refresh);
     connect(container, &ParameterContainer::readOnlyChanged, this, &ParameterTableModel::refresh);
     connect(container, &ParameterContainer::accessLevelUpdateStarted, this,
@@ -58,11 +73,28 @@ void ParameterTableModel::listen()
         &ParameterTableModel::rebuildSoon);
     if (m_writer)
         connect(m_writer, &ValueWriter::written, this, &ParameterTableModel::updateRow);
+    listenToParameters();
+}
+
+/// What no container tells. Those that are heard already stay so.
+void ParameterTableModel::listenToParameters()
+{
+    if (!m_project)
+        return;
+    ParameterContainer &container = m_project->container();
+    for (const ParameterCoordinate &coordinate : container.parameterList()) {
+        const ParameterInformation *parameter = container.parameterInformation(coordinate);
+        connect(parameter, &ParameterInformation::limitsChanged, this,
+            &ParameterTableModel::onValueChanged, Qt::UniqueConnection);
+        connect(parameter, &ParameterInformation::writabilityChanged, this,
+            &ParameterTableModel::onValueChanged, Qt::UniqueConnection);
+    }
 }
 
 void ParameterTableModel::rebuild()
 {
     m_places = m_project ? ValuePlace::allOf(m_project->container()) : QList<ValuePlace>();
+    m_rowsToShow.clear();
     m_rowOfPlace.clear();
     m_rowOfPlace.reserve(m_places.size());
     m_shown.setPlaces(m_places);
@@ -70,8 +102,7 @@ void ParameterTableModel::rebuild()
         m_rowOfPlace.insert(m_places.at(row), row);
         m_shown.setVisible(row, m_texts->isVisible(m_places.at(row)));
     }
-    m_search.clear();
-    buildSearch();
+    startSearch();
     m_shown.update();
 }
 
@@ -85,6 +116,7 @@ void ParameterTableModel::rebuildSoon()
         beginResetModel();
         rebuild();
         endResetModel();
+        listenToParameters();
     };
     QMetaObject::invokeMethod(this, reset, Qt::QueuedConnection);
 }
@@ -107,8 +139,7 @@ void ParameterTableModel::refresh()
     changeShown([this] {
         for (int row = 0; row < m_places.size(); ++row)
             m_shown.setVisible(row, m_texts->isVisible(m_places.at(row)));
-        m_search.clear();
-        buildSearch();
+        startSearch();
     });
     if (m_shown.count() > 0)
         Q_EMIT dataChanged(index(0, 0), index(m_shown.count() - 1, ColumnCount - 1));
@@ -172,16 +203,11 @@ bool ParameterTableModel::setData(const QModelIndex &index, const QVariant &valu
     return outcome.isAccepted;
 }
 
-void ParameterTableModel::updateVisibility()
+/// What may be written and what is masked follow the level too, and so does what is found.
+void ParameterTableModel::onLevelChanged()
 {
     m_isLevelChanging = false;
-    changeShown([this] {
-        for (int row = 0; row < m_places.size(); ++row)
-            m_shown.setVisible(row, m_texts->isVisible(m_places.at(row)));
-    });
-    // What may be written and what is masked follow the level too.
-    if (m_shown.count() > 0)
-        Q_EMIT dataChanged(index(0, 0), index(m_shown.count() - 1, ColumnCount - 1));
+    refresh();
 }
 
 /// Rows keep their selection where they are still shown.
@@ -206,17 +232,36 @@ void ParameterTableModel::changeShown(const std::function<void()> &change)
     Q_EMIT layoutChanged();
 }
 
+/// Forgets what was read for searching.
+void ParameterTableModel::startSearch()
+{
+    m_search.clear();
+    m_search.reserve(m_places.size());
+    m_idle.start();
+    buildSearch();
+}
+
+/// While nothing else is to be done, so that the first key does not wait for all texts.
+void ParameterTableModel::prepareSearch()
+{
+    fillSearch(std::min(m_search.size() + RowsWhileIdle, m_places.size()));
+    if (m_search.size() == m_places.size())
+        m_idle.stop();
+}
+
+void ParameterTableModel::fillSearch(qsizetype end)
+{
+    for (qsizetype row = m_search.size(); row < end; ++row)
+        m_search.append(m_texts->searched(m_places.at(row)));
+}
+
 void ParameterTableModel::buildSearch()
 {
     if (m_searchedText.isEmpty()) {
         m_shown.setFound({});
         return;
     }
-    if (m_search.isEmpty()) {
-        m_search.reserve(m_places.size());
-        for (const ValuePlace &place : std::as_const(m_places))
-            m_search.append(m_texts->searched(place));
-    }
+    fillSearch(m_places.size());
     m_shown.setFound(m_search.find(m_searchedText));
 }
 
@@ -231,10 +276,27 @@ void ParameterTableModel::onVisibilityChanged(const ParameterAddress &address)
     if (m_isLevelChanging)
         return;
     const auto parameter = m_project->container().parameterInformation(address.coordinate());
-    const int row = parameter ? m_rowOfPlace.value(ValuePlace::of(address, *parameter), -1) : -1;
-    if (row < 0 || m_shown.isVisible(row) == m_texts->isVisible(m_places.at(row)))
+    const int row = parameter
+        ? m_rowOfPlace.value(ValuePlace::of(address, *parameter), ShownRows::NotShown)
+        : ShownRows::NotShown;
+    if (row == ShownRows::NotShown)
         return;
-    changeShown([&] { m_shown.setVisible(row, m_texts->isVisible(m_places.at(row))); });
+    if (m_rowsToShow.isEmpty())
+        QMetaObject::invokeMethod(
+            this, &ParameterTableModel::updateVisibility, Qt::QueuedConnection);
+    m_rowsToShow.append(row);
+}
+
+/// All at once: one value may hide or show many.
+void ParameterTableModel::updateVisibility()
+{
+    const QList<int> rows = std::exchange(m_rowsToShow, {});
+    if (rows.isEmpty())
+        return;
+    changeShown([&] {
+        for (const int row : rows)
+            m_shown.setVisible(row, m_texts->isVisible(m_places.at(row)));
+    });
 }
 
 /// A row that is shown stays, also where its value no longer holds the searched text: it would vanish
@@ -244,7 +306,7 @@ void ParameterTableModel::updateRow(const ValuePlace &place)
     const int row = m_rowOfPlace.value(place, ShownRows::NotShown);
     if (row == ShownRows::NotShown)
         return;
-    if (!m_search.isEmpty())
+    if (row < m_search.size())
         m_search.replace(row, m_texts->searched(place));
     const QModelIndex first = indexOf(place, Address);
     if (first.isValid())

@@ -6,6 +6,7 @@
 
 #include <QtCore/QAbstractTableModel>
 #include <QtCore/QHash>
+#include <QtCore/QTimer>
 
 #include <functional>
 #include <memory>
@@ -66,10 +67,15 @@ Q_SIGNALS:
 
 private:
     void listen();
+    void listenToParameters();
     void rebuild();
     void rebuildSoon();
+    void onLevelChanged();
     void updateVisibility();
     void changeShown(const std::function<void()> &change);
+    void startSearch();
+    void prepareSearch();
+    void fillSearch(qsizetype end);
     void buildSearch();
     void onValueChanged(const ParameterAddress &address);
     void onVisibilityChanged(const ParameterAddress &address);
@@ -83,9 +89,13 @@ private:
     QList<ValuePlace> m_places;
     QHash<ValuePlace, int> m_rowOfPlace;
     ShownRows m_shown;
-    /// Empty until something is searched.
+    /// The texts of the first rows; those of all once the desk was idle or something is searched.
     RowSearch m_search;
+    /// Runs until all texts are read.
+    QTimer m_idle;
     QString m_searchedText;
+    /// Whose visibility changed since the event loop ran last.
+    QList<int> m_rowsToShow;
     /// A change of the device's parameters comes as many signals.
     bool m_isRebuildPending = false;
     /// Every value tells of its own visibility then.

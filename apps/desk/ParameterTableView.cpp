@@ -68,6 +68,7 @@ void ParameterTableView::setDefaultColumnWidths()
 
 void ParameterTableView::keyPressEvent(QKeyEvent *event)
 {
+    m_note->hide();
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!isReturn || state() == EditingState || !currentIndex().isValid()) {
         QTableView::keyPressEvent(event);
@@ -85,12 +86,14 @@ void ParameterTableView::scrollContentsBy(int dx, int dy)
 void ParameterTableView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
 {
     const int row = currentIndex().row();
+    const bool hasCorrection = std::exchange(m_hasCorrection, false);
     QTableView::closeEditor(editor, QAbstractItemDelegate::NoHint);
     m_note->hide();
     if (hint == QAbstractItemDelegate::EditNextItem)
         editFrom(row + 1, 1);
     else if (hint == QAbstractItemDelegate::EditPreviousItem)
         editFrom(row - 1, -1);
+    m_note->setVisible(hasCorrection);
 }
 
 /// The first value from the row on that can be written.
@@ -109,7 +112,8 @@ void ParameterTableView::editFrom(int row, int step)
 void ParameterTableView::onWriteAnswered(
     const QModelIndex &index, bool isAccepted, const QString &message)
 {
-    if (isAccepted || message.isEmpty() || !index.isValid())
+    m_hasCorrection = isAccepted && !message.isEmpty() && index.isValid();
+    if (message.isEmpty() || !index.isValid())
         m_note->hide();
     else
         m_note->showBeside(visualRect(index), message);

@@ -32,4 +32,6 @@ private:
 
     ValueDelegate *m_delegate;
     RejectionNote *m_note;
+    /// The note says what was corrected: it outlives the editor.
+    bool m_hasCorrection = false;
 };

@@ -2,7 +2,7 @@
 
 #include <QtWidgets/QLabel>
 
-/// Says beside a field why its text was refused.
+/// Says beside a field why its text was refused, or what of it was corrected.
 class RejectionNote : public QLabel {
     Q_OBJECT
 

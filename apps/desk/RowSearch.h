@@ -7,7 +7,7 @@
 /// word of the pattern; an empty pattern finds every row.
 class RowSearch {
 public:
-    bool isEmpty() const { return m_texts.isEmpty(); }
+    qsizetype size() const { return m_texts.size(); }
     void clear();
     void reserve(qsizetype size) { m_texts.reserve(size); }
     /// The text of the next row.

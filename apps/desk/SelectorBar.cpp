@@ -87,7 +87,7 @@ void SelectorBar::retranslate()
     m_search->setPlaceholderText(tr("Suchen in Adresse, Name, Einheit und Wert"));
     m_axisLabel->setText(tr("A&chse"));
     m_levelLabel->setText(tr("Z&ugriffsstufe"));
-    m_languageLabel->setText(tr("Sp&rache"));
+    m_languageLabel->setText(tr("S&prache"));
     m_axis->setItemText(0, tr("alle"));
     for (int i = 1; i < m_axis->count(); ++i)
         m_axis->setItemText(i, QString::number(m_axis->itemData(i).toInt()));

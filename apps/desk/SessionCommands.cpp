@@ -54,6 +54,10 @@ void SessionCommands::takeSnapshot(SnapshotListModel &snapshots)
 {
     if (!m_session.project())
         return;
-    if (const auto name = m_dialogs.snapshotName(snapshots.suggestedName()))
-        snapshots.take(m_session.project()->container(), *name);
+    const auto name = m_dialogs.snapshotName(snapshots.suggestedName());
+    if (!name)
+        return;
+    m_dialogs.run(tr("Snapshot aufnehmen"), [&](Progress &progress) {
+        snapshots.take(m_session.project()->container(), *name, &progress);
+    });
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QString>
 
 class DeskDialogs;
@@ -9,6 +10,8 @@ class SnapshotListModel;
 /// What the user does with device, project and snapshots, asked for what it needs. Without device there
 /// is nothing to load, save or take.
 class SessionCommands {
+    Q_DECLARE_TR_FUNCTIONS(SessionCommands)
+
 public:
     /// **Owner** of both the caller.
     SessionCommands(DeskSession &session, DeskDialogs &dialogs);

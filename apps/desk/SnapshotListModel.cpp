@@ -1,6 +1,50 @@
 #include "apps/desk/SnapshotListModel.h"
 
+#include "apps/host/Progress.h"
+#include "apps/host/ValuePlace.h"
+
+#include <KrFilter/Filter.h>
+
 #include <algorithm>
+
+namespace {
+
+/// Accepts everything and tells how many values it was asked for.
+class CountingFilter final : public Filter {
+public:
+    CountingFilter(Progress &progress, qsizetype total)
+        : m_progress(progress)
+        , m_total(total)
+    {
+    }
+
+    bool testElement(const FilterElement &) const override
+    {
+        m_isCancelled = m_isCancelled || !m_progress.advance(m_done++, m_total);
+        return !m_isCancelled;
+    }
+    bool isCancelled() const { return m_isCancelled; }
+
+private:
+    Progress &m_progress;
+    qsizetype m_total;
+    mutable qsizetype m_done = 0;
+    mutable bool m_isCancelled = false;
+};
+
+/// False where the progress ended it.
+bool fill(ParameterValueSnapshot &snapshot, ParameterContainer &container, Progress *progress)
+{
+    if (!progress) {
+        snapshot.applyNoFilter();
+        return true;
+    }
+    const CountingFilter filter(*progress, ValuePlace::allOf(container).size());
+    snapshot.apply(filter);
+    return !filter.isCancelled();
+}
+
+} // namespace
 
 SnapshotListModel::SnapshotListModel(QObject *parent)
     : QAbstractListModel(parent)
@@ -9,15 +53,17 @@ SnapshotListModel::SnapshotListModel(QObject *parent)
 
 SnapshotListModel::~SnapshotListModel() = default;
 
-void SnapshotListModel::take(ParameterContainer &container, const QString &name)
+bool SnapshotListModel::take(ParameterContainer &container, const QString &name, Progress *progress)
 {
     auto snapshot = std::make_unique<ParameterValueSnapshot>(&container);
-    snapshot->applyNoFilter();
+    if (!fill(*snapshot, container, progress))
+        return false;
     const int row = rowCount();
     beginInsertRows({}, row, row);
     m_entries.push_back({name, std::move(snapshot), true});
     endInsertRows();
     Q_EMIT checkedChanged();
+    return true;
 }
 
 void SnapshotListModel::removeAt(int row)

@@ -8,6 +8,7 @@
 #include <vector>
 
 class ParameterContainer;
+class Progress;
 
 /// The named snapshots of a device, oldest first. Those that are checked are compared.
 class SnapshotListModel : public QAbstractListModel {
@@ -17,8 +18,9 @@ public:
     explicit SnapshotListModel(QObject *parent = nullptr);
     ~SnapshotListModel() override;
 
-    /// Takes everything that the container holds now; the new snapshot is checked.
-    void take(ParameterContainer &container, const QString &name);
+    /// Takes everything that the container holds now; the new snapshot is checked. False where the
+    /// progress, which may be null, ended it: there is no new one then.
+    bool take(ParameterContainer &container, const QString &name, Progress *progress = nullptr);
     void removeAt(int row);
     void clear();
     /// "Snapshot 3" for the third; never a name that is there.

@@ -7,6 +7,8 @@
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLineEdit>
 
+#include <optional>
+
 namespace {
 
 /// Of the mark's colour in 256; the rest is the background, dark or light.
@@ -19,6 +21,22 @@ QColor mixed(const QColor &color, const QColor &base)
     };
     return QColor(mix(color.red(), base.red()), mix(color.green(), base.green()),
         mix(color.blue(), base.blue()));
+}
+
+/// Nothing where the editor still says what stands in the row. A choice is known by its native text,
+/// which may be none of the list's; a typed text means what is shown, also where it looks like the
+/// native one.
+std::optional<QString> changedText(const QWidget &editor, const QModelIndex &index)
+{
+    if (const auto *list = qobject_cast<const QComboBox *>(&editor)) {
+        const QString native = list->currentData().toString();
+        const bool isChosen = list->currentIndex() >= 0
+            && native != index.data(ParameterTableModel::NativeRole).toString();
+        return isChosen ? std::optional(native) : std::nullopt;
+    }
+    const auto *field = qobject_cast<const QLineEdit *>(&editor);
+    const bool isTyped = field && field->text() != index.data(Qt::EditRole).toString();
+    return isTyped ? std::optional(field->text()) : std::nullopt;
 }
 
 } // namespace
@@ -69,18 +87,9 @@ void ValueDelegate::setEditorData(QWidget *editor, const QModelIndex &index) con
 void ValueDelegate::setModelData(
     QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
 {
-    QString text;
-    if (const auto *list = qobject_cast<QComboBox *>(editor))
-        text = list->currentData().toString();
-    else if (const auto *field = qobject_cast<QLineEdit *>(editor))
-        text = field->text();
-    // Nothing was typed, or the row is gone.
-    if (!index.isValid() || text == index.data(Qt::EditRole).toString()
-        || text == index.data(ParameterTableModel::NativeRole).toString()) {
-        m_isAccepted = true;
-        return;
-    }
-    m_isAccepted = model->setData(index, text, Qt::EditRole);
+    const std::optional<QString> text =
+        index.isValid() ? changedText(*editor, index) : std::nullopt;
+    m_isAccepted = !text || model->setData(index, *text, Qt::EditRole);
 }
 
 void ValueDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const

@@ -2,28 +2,23 @@
 
 #include "apps/desk/ValueWriter.h"
 
-WriteCommand::WriteCommand(ValueWriter &writer, const ValuePlace &place, const QString &address,
-    const StoredValue &before, const StoredValue &after)
+WriteCommand::WriteCommand(
+    ValueWriter &writer, const QString &address, const QList<ValueChange> &changes)
     : QUndoCommand(address)
     , m_writer(&writer)
-    , m_place(place)
-    , m_before(before)
-    , m_after(after)
+    , m_changes(changes)
 {
 }
 
 void WriteCommand::undo()
 {
-    m_isDone = false;
-    if (m_writer)
-        m_writer->restore(m_place, m_before);
+    if (m_writer && m_isDone)
+        m_isDone = !m_writer->restore(m_changes, ValueWriter::eState::Before);
 }
 
 void WriteCommand::redo()
 {
     // The stack calls this once when it takes the command.
-    if (m_isDone || !m_writer)
-        return;
-    m_isDone = true;
-    m_writer->restore(m_place, m_after);
+    if (m_writer && !m_isDone)
+        m_isDone = m_writer->restore(m_changes, ValueWriter::eState::After);
 }

@@ -1,5 +1,7 @@
 #include "apps/files/ReadBackFile.h"
 
+#include "apps/files/FilePlace.h"
+
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QTemporaryDir>
@@ -7,13 +9,6 @@
 #include <filesystem>
 
 namespace {
-
-/// Where the bytes go: behind a link, which stays one.
-QString placeOf(const QString &fileName)
-{
-    const QFileInfo file(fileName);
-    return file.isSymLink() ? file.symLinkTarget() : file.absoluteFilePath();
-}
 
 bool holds(const QString &fileName, const QByteArray &bytes)
 {
@@ -38,7 +33,10 @@ QString moved(const QString &from, const QString &to)
 QString ReadBackFile::replace(
     const QString &fileName, const QByteArray &expected, const Write &write)
 {
-    const QString place = placeOf(fileName);
+    const FilePlace behindLinks(fileName);
+    if (QString reason = behindLinks.error(); !reason.isEmpty())
+        return reason;
+    const QString place = behindLinks.path();
     if (QString reason = refusal(place); !reason.isEmpty())
         return reason;
     const QTemporaryDir beside(

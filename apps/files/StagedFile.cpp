@@ -4,13 +4,16 @@
 #include <QtCore/QFileInfo>
 
 StagedFile::StagedFile(const QString &fileName)
-    : m_file(fileName)
+    : m_place(fileName)
+    , m_file(m_place.path())
 {
 }
 
 QString StagedFile::stage(const QByteArray &bytes)
 {
     m_bytes = bytes;
+    if (const QString reason = m_place.error(); !reason.isEmpty())
+        return reason;
     // Taking the place of a device or a pipe would remove it.
     const QFileInfo place(m_file.fileName());
     if (place.exists() && !place.isFile())

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "apps/files/FilePlace.h"
+
 #include <QtCore/QByteArray>
 #include <QtCore/QCoreApplication>
 #include <QtCore/QSaveFile>
@@ -23,6 +25,7 @@ public:
 private:
     QString reasonNotOpened() const;
 
+    FilePlace m_place;
     QSaveFile m_file;
     QByteArray m_bytes;
 };

@@ -21,6 +21,17 @@ bool isUnitCharacter(QChar c)
         || c == u'^' || c == u' ';
 }
 
+/// A formula may come without any bracket: "/A1" divides by a cell, which letters and digits name.
+bool isUnit(QStringView text)
+{
+    const auto *end = text.end();
+    if (text.isEmpty() || text.front() == u'/' || text.front() == u'·' || text.front() == u'^')
+        return false;
+    const auto isCellName = [](QChar a, QChar b) { return a.isLetter() && b.isDigit(); };
+    return std::all_of(text.begin(), end, isUnitCharacter)
+        && std::adjacent_find(text.begin(), end, isCellName) == end;
+}
+
 /// The digits behind a sign, an exponent, and nothing or a unit behind a blank.
 bool isNumberWithUnit(QStringView text)
 {
@@ -39,8 +50,7 @@ bool isNumberWithUnit(QStringView text)
     }
     if (text.isEmpty())
         return true;
-    return text.front() == u' ' && text.size() > 1
-        && std::all_of(text.begin() + 1, text.end(), isUnitCharacter);
+    return text.front() == u' ' && isUnit(text.trimmed());
 }
 
 QString escaped(QString field)

@@ -18,12 +18,18 @@ QList<T> united(const QList<T> &a, const QList<T> &b)
     return result;
 }
 
+/// The list is ascending and may be long.
+bool holds(const QList<quint16> &elements, quint16 element)
+{
+    return std::binary_search(elements.cbegin(), elements.cend(), element);
+}
+
 SnapshotDifference::Side sideOf(ParameterValueSnapshot &snapshot, eLivingSpace livingSpace,
     const ParameterCoordinate &coordinate, quint16 element, quint32 accessLevel)
 {
     SnapshotDifference::Side side;
     side.isHeld = snapshot.livingSpaces(coordinate).contains(livingSpace)
-        && snapshot.elements(coordinate).contains(element);
+        && holds(snapshot.elements(coordinate), element);
     side.isReadable = snapshot.elementReadLevel(coordinate, element) <= accessLevel;
     if (!side.isHeld)
         return side;

@@ -50,10 +50,11 @@ eExitCode Application::run(const QStringList &words)
     }
     const SinkPrinter printer(m_console);
     const eExitCode code = runCommand(table, line);
-    if (m_console.flush() || code != eExitCode::Good)
+    if (m_console.flush())
         return code;
     m_console.report(tr("die Ausgabe konnte nicht vollständig geschrieben werden"));
-    return eExitCode::WriteFailed;
+    const bool isDone = code == eExitCode::Good || code == eExitCode::Differences;
+    return isDone ? eExitCode::WriteFailed : code;
 }
 
 eExitCode Application::runCommand(const CommandTable &table, const CommandLine &line)

@@ -25,6 +25,14 @@ QString textOf(const SnapshotDifference::Side &side)
     return ValueView::singleLine(side.display);
 }
 
+/// Tells apart what else would be an empty field.
+QString stateOf(const SnapshotDifference::Side &side)
+{
+    if (!side.isHeld)
+        return QStringLiteral("absent");
+    return side.isReadable ? QStringLiteral("value") : QStringLiteral("unreadable");
+}
+
 /// Null where the side lacks the value; without texts where this user may not read it.
 QJsonValue jsonOf(const SnapshotDifference::Side &side)
 {
@@ -61,10 +69,12 @@ void writeCsv(const QList<SnapshotDifference> &differences, Console &console)
         console.write(QString::fromUtf8(Rfc4180Text::row(fields)));
     };
     write({QStringLiteral("address"), QStringLiteral("name"), QStringLiteral("left"),
-        QStringLiteral("right"), QStringLiteral("leftNative"), QStringLiteral("rightNative")});
+        QStringLiteral("right"), QStringLiteral("leftNative"), QStringLiteral("rightNative"),
+        QStringLiteral("leftState"), QStringLiteral("rightState")});
     for (const SnapshotDifference &difference : differences) {
         write({difference.address, difference.name, difference.left.display,
-            difference.right.display, difference.left.native, difference.right.native});
+            difference.right.display, difference.left.native, difference.right.native,
+            stateOf(difference.left), stateOf(difference.right)});
     }
 }
 

@@ -1,5 +1,6 @@
 #include "apps/krparameter/ExportCommand.h"
 
+#include "apps/files/FilePlace.h"
 #include "apps/files/ReadBackFile.h"
 #include "apps/files/WholeFile.h"
 #include "apps/host/ExportIssue.h"
@@ -60,6 +61,9 @@ eExitCode ExportCommand::run(const CommandLine &line, Console &console)
             eExitCode::Usage, tr("export nimmt höchstens ein Projekt oder einen Snapshot"));
     if (line.value(OptionName::Output).isEmpty())
         return session.fail(eExitCode::Usage, tr("export braucht -o DATEI"));
+    if (line.has(Rfc4180)
+        && FilePlace(line.value(Rfc4180)) == FilePlace(line.value(OptionName::Output)))
+        return session.fail(eExitCode::Usage, tr("-o und --rfc4180 brauchen verschiedene Dateien"));
     eExitCode code = source.open();
     if (code == eExitCode::Good)
         code = source.paths().isEmpty() ? source.freezeDefaults() : source.freeze(source.paths());

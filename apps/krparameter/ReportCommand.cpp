@@ -1,5 +1,6 @@
 #include "apps/krparameter/ReportCommand.h"
 
+#include "apps/files/FilePlace.h"
 #include "apps/files/WholeFile.h"
 #include "apps/host/SnapshotReport.h"
 #include "apps/krparameter/CommandLine.h"
@@ -66,6 +67,9 @@ eExitCode ReportCommand::run(const CommandLine &line, Console &console)
         return session.fail(eExitCode::Usage, tr("report braucht Projekte oder Snapshots"));
     if (line.value(OptionName::Output).isEmpty() && line.value(Pdf).isEmpty())
         return session.fail(eExitCode::Usage, tr("report braucht -o DATEI oder --pdf DATEI"));
+    if (line.has(OptionName::Output) && line.has(Pdf)
+        && FilePlace(line.value(Pdf)) == FilePlace(line.value(OptionName::Output)))
+        return session.fail(eExitCode::Usage, tr("-o und --pdf brauchen verschiedene Dateien"));
     eExitCode code = source.open();
     if (code == eExitCode::Good)
         code = source.freeze(paths);

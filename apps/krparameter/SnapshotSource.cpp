@@ -72,7 +72,10 @@ SnapshotSource::~SnapshotSource() = default;
 
 QStringList SnapshotSource::paths() const
 {
-    return m_line.values(OptionName::Project).mid(0, 1) + m_line.arguments();
+    QStringList paths = m_line.arguments();
+    if (m_line.has(OptionName::Project))
+        paths.prepend(m_line.value(OptionName::Project));
+    return paths;
 }
 
 eExitCode SnapshotSource::open()

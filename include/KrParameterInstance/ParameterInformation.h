@@ -148,6 +148,12 @@ public:
     virtual void startAllElementsConsistenceOnce(eLivingSpace livingSpace) = 0;
     virtual void cancelAllElementsConsistenceOnce(eLivingSpace livingSpace) = 0;
 
+    /// One of the three measuring units as it is in a living space, where a unit locator may lead to
+    /// another text than in the parameter's first one, for which the accessors above answer.
+    /// Empty for another property. **Reports** a locator that leads nowhere, like the accessors.
+    ParameterText measuringUnit(
+        eParameterProperty unit, eLivingSpace livingSpace, quint16 element) const;
+
 Q_SIGNALS:
     void nativeValueChanged(ParameterAddress address);
     void valueChanged(ParameterAddress address);

@@ -13,7 +13,8 @@ private Q_SLOTS:
     void newFile();
     void replacesAnEarlierOne();
     void keepsThePermissions();
-    void writesThroughALink();
+    void writesThroughLinks();
+    void refusesACircleOfLinks();
     void earlierFileStays_data();
     void earlierFileStays();
     void refusedPlaces_data();
@@ -83,13 +84,32 @@ void tst_ReadBackFile::keepsThePermissions()
         QFileDevice::Permissions(Permissions));
 }
 
-void tst_ReadBackFile::writesThroughALink()
+/// All of which stay links.
+void tst_ReadBackFile::writesThroughLinks()
+{
+    const QString link = m_folder->filePath(QStringLiteral("link.txt"));
+    const QString second = m_folder->filePath(QStringLiteral("second.txt"));
+    QVERIFY(QFile::link(m_fileName, link));
+    QVERIFY(QFile::link(link, second));
+    for (const QString &name : {link, second}) {
+        QVERIFY(put(m_fileName, "earlier"));
+        QCOMPARE(ReadBackFile::replace(name, Expected, writeAll), QString());
+        QCOMPARE(content(m_fileName), Expected);
+        QVERIFY(!QFileInfo(m_fileName).isSymLink());
+        QVERIFY(QFileInfo(link).isSymLink());
+        QVERIFY(QFileInfo(second).isSymLink());
+    }
+}
+
+void tst_ReadBackFile::refusesACircleOfLinks()
 {
     const QString link = m_folder->filePath(QStringLiteral("link.txt"));
     QVERIFY(QFile::link(m_fileName, link));
-    QCOMPARE(ReadBackFile::replace(link, Expected, writeAll), QString());
-    QCOMPARE(content(m_fileName), Expected);
+    QVERIFY(QFile::link(link, m_fileName));
+    QCOMPARE(ReadBackFile::replace(link, Expected, writeAll),
+        QStringLiteral("die Verweise führen im Kreis"));
     QVERIFY(QFileInfo(link).isSymLink());
+    QVERIFY(QFileInfo(m_fileName).isSymLink());
 }
 
 void tst_ReadBackFile::earlierFileStays_data()

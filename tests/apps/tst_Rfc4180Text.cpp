@@ -44,11 +44,12 @@ void tst_Rfc4180Text::formula_data()
     QTest::addColumn<bool>("isFormula");
     for (const char *text :
         {"", "a", "1", "a=b", "-", "+", "-5", "+5", "-5.25", "-5,25", "-1E3", "-1.5e-12", "-1E+3 A",
-            "-250.000 mm", "-5 °C", "-3 10^n s", "-5 %", "-5 m/s²", " =1", "'=1"})
+            "-250.000 mm", "-5 °C", "-3 10^n s", "-5 %", "-5 m/s²", "-5 1/min", " =1", "'=1"})
         QTest::addRow("none: \"%s\"", text) << QString::fromUtf8(text) << false;
     for (const char *text : {"=", "=1+2", "@SUM(A1)", "\t=1", "\r=1", "\n=1", "-a", "--5", "-1+1",
              "-1+cmd|' /C calc'!A0", "-1 +A1", "-1E", "-1E+", "-5 ", "+A1", "-1-A1", "-5 A(1)",
-             "-1 A\"", "-<offline>"})
+             "-1 A\"", "-<offline>", "-1 /A1", "+1 /B2", "-1 ^A1", "-1 ·A1", "-1  /A1", "-1 A1",
+             "-1 1/R1C1", "-1 /min", "-1 LOG10", "-1 a٣"})
         QTest::addRow("formula: \"%s\"", text) << QString::fromUtf8(text) << true;
 }
 

@@ -5,6 +5,8 @@
 #include <KrParameterInstance/ParameterValueSnapshot.h>
 #include <KrSystem/System.h>
 
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
 #include <QtTest/QtTest>
 
 /// Snapshots of the shipped drives hold what their parameters answer.
@@ -15,6 +17,7 @@ private Q_SLOTS:
     void textsAreTheParametersOwn_data();
     void textsAreTheParametersOwn();
     void jsonReadsBack_data();
+    void goldenExport();
     void jsonReadsBack();
 };
 
@@ -69,6 +72,12 @@ void tst_ShippedSnapshots::textsAreTheParametersOwn()
             information->valueText(livingSpace, element, false));
         QCOMPARE(snapshot.elementReadLevel(coordinate, element), information->readLevel(element));
         QCOMPARE(snapshot.parameterName(coordinate), information->name().longText());
+        QCOMPARE(snapshot.elementName(coordinate, element),
+            information->isRecordParameter() ? information->elementName(element).longText()
+                                             : QString());
+        const bool hasUnits = information->kind(element) != 5;
+        QCOMPARE(snapshot.valueNative(livingSpace, coordinate, element, true).trimmed(),
+            information->nativeValueText(livingSpace, element, hasUnits).trimmed());
         QVERIFY(snapshot.elements(coordinate).contains(element));
         QVERIFY(snapshot.livingSpaces(coordinate).contains(livingSpace));
     }
@@ -93,6 +102,23 @@ void tst_ShippedSnapshots::jsonReadsBack()
     QVERIFY(back.fromJson(json));
     QCOMPARE(back.toJson(), json);
     QCOMPARE(back.parameterListDifferent(&snapshot), QList<ParameterCoordinate>());
+}
+
+void tst_ShippedSnapshots::goldenExport()
+{
+    System::information()->setUserAccessLevel(4);
+    const auto project = open(QStringLiteral("two-axis-drive"));
+    QVERIFY(project);
+    ParameterValueSnapshot snapshot(&project->container());
+    snapshot.applyNoFilter();
+    const QTemporaryDir folder;
+    const QString fileName = folder.filePath(QStringLiteral("export.txt"));
+    QVERIFY(snapshot.saveToTextFile(fileName, snapshot.parameterList()));
+    QFile written(fileName);
+    QVERIFY(written.open(QIODevice::ReadOnly));
+    QFile golden(QFINDTESTDATA("../data/snapshot/two-axis-drive.txt"));
+    QVERIFY(golden.open(QIODevice::ReadOnly));
+    QCOMPARE(written.readAll(), golden.readAll());
 }
 
 QTEST_GUILESS_MAIN(tst_ShippedSnapshots)

@@ -5,6 +5,8 @@
 #include <KrParameterInstance/ParameterSetup.h>
 #include <KrParameterInstance/ParameterValueSnapshot.h>
 
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
 #include <QtTest/QtTest>
 
 #include <limits>
@@ -17,6 +19,8 @@ private Q_SLOTS:
     void initTestCase();
     void property_data();
     void property();
+    void idOfEachName_data();
+    void idOfEachName();
     void everyNameIsAsked();
     void unknownNames_data();
     void unknownNames();
@@ -129,6 +133,29 @@ constexpr Row Rows[] = {
     {"1.A020[00000]", "LivingSpace", "0", 0U, 0, 0.0},
 };
 
+constexpr char EveryProperty[] = R"({
+  "format": "kr-device-description", "version": 1,
+  "family": {"identifier": 77, "name": "Drive", "hasPhysicalAxes": true, "axes": [1]},
+  "languages": ["de"], "dataTypes": ["UINT16"],
+  "parameters": [{"number": 1, "coordinates": ["A12"], "name": "Text", "global": true,
+    "elements": [{"dataType": "UINT16", "kind": 11, "default": 108,
+      "functions": {"preRead": 100, "preWrite": 101, "postWrite": 102, "postRead": 103,
+        "hiding": 104, "limit": 107, "scaling": 121},
+      "levels": {"read": 105, "write": 106}, "limits": {"lower": 108, "upper": 109},
+      "memoryAllocation": 110, "enableOffRequired": 112, "processDataMappable": 113,
+      "automaticOnlineUpdate": 114, "noWrite": 115,
+      "units": {"scaled": "118", "native": "119", "fieldbus": "126"},
+      "scaling": {"factor": 0.5, "fullScale": 122},
+      "decimals": {"behind": 123, "significant": 124}, "editStartStepSize": 125,
+      "fieldbus": {"factor": 0.25, "decimals": 128}, "timeouts": {"read": 129, "write": 130},
+      "cyclicOnlineUpdateRate": 131,
+      "dependencies": {"limit": 132, "scaling": 133, "postWrite": 134, "preRead": 135,
+        "postRead": 136, "preWrite": 137, "hiding": 138, "measuringUnit": 139},
+      "scopeChoice": 140, "onlineOrder": 145,
+      "commonTexts": {"choices": [141], "scaledUnit": 142, "nativeUnit": 143, "fieldbusUnit": 144}
+    }]}]
+})";
+
 /// Asks one element for one property.
 class Question final : public Filter {
 public:
@@ -196,6 +223,79 @@ void tst_SnapshotFilter::property()
     QCOMPARE(question.unsignedNumber, row.unsignedNumber);
     QCOMPARE(question.signedNumber, row.signedNumber);
     QCOMPARE(question.real, row.real);
+}
+
+/// The shipped drives answer many names alike, so that one that asks for its neighbour's property
+/// would not show. Here every property has a value of its own, mostly its number and 100.
+void tst_SnapshotFilter::idOfEachName_data()
+{
+    QTest::addColumn<QString>("text");
+    const auto row = [](const char *name, const char *text) {
+        QTest::newRow(name) << QString::fromLatin1(text);
+    };
+    row("PrereadFunctionIndex", "100");
+    row("PrewriteFunctionIndex", "101");
+    row("PostwriteFunctionIndex", "102");
+    row("PostreadFunctionIndex", "103");
+    row("HidingFunctionIndex", "104");
+    row("ReadLevel", "105");
+    row("WriteLevel", "106");
+    row("LimitFunctionIndex", "107");
+    row("LowerLimitValue", "108");
+    row("UpperLimitValue", "109");
+    row("MemoryAllocation", "110");
+    row("ParameterKind", "11");
+    row("EnableOffRequired", "112");
+    row("ProcessDataMappable", "113");
+    row("AutomaticOnlineUpdate", "114");
+    row("NoWrite", "115");
+    row("Datatype", "6");
+    row("ScaledMeasuringUnit", "118");
+    row("NativeMeasuringUnit", "119");
+    row("ScalingFactor", "0.5");
+    row("ScalingFunctionIndex", "121");
+    row("FullScaleValue", "122");
+    row("DecimalPlacesBehind", "123");
+    row("DecimalPlacesSignificant", "124");
+    row("EditStartStepSize", "125");
+    row("FieldbusMeasuringUnit", "126");
+    row("FieldbusScalingFactor", "0.25");
+    row("FieldbusDecimalPlacesBehind", "128");
+    row("AdditionalReadTimeout", "129");
+    row("AdditionalWriteTimeout", "130");
+    row("CyclicOnlineUpdateRate", "131");
+    row("LimitDependency", "132");
+    row("ScalingDependency", "133");
+    row("PostwriteDependency", "134");
+    row("PrereadDependency", "135");
+    row("PostreadDependency", "136");
+    row("PrewriteDependency", "137");
+    row("HidingDependency", "138");
+    row("MeasuringUnitDependency", "139");
+    row("IsScopeChoice", "140");
+    row("ScaledMeasuringUnitCommonTextIndex", "142");
+    row("NativeMeasuringUnitCommonTextIndex", "143");
+    row("FieldbusMeasuringUnitCommonTextIndex", "144");
+    row("OnlineOrder", "145");
+}
+
+void tst_SnapshotFilter::idOfEachName()
+{
+    QFETCH(QString, text);
+    const QTemporaryDir folder;
+    QFile description(folder.filePath(QStringLiteral("device.json")));
+    QVERIFY(description.open(QIODevice::WriteOnly));
+    description.write(EveryProperty);
+    description.close();
+    QString error;
+    const auto project = DriveProject::open(description.fileName(), error);
+    QVERIFY2(project, qPrintable(error));
+    const Question question(
+        QStringLiteral("1.A012[00000]"), QString::fromLatin1(QTest::currentDataTag()));
+    ParameterValueSnapshot snapshot(&project->container());
+    snapshot.apply(question);
+    QCOMPARE(question.askedCount, 1);
+    QCOMPARE(question.text, text);
 }
 
 void tst_SnapshotFilter::everyNameIsAsked()

@@ -18,6 +18,8 @@ private Q_SLOTS:
     void takesItsPlaceOnCommit();
     void leavesTheFileWithoutCommit();
     void refusesWhatIsNoFile();
+    void keepsLinks();
+    void refusesACircleOfLinks();
     void readsBack();
 
 private:
@@ -68,6 +70,31 @@ void tst_StagedFile::refusesWhatIsNoFile()
     StagedFile file(pipe);
     QCOMPARE(file.stage("after"), u"ist keine Datei"_s);
     QVERIFY(!QFileInfo(pipe).isFile());
+}
+
+void tst_StagedFile::keepsLinks()
+{
+    const QString link = m_folder->filePath(u"link"_s);
+    const QString second = m_folder->filePath(u"second"_s);
+    QVERIFY(QFile::link(path(), link));
+    QVERIFY(QFile::link(link, second));
+    StagedFile file(second);
+    QCOMPARE(file.stage("after"), QString());
+    QCOMPARE(file.commit(), QString());
+    QCOMPARE(content(), "after"_ba);
+    QVERIFY(!QFileInfo(path()).isSymLink());
+    QVERIFY(QFileInfo(link).isSymLink());
+    QVERIFY(QFileInfo(second).isSymLink());
+}
+
+void tst_StagedFile::refusesACircleOfLinks()
+{
+    const QString link = m_folder->filePath(u"link"_s);
+    QVERIFY(QFile::link(link, m_folder->filePath(u"second"_s)));
+    QVERIFY(QFile::link(m_folder->filePath(u"second"_s), link));
+    StagedFile file(link);
+    QCOMPARE(file.stage("after"), u"die Verweise führen im Kreis"_s);
+    QVERIFY(QFileInfo(link).isSymLink());
 }
 
 void tst_StagedFile::readsBack()

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Runs krparameter as a process: snapshot, diff, export and report.
 
-Usage: tst_krparameter_snapshots.py PROGRAM SOURCE-FOLDER
+Usage: tst_krparameter_snapshots.py PROGRAM SOURCE-FOLDER [TEST-CLASS...]
 """
 
 import csv
@@ -27,14 +27,23 @@ DEVICE = ["--device", "two-axis-drive"]
 
 
 class Run:
-    def __init__(self, *words, **options):
-        done = subprocess.run([PROGRAM, *map(str, words)], capture_output=True, timeout=60, **options)
+    def __init__(self, *words, program=None, **options):
+        done = subprocess.run(
+            program or [PROGRAM, *map(str, words)], capture_output=True, timeout=60, **options)
         self.code = done.returncode
         self.out = done.stdout.decode("utf-8")
         self.err = done.stderr.decode("utf-8")
 
     def lines(self):
         return [json.loads(line) for line in self.out.splitlines()]
+
+
+def without_rights(*words):
+    """Root, too, without the right to pass over those of files."""
+    program = [PROGRAM, *map(str, words)]
+    if os.geteuid() == 0:
+        program[:0] = ["setpriv", "--bounding-set=-dac_override,-dac_read_search"]
+    return Run(program=program)
 
 
 def full_disk():
@@ -68,6 +77,19 @@ class SnapshotTest(unittest.TestCase):
         path = self.folder / name
         self.check(Run(*DEVICE, "--project", project, "snapshot", "-o", path, *words), GOOD)
         return path
+
+    def project_with_a_script(self):
+        """The words that name a device whose A20 is called like a script, and a project of it."""
+        device = json.loads((SOURCE / "devices/two-axis-drive.json").read_text(encoding="utf-8"))
+        for parameter in device["parameters"]:
+            if parameter.get("coordinates") == ["A20"]:
+                parameter["name"] = SCRIPT
+        description = self.folder / "device.json"
+        description.write_text(json.dumps(device), encoding="utf-8")
+        project = str(self.folder / "<b>c")
+        words = ["--device", description, "--project", project]
+        self.check(Run(*words, "set", "A20", "<i>&"), GOOD)
+        return words
 
     def names(self):
         return sorted(entry.name for entry in self.folder.iterdir())
@@ -198,6 +220,8 @@ class Snapshot(SnapshotTest):
 
 
 class Diff(SnapshotTest):
+    CSV_HEAD = ["address", "name", "left", "right", "leftNative", "rightNative",
+                "leftState", "rightState"]
     TEXT = ("1.E30[1]  Geschwindigkeitsfaktor · Zähler: 1 -> 3\n"
             "1.H00  Stromgrenze: 15.500 A -> 16.000 A\n"
             "2.H00  Stromgrenze: 12.600 A -> 9.000 A\n")
@@ -227,10 +251,48 @@ class Diff(SnapshotTest):
         run = Run(*DEVICE, "diff", c, d, "--csv")
         self.check(run, DIFFERENCES)
         self.assertEqual(list(csv.reader(io.StringIO(run.out, newline=""))), [
-            ["address", "name", "left", "right", "leftNative", "rightNative"],
-            ["A20", "Anlagenkennzeichen", 'say "hi",\n=1', "'=1+2", 'say "hi",\n=1', "'=1+2"]])
+            self.CSV_HEAD,
+            ["A20", "Anlagenkennzeichen", 'say "hi",\n=1', "'=1+2", 'say "hi",\n=1', "'=1+2",
+             "value", "value"]])
         run = Run(*DEVICE, "diff", c, c, "--csv")
-        self.check(run, GOOD, out='"address","name","left","right","leftNative","rightNative"\r\n')
+        self.check(run, GOOD, out=",".join(f'"{title}"' for title in self.CSV_HEAD) + "\r\n")
+
+    def test_csv_tells_empty_fields_apart(self):
+        c = self.project("c", "A20", "text")
+        only = ["--filter", "Coordinate=A20"]
+        text, empty = self.snapshot(c, "c.json", *only), self.snapshot(self.a, "a.json", *only)
+        none = self.snapshot(self.a, "none.json", "--filter", "Coordinate=Z99")
+
+        def rows(left, right, *words):
+            run = Run("diff", left, right, "--csv", *words)
+            self.check(run, DIFFERENCES)
+            return [row[2:] for row in csv.reader(io.StringIO(run.out, newline=""))][1:]
+
+        self.assertEqual(rows(text, empty), [["text", "", "text", "", "value", "value"]])
+        self.assertEqual(rows(none, text), [["", "text", "", "text", "absent", "value"]])
+        secret = json.loads(text.read_text(encoding="utf-8"))
+        secret["parameters"][0]["elements"][0]["readLevel"] = 5
+        text.write_text(json.dumps(secret), encoding="utf-8")
+        self.assertEqual(rows(text, none), [["", "", "", "", "unreadable", "absent"]])
+        self.assertEqual(rows(text, none, "--access-level", "5"),
+                         [["text", "", "text", "", "value", "absent"]])
+
+    def test_output_that_cannot_be_written(self):
+        """Differences or none: who does not see them all is told."""
+        for words in ([self.a, self.b], [self.a, self.a, "--csv"]):
+            with open("/dev/full", "wb") as full:
+                done = subprocess.run([PROGRAM, *map(str, [*DEVICE, "diff", *words])],
+                                      stdout=full, stderr=subprocess.PIPE, timeout=60)
+            self.assertEqual(done.returncode, WRITE_FAILED)
+            self.assertTrue(done.stderr.decode("utf-8").endswith(
+                "die Ausgabe konnte nicht vollständig geschrieben werden\n"))
+
+    def test_last_of_two_projects_counts(self):
+        words = [*DEVICE, "--project", self.a, "--project", self.b]
+        self.check(Run(*words, "diff", self.b), GOOD, out="")
+        run = Run(*words, "get", "H00", "--json")
+        self.check(run, GOOD)
+        self.assertEqual(run.lines()[0]["display"], "16.000 A")
 
     def test_filter(self):
         words = [*DEVICE, "diff", self.a, self.b]
@@ -358,22 +420,6 @@ class Export(SnapshotTest):
         self.check(run, WRITE_FAILED, out="")
         self.assertEqual(self.names(), ["a", "a.txt", "b"])
 
-    def test_full_file_system(self):
-        """On a file system of a few pages, where this may be mounted."""
-        mounted = self.folder / "small"
-        mounted.mkdir()
-        words = ["mount", "-t", "tmpfs", "-o", "size=16k", "tmpfs", str(mounted)]
-        if shutil.which("mount") is None or subprocess.run(words, capture_output=True).returncode != 0:
-            return
-        try:
-            path = mounted / "a.txt"
-            run = self.export(self.a, "-o", path)
-            self.check(run, WRITE_FAILED, out="")
-            self.assertIn(f"krparameter: {path}: wurde nicht vollständig geschrieben\n", run.err)
-            self.assertEqual(list(mounted.iterdir()), [])
-        finally:
-            subprocess.run(["umount", str(mounted)], check=True)
-
     def test_places_that_cannot_be_written(self):
         for place, text in (
             (self.folder / "none/a.txt", "der Ordner ist nicht vorhanden"),
@@ -388,11 +434,64 @@ class Export(SnapshotTest):
     def test_read_only_folder(self):
         folder = self.folder / "closed"
         folder.mkdir()
+        path, table = folder / "a.txt", folder / "a.csv"
+        self.check(self.export(self.a, "-o", path, "--rfc4180", table), GOOD)
+        before = path.read_bytes(), table.read_bytes()
         folder.chmod(0o555)
-        run = self.export("-o", folder / "a.txt")
-        # Rights do not bind the superuser.
-        self.assertEqual(run.code, GOOD if os.geteuid() == 0 else WRITE_FAILED)
+        run = without_rights(*DEVICE, "export", self.b, "-o", path)
+        self.check(run, WRITE_FAILED, out="")
+        self.assertEqual(
+            run.err.splitlines()[-1],
+            f"krparameter: {path}: in den Ordner kann nicht geschrieben werden")
+        run = without_rights(*DEVICE, "export", self.b, "-o", self.folder / "b.txt",
+                             "--rfc4180", table)
+        self.check(run, WRITE_FAILED, out="")
+        self.assertEqual(run.err.splitlines()[-1],
+                         f"krparameter: {table}: darf nicht geschrieben werden")
         folder.chmod(0o755)
+        self.assertEqual((path.read_bytes(), table.read_bytes()), before)
+        self.assertEqual(sorted(entry.name for entry in folder.iterdir()), ["a.csv", "a.txt"])
+
+    def test_table_cut_by_a_full_disk(self):
+        """The text fits and the table, which is longer, does not."""
+        path, table = self.folder / "a.txt", self.folder / "a.csv"
+        only = ["--filter", "Coordinate=H00"]
+        self.check(self.export(self.b, "-o", path, *only), GOOD)
+        size = path.stat().st_size
+        table.write_text("earlier")
+
+        def limit():
+            signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+            resource.setrlimit(resource.RLIMIT_FSIZE, (size, size))
+
+        run = self.export(self.b, "-o", path, "--rfc4180", table, *only, preexec_fn=limit)
+        self.check(run, WRITE_FAILED, out="")
+        self.assertIn(f"krparameter: {table}: ", run.err)
+        self.assertEqual(table.read_text(), "earlier")
+        self.assertEqual(self.names(), ["a", "a.csv", "a.txt", "b"])
+
+    def test_one_file_for_both_is_refused(self):
+        path, link = self.folder / "a.txt", self.folder / "link"
+        link.symlink_to(path)
+        for other in (path, link, self.folder / "a/../a.txt"):
+            run = self.export(self.a, "-o", path, "--rfc4180", other)
+            self.check(run, USAGE, out="")
+            self.assertIn("-o und --rfc4180 brauchen verschiedene Dateien\n", run.err)
+        self.assertEqual(self.names(), ["a", "b", "link"])
+
+    def test_links_stay_links(self):
+        path, link, second = self.folder / "a.txt", self.folder / "link", self.folder / "second"
+        link.symlink_to(path)
+        second.symlink_to(link)
+        self.check(self.export(self.a, "-o", second), GOOD)
+        self.assertTrue(link.is_symlink() and second.is_symlink())
+        self.assertTrue(path.is_file() and not path.is_symlink())
+        path.unlink()
+        path.symlink_to(second)
+        run = self.export(self.a, "-o", second)
+        self.check(run, WRITE_FAILED, out="")
+        self.assertEqual(run.err.splitlines()[-1],
+                         f"krparameter: {second}: die Verweise führen im Kreis")
 
     def test_table_that_cannot_be_written(self):
         path = self.folder / "a.txt"
@@ -443,19 +542,6 @@ class Report(SnapshotTest):
                        GOOD, out="")
         self.assertIn("<td>16.000 A</td>", path.read_text(encoding="utf-8"))
 
-    def project_with_a_script(self):
-        """The words that name a device whose A20 is called like a script, and a project of it."""
-        device = json.loads((SOURCE / "devices/two-axis-drive.json").read_text(encoding="utf-8"))
-        for parameter in device["parameters"]:
-            if parameter.get("coordinates") == ["A20"]:
-                parameter["name"] = SCRIPT
-        description = self.folder / "device.json"
-        description.write_text(json.dumps(device), encoding="utf-8")
-        project = str(self.folder / "<b>c")
-        words = ["--device", description, "--project", project]
-        self.check(Run(*words, "set", "A20", "<i>&"), GOOD)
-        return words
-
     def test_names_and_values_are_escaped(self):
         words = self.project_with_a_script()
         path = self.folder / "report.html"
@@ -469,20 +555,6 @@ class Report(SnapshotTest):
         exact = path.read_text(encoding="utf-8")
         self.assertIn(f"A20 {SCRIPT}</td>", exact)
         self.assertIn("<td>&lt;i&gt;&amp;</td>", exact)
-
-    @unittest.skipUnless(shutil.which("chromium"), "no Chromium is installed")
-    def test_script_in_a_name_runs_in_the_exact_document_alone(self):
-        words = self.project_with_a_script()
-        path = self.folder / "report.html"
-        for option, title in ((["--exact"], "<title>run</title>"), ([], None)):
-            self.check(Run(*words, "report", self.a, "-o", path, *option), GOOD)
-            shown = subprocess.run(
-                ["chromium", "--headless", "--no-sandbox", "--disable-gpu", "--dump-dom",
-                 f"--user-data-dir={self.folder}/profile", path.as_uri()],
-                capture_output=True, timeout=120).stdout.decode("utf-8")
-            self.assertIn("<td>15.500 A</td>", shown)
-            self.assertEqual(title is not None, "<title>" in shown)
-            self.assertIn(title or "&lt;script&gt;document.title = 'run'&lt;/script&gt;", shown)
 
     def test_values_above_the_access_level_stay_empty(self):
         html = self.report(self.a, "--access-level", "0")
@@ -509,6 +581,46 @@ class Report(SnapshotTest):
         self.check(Run(*DEVICE, "report", self.a, "-o", "/dev/full"), WRITE_FAILED, out="")
 
 
+class FullFileSystem(SnapshotTest):
+    """On a file system of a few pages, where this may be mounted."""
+
+    def setUp(self):
+        super().setUp()
+        self.mounted = self.folder / "small"
+        self.mounted.mkdir()
+        words = ["mount", "-t", "tmpfs", "-o", "size=16k", "tmpfs", str(self.mounted)]
+        if shutil.which("mount") is None or subprocess.run(words, capture_output=True).returncode != 0:
+            super().tearDown()
+            self.skipTest("no file system can be mounted")
+
+    def tearDown(self):
+        subprocess.run(["umount", str(self.mounted)], capture_output=True)
+        super().tearDown()
+
+    def test_export(self):
+        path = self.mounted / "a.txt"
+        run = Run(*DEVICE, "export", self.a, "-o", path)
+        self.check(run, WRITE_FAILED, out="")
+        self.assertIn(f"krparameter: {path}: wurde nicht vollständig geschrieben\n", run.err)
+        self.assertEqual(list(self.mounted.iterdir()), [])
+
+
+class Browser(SnapshotTest):
+    @unittest.skipUnless(shutil.which("chromium"), "no Chromium is installed")
+    def test_script_in_a_name_runs_in_the_exact_document_alone(self):
+        words = self.project_with_a_script()
+        path = self.folder / "report.html"
+        for option, title in ((["--exact"], "<title>run</title>"), ([], None)):
+            self.check(Run(*words, "report", self.a, "-o", path, *option), GOOD)
+            shown = subprocess.run(
+                ["chromium", "--headless", "--no-sandbox", "--disable-gpu", "--dump-dom",
+                 f"--user-data-dir={self.folder}/profile", path.as_uri()],
+                capture_output=True, timeout=120).stdout.decode("utf-8")
+            self.assertIn("<td>15.500 A</td>", shown)
+            self.assertEqual(title is not None, "<title>" in shown)
+            self.assertIn(title or "&lt;script&gt;document.title = 'run'&lt;/script&gt;", shown)
+
+
 if __name__ == "__main__":
     PROGRAM, SOURCE = sys.argv[1], Path(sys.argv[2])
-    unittest.main(argv=sys.argv[:1])
+    unittest.main(argv=sys.argv[:1] + sys.argv[3:])

@@ -68,9 +68,6 @@ public:
     QMap<PropertyPlace, ParameterProperty> properties;
     QMap<quint16, QString> scaledUnits;
     QMap<quint16, QString> nativeUnits;
-    /// The units behind locators, which only a value with unit shows.
-    QMap<eLivingSpace, QString> localScaledUnits;
-    QMap<eLivingSpace, QString> localNativeUnits;
     QMap<QString, QString> attributes;
     /// Value texts to display texts; the display text of the place where there is none.
     QMap<QString, QString> preparedTexts;
@@ -143,10 +140,9 @@ public:
             onDisplayText();
         return answer;
     }
-    QString nativeValueText(eLivingSpace livingSpace, quint16 element, bool withUnit) const override
+    QString nativeValueText(eLivingSpace livingSpace, quint16 element, bool) const override
     {
-        return withOptionalUnit(values.value({livingSpace, element}).native,
-            localNativeUnits.value(livingSpace), withUnit);
+        return values.value({livingSpace, element}).native;
     }
     QString valueText(eLivingSpace livingSpace, quint16 element, bool) const override
     {
@@ -154,12 +150,7 @@ public:
     }
     QString preparedValueText(eLivingSpace, quint16, bool) const override { return {}; }
     QString unconvertedNativeValueText(eLivingSpace, quint16, bool) const override { return {}; }
-    QString unconvertedValueText(
-        eLivingSpace livingSpace, quint16 element, bool withUnit) const override
-    {
-        return withOptionalUnit(values.value({livingSpace, element}).value,
-            localScaledUnits.value(livingSpace), withUnit);
-    }
+    QString unconvertedValueText(eLivingSpace, quint16, bool) const override { return {}; }
     QString formattedValueText(eLivingSpace, quint16, int) const override { return {}; }
     QString formattedNativeValueText(eLivingSpace, quint16, int, bool) const override { return {}; }
     QString prepareValueText(
@@ -218,11 +209,4 @@ public:
     void setParameterNeedsConsistence(eLivingSpace, quint16, bool) override { }
     void startAllElementsConsistenceOnce(eLivingSpace) override { }
     void cancelAllElementsConsistenceOnce(eLivingSpace) override { }
-
-private:
-    static QString withOptionalUnit(const QString &text, const QString &unit, bool withUnit)
-    {
-        const bool isShown = withUnit && !text.isEmpty() && !unit.isEmpty();
-        return isShown ? text + QLatin1Char(' ') + unit : text;
-    }
 };

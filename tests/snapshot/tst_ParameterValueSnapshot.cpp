@@ -23,10 +23,7 @@ private Q_SLOTS:
     void answersFromItsOwnCopy();
     void unknownPlacesAreEmpty();
     void eachApplyStartsAnew();
-    void formsAndUnits();
-    void kindFiveHasNoUnit();
     void maskedOffline();
-    void locatorUnits();
 
     void filterByNumber();
     void filterRejectsEverywhere();
@@ -35,8 +32,6 @@ private Q_SLOTS:
     void applyOnceDisconnectedEmpties();
     void nullContainer();
     void containerGoesFirst();
-    void snapshotGoesWhileItIsTaken();
-    void containerGoesWhileItIsFrozen();
 
     void differences();
     void differencesOfDisplayAloneAreNone();
@@ -91,23 +86,6 @@ QByteArray content(const QString &fileName)
     QFile file(fileName);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
-
-/// Runs something at every question and accepts.
-class ActingFilter : public Filter {
-public:
-    explicit ActingFilter(std::function<void()> act)
-        : m_act(std::move(act))
-    {
-    }
-    bool testElement(const FilterElement &) const override
-    {
-        m_act();
-        return true;
-    }
-
-private:
-    std::function<void()> m_act;
-};
 
 } // namespace
 
@@ -222,41 +200,6 @@ void tst_ParameterValueSnapshot::eachApplyStartsAnew()
         (QStringList {QStringLiteral("B01"), QStringLiteral("C02")}));
 }
 
-void tst_ParameterValueSnapshot::formsAndUnits()
-{
-    SnapshotFixture fixture;
-    fixture.add(SnapshotFixture::parameter("A00", "Speed")
-                    .kind(3)
-                    .datatype(QStringLiteral("UINT8"))
-                    .global()
-                    .units(QStringLiteral("rpm"), QStringLiteral("inc")));
-    fixture.write(0, "A00", 0, QStringLiteral("255"));
-    ParameterValueSnapshot snapshot(fixture.container.get());
-    snapshot.applyNoFilter();
-    QCOMPARE(snapshot.valueNative(Global, at("A00"), 0, false), QStringLiteral("255"));
-    QCOMPARE(snapshot.valueNative(Global, at("A00"), 0, true), QStringLiteral("255 inc"));
-    QCOMPARE(snapshot.undecoratedValue(Global, at("A00"), 0, false), QStringLiteral("255"));
-    QCOMPARE(snapshot.undecoratedValue(Global, at("A00"), 0, true), QStringLiteral("255 rpm"));
-    QCOMPARE(snapshot.value(Global, at("A00"), 0, false), QStringLiteral("ff hex"));
-    QCOMPARE(snapshot.value(Global, at("A00"), 0, true), QStringLiteral("ff hex rpm"));
-}
-
-void tst_ParameterValueSnapshot::kindFiveHasNoUnit()
-{
-    SnapshotFixture fixture;
-    fixture.add(SnapshotFixture::parameter("A00", "Choice")
-                    .kind(5)
-                    .global()
-                    .units(QStringLiteral("rpm"), QStringLiteral("inc")));
-    fixture.write(0, "A00", 0, QStringLiteral("3"));
-    ParameterValueSnapshot snapshot(fixture.container.get());
-    snapshot.applyNoFilter();
-    QCOMPARE(
-        snapshot.value(Global, at("A00"), 0, true), snapshot.value(Global, at("A00"), 0, false));
-    QCOMPARE(snapshot.valueNative(Global, at("A00"), 0, true), QStringLiteral("3"));
-    QCOMPARE(snapshot.undecoratedValue(Global, at("A00"), 0, true), QStringLiteral("3"));
-}
-
 void tst_ParameterValueSnapshot::maskedOffline()
 {
     SnapshotFixture fixture;
@@ -269,25 +212,6 @@ void tst_ParameterValueSnapshot::maskedOffline()
     fixture.container->setOnline(true);
     snapshot.applyNoFilter();
     QCOMPARE(snapshot.value(Global, at("A00"), 0, false), QStringLiteral("7"));
-}
-
-/// The accessor of a unit knows one living space only; a snapshot knows each.
-void tst_ParameterValueSnapshot::locatorUnits()
-{
-    SnapshotFixture fixture;
-    fixture.add(SnapshotFixture::parameter("A76", "Unit"));
-    fixture.add(SnapshotFixture::parameter("A00", "Position")
-                    .units(QStringLiteral("<localAxis:A76>"), QStringLiteral("<localAxis:A76>")));
-    fixture.write(1, "A76", 0, QStringLiteral("mm"));
-    fixture.write(2, "A76", 0, QStringLiteral("Grad"));
-    fixture.write(1, "A00", 0, QStringLiteral("1"));
-    fixture.write(2, "A00", 0, QStringLiteral("2"));
-    ParameterValueSnapshot snapshot(fixture.container.get());
-    snapshot.applyNoFilter();
-    QCOMPARE(snapshot.value(Axis1, at("A00"), 0, true), QStringLiteral("1 mm"));
-    QCOMPARE(snapshot.value(Axis2, at("A00"), 0, true), QStringLiteral("2 Grad"));
-    QCOMPARE(snapshot.valueNative(Axis2, at("A00"), 0, true), QStringLiteral("2 Grad"));
-    QCOMPARE(snapshot.undecoratedValue(Axis2, at("A00"), 0, true), QStringLiteral("2 Grad"));
 }
 
 void tst_ParameterValueSnapshot::filterByNumber()
@@ -365,26 +289,6 @@ void tst_ParameterValueSnapshot::containerGoesFirst()
     QCOMPARE(snapshot.value(Axis1, at("A00"), 0, true), QStringLiteral("11 rpm"));
     QVERIFY(snapshot.unite(nullptr));
     snapshot.applyNoFilter();
-    QCOMPARE(snapshot.parameterList(), QList<ParameterCoordinate>());
-}
-
-void tst_ParameterValueSnapshot::snapshotGoesWhileItIsTaken()
-{
-    SnapshotFixture fixture;
-    fill(fixture);
-    auto snapshot = std::make_unique<ParameterValueSnapshot>(fixture.container.get());
-    const ActingFilter filter([&] { snapshot.reset(); });
-    snapshot->apply(filter);
-    QVERIFY(!snapshot);
-}
-
-void tst_ParameterValueSnapshot::containerGoesWhileItIsFrozen()
-{
-    SnapshotFixture fixture;
-    fill(fixture);
-    ParameterValueSnapshot snapshot(fixture.container.get());
-    const ActingFilter filter([&] { fixture.container.reset(); });
-    snapshot.apply(filter);
     QCOMPARE(snapshot.parameterList(), QList<ParameterCoordinate>());
 }
 
@@ -504,6 +408,9 @@ void tst_ParameterValueSnapshot::uniteIsIdempotent()
     QVERIFY(twice.unite(&other));
     QCOMPARE(once.parameterListDifferent(&twice), QList<ParameterCoordinate>());
     QCOMPARE(once.parameterListDifferent(&other), QList<ParameterCoordinate>());
+    // Also in the living spaces.
+    QCOMPARE(twice.toJson(), once.toJson());
+    QCOMPARE(once.toJson(), other.toJson());
 }
 
 void tst_ParameterValueSnapshot::uniteWithNothing()
@@ -629,6 +536,11 @@ void tst_ParameterValueSnapshot::exportDisabled()
     QVERIFY(!QFile::exists(fileName));
     snapshot.setSaveToTextFileEnabled(true);
     QVERIFY(snapshot.saveToTextFile(fileName, {at("A00")}));
+    const QByteArray earlier = content(fileName);
+    QVERIFY(earlier.contains("11 rpm"));
+    snapshot.setSaveToTextFileEnabled(false);
+    QVERIFY(!snapshot.saveToTextFile(fileName, {}));
+    QCOMPARE(content(fileName), earlier);
 }
 
 void tst_ParameterValueSnapshot::exportCannotBeOpened()

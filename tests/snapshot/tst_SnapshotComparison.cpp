@@ -1,6 +1,8 @@
 #include "snapshot/SnapshotComparison.h"
 
 #include "snapshot/SnapshotRecordBuilder.h"
+#include "snapshot/SnapshotJson.h"
+#include "tests/snapshot/AddressFilter.h"
 #include "tests/snapshot/FakeParameterInformation.h"
 
 #include <QtCore/QRandomGenerator>
@@ -18,6 +20,10 @@ private Q_SLOTS:
     void differentLivingSpaces();
     void differentElements();
     void missingValueIsEmpty();
+    void missingLivingSpaceIsEmpty_data();
+    void missingLivingSpaceIsEmpty();
+    void rejectedElementDoesNotCount();
+    void nothingIsLeftToCompare();
     void oneSidedComeFirst();
     void emptySides();
     void randomPairs();
@@ -28,9 +34,9 @@ namespace {
 constexpr eLivingSpace Global = eLivingSpace::Global;
 const QSet<eLivingSpace> AllSpaces {Global, eLivingSpace::Axis1, eLivingSpace::Axis2};
 
-SnapshotRecord frozen(FakeParameterInformation &information)
+SnapshotRecord frozen(FakeParameterInformation &information, const Filter *filter = nullptr)
 {
-    SnapshotRecordBuilder builder(AllSpaces, nullptr);
+    SnapshotRecordBuilder builder(AllSpaces, filter);
     return *builder.build(&information);
 }
 
@@ -46,6 +52,19 @@ SnapshotRecord simpleRecord(const QString &display, const QString &native,
 SnapshotRecord simpleRecord(const QString &text)
 {
     return simpleRecord(text, text);
+}
+
+/// B01 on the axes 1 and 2, with these values.
+std::optional<SnapshotRecord> read(const QByteArray &values)
+{
+    QString problem;
+    const auto content = SnapshotJson::read(
+        R"({"format": "kr-parameter-snapshot", "version": 1, "livingSpaces": [0, 1, 2],
+            "parameters": [{"coordinate": "B01", "livingSpaces": [1, 2],
+            "elements": [{"number": 0, "readLevel": 0}], "values": [)"
+            + values + "]}]}",
+        problem);
+    return content ? std::optional(content->records.first()) : std::nullopt;
 }
 
 QStringList texts(const QList<ParameterCoordinate> &coordinates)
@@ -129,13 +148,70 @@ void tst_SnapshotComparison::differentElements()
 
 void tst_SnapshotComparison::missingValueIsEmpty()
 {
-    // Not frozen through the same living spaces, but with equal lists: 0 and 1 against 0 alone.
     FakeParameterInformation held(QStringLiteral("A00"));
     held.elements = {0, 1};
     held.setValue(Global, 1, QStringLiteral("5"));
     FakeParameterInformation empty(QStringLiteral("A00"));
     empty.elements = {0, 1};
     QVERIFY(SnapshotComparison::areDifferent(frozen(held), frozen(empty)));
+}
+
+/// Equal lists, but one side holds no values of axis 2: a file may say so.
+void tst_SnapshotComparison::missingLivingSpaceIsEmpty_data()
+{
+    QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<bool>("different");
+    QTest::newRow("text") << QByteArray(R"("display": "5", "native": "5")") << true;
+    QTest::newRow("display alone") << QByteArray(R"("display": "5")") << false;
+    QTest::newRow("units alone") << QByteArray(R"("scaledUnit": "A", "nativeUnit": "mA")") << true;
+    QTest::newRow("nothing") << QByteArray(R"("display": "")") << false;
+}
+
+void tst_SnapshotComparison::missingLivingSpaceIsEmpty()
+{
+    QFETCH(QByteArray, value);
+    QFETCH(bool, different);
+    const QByteArray axis1 = R"({"livingSpace": 1, "element": 0, "display": "1", "native": "1"})";
+    const auto held = read(axis1 + R"(, {"livingSpace": 2, "element": 0, )" + value + "}");
+    const auto missing = read(axis1);
+    QVERIFY(held && missing);
+    QCOMPARE(SnapshotComparison::areDifferent(*held, *missing), different);
+    QCOMPARE(SnapshotComparison::areDifferent(*missing, *held), different);
+}
+
+void tst_SnapshotComparison::rejectedElementDoesNotCount()
+{
+    const AddressFilter filter({QStringLiteral("1.A012[00001]")});
+    const auto record = [&](const char *accepted, const char *rejected, const Filter *used) {
+        FakeParameterInformation information(QStringLiteral("A12"));
+        information.isRecord = true;
+        information.elements = {0, 1};
+        information.spaces = {eLivingSpace::Axis1, eLivingSpace::Axis2};
+        information.setValue(eLivingSpace::Axis2, 0, QString::fromLatin1(accepted));
+        information.setValue(eLivingSpace::Axis2, 1, QString::fromLatin1(rejected));
+        return frozen(information, used);
+    };
+    // Axis 2 holds the values of element 1, which axis 1 rejected.
+    QVERIFY(
+        !SnapshotComparison::areDifferent(record("1", "2", &filter), record("1", "3", &filter)));
+    QVERIFY(SnapshotComparison::areDifferent(record("1", "2", &filter), record("2", "2", &filter)));
+    QVERIFY(SnapshotComparison::areDifferent(record("1", "2", nullptr), record("1", "3", nullptr)));
+}
+
+/// Rejected on axis 2, the only element is in neither list; the values of axis 1 stay held.
+void tst_SnapshotComparison::nothingIsLeftToCompare()
+{
+    const AddressFilter filter({QStringLiteral("2.A012[00000]")});
+    const auto record = [&](const char *text) {
+        FakeParameterInformation information(QStringLiteral("A12"));
+        information.spaces = {eLivingSpace::Axis1, eLivingSpace::Axis2};
+        information.setValue(eLivingSpace::Axis1, 0, QString::fromLatin1(text));
+        return frozen(information, &filter);
+    };
+    const SnapshotRecord one = record("1");
+    QCOMPARE(one.layout().elements, QList<quint16>());
+    QCOMPARE(one.value(eLivingSpace::Axis1, 0).display, QStringLiteral("1"));
+    QVERIFY(!SnapshotComparison::areDifferent(one, record("2")));
 }
 
 void tst_SnapshotComparison::oneSidedComeFirst()

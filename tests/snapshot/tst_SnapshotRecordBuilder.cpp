@@ -1,9 +1,7 @@
 #include "snapshot/SnapshotRecordBuilder.h"
 
+#include "tests/snapshot/AddressFilter.h"
 #include "tests/snapshot/FakeParameterInformation.h"
-
-#include <KrFilter/Filter.h>
-#include <KrFilter/FilterElement.h>
 
 #include <QtTest/QTest>
 
@@ -30,9 +28,6 @@ private Q_SLOTS:
     void multilingualUnit();
     void kindFiveHasNoUnits();
     void kindIsAskedForEachElement();
-    void locatorUnitIsThatOfTheLivingSpace();
-    void locatorUnitOfAnEmptyText();
-    void oneLocatorOnePlainUnit();
 
     void rejectedEverywhere();
     void rejectedInOneLivingSpace();
@@ -56,25 +51,6 @@ constexpr eLivingSpace Global = eLivingSpace::Global;
 constexpr eLivingSpace Axis1 = eLivingSpace::Axis1;
 constexpr eLivingSpace Axis2 = eLivingSpace::Axis2;
 const QSet<eLivingSpace> AllSpaces {Global, Axis1, Axis2};
-
-/// Rejects the sortable addresses in its list and keeps those it was asked for.
-class AddressFilter : public Filter {
-public:
-    explicit AddressFilter(const QStringList &rejected)
-        : rejected(rejected)
-    {
-    }
-
-    bool testElement(const FilterElement &element) const override
-    {
-        const QString address = element.stringProperty(QStringLiteral("Address"));
-        asked.append(address);
-        return !rejected.contains(address);
-    }
-
-    QStringList rejected;
-    mutable QStringList asked;
-};
 
 std::optional<SnapshotRecord> frozen(ParameterInformation &information,
     const Filter *filter = nullptr, const QSet<eLivingSpace> &livingSpaces = AllSpaces)
@@ -286,48 +262,6 @@ void tst_SnapshotRecordBuilder::kindIsAskedForEachElement()
     QVERIFY(record);
     QCOMPARE(record->value(Axis1, 0).displayWithUnit(), QStringLiteral("1-0"));
     QCOMPARE(record->value(Axis1, 1).displayWithUnit(), QStringLiteral("1-1 rpm"));
-}
-
-void tst_SnapshotRecordBuilder::locatorUnitIsThatOfTheLivingSpace()
-{
-    const auto information = twoByTwo();
-    information->setUnits(QStringLiteral("<localAxis:A76>"), QStringLiteral("<activeAxis:A77>"));
-    information->localScaledUnits = {
-        {Axis1, QStringLiteral("mm")}, {Axis2, QStringLiteral("Grad C")}};
-    information->localNativeUnits = {{Axis1, QStringLiteral("inc")}};
-    const auto record = frozen(*information);
-    QVERIFY(record);
-    QCOMPARE(record->value(Axis1, 0).displayWithUnit(), QStringLiteral("1-0 mm"));
-    QCOMPARE(record->value(Axis2, 1).displayWithUnit(), QStringLiteral("2-1 Grad C"));
-    QCOMPARE(record->value(Axis2, 1).undecoratedWithUnit(), QStringLiteral("2-1 Grad C"));
-    QCOMPARE(record->value(Axis1, 1).nativeWithUnit(), QStringLiteral("1-1 inc"));
-    QCOMPARE(record->value(Axis2, 1).nativeWithUnit(), QStringLiteral("2-1"));
-}
-
-void tst_SnapshotRecordBuilder::locatorUnitOfAnEmptyText()
-{
-    FakeParameterInformation information(QStringLiteral("A00"));
-    information.setUnits(QStringLiteral("<localAxis:A76>"), QStringLiteral("<localAxis:A77>"));
-    information.scaledUnits = {{0, QStringLiteral("mm")}};
-    information.nativeUnits = {{0, QStringLiteral("inc")}};
-    information.localScaledUnits = {{Global, QStringLiteral("unused")}};
-    information.setValue(Global, 0, QString());
-    const auto record = frozen(information);
-    QVERIFY(record);
-    QCOMPARE(record->value(Global, 0).displayWithUnit(), QStringLiteral(" mm"));
-    QCOMPARE(record->value(Global, 0).nativeWithUnit(), QStringLiteral(" inc"));
-}
-
-void tst_SnapshotRecordBuilder::oneLocatorOnePlainUnit()
-{
-    const auto information = twoByTwo();
-    information->setUnits(QStringLiteral("<localAxis:A76>"), QStringLiteral("inc"));
-    information->localScaledUnits = {{Axis1, QStringLiteral("mm")}, {Axis2, QStringLiteral("rad")}};
-    const auto record = frozen(*information);
-    QVERIFY(record);
-    QCOMPARE(record->value(Axis1, 0).displayWithUnit(), QStringLiteral("1-0 mm"));
-    QCOMPARE(record->value(Axis2, 0).displayWithUnit(), QStringLiteral("2-0 rad"));
-    QCOMPARE(record->value(Axis2, 0).nativeWithUnit(), QStringLiteral("2-0 inc"));
 }
 
 void tst_SnapshotRecordBuilder::rejectedEverywhere()

@@ -51,11 +51,11 @@ public:
 })";
     }
 
-    DeskDevice()
+    explicit DeskDevice(const QByteArray &text = description())
     {
         QFile file(fileName());
         if (file.open(QIODevice::WriteOnly))
-            file.write(description());
+            file.write(text);
     }
 
     QString fileName() const { return path("desk.json"); }

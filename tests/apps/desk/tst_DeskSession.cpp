@@ -2,7 +2,7 @@
 #include "apps/desk/OnlineSwitch.h"
 #include "apps/desk/ValueWriter.h"
 #include "tests/apps/desk/AnsweringDialogs.h"
-#include "tests/apps/desk/DeskDevice.h"
+#include "tests/apps/desk/FollowingDevice.h"
 #include "tests/support/MessageRecorder.h"
 
 #include <KrSystem/System.h>
@@ -22,6 +22,7 @@ private Q_SLOTS:
     void unusableDescription();
     void cancelledOpening();
     void modified();
+    void undoLeadsBackToTheFile();
     void valueFromElsewhereIsAChange();
     void saveAndLoad();
     void loadReportsFindings();
@@ -124,9 +125,32 @@ void tst_DeskSession::modified()
     const QSignalSpy changes(m_session.get(), &DeskSession::modifiedChanged);
     QVERIFY(m_session->writer()->write(place("B10"), QStringLiteral("11")).isAccepted);
     QVERIFY(m_session->isModified());
-    m_session->undoStack()->undo();
+    m_session->undo();
     QVERIFY(!m_session->isModified());
     QCOMPARE(changes.count(), 2);
+}
+
+/// Also where a function of the device wrote along.
+void tst_DeskSession::undoLeadsBackToTheFile()
+{
+    const FollowingDevice device;
+    const auto block = [&device](const char *folder) {
+        QFile file(device.path(folder) + QStringLiteral("/Parameter.ini"));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    QVERIFY(m_session->open(device.fileName()));
+    expectSaved();
+    QVERIFY(m_session->save(device.path("plant")));
+    QVERIFY(m_session->writer()->write(place("K01"), QStringLiteral("30")).isAccepted);
+    QCOMPARE(native(place("K02")), QStringLiteral("60"));
+    QVERIFY(m_session->isModified());
+    m_session->undo();
+    QVERIFY(!m_session->isModified());
+    expect(eSeverity::Information, QStringLiteral("other"),
+        QStringLiteral("gespeichert und zurückgelesen"));
+    QVERIFY(m_session->save(device.path("other")));
+    QVERIFY(block("plant").contains("[K002]\r\nV_0_0=7\r\n"));
+    QCOMPARE(block("other"), block("plant"));
 }
 
 void tst_DeskSession::valueFromElsewhereIsAChange()
@@ -311,7 +335,7 @@ void tst_DeskSession::linkOfTheDevice()
     m_session->onlineSwitch()->turn(true);
     QVERIFY(m_session->project()->container().isOnline());
     QVERIFY(m_session->writer()->write(place("B10"), QStringLiteral("11")).isAccepted);
-    m_session->undoStack()->undo();
+    m_session->undo();
     QCOMPARE(calls, (QStringList {QStringLiteral("B10"), QStringLiteral("B10")}));
     m_session.reset();
 }

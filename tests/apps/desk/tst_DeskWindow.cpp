@@ -459,6 +459,10 @@ void tst_DeskWindow::snapshotIsRefused()
     m_dialogs->takesSuggestedName = false;
     press(DeskActions::TakeSnapshot);
     QCOMPARE(m_window->snapshots().rowCount(), 0);
+    m_dialogs->takesSuggestedName = true;
+    m_dialogs->cancels = true;
+    press(DeskActions::TakeSnapshot);
+    QCOMPARE(m_window->snapshots().rowCount(), 0);
 }
 
 void tst_DeskWindow::renameSnapshot()

@@ -1,7 +1,7 @@
 #include "apps/desk/ParameterTableModel.h"
 #include "apps/desk/RowTexts.h"
 #include "apps/desk/ValueWriter.h"
-#include "tests/apps/desk/DeskDevice.h"
+#include "tests/apps/desk/FollowingDevice.h"
 #include "tests/support/MessageRecorder.h"
 
 #include <KrMultilingual/LanguageManager.h>
@@ -12,6 +12,8 @@
 #include <QtTest/QAbstractItemModelTester>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
+
+#include <algorithm>
 
 class tst_ParameterTableModel : public QObject {
     Q_OBJECT
@@ -29,6 +31,7 @@ private Q_SLOTS:
     void axis();
     void search();
     void searchFollowsValues();
+    void searchIsReadWhileIdle();
     void selectionSurvivesTheSearch();
     void differsFromDefault();
     void choices();
@@ -37,12 +40,16 @@ private Q_SLOTS:
     void onlyWritableValuesAreEditable();
     void readOnlyContainer();
     void valueFromElsewhere();
+    void textsFollowTheirOwnValue();
     void limitsFollowOtherValues();
+    void visibilityFollowsOtherValuesAtOnce();
+    void searchFollowsTheAccessLevel();
     void languages();
     void elementCountChanges();
     void removedParameter();
 
 private:
+    void open(std::unique_ptr<DeskDevice> device);
     QStringList addresses() const;
     QString text(const char *coordinate, int livingSpace, quint16 element,
         ParameterTableModel::eColumn column) const;
@@ -62,12 +69,19 @@ void tst_ParameterTableModel::init()
 {
     System::information()->setUserAccessLevel(4);
     m_messages = std::make_unique<MessageRecorder>();
-    m_device = std::make_unique<DeskDevice>();
+    m_model = std::make_unique<Model>();
+    m_tester = std::make_unique<QAbstractItemModelTester>(m_model.get());
+    open(std::make_unique<DeskDevice>());
+}
+
+void tst_ParameterTableModel::open(std::unique_ptr<DeskDevice> device)
+{
+    m_model->setDevice(nullptr, nullptr);
+    m_writer.reset();
+    m_device = std::move(device);
     m_project = m_device->open();
     m_stack = std::make_unique<QUndoStack>();
     m_writer = std::make_unique<ValueWriter>(m_project->container(), *m_stack);
-    m_model = std::make_unique<Model>();
-    m_tester = std::make_unique<QAbstractItemModelTester>(m_model.get());
     m_model->setDevice(m_project.get(), m_writer.get());
 }
 
@@ -198,6 +212,20 @@ void tst_ParameterTableModel::searchFollowsValues()
     QCOMPARE(addresses(), QStringList(QStringLiteral("1.B01")));
 }
 
+/// What changes meanwhile, before and after the texts are read, is found all the same.
+void tst_ParameterTableModel::searchIsReadWhileIdle()
+{
+    QVERIFY(m_writer->write(place("B01", 1), QStringLiteral("5")).isAccepted);
+    QCoreApplication::processEvents();
+    QVERIFY(m_writer->write(place("B01", 2), QStringLiteral("6")).isAccepted);
+    m_model->setSearchedText(QStringLiteral("5.000"));
+    QCOMPARE(addresses(), QStringList(QStringLiteral("1.B01")));
+    m_model->setSearchedText(QStringLiteral("6.000"));
+    QCOMPARE(addresses(), QStringList(QStringLiteral("2.B01")));
+    m_model->setSearchedText(QStringLiteral("4.200"));
+    QCOMPARE(m_model->rowCount(), 0);
+}
+
 void tst_ParameterTableModel::selectionSurvivesTheSearch()
 {
     const QPersistentModelIndex kept(m_model->indexOf(place("B10")));
@@ -295,13 +323,63 @@ void tst_ParameterTableModel::valueFromElsewhere()
 }
 
 /// The texts of limits come from a second container, which follows the first.
-void tst_ParameterTableModel::limitsFollowOtherValues()
+void tst_ParameterTableModel::textsFollowTheirOwnValue()
 {
     QCOMPARE(text("B01", 1, 0, Model::UpperLimit), QStringLiteral("40.000"));
     QVERIFY(m_writer->write(place("B01", 1), QStringLiteral("7")).isAccepted);
     QCOMPARE(text("B01", 1, 0, Model::UpperLimit), QStringLiteral("40.000"));
     QCOMPARE(text("B01", 1, 0, Model::Default), QStringLiteral("4.200"));
     QCOMPARE(text("B01", 1, 0, Model::Value), QStringLiteral("7.000"));
+}
+
+void tst_ParameterTableModel::limitsFollowOtherValues()
+{
+    open(std::make_unique<FollowingDevice>());
+    const QSignalSpy changes(m_model.get(), &Model::dataChanged);
+    QCOMPARE(text("K03", 0, 0, Model::UpperLimit), QStringLiteral("10"));
+    QVERIFY(m_writer->write(place("K01"), QStringLiteral("30")).isAccepted);
+    QCOMPARE(text("K03", 0, 0, Model::UpperLimit), QStringLiteral("30"));
+    const int row = m_model->indexOf(place("K03")).row();
+    QVERIFY(std::any_of(changes.begin(), changes.end(), [row](const QVariantList &change) {
+        return change.at(0).toModelIndex().row() <= row && change.at(1).toModelIndex().row() >= row
+            && change.at(1).toModelIndex().column() >= Model::UpperLimit;
+    }));
+}
+
+/// However many rows come and go, the rows change once.
+void tst_ParameterTableModel::visibilityFollowsOtherValuesAtOnce()
+{
+    open(std::make_unique<FollowingDevice>());
+    const QSignalSpy layouts(m_model.get(), &Model::layoutChanged);
+    QCOMPARE(m_model->rowCount(), 10);
+    QVERIFY(m_writer->write(place("K01"), QStringLiteral("101")).isAccepted);
+    QCoreApplication::processEvents();
+    QCOMPARE(m_model->rowCount(), 8);
+    QVERIFY(!m_model->indexOf(place("K04")).isValid());
+    QCOMPARE(layouts.count(), 1);
+
+    // A device of its own: one container tells of hiding once in five seconds.
+    open(std::make_unique<FollowingDevice>());
+    QCOMPARE(m_model->rowCount(), 10);
+    // The rows are others when the event comes.
+    QVERIFY(m_writer->write(place("K01"), QStringLiteral("101")).isAccepted);
+    m_model->setDevice(nullptr, nullptr);
+    QCoreApplication::processEvents();
+    QCOMPARE(m_model->rowCount(), 0);
+}
+
+/// Level 5 alone sees what is masked.
+void tst_ParameterTableModel::searchFollowsTheAccessLevel()
+{
+    open(std::make_unique<FollowingDevice>());
+    m_model->setSearchedText(QStringLiteral("777"));
+    QCOMPARE(m_model->rowCount(), 0);
+    System::information()->setUserAccessLevel(5);
+    QCOMPARE(addresses(), QStringList(QStringLiteral("K07")));
+    System::information()->setUserAccessLevel(4);
+    QCOMPARE(m_model->rowCount(), 0);
+    m_model->setSearchedText(QStringLiteral("offline"));
+    QCOMPARE(addresses(), QStringList(QStringLiteral("K07")));
 }
 
 void tst_ParameterTableModel::languages()

@@ -1,4 +1,5 @@
 #include "apps/desk/SnapshotListModel.h"
+#include "apps/host/Progress.h"
 #include "tests/apps/desk/DeskDevice.h"
 #include "tests/support/MessageRecorder.h"
 
@@ -11,6 +12,8 @@ class tst_SnapshotListModel : public QObject {
 
 private Q_SLOTS:
     void take();
+    void progress();
+    void cancelled();
     void suggestedNames();
     void checking();
     void renaming();
@@ -41,6 +44,59 @@ void tst_SnapshotListModel::take()
     };
     QCOMPARE(value(0), QStringLiteral("4.200 A"));
     QCOMPARE(value(1), QStringLiteral("5.000 A"));
+}
+
+namespace {
+
+/// Cancels once so many values are done.
+struct CountingProgress final : Progress {
+    explicit CountingProgress(qsizetype last)
+        : last(last)
+    {
+    }
+    bool advance(qsizetype done, qsizetype total) override
+    {
+        steps.append(done);
+        totals.insert(total);
+        return done < last;
+    }
+
+    qsizetype last;
+    QList<qsizetype> steps;
+    QSet<qsizetype> totals;
+};
+
+} // namespace
+
+void tst_SnapshotListModel::progress()
+{
+    MessageRecorder messages;
+    const DeskDevice device;
+    const auto project = device.open();
+    SnapshotListModel model;
+    CountingProgress progress(100);
+    QVERIFY(model.take(project->container(), QStringLiteral("A"), &progress));
+    // Also of the value that this user may not see.
+    QCOMPARE(progress.steps, (QList<qsizetype> {0, 1, 2, 3, 4, 5, 6, 7, 8, 9}));
+    QCOMPARE(progress.totals, QSet<qsizetype> {10});
+    QVERIFY(model.take(project->container(), QStringLiteral("B")));
+    QCOMPARE(model.checkedSnapshots().at(0)->parameterListDifferent(model.checkedSnapshots().at(1)),
+        QList<ParameterCoordinate>());
+}
+
+/// Nothing is asked any more, and nothing is there.
+void tst_SnapshotListModel::cancelled()
+{
+    MessageRecorder messages;
+    const DeskDevice device;
+    const auto project = device.open();
+    SnapshotListModel model;
+    const QSignalSpy changes(&model, &SnapshotListModel::checkedChanged);
+    CountingProgress progress(3);
+    QVERIFY(!model.take(project->container(), QStringLiteral("A"), &progress));
+    QCOMPARE(progress.steps, (QList<qsizetype> {0, 1, 2, 3}));
+    QCOMPARE(model.rowCount(), 0);
+    QCOMPARE(changes.count(), 0);
 }
 
 void tst_SnapshotListModel::suggestedNames()

@@ -1,5 +1,5 @@
 #include "apps/desk/ValueWriter.h"
-#include "tests/apps/desk/DeskDevice.h"
+#include "tests/apps/desk/FollowingDevice.h"
 #include "tests/support/MessageRecorder.h"
 
 #include <KrParameterInstance/ParameterSetup.h>
@@ -23,9 +23,13 @@ private Q_SLOTS:
     void undoAndRedo();
     void undoRestoresTheChangeTag();
     void sameValueIsNoChange();
+    void undoTakesBackWhatChangedAlong();
+    void changesFromElsewhereStay();
+    void restoreIsRefusedWhileReadOnly();
     void afterTheContainer();
 
 private:
+    void open(std::unique_ptr<DeskDevice> device);
     QString native(const ValuePlace &at) const
     {
         return m_project->container().readValueNative(
@@ -41,7 +45,13 @@ private:
 void tst_ValueWriter::init()
 {
     System::information()->setUserAccessLevel(4);
-    m_device = std::make_unique<DeskDevice>();
+    open(std::make_unique<DeskDevice>());
+}
+
+void tst_ValueWriter::open(std::unique_ptr<DeskDevice> device)
+{
+    m_writer.reset();
+    m_device = std::move(device);
     m_project = m_device->open();
     m_stack = std::make_unique<QUndoStack>();
     m_writer = std::make_unique<ValueWriter>(m_project->container(), *m_stack);
@@ -147,6 +157,66 @@ void tst_ValueWriter::sameValueIsNoChange()
     QVERIFY(m_writer->write(place("B01", 1), QStringLiteral("4.2")).isAccepted);
     QCOMPARE(m_stack->count(), 0);
     QVERIFY(m_stack->isClean());
+}
+
+/// The device's function sets K02 to the double of K01, on an undo too; 7 is no double of 10.
+void tst_ValueWriter::undoTakesBackWhatChangedAlong()
+{
+    MessageRecorder messages;
+    open(std::make_unique<FollowingDevice>());
+    QVERIFY(m_writer->write(place("K01"), QStringLiteral("30")).isAccepted);
+    QCOMPARE(native(place("K02")), QStringLiteral("60"));
+    QVERIFY(m_writer->write(place("K01"), QStringLiteral("40")).isAccepted);
+    QCOMPARE(native(place("K02")), QStringLiteral("80"));
+    m_stack->undo();
+    QCOMPARE(native(place("K01")), QStringLiteral("30"));
+    QCOMPARE(native(place("K02")), QStringLiteral("60"));
+    const QSignalSpy written(m_writer.get(), &ValueWriter::written);
+    m_stack->undo();
+    QCOMPARE(native(place("K01")), QStringLiteral("10"));
+    QCOMPARE(native(place("K02")), QStringLiteral("7"));
+    QCOMPARE(written.count(), 2);
+    m_stack->redo();
+    QCOMPARE(native(place("K01")), QStringLiteral("30"));
+    QCOMPARE(native(place("K02")), QStringLiteral("60"));
+}
+
+/// Also where the undo itself makes a function answer: it changed nothing then, and changes nothing
+/// now.
+void tst_ValueWriter::changesFromElsewhereStay()
+{
+    MessageRecorder messages;
+    open(std::make_unique<FollowingDevice>());
+    const auto store = [this](const char *coordinate, const QString &text) {
+        m_project->container().writeValueNative(
+            eLivingSpace::Global, place(coordinate).coordinate, 0, text);
+    };
+    store("K02", QStringLiteral("60"));
+    QVERIFY(m_writer->write(place("K01"), QStringLiteral("30")).isAccepted);
+    QCOMPARE(native(place("K02")), QStringLiteral("60"));
+    store("K02", QStringLiteral("99"));
+    store("K08", QStringLiteral("1"));
+    m_stack->undo();
+    QCOMPARE(native(place("K01")), QStringLiteral("10"));
+    QCOMPARE(native(place("K02")), QStringLiteral("99"));
+    QCOMPARE(native(place("K08")), QStringLiteral("1"));
+}
+
+/// Nothing is stored; what was not undone can be undone later.
+void tst_ValueWriter::restoreIsRefusedWhileReadOnly()
+{
+    MessageRecorder messages;
+    QVERIFY(m_writer->write(place("B10"), QStringLiteral("11")).isAccepted);
+    const QSignalSpy written(m_writer.get(), &ValueWriter::written);
+    m_project->container().setReadOnly(true);
+    m_stack->undo();
+    QCOMPARE(native(place("B10")), QStringLiteral("11"));
+    m_project->container().setReadOnly(false);
+    m_stack->redo();
+    QCOMPARE(native(place("B10")), QStringLiteral("11"));
+    QCOMPARE(written.count(), 0);
+    m_stack->undo();
+    QCOMPARE(native(place("B10")), QStringLiteral("10"));
 }
 
 void tst_ValueWriter::afterTheContainer()

@@ -1,0 +1,151 @@
+#include <KrParameterInstance/ParameterValueSnapshot.h>
+
+#include "tests/snapshot/SnapshotFixture.h"
+
+#include <KrFilter/Filter.h>
+
+#include <QtTest/QTest>
+
+#include <functional>
+#include <stdexcept>
+
+/// What host and filter may do while a snapshot is taken.
+class tst_SnapshotRebuild : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void snapshotGoesWhileItIsTaken();
+    void containerGoesWhileItIsFrozen();
+    void containerGoesWhenTheHostIsAsked();
+    void snapshotGoesWhenTheHostIsAsked();
+    void filterThrows();
+    void filterTakesEverything();
+};
+
+namespace {
+
+void fill(SnapshotFixture &fixture)
+{
+    fixture.add(SnapshotFixture::parameter("A00", "Speed"));
+    fixture.add(SnapshotFixture::parameter("B01", "Name").global());
+}
+
+/// Runs something at every question.
+class ActingFilter final : public Filter {
+public:
+    explicit ActingFilter(std::function<void()> act, bool accepts = true)
+        : m_act(std::move(act))
+        , m_accepts(accepts)
+    {
+    }
+    bool testElement(const FilterElement &) const override
+    {
+        m_act();
+        return m_accepts;
+    }
+
+private:
+    std::function<void()> m_act;
+    bool m_accepts;
+};
+
+/// Runs something when it is asked for the living spaces.
+class ActingHost final : public ParameterContainerHostInformation {
+public:
+    QList<eLivingSpace> livingSpaces() const override
+    {
+        if (act)
+            act();
+        return {eLivingSpace::Axis1};
+    }
+    unsigned int deviceFamilyIdentifier() const override { return 4096; }
+
+    std::function<void()> act;
+};
+
+} // namespace
+
+void tst_SnapshotRebuild::snapshotGoesWhileItIsTaken()
+{
+    SnapshotFixture fixture;
+    fill(fixture);
+    auto snapshot = std::make_unique<ParameterValueSnapshot>(fixture.container.get());
+    const ActingFilter filter([&] { snapshot.reset(); });
+    snapshot->apply(filter);
+    QVERIFY(!snapshot);
+}
+
+void tst_SnapshotRebuild::containerGoesWhileItIsFrozen()
+{
+    SnapshotFixture fixture;
+    fill(fixture);
+    ParameterValueSnapshot snapshot(fixture.container.get());
+    const ActingFilter filter([&] { fixture.container.reset(); });
+    snapshot.apply(filter);
+    QCOMPARE(snapshot.parameterList(), QList<ParameterCoordinate>());
+}
+
+void tst_SnapshotRebuild::containerGoesWhenTheHostIsAsked()
+{
+    SnapshotFixture fixture;
+    fill(fixture);
+    ParameterValueSnapshot snapshot(fixture.container.get());
+    snapshot.applyNoFilter();
+    ActingHost host;
+    fixture.container->setHostInformation(&host);
+    host.act = [&] { fixture.container.reset(); };
+    snapshot.applyNoFilter();
+    QCOMPARE(snapshot.sourceContainer(), nullptr);
+    QCOMPARE(snapshot.parameterList(), QList<ParameterCoordinate>());
+}
+
+void tst_SnapshotRebuild::snapshotGoesWhenTheHostIsAsked()
+{
+    SnapshotFixture fixture;
+    fill(fixture);
+    ActingHost host;
+    fixture.container->setHostInformation(&host);
+    auto snapshot = std::make_unique<ParameterValueSnapshot>(fixture.container.get());
+    host.act = [&] { snapshot.reset(); };
+    snapshot->applyNoFilter();
+    QVERIFY(!snapshot);
+    host.act = nullptr;
+}
+
+/// Nothing of it is left for the next time.
+void tst_SnapshotRebuild::filterThrows()
+{
+    SnapshotFixture fixture;
+    fill(fixture);
+    ParameterValueSnapshot snapshot(fixture.container.get());
+    snapshot.applyNoFilter();
+    const auto applyThrowing = [&snapshot] {
+        const ActingFilter filter([] { throw std::runtime_error("filter"); });
+        snapshot.apply(filter);
+    };
+    QVERIFY_EXCEPTION_THROWN(applyThrowing(), std::runtime_error);
+    QCOMPARE(snapshot.parameterList(), QList<ParameterCoordinate>());
+    snapshot.applyNoFilter();
+    QCOMPARE(snapshot.parameterList().size(), 2);
+}
+
+/// From within, without the filter; the filter's own answer comes last and stays.
+void tst_SnapshotRebuild::filterTakesEverything()
+{
+    SnapshotFixture fixture;
+    fill(fixture);
+    ParameterValueSnapshot snapshot(fixture.container.get());
+    qsizetype sizeWithin = 0;
+    const ActingFilter filter(
+        [&] {
+            snapshot.applyNoFilter();
+            sizeWithin = snapshot.parameterList().size();
+        },
+        false);
+    snapshot.apply(filter);
+    QCOMPARE(sizeWithin, 2);
+    QCOMPARE(snapshot.parameterList(), QList<ParameterCoordinate>());
+}
+
+QTEST_GUILESS_MAIN(tst_SnapshotRebuild)
+#include "tst_SnapshotRebuild.moc"
