@@ -111,7 +111,7 @@ QStringList ContainerModel::take(const Step &step)
             : quint16(step.number % 4);
         break;
     case Step::Save:
-        m_saved = parameters;
+        save();
         break;
     case Step::Load:
         told = load();
@@ -230,6 +230,7 @@ QStringList ContainerModel::update(const Step &step)
             for (const quint16 element : instance.values.keys()) {
                 if (!recordElements(version).contains(element)) {
                     instance.values.remove(element);
+                    instance.defaults.remove(element);
                     instance.hidden.remove(element);
                 }
             }
@@ -345,6 +346,11 @@ QStringList ContainerModel::load()
                 values += container("ValueChanged", i, space, element);
                 values += container("NativeValueChanged", i, space, element);
             }
+            for (const quint16 element : elements(i)) {
+                if (!parameter.instances[space].defaults.contains(element))
+                    values += container("DefaultValueChanged", i, space, element);
+                parameter.instances[space].defaults.insert(element);
+            }
         }
         forgetFlags(i);
         if (isRecounted)
@@ -439,6 +445,25 @@ void ContainerModel::forgetFlags(int parameter)
     }
 }
 
+bool ContainerModel::storesDefault(int parameter, quint16 element) const
+{
+    return parameter == D20
+        || element < definedCount(parameter, parameters[size_t(parameter)].version);
+}
+
+void ContainerModel::save()
+{
+    for (int i = 0; i < ParameterCount; ++i) {
+        for (Instance &instance : parameters[size_t(i)].instances) {
+            for (const quint16 element : elements(i)) {
+                if (storesDefault(i, element))
+                    instance.defaults.insert(element);
+            }
+        }
+    }
+    m_saved = parameters;
+}
+
 /// The test reads everything after each step: what was not there is there then.
 void ContainerModel::materialize()
 {
@@ -446,8 +471,11 @@ void ContainerModel::materialize()
         for (const int space : parameters[size_t(i)].instances.keys()) {
             Instance &instance = parameters[size_t(i)].instances[space];
             for (const quint16 element : elements(i)) {
-                if (!instance.values.contains(element))
+                if (!instance.values.contains(element)) {
                     instance.values.insert(element, u"0"_s);
+                    if (storesDefault(i, element))
+                        instance.defaults.insert(element);
+                }
                 if (!instance.hidden.contains(element))
                     instance.hidden.insert(element, answerHidden(i, space));
             }

@@ -55,6 +55,8 @@ public:
 
     struct Instance {
         QMap<quint16, QString> values;
+        /// Elements whose default is stored: one that is not is new where it is loaded.
+        QSet<quint16> defaults;
         QMap<quint16, bool> hidden;
 
         bool operator==(const Instance &) const = default;
@@ -119,6 +121,9 @@ private:
     QStringList askFlagAnew(int parameter, int livingSpace, quint16 element);
     bool answerHidden(int parameter, int livingSpace) const;
     void forgetFlags(int parameter);
+    /// Beyond its count a simple parameter has the default of element 0, and stores none.
+    bool storesDefault(int parameter, quint16 element) const;
+    void save();
     void materialize();
 
     std::array<Parameter, ParameterCount> m_saved;
