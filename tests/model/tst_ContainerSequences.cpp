@@ -20,7 +20,7 @@ public:
         m_step.kind = *rc::gen::weightedElement<Step::eKind>({{8, Step::Create}, {4, Step::Update},
             {1, Step::Delete}, {1, Step::Clear}, {8, Step::WriteDisplay}, {10, Step::WriteNative},
             {8, Step::WriteUndecorated}, {4, Step::Online}, {2, Step::ReadOnly}, {4, Step::Level},
-            {6, Step::Firmware}, {4, Step::ElementCount}, {2, Step::Coordinate}, {2, Step::Save},
+            {6, Step::Firmware}, {8, Step::ElementCount}, {2, Step::Coordinate}, {2, Step::Save},
             {3, Step::Load}, {4, Step::StartConsistence}, {1, Step::CancelConsistence}});
         // Half of all concerns the parameter that others follow.
         m_step.parameter = *rc::gen::oneOf(rc::gen::just(int(ContainerModel::A12)),
@@ -31,6 +31,9 @@ public:
             m_step.kind >= Step::WriteDisplay && m_step.kind <= Step::WriteUndecorated;
         const int least = isWrite && m_step.parameter != ContainerModel::A12 ? -200 : 0;
         m_step.number = *rc::gen::inRange(least, 10);
+        // Online and read only a device takes less: mostly off.
+        if (m_step.kind == Step::Online || m_step.kind == Step::ReadOnly)
+            m_step.number = *rc::gen::element(0, 1, 1);
     }
 
     void checkPreconditions(const ContainerModel &model) const override
@@ -97,7 +100,7 @@ void tst_ContainerSequences::initTestCase()
     const int wanted = qEnvironmentVariableIntValue("KR_SEQUENCE_COUNT");
     const int half = qMax(1, (wanted > 0 ? wanted : DefaultCount) / 2);
     if (!qEnvironmentVariableIsSet("RC_PARAMS"))
-        qputenv("RC_PARAMS", "max_size=200 max_success=" + QByteArray::number(half));
+        qputenv("RC_PARAMS", "max_size=300 max_success=" + QByteArray::number(half));
 }
 
 void tst_ContainerSequences::followTheModel()
