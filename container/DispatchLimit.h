@@ -40,13 +40,15 @@ public:
         return true;
     }
 
-    /// A change dispatches several kinds of dependency.
-    void beginChange() { ++m_changes; }
-    void endChange()
+    /// A change dispatches several kinds of dependency. True at the outermost.
+    bool beginChange() { return m_changes++ == 0; }
+    bool endChange()
     {
         --m_changes;
         resetWhenIdle();
+        return m_changes == 0;
     }
+    bool isChanging() const { return m_changes > 0; }
 
 private:
     void resetWhenIdle()

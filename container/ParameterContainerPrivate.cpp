@@ -1,6 +1,7 @@
 #include "container/ParameterContainerPrivate.h"
 
 #include "container/CreationRules.h"
+#include "instance/DependencyChange.h"
 #include "instance/DependencyPairs.h"
 
 #include <KrDatatype/DatatypeProvider.h>
@@ -332,6 +333,8 @@ void ParameterContainerPrivate::setFirmware(ServoDriveFirmware *newFirmware)
     if (created) {
         functionProvider = std::make_unique<GuardedFunctionProvider>(std::move(created));
         functionProvider->setCallbackProvider(&callbackDelegate);
+        if (m_dispatchLimit.isChanging())
+            functionProvider->beginChange();
     }
     if (isOutdated())
         return;
@@ -378,7 +381,7 @@ bool ParameterContainerPrivate::isMapped(const ParameterAddress &address) const
 {
     const quint32 number = address.toNumber();
     // Reading a value may run the firmware, whose functions may lead to anything.
-    const QList<CoordinateInstanceSet *> &mapping = mappingSets();
+    const QList<CoordinateInstanceSet *> mapping = mappingSets();
     const QList<QPointer<CoordinateInstanceSet>> sets(mapping.cbegin(), mapping.cend());
     for (const QPointer<CoordinateInstanceSet> &set : sets) {
         for (const eLivingSpace livingSpace : set ? set->livingSpaces() : QList<eLivingSpace>()) {
@@ -401,6 +404,7 @@ void ParameterContainerPrivate::dispatchDependencyChange(eParameterProperty prop
     if (reference == 0)
         return;
     const LifeGuard guard(this);
+    const DependencyChange change(this);
     switch (m_dispatchLimit.enter()) {
     case DispatchLimit::eDecision::CutAndReport:
         reportCut(source);
@@ -415,12 +419,24 @@ void ParameterContainerPrivate::dispatchDependencyChange(eParameterProperty prop
             m_dispatchLimit.leave();
     });
     const DependencyKey key = DependencyPairs::key(property, reference, source);
-    for (const QPointer<CoordinateInstanceSet> &receiver : m_index.receivers(key)) {
-        if (receiver)
-            receiver->onDependencyChanged(key, livingSpace);
+    for (const DependencyReceiver &receiver : m_index.receivers(key)) {
+        if (receiver.set)
+            receiver.set->onDependencyChanged(key, livingSpace, receiver.elements);
         if (!guard)
             return;
     }
+}
+
+void ParameterContainerPrivate::beginChange()
+{
+    if (m_dispatchLimit.beginChange() && functionProvider)
+        functionProvider->beginChange();
+}
+
+void ParameterContainerPrivate::endChange()
+{
+    if (m_dispatchLimit.endChange() && functionProvider)
+        functionProvider->endChange();
 }
 
 void ParameterContainerPrivate::reportCut(const ParameterCoordinate &source) const
@@ -448,7 +464,11 @@ QList<ParameterAddress> ParameterContainerPrivate::addresses() const
 QString ParameterContainerPrivate::readForFirmware(CallbackProviderDelegate::eForm form,
     int livingSpace, quint16 coordinate, quint16 element, bool withUnit)
 {
+    const LifeGuard guard(this);
     const eLivingSpace resolved = resolveForFirmware(livingSpace);
+    // A listener of the message that no axis is active may have ended the container.
+    if (!guard)
+        return {};
     if (!online) {
         pendingNames.insert(QString::number(qint32(resolved)) + QLatin1Char(';')
             + QString::number(coordinate) + QLatin1Char(';') + QString::number(element));
@@ -468,7 +488,10 @@ QString ParameterContainerPrivate::readForFirmware(CallbackProviderDelegate::eFo
 void ParameterContainerPrivate::writeForFirmware(CallbackProviderDelegate::eForm form,
     int livingSpace, quint16 coordinate, quint16 element, const QString &text)
 {
+    const LifeGuard guard(this);
     const eLivingSpace resolved = resolveForFirmware(livingSpace);
+    if (!guard)
+        return;
     const ParameterCoordinate at(coordinate);
     switch (form) {
     case CallbackProviderDelegate::eForm::Display:
@@ -522,12 +545,9 @@ QVariant ParameterContainerPrivate::elementProperty(
 QVariant ParameterContainerPrivate::datatypeProperty(quint16 coordinate, const QString &key) const
 {
     const CoordinateInstanceSet *set = find(ParameterCoordinate(coordinate));
-    const QList<quint16> elements = set ? set->elementList() : QList<quint16>();
-    if (elements.isEmpty())
+    if (!set)
         return {};
-    // A record need not have an element 0; its first element stands for it then.
-    const quint16 element = elements.contains(0) ? quint16(0) : elements.first();
-    const quint32 id = set->elementProperty(element, eParameterProperty::Datatype).asUint32();
+    const quint32 id = set->elementProperty(0, eParameterProperty::Datatype).asUint32();
     const SimpleType *type = DatatypeProvider::instance()->simpleType(quint8(id));
     if (!type)
         return {};

@@ -50,7 +50,7 @@ public:
     bool hasPhysicalAxes() const;
     bool isGlobal(const ParameterDefinition *definition) const override;
     /// The sets with an element of kind 11 (parameter address).
-    const QList<CoordinateInstanceSet *> &mappingSets() const { return m_index.mappingSets(); }
+    QList<CoordinateInstanceSet *> mappingSets() const { return m_index.mappingSets(); }
     /// The living space that an address means: 0 of a global parameter, else its axis.
     eLivingSpace livingSpace(const ParameterAddress &address) const;
 
@@ -79,11 +79,11 @@ public:
 
     void onElementsChanged() override { addressLists.clear(); }
     void onPropertiesChanged(CoordinateInstanceSet *set) override;
-    void beginChange() override { m_dispatchLimit.beginChange(); }
-    void endChange() override { m_dispatchLimit.endChange(); }
+    void beginChange() override;
+    void endChange() override;
     bool beginPreparation() override { return m_dispatchLimit.enterPreparation(); }
     void endPreparation() override { m_dispatchLimit.leave(); }
-    QList<QPointer<CoordinateInstanceSet>> receivers(const DependencyKey &key) override
+    QList<DependencyReceiver> receivers(const DependencyKey &key) override
     {
         return m_index.receivers(key);
     }

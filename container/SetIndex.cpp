@@ -2,7 +2,6 @@
 
 #include "instance/CoordinateInstanceSet.h"
 
-#include <algorithm>
 #include <utility>
 
 void SetIndex::remove(CoordinateInstanceSet *set)
@@ -23,25 +22,26 @@ void SetIndex::clear()
     *this = SetIndex();
 }
 
-const QList<CoordinateInstanceSet *> &SetIndex::mappingSets()
+QList<CoordinateInstanceSet *> SetIndex::mappingSets()
 {
     lookAtNew();
-    return m_mappingSets;
+    QList<CoordinateInstanceSet *> sets;
+    for (const auto &[coordinate, set] : m_mappingSets)
+        sets.append(set);
+    return sets;
 }
 
-QList<QPointer<CoordinateInstanceSet>> SetIndex::receivers(const DependencyKey &key)
+QList<DependencyReceiver> SetIndex::receivers(const DependencyKey &key)
 {
     lookAtNew();
-    const auto found = m_receivers.find(key);
-    if (found == m_receivers.end())
-        return {};
-    if (!std::exchange(found->isSorted, true)) {
-        std::sort(found->sets.begin(), found->sets.end(),
-            [](const CoordinateInstanceSet *a, const CoordinateInstanceSet *b) {
-                return a->coordinate() < b->coordinate();
-            });
-    }
-    return {found->sets.cbegin(), found->sets.cend()};
+    QList<DependencyReceiver> list;
+    const auto found = m_receivers.constFind(key);
+    if (found == m_receivers.constEnd())
+        return list;
+    list.reserve(qsizetype(found->size()));
+    for (const auto &[coordinate, receiver] : *found)
+        list.append({receiver.set, receiver.elements});
+    return list;
 }
 
 void SetIndex::lookAtNew()
@@ -52,25 +52,36 @@ void SetIndex::lookAtNew()
 
 void SetIndex::enter(CoordinateInstanceSet *set)
 {
-    if (set->isMapping())
-        m_mappingSets.append(set);
-    const QList<DependencyKey> keys = set->dependencyKeys();
-    for (const DependencyKey &key : keys) {
-        Receivers &receivers = m_receivers[key];
-        receivers.isSorted = receivers.sets.isEmpty();
-        receivers.sets.append(set);
-    }
-    if (!keys.isEmpty())
-        m_keys.insert(set, keys);
+    const QHash<DependencyKey, QList<quint16>> followed = set->followedKeys();
+    const bool isMapping = set->isMapping();
+    if (followed.isEmpty() && !isMapping)
+        return;
+    const quint16 coordinate = set->coordinate().toNumber();
+    if (isMapping)
+        m_mappingSets.insert_or_assign(coordinate, set);
+    // Order carries no meaning.
+    for (auto it = followed.cbegin(); it != followed.cend(); ++it)
+        m_receivers[it.key()].insert_or_assign(coordinate, Receiver {set, it.value()});
+    m_places.insert(set, {coordinate, followed.keys()});
 }
 
 void SetIndex::leave(CoordinateInstanceSet *set)
 {
-    m_mappingSets.removeOne(set);
-    for (const DependencyKey &key : m_keys.take(set)) {
+    const auto place = m_places.constFind(set);
+    if (place == m_places.constEnd())
+        return;
+    const auto [coordinate, keys] = *place;
+    m_places.erase(place);
+    if (const auto found = m_mappingSets.find(coordinate);
+        found != m_mappingSets.end() && found->second == set)
+        m_mappingSets.erase(found);
+    for (const DependencyKey &key : keys) {
         const auto found = m_receivers.find(key);
-        found->sets.removeOne(set);
-        if (found->sets.isEmpty())
+        if (found == m_receivers.end())
+            continue;
+        if (const auto at = found->find(coordinate); at != found->end() && at->second.set == set)
+            found->erase(at);
+        if (found->empty())
             m_receivers.erase(found);
     }
 }

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "instance/DependencyKey.h"
+#include "instance/DependencyReceiver.h"
 
 #include <QtCore/QHash>
 #include <QtCore/QList>
-#include <QtCore/QPointer>
 
-class CoordinateInstanceSet;
+#include <map>
 
 /// Finds sets by what their properties say: those that hold addresses of parameters, and those that
 /// follow another value. A set is looked at when somebody asks, not when it comes.
@@ -20,15 +20,20 @@ public:
     void update(CoordinateInstanceSet *set);
     void clear();
 
-    /// The sets with an element of kind 11 (parameter address), in the order of their creation.
-    const QList<CoordinateInstanceSet *> &mappingSets();
+    /// The sets with an element of kind 11 (parameter address), by coordinate.
+    QList<CoordinateInstanceSet *> mappingSets();
     /// The sets that may follow, by coordinate.
-    QList<QPointer<CoordinateInstanceSet>> receivers(const DependencyKey &key);
+    QList<DependencyReceiver> receivers(const DependencyKey &key);
 
 private:
-    struct Receivers {
-        QList<CoordinateInstanceSet *> sets;
-        bool isSorted = true;
+    struct Receiver {
+        CoordinateInstanceSet *set;
+        QList<quint16> elements;
+    };
+    /// Where a set stands; its own coordinate may be another already.
+    struct Place {
+        quint16 coordinate = 0;
+        QList<DependencyKey> keys;
     };
 
     void lookAtNew();
@@ -36,8 +41,9 @@ private:
     void leave(CoordinateInstanceSet *set);
 
     QList<CoordinateInstanceSet *> m_new;
-    QList<CoordinateInstanceSet *> m_mappingSets;
-    QHash<DependencyKey, Receivers> m_receivers;
-    /// No key: the set follows nothing.
-    QHash<CoordinateInstanceSet *, QList<DependencyKey>> m_keys;
+    /// Both by the coordinate number of the set's place.
+    std::map<quint16, CoordinateInstanceSet *> m_mappingSets;
+    QHash<DependencyKey, std::map<quint16, Receiver>> m_receivers;
+    /// No key: the set stands nowhere.
+    QHash<CoordinateInstanceSet *, Place> m_places;
 };

@@ -145,10 +145,14 @@ AccessRules::WriteFacts CoordinateInstanceSet::writeFacts(
 bool CoordinateInstanceSet::isShown(
     ParameterInstanceData &record, quint16 element, quint32 userLevel) const
 {
+    return isReadable(element, userLevel) && !record.isHidden(element);
+}
+
+bool CoordinateInstanceSet::isReadable(quint16 element, quint32 userLevel) const
+{
     const ElementFacts &facts = m_properties.facts(element);
-    const bool isReadable = facts.has(eParameterProperty::ReadLevel)
+    return facts.has(eParameterProperty::ReadLevel)
         && AccessRules::isVisible(false, facts.readLevel, userLevel);
-    return isReadable && !record.isHidden(element);
 }
 
 void CoordinateInstanceSet::onOnlineChanged(bool wasOnline)
@@ -190,11 +194,13 @@ void CoordinateInstanceSet::onAccessLevelChanged(quint32 oldLevel, quint32 newLe
         facts.userLevel = oldLevel;
         const bool isWritabilityChanged = isWritableNow != AccessRules::isWritable(facts);
 
-        const bool isShownNow = isShown(*record, element, newLevel);
-        const bool wasShown = has(guard, element) && isShown(*record, element, oldLevel);
+        // What both levels read, or neither, needs no question whether it is hidden.
+        const bool isVisibilityChanged =
+            isReadable(element, newLevel) != isReadable(element, oldLevel)
+            && !record->isHidden(element);
         if (!has(guard, element))
             return;
-        if (isShownNow != wasShown && !emitVisibilityChanged(livingSpace, element))
+        if (isVisibilityChanged && !emitVisibilityChanged(livingSpace, element))
             return;
         if (isWritabilityChanged)
             Q_EMIT writabilityChanged(address(livingSpace, element));

@@ -67,15 +67,19 @@ public:
     /// differences are signalled.
     void askKnownFlagsAnew();
 
-    /// A value changed on which this parameter may depend: tests each value and acts on those that do.
+    /// A value changed on which elements of this parameter may depend: tests each of their values and
+    /// acts on those that do. `elements` is what followedKeys() tells.
     /// **Emits** what the kind of dependency changes: limitsChanged, valueChanged, visibilityChanged,
     /// measuringUnitChanged; or runs the firmware's function.
-    void onDependencyChanged(const DependencyKey &key, eLivingSpace livingSpace);
+    void onDependencyChanged(
+        const DependencyKey &key, eLivingSpace livingSpace, const QList<quint16> &elements);
     /// The value on which this parameter depends is about to change: what was never asked for is asked
     /// now, so that afterwards a difference is known. **Emits** nothing.
-    void prepareForDependency(const DependencyKey &key, eLivingSpace livingSpace);
-    /// What the values of this parameter wait for, each once.
-    QList<DependencyKey> dependencyKeys() const;
+    void prepareForDependency(
+        const DependencyKey &key, eLivingSpace livingSpace, const QList<quint16> &elements);
+    /// What the elements of this parameter wait for, and which of them, in the order of the
+    /// definition; none are named where all of them do, as in a simple parameter.
+    QHash<DependencyKey, QList<quint16>> followedKeys() const;
     /// Whether an element holds the address of a parameter.
     bool isMapping() const;
 
@@ -211,14 +215,19 @@ private:
         eParameterProperty property, eLivingSpace livingSpace, quint16 element) const;
     QString withUnit(const QString &text, eParameterProperty property, eLivingSpace livingSpace,
         quint16 element) const;
+    /// Such a parameter shows no limits.
+    bool areLimitsMasked(quint16 element) const;
     QString limitText(eParameterProperty property, eLivingSpace livingSpace, quint16 element) const;
     void reportConversion(ConversionMessage message, const QStringList &problems,
         eLivingSpace livingSpace, quint16 element) const;
 
     AccessRules::WriteFacts writeFacts(const ParameterInstanceData &record, quint16 element) const;
     bool isShown(ParameterInstanceData &record, quint16 element, quint32 userLevel) const;
+    bool isReadable(quint16 element, quint32 userLevel) const;
     /// Calls for every instance and element while the set lives. False when it is gone.
     bool forEachValue(const std::function<void(ParameterInstanceData *, quint16)> &function);
+    bool forEachValue(const QList<quint16> &elements,
+        const std::function<void(ParameterInstanceData *, quint16)> &function);
     void askHiddenAnew(ParameterInstanceData *record, quint16 element);
 
     QList<PropertyAnswer> answers(quint16 element, eParameterProperty property) const;
@@ -254,6 +263,9 @@ private:
     bool emitChanges(eLivingSpace key, const ParameterInstanceData::Changes &changes);
 
     bool dependsOn(const DependencyKey &key, quint16 element) const;
+    void forEachFollower(const DependencyKey &key, eLivingSpace livingSpace,
+        const QList<quint16> &elements,
+        const std::function<void(ParameterInstanceData *, quint16)> &function);
     void followDependency(
         eParameterProperty property, ParameterInstanceData *record, quint16 element);
     void prepareReceivers(eLivingSpace key, quint16 element);

@@ -12,8 +12,7 @@
 #include <KrParameterInstance/ParameterContainer.h>
 #include <KrSystem/System.h>
 
-#include <QtCore/QPointer>
-#include <QtCore/QSet>
+#include <QtCore/QHash>
 
 #include <algorithm>
 #include <array>
@@ -31,81 +30,97 @@ constexpr std::array<eParameterProperty, 3> ComparedDependencies {
 
 constexpr qint32 MappingKind = 11;
 
-/// The facts are one where elements share an information.
-template <typename Function>
-void forEachFacts(
-    const ElementCatalogue &elements, const PropertyResolver &properties, Function function)
+QList<DependencyKey> keysOf(const ElementFacts &facts)
 {
-    if (!elements.isRecord()) {
-        function(properties.facts(0));
-        return;
+    QList<DependencyKey> keys;
+    for (const eParameterProperty dependency : DependencyOrder) {
+        if (dependency == eParameterProperty::MeasuringUnitDependency)
+            continue;
+        const quint16 index = facts.functionIndex(DependencyPairs::receiverProperty(dependency));
+        if (index != 0)
+            keys.append({dependency, index});
     }
-    const ElementFacts *last = nullptr;
-    for (const quint16 element : elements.list()) {
-        const ElementFacts *facts = &properties.facts(element);
-        if (std::exchange(last, facts) != facts)
-            function(*facts);
+    for (const eParameterProperty property : UnitProperties) {
+        const ParameterCoordinate located =
+            MeasuringUnitResolver::locatedCoordinate(facts.unit(property));
+        const DependencyKey key {eParameterProperty::MeasuringUnitDependency, located.toNumber()};
+        if (located.isValid() && !keys.contains(key))
+            keys.append(key);
     }
+    return keys;
 }
 
 } // namespace
 
-void CoordinateInstanceSet::onDependencyChanged(const DependencyKey &key, eLivingSpace livingSpace)
+void CoordinateInstanceSet::onDependencyChanged(
+    const DependencyKey &key, eLivingSpace livingSpace, const QList<quint16> &elements)
 {
-    forEachValue([&](ParameterInstanceData *record, quint16 element) {
-        if (DependencyPairs::reaches(livingSpace, record->livingSpace()) && dependsOn(key, element))
+    forEachFollower(
+        key, livingSpace, elements, [&](ParameterInstanceData *record, quint16 element) {
             followDependency(key.dependency, record, element);
-    });
+        });
 }
 
-void CoordinateInstanceSet::prepareForDependency(const DependencyKey &key, eLivingSpace livingSpace)
+void CoordinateInstanceSet::prepareForDependency(
+    const DependencyKey &key, eLivingSpace livingSpace, const QList<quint16> &elements)
 {
-    forEachValue([&](ParameterInstanceData *record, quint16 element) {
-        if (!DependencyPairs::reaches(livingSpace, record->livingSpace())
-            || !dependsOn(key, element))
-            return;
-        if (key.dependency == eParameterProperty::LimitDependency) {
-            if (!record->areLimitsKnown(element))
-                record->updateLimits(element);
-        } else if (key.dependency == eParameterProperty::HidingDependency) {
-            record->isHidden(element);
-        } else if (!record->areUnitsKnown(element)) {
-            const Guard guard(this);
-            const QString texts = unitTexts(record->livingSpace(), element);
-            if (has(guard, element))
-                record->updateUnits(element, texts);
-        }
-    });
+    forEachFollower(
+        key, livingSpace, elements, [&](ParameterInstanceData *record, quint16 element) {
+            if (key.dependency == eParameterProperty::LimitDependency) {
+                if (!record->areLimitsKnown(element) && !areLimitsMasked(element))
+                    record->updateLimits(element);
+            } else if (key.dependency == eParameterProperty::HidingDependency) {
+                record->isHidden(element);
+            } else if (!record->areUnitsKnown(element)) {
+                const Guard guard(this);
+                const QString texts = unitTexts(record->livingSpace(), element);
+                if (has(guard, element))
+                    record->updateUnits(element, texts);
+            }
+        });
 }
 
-QList<DependencyKey> CoordinateInstanceSet::dependencyKeys() const
+void CoordinateInstanceSet::forEachFollower(const DependencyKey &key, eLivingSpace livingSpace,
+    const QList<quint16> &elements,
+    const std::function<void(ParameterInstanceData *, quint16)> &function)
 {
-    QSet<DependencyKey> keys;
-    forEachFacts(m_elements, m_properties, [&keys](const ElementFacts &facts) {
-        for (const eParameterProperty dependency : DependencyOrder) {
-            if (dependency == eParameterProperty::MeasuringUnitDependency)
-                continue;
-            const quint16 index =
-                facts.functionIndex(DependencyPairs::receiverProperty(dependency));
-            if (index != 0)
-                keys.insert({dependency, index});
-        }
-        for (const eParameterProperty property : UnitProperties) {
-            const ParameterCoordinate located =
-                MeasuringUnitResolver::locatedCoordinate(facts.unit(property));
-            if (located.isValid())
-                keys.insert({eParameterProperty::MeasuringUnitDependency, located.toNumber()});
-        }
-    });
-    return keys.values();
+    // Which elements follow may have changed since they were named.
+    forEachValue(elements.isEmpty() ? m_elements.list() : elements,
+        [&](ParameterInstanceData *record, quint16 element) {
+            if (DependencyPairs::reaches(livingSpace, record->livingSpace())
+                && dependsOn(key, element))
+                function(record, element);
+        });
+}
+
+QHash<DependencyKey, QList<quint16>> CoordinateInstanceSet::followedKeys() const
+{
+    QHash<DependencyKey, QList<quint16>> followed;
+    if (!m_elements.isRecord()) {
+        for (const DependencyKey &key : keysOf(m_properties.facts(0)))
+            followed.insert(key, {});
+        return followed;
+    }
+    // The facts are one where elements share an information.
+    const ElementFacts *last = nullptr;
+    QList<DependencyKey> keys;
+    for (const quint16 element : m_elements.list()) {
+        const ElementFacts &facts = m_properties.facts(element);
+        if (std::exchange(last, &facts) != &facts)
+            keys = keysOf(facts);
+        for (const DependencyKey &key : std::as_const(keys))
+            followed[key].append(element);
+    }
+    return followed;
 }
 
 bool CoordinateInstanceSet::isMapping() const
 {
-    bool isOne = false;
-    forEachFacts(m_elements, m_properties,
-        [&isOne](const ElementFacts &facts) { isOne = isOne || facts.kind == MappingKind; });
-    return isOne;
+    if (!m_elements.isRecord())
+        return m_properties.facts(0).kind == MappingKind;
+    const QList<quint16> elements = m_elements.list();
+    return std::any_of(elements.cbegin(), elements.cend(),
+        [this](quint16 element) { return m_properties.facts(element).kind == MappingKind; });
 }
 
 bool CoordinateInstanceSet::dependsOn(const DependencyKey &key, quint16 element) const
@@ -127,7 +142,7 @@ void CoordinateInstanceSet::followDependency(
     const eLivingSpace livingSpace = record->livingSpace();
     switch (property) {
     case eParameterProperty::LimitDependency:
-        if (record->updateLimits(element) && guard)
+        if (!areLimitsMasked(element) && record->updateLimits(element) && guard)
             Q_EMIT limitsChanged(address(livingSpace, element));
         return;
     case eParameterProperty::ScalingDependency:
@@ -197,9 +212,9 @@ void CoordinateInstanceSet::prepareReceivers(eLivingSpace key, quint16 element)
         if (reference == 0)
             continue;
         const DependencyKey wanted = DependencyPairs::key(property, reference, m_coordinate);
-        for (const QPointer<CoordinateInstanceSet> &set : m_registry->receivers(wanted)) {
-            if (set)
-                set->prepareForDependency(wanted, key);
+        for (const DependencyReceiver &receiver : m_registry->receivers(wanted)) {
+            if (receiver.set)
+                receiver.set->prepareForDependency(wanted, key, receiver.elements);
             if (!guard)
                 return;
         }

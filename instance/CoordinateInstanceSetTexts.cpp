@@ -263,16 +263,29 @@ QString CoordinateInstanceSet::upperLimitText(eLivingSpace livingSpace, quint16 
     return limitText(eParameterProperty::UpperLimitValue, livingSpace, element);
 }
 
+bool CoordinateInstanceSet::areLimitsMasked(quint16 element) const
+{
+    const ElementFacts &facts = m_properties.facts(element);
+    return facts.writeLevel >= AccessRules::MaskedWriteLevel && facts.memoryAllocation == NoStorage;
+}
+
 QString CoordinateInstanceSet::limitText(
     eParameterProperty property, eLivingSpace livingSpace, quint16 element) const
 {
-    const ParameterInstanceData *found = record(livingSpace, element);
+    ParameterInstanceData *found = record(livingSpace, element);
     if (!found)
         return {};
     const Guard guard(this);
     const bool isMasked = writeLevel(element) >= AccessRules::MaskedWriteLevel && guard
         && memoryAllocation(element) == NoStorage;
     if (isMasked || !has(guard, element))
+        return {};
+    // What was told first is what a change is measured by.
+    const bool isFollowing =
+        m_properties.facts(element).functionIndex(eParameterProperty::LimitFunctionIndex) != 0;
+    if (isFollowing && !found->areLimitsKnown(element))
+        found->updateLimits(element);
+    if (!has(guard, element))
         return {};
     return property == eParameterProperty::LowerLimitValue ? found->lowerLimit(element)
                                                            : found->upperLimit(element);

@@ -387,8 +387,13 @@ void CoordinateInstanceSet::cancelAllElementsConsistenceOnce(eLivingSpace living
 bool CoordinateInstanceSet::forEachValue(
     const std::function<void(ParameterInstanceData *, quint16)> &function)
 {
+    return forEachValue(m_elements.list(), function);
+}
+
+bool CoordinateInstanceSet::forEachValue(const QList<quint16> &elements,
+    const std::function<void(ParameterInstanceData *, quint16)> &function)
+{
     const Guard guard(this);
-    const QList<quint16> elements = m_elements.list();
     for (const eLivingSpace livingSpace : m_instances.livingSpaces()) {
         for (const quint16 element : elements) {
             if (!m_elements.contains(element))

@@ -1,11 +1,9 @@
 #pragma once
 
 #include "instance/DependencyKey.h"
+#include "instance/DependencyReceiver.h"
 
 #include <KrParameterDefinition/ParameterAddress.h>
-
-#include <QtCore/QList>
-#include <QtCore/QPointer>
 
 class CoordinateInstanceSet;
 class ParameterDefinition;
@@ -20,7 +18,7 @@ public:
     /// Called when overrides or the definition changed, before anyone hears of it.
     virtual void onPropertiesChanged(CoordinateInstanceSet *set) = 0;
     /// The sets of which values may depend on the key, by coordinate.
-    virtual QList<QPointer<CoordinateInstanceSet>> receivers(const DependencyKey &key) = 0;
+    virtual QList<DependencyReceiver> receivers(const DependencyKey &key) = 0;
     /// Stand around a change of a value that others follow. They nest.
     virtual void beginChange() = 0;
     virtual void endChange() = 0;

@@ -33,6 +33,29 @@
     </message>
 </context>
 <context>
+    <name>CheckCommand</name>
+    <message>
+        <source>Liest die Beschreibung und jeden ihrer Werte und zeigt, was nicht gemeint sein kann:
+Funktionen, die kein Programm sind, scheitern oder fehlen, Abhängigkeiten, die zu
+nichts führen, Grenzen und Defaults, die nicht zueinander oder zum Datentyp passen.
+Rückgabewert 1, wenn es etwas zu zeigen gibt.
+</source>
+        <translation>Reads the description and each of its values and shows what cannot be meant: functions
+that are no program, fail or are missing, dependencies that lead nowhere, limits and
+defaults that do not fit each other or the data type. Exit code 1 where there is
+something to show.
+</translation>
+    </message>
+    <message>
+        <source>check nimmt keine Argumente</source>
+        <translation>check takes no arguments</translation>
+    </message>
+    <message>
+        <source>Eine Gerätebeschreibung prüfen</source>
+        <translation>check a device description</translation>
+    </message>
+</context>
+<context>
     <name>CommandLine</name>
     <message>
         <source>unbekannte Option %1</source>
@@ -96,6 +119,52 @@
     <message>
         <source>auch einen abgeschnittenen Block laden, ein Projekt ersetzen</source>
         <translation>load a truncated block as well, replace a project</translation>
+    </message>
+</context>
+<context>
+    <name>Consequences</name>
+    <message>
+        <source>jetzt sichtbar</source>
+        <translation>visible now</translation>
+    </message>
+    <message>
+        <source>jetzt verborgen</source>
+        <translation>hidden now</translation>
+    </message>
+    <message>
+        <source>Grenzen %1 -&gt; %2</source>
+        <translation>limits %1 -&gt; %2</translation>
+    </message>
+    <message>
+        <source>%1 bis %2</source>
+        <translation>%1 to %2</translation>
+    </message>
+</context>
+<context>
+    <name>ContentCheck</name>
+    <message>
+        <source>das Gerät verwendet eine höhere Nummer, als seine Firmware hat</source>
+        <translation>the device uses a higher number than its firmware has</translation>
+    </message>
+    <message>
+        <source>die Abhängigkeit %1 %2 führt zu keinem Wert</source>
+        <translation>the dependency %1 %2 leads to no value</translation>
+    </message>
+    <message>
+        <source>die Abhängigkeit measuringUnit führt zu keiner Einheit</source>
+        <translation>the dependency measuringUnit leads to no unit</translation>
+    </message>
+    <message>
+        <source>der Default %1 ist nicht zulässig; es gilt %2</source>
+        <translation>the default %1 is not acceptable; %2 applies</translation>
+    </message>
+    <message>
+        <source>die Grenze %1 liegt außerhalb des Datentyps %2</source>
+        <translation>the limit %1 lies outside of the data type %2</translation>
+    </message>
+    <message>
+        <source>die untere Grenze %1 liegt über der oberen %2</source>
+        <translation>the lower limit %1 lies above the upper limit %2</translation>
     </message>
 </context>
 <context>
@@ -1561,16 +1630,6 @@ level stay empty. The document forbids scripts and loading, and names in it are 
 <context>
     <name>SetCommand</name>
     <message>
-        <source>WERT ist ein Anzeigetext, so wie list ihn zeigt, mit oder ohne Einheit; eine Auswahl
-nimmt Nummer oder Text. Die Paare werden der Reihe nach geschrieben; wird eines
-abgewiesen, wird nichts gespeichert. Ohne --project wird nur gezeigt, was gälte.
-</source>
-        <translation>VALUE is a display text as shown by list, with or without its unit; a choice takes its
-number or its text. The pairs are written in order; if one is rejected, nothing is
-saved. Without --project the command only shows what would apply.
-</translation>
-    </message>
-    <message>
         <source>set braucht Paare aus Adresse und Wert</source>
         <translation>set needs pairs of address and value</translation>
     </message>
@@ -1621,6 +1680,18 @@ saved. Without --project the command only shows what would apply.
     <message>
         <source>Werte schreiben und das Projekt speichern</source>
         <translation>write values and save the project</translation>
+    </message>
+    <message>
+        <source>WERT ist ein Anzeigetext, so wie list ihn zeigt, mit oder ohne Einheit; eine Auswahl
+nimmt Nummer oder Text. Die Paare werden der Reihe nach geschrieben; wird eines
+abgewiesen, wird nichts gespeichert. Ohne --project wird nur gezeigt, was gälte.
+Eingerückt folgt, was sich dadurch sonst ändert: Werte, Grenzen, Sichtbarkeit.
+</source>
+        <translation>VALUE is a display text as shown by list, with or without its unit; a choice takes its
+number or its text. The pairs are written in order; if one is rejected, nothing is
+saved. Without --project the command only shows what would apply. Indented lines
+follow with what changes elsewhere: values, limits, visibility.
+</translation>
     </message>
 </context>
 <context>

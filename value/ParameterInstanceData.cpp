@@ -35,10 +35,10 @@ QString stored(const QString &text)
     return text.isNull() ? QString(QLatin1String("")) : text;
 }
 
-/// Stores the text. True where it differs from the one that was there.
+/// Stores the text. True where it differs from the one that was there; what nobody knew did not change.
 bool remember(QString &text, const QString &now)
 {
-    const bool isChanged = text.isNull() || text != now;
+    const bool isChanged = !text.isNull() && text != now;
     text = stored(now);
     return isChanged;
 }
@@ -387,11 +387,24 @@ void ParameterInstanceData::runFunction(eFunctionKind kind, quint16 element)
 bool ParameterInstanceData::updateLimits(quint16 element)
 {
     const QPointer<ParameterSetup> owner(m_owner);
-    const QString lower = lowerLimit(element);
-    const QString upper = owner && elements().contains(element) ? upperLimit(element) : QString();
-    if (!owner || !elements().contains(element))
+    ParameterFunctionProvider *firmware = provider();
+    const auto isThere = [&] { return owner && elements().contains(element); };
+    auto limits = firmware ? firmware->limits(&m_delegate, element) : std::nullopt;
+    if (limits && isThere()) {
+        const ElementFacts &defined = facts(element);
+        if (limits->first.isEmpty())
+            limits->first = defined.lowerLimit;
+        if (limits->second.isEmpty())
+            limits->second = defined.upperLimit;
+    } else if (isThere()) {
+        limits.emplace(lowerLimit(element), QString());
+        if (isThere())
+            limits->second = upperLimit(element);
+    }
+    if (!isThere())
         return false;
-    return remember(rare().told[element].limits, lower + QChar(QChar::Null) + upper);
+    return remember(
+        rare().told[element].limits, limits->first + QChar(QChar::Null) + limits->second);
 }
 
 bool ParameterInstanceData::updateUnits(quint16 element, const QString &unitTexts)

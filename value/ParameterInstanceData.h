@@ -107,7 +107,8 @@ public:
     QString upperLimit(quint16 element) const;
     /// Does nothing without firmware.
     void runFunction(eFunctionKind kind, quint16 element);
-    /// Asks for the limits anew. True where they differ from the ones asked for last by this.
+    /// Asks for the limits anew. True where they differ from the ones asked for last by this; false
+    /// where this never asked.
     bool updateLimits(quint16 element);
     /// Whether updateLimits() was asked before.
     bool areLimitsKnown(quint16 element) const;
@@ -115,7 +116,7 @@ public:
     /// What was told of limits and units is outdated, and the hidden flags of elements that the
     /// parameter lacks now.
     void forgetAnswers();
-    /// Stores the unit texts. True where they differ from the ones stored.
+    /// Stores the unit texts. True where they differ from the ones stored; false where there were none.
     bool updateUnits(quint16 element, const QString &unitTexts);
     /// Asked of the firmware once; see updateHidden().
     bool isHidden(quint16 element);

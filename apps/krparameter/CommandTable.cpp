@@ -1,5 +1,6 @@
 #include "apps/krparameter/CommandTable.h"
 
+#include "apps/krparameter/CheckCommand.h"
 #include "apps/krparameter/CommonOptions.h"
 #include "apps/krparameter/DemoCommand.h"
 #include "apps/krparameter/DiffCommand.h"
@@ -19,6 +20,7 @@
 CommandTable::CommandTable()
 {
     m_commands.push_back(std::make_unique<InfoCommand>());
+    m_commands.push_back(std::make_unique<CheckCommand>());
     m_commands.push_back(std::make_unique<ListCommand>());
     m_commands.push_back(std::make_unique<GetCommand>());
     m_commands.push_back(std::make_unique<SetCommand>());

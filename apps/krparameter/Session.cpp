@@ -120,7 +120,7 @@ eExitCode Session::readOptions()
     return eExitCode::Good;
 }
 
-eExitCode Session::openDevice()
+eExitCode Session::findDevice(QString &file)
 {
     if (!m_line.has(OptionName::Device))
         return fail(
@@ -128,10 +128,20 @@ eExitCode Session::openDevice()
     const QString given = m_line.value(OptionName::Device);
     const QString shipped =
         QFileInfo::exists(given) ? QString() : ShippedDescriptions::filePath(given);
-    QString error = shipped.isEmpty() ? reasonNotRead(given) : QString();
+    const QString error = shipped.isEmpty() ? reasonNotRead(given) : QString();
     if (!error.isEmpty())
         return fail(eExitCode::UnreadableInput, given + QLatin1String(": ") + error);
-    m_project = DriveProject::open(shipped.isEmpty() ? given : shipped, error);
+    file = shipped.isEmpty() ? given : shipped;
+    return eExitCode::Good;
+}
+
+eExitCode Session::openDevice()
+{
+    QString file;
+    if (const eExitCode code = findDevice(file); code != eExitCode::Good)
+        return code;
+    QString error;
+    m_project = DriveProject::open(file, error);
     if (!m_project)
         return fail(eExitCode::UnreadableInput, error);
     if (m_axis && !m_project->firmware().axes().contains(*m_axis))

@@ -35,6 +35,8 @@ public:
     /// Opens the device, and the project where one is named. Reports what went wrong and, of a
     /// project, what loading it did. Everything but Good ends the command.
     eExitCode open(eMissingProject missing = eMissingProject::Refuse);
+    /// The description's file, which may be a shipped one; part of open(). Reports why there is none.
+    eExitCode findDevice(QString &file);
     /// Reports and answers with the code.
     eExitCode fail(eExitCode code, const QString &reason);
 

@@ -5,6 +5,7 @@
 #include "apps/host/TrialCopy.h"
 #include "apps/krparameter/CommandLine.h"
 #include "apps/krparameter/CommonOptions.h"
+#include "apps/krparameter/Consequences.h"
 #include "apps/krparameter/Console.h"
 #include "apps/krparameter/Session.h"
 #include "apps/krparameter/ValueView.h"
@@ -29,7 +30,8 @@ QString SetCommand::details() const
     return tr(
         "WERT ist ein Anzeigetext, so wie list ihn zeigt, mit oder ohne Einheit; eine Auswahl\n"
         "nimmt Nummer oder Text. Die Paare werden der Reihe nach geschrieben; wird eines\n"
-        "abgewiesen, wird nichts gespeichert. Ohne --project wird nur gezeigt, was gälte.\n");
+        "abgewiesen, wird nichts gespeichert. Ohne --project wird nur gezeigt, was gälte.\n"
+        "Eingerückt folgt, was sich dadurch sonst ändert: Werte, Grenzen, Sichtbarkeit.\n");
 }
 
 eExitCode SetCommand::run(const CommandLine &line, Console &console)
@@ -45,10 +47,13 @@ eExitCode SetCommand::run(const CommandLine &line, Console &console)
         return code;
 
     ParameterContainer &container = session.project().container();
+    Consequences consequences(session.project());
+    QSet<ValuePlace> written;
     QList<QJsonObject> before;
     for (const Write &write : std::as_const(writes)) {
         const auto parameter = container.parameterInformation(write.place.coordinate);
         before.append(ValueView(*parameter, write.place).toJson());
+        written.insert(write.place);
         if (const eExitCode code = SetCommand::write(write, session); code != eExitCode::Good) {
             console.report(tr("Es wurde nichts gespeichert."));
             return code;
@@ -63,6 +68,7 @@ eExitCode SetCommand::run(const CommandLine &line, Console &console)
         const auto parameter = container.parameterInformation(writes.at(i).place.coordinate);
         show(ValueView(*parameter, writes.at(i).place), before.at(i), trial, asJson, console);
     }
+    consequences.write(written, asJson, console);
     return eExitCode::Good;
 }
 

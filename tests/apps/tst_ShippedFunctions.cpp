@@ -38,6 +38,10 @@ private Q_SLOTS:
     void unitSystemOfOneAxisAlone();
     void encoderBitsGiveItsResolution();
     void mappingGivesTheTelegramLength();
+    void controllerKeepsMaximumCurrent();
+    void controllerFeedScales();
+    void controllerEncoderBitsGiveTheResolution();
+    void controllerMappingGivesTheTelegramLength();
 
 private:
     static std::unique_ptr<DriveProject> open(const QString &name)
@@ -341,6 +345,64 @@ void tst_ShippedFunctions::mappingGivesTheTelegramLength()
     map("M01", 0, "4294967295");
     QCOMPARE(native(*project, "M04", Global, 0), text("18"));
     QCOMPARE(native(*project, "M04", Global, 1), text("12"));
+}
+
+void tst_ShippedFunctions::controllerKeepsMaximumCurrent()
+{
+    MessageRecorder recorder;
+    const auto project = open(QStringLiteral("four-axis-controller"));
+    QVERIFY(project);
+    write(*project, "H01", Axis1, "400");
+    write(*project, "H01", Axis2, "400");
+    QCOMPARE(native(*project, "H01", Axis1), text("4000"));
+    write(*project, "B01", Axis1, "5");
+    QCOMPARE(native(*project, "H01", Axis1), text("2000"));
+    QCOMPARE(native(*project, "H01", Axis2), text("4000"));
+}
+
+void tst_ShippedFunctions::controllerFeedScales()
+{
+    MessageRecorder recorder;
+    const auto project = open(QStringLiteral("four-axis-controller"));
+    QVERIFY(project);
+    project->container().writeValueNative(
+        Axis1, ParameterCoordinate(QStringLiteral("H05")), 1, QStringLiteral("65536"));
+    write(*project, "E11", Axis1, "0");
+    QCOMPARE(shown(*project, "H05", Axis1, 1), text("10.000 mm"));
+    write(*project, "C32", Axis1, "5", 1);
+    QCOMPARE(shown(*project, "H05", Axis1, 1), text("5.000 mm"));
+    write(*project, "C32", Axis1, "2", 2);
+    QCOMPARE(shown(*project, "H05", Axis1, 1), text("2.500 mm"));
+}
+
+void tst_ShippedFunctions::controllerEncoderBitsGiveTheResolution()
+{
+    MessageRecorder recorder;
+    const auto project = open(QStringLiteral("four-axis-controller"));
+    QVERIFY(project);
+    QCOMPARE(native(*project, "C01", Axis1, 1), text("65536"));
+    write(*project, "C04", Axis1, "8");
+    QCOMPARE(native(*project, "C01", Axis1, 1), text("256"));
+    write(*project, "C04", Axis1, "24");
+    QCOMPARE(native(*project, "C01", Axis1, 1), text("16777216"));
+    QCOMPARE(native(*project, "C01", Axis2, 1), text("65536"));
+}
+
+void tst_ShippedFunctions::controllerMappingGivesTheTelegramLength()
+{
+    MessageRecorder recorder;
+    const auto project = open(QStringLiteral("four-axis-controller"));
+    QVERIFY(project);
+    const auto map = [&](quint16 entry, const char *address) {
+        project->container().writeValueNative(Global, ParameterCoordinate(QStringLiteral("M00")),
+            entry, QString::fromLatin1(address));
+    };
+    // A control word of two bytes and a target position of four for each axis.
+    QCOMPARE(native(*project, "M04", Global, 0), text("24"));
+    map(8, "7010");
+    QCOMPARE(native(*project, "M04", Global, 0), text("28"));
+    map(0, "4294967295");
+    QCOMPARE(native(*project, "M04", Global, 0), text("26"));
 }
 
 QTEST_GUILESS_MAIN(tst_ShippedFunctions)

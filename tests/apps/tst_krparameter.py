@@ -101,7 +101,7 @@ class Help(CommandLineTest):
                 self.assertIn(part, run.out)
 
     def test_of_every_command_without_a_device(self):
-        for command in ("info", "list", "get", "set", "import-eds", "demo"):
+        for command in ("info", "check", "list", "get", "set", "import-eds", "demo"):
             for words in ([command, "--help"], ["--help", command], ["-h", command]):
                 run = Run(*words)
                 self.check(run, GOOD, err="")
@@ -111,7 +111,7 @@ class Help(CommandLineTest):
         self.check(Run("--version"), GOOD, out="krparameter 0.1.0\n", err="")
 
     def test_lines_fit_a_terminal(self):
-        for words in ([], ["list"], ["set"], ["get"], ["demo"], ["import-eds"]):
+        for words in ([], ["check"], ["list"], ["set"], ["get"], ["demo"], ["import-eds"]):
             for line in Run(*words, "--help").out.splitlines():
                 self.assertLessEqual(len(line), 100, line)
 
@@ -140,6 +140,7 @@ class Usage(CommandLineTest):
             (["info", "--axis", "1"], "info kennt die Option --axis nicht"),
             (["info", "--access-level", "0"], "info kennt die Option --access-level nicht"),
             (["info", "--allow-loss"], "info kennt die Option --allow-loss nicht"),
+            (["check", "--project", "p"], "check kennt die Option --project nicht"),
             (["list", "--allow-loss"], "list kennt die Option --allow-loss nicht"),
             (["get", "E84", "--allow-loss"], "get kennt die Option --allow-loss nicht"),
             (["import-eds", "--device", "d"], "import-eds kennt die Option --device nicht"),
@@ -159,6 +160,7 @@ class Usage(CommandLineTest):
     def test_refused_on_a_device(self):
         for words, text in (
             (["info", "x"], "info nimmt keine Argumente"),
+            (["check", "x"], "check nimmt keine Argumente"),
             (["list", "a", "b"], "list nimmt höchstens ein Muster"),
             (["get"], "get braucht mindestens eine Adresse"),
             (["set"], "set braucht Paare aus Adresse und Wert"),
@@ -300,6 +302,48 @@ class Get(CommandLineTest):
         self.assertIn("<offline> (0)", on_drive("get", "F14", "--access-level", "5").out)
 
 
+class Check(CommandLineTest):
+    def description(self, **changes):
+        description = json.loads((SOURCE / "devices/two-axis-drive.json").read_text("utf-8"))
+        description.update(changes)
+        path = self.folder / "drive.json"
+        path.write_text(json.dumps(description), "utf-8")
+        return str(path)
+
+    def test_shipped_descriptions_are_good(self):
+        for name in ("two-axis-drive", "four-axis-controller"):
+            self.check(Run("--device", name, "check"), GOOD, out="", err="")
+
+    def test_function_that_is_no_program(self):
+        path = self.description(functions={"limit": {"1": "return ="}})
+        self.check(Run("--device", path, "check"), DIFFERENCES, err="",
+                   out="functions.limit.1: line 1: unexpected symbol near '='\n")
+        self.assertEqual(Run("--device", path, "info").code, UNREADABLE)
+
+    def test_function_that_fails(self):
+        path = self.description(functions={
+            kind: {str(i): "error('broken', 0)" if kind == "hiding" else "" for i in (1, 2)}
+            for kind in ("limit", "scaling", "hiding", "preRead", "preWrite", "postRead", "postWrite")})
+        run = Run("--device", path, "check", "--json")
+        self.check(run, DIFFERENCES)
+        self.assertIn({"place": "",
+                       "text": "hiding function 1 of parameter B21, element 0: broken"}, run.lines())
+
+    def test_functions_that_are_missing(self):
+        path = self.description(functions={})
+        run = Run("--device", path, "check")
+        self.check(run, DIFFERENCES, err="")
+        self.assertIn("LimitFunctionIndex: das Gerät verwendet eine höhere Nummer, als seine "
+                      "Firmware hat\n", run.out)
+        self.assertIn("HidingFunctionIndex: ", run.out)
+
+    def test_file_that_is_no_description(self):
+        path = self.folder / "x.json"
+        path.write_text("{", "utf-8")
+        self.check(Run("--device", str(path), "check"), UNREADABLE, out="")
+        self.check(Run("--device", "/nowhere.json", "check"), UNREADABLE, out="")
+
+
 class Set(CommandLineTest):
     def test_writes_and_saves(self):
         run = on_drive("--project", self.project, "set", "H00", "15.5 A", "2.B16", "1")
@@ -318,6 +362,41 @@ class Set(CommandLineTest):
         self.assertEqual(run.lines()[0]["before"],
                          {"display": "12.600 A", "value": "12.6", "native": "12600"})
         self.assertEqual(run.lines()[0]["native"], "9000")
+
+    def test_says_what_changes_elsewhere(self):
+        run = on_drive("set", "B01", "2")
+        self.check(run, GOOD, out=(
+            "1.B01  Motornennstrom: 4.200 A -> 2.000 A\n"
+            "  1.B04  Maximaler Motorstrom: Grenzen 4.200 A bis 120.000 A -> 2.000 A bis 120.000 A\n"
+            "  1.H00  Stromgrenze: Grenzen 0.000 A bis 60.000 A -> 0.000 A bis 30.000 A\n"))
+        run = on_drive("set", "B00", "7")
+        self.check(run, GOOD)
+        self.assertIn("\n  1.B24  Magnetisierungsstrom: jetzt sichtbar\n", run.out)
+        self.assertIn("\n  1.B21  Kommutierungswinkel: jetzt verborgen\n", run.out)
+        run = on_drive("set", "2.E11", "1")
+        self.check(run, GOOD)
+        self.assertIn("\n  2.H07  Maximale Profilgeschwindigkeit: "
+                      "1000.00 mm/s -> 36000.00 °/s\n", run.out)
+        self.assertNotIn("\n  1.", run.out)
+
+    def test_says_what_changes_elsewhere_as_json(self):
+        run = on_drive("set", "B01", "2", "--json")
+        self.check(run, GOOD)
+        self.assertEqual([line.get("address", line.get("consequence")) for line in run.lines()],
+                         ["1.B01", "1.B04", "1.H00"])
+        self.assertEqual(run.lines()[2], {
+            "consequence": "1.H00", "name": "Stromgrenze",
+            "before": {"display": "12.600 A", "native": "12600", "lowerLimit": "0.000 A",
+                       "upperLimit": "60.000 A", "visible": True},
+            "after": {"display": "12.600 A", "native": "12600", "lowerLimit": "0.000 A",
+                      "upperLimit": "30.000 A", "visible": True}})
+
+    def test_both_of_two_writes_are_the_users_own(self):
+        run = on_drive("set", "B01", "10", "H01", "360")
+        self.check(run, GOOD)
+        self.assertEqual([line for line in run.out.splitlines() if "H01" in line], [
+            "1.H01  Maximaler Strom: 300.0 % -> 360.0 %",
+            "  1.H01  Maximaler Strom: Grenzen 0.0 % bis 500.0 % -> 0.0 % bis 360.0 %"])
 
     def test_negative_number(self):
         run = on_drive("set", "H05[1]", "-250")

@@ -6,6 +6,7 @@
 
 #include <KrFirmware/ServoDriveFirmware.h>
 #include <KrMultilingual/LanguageManager.h>
+#include <KrSystem/System.h>
 
 #include <QtTest/QtTest>
 
@@ -50,6 +51,8 @@ private Q_SLOTS:
     void negativeLivingSpaceAsksForTheActiveAxis_data();
     void negativeLivingSpaceAsksForTheActiveAxis();
     void negativeLivingSpaceWithoutActiveAxis();
+    void endedByTheMissingActiveAxis_data();
+    void endedByTheMissingActiveAxis();
     void writes();
     void writeIsChecked();
     void nothingThere();
@@ -154,6 +157,49 @@ void tst_CallbackProviderDelegate::negativeLivingSpaceWithoutActiveAxis()
     messages.expect(
         eSeverity::Warning, u"ParameterContainer"_s, u"missing parameter \"E84 active axis\""_s);
     QCOMPARE(callbacks(container).readValueNative(-3, A12, 0, false), u"10"_s);
+}
+
+void tst_CallbackProviderDelegate::endedByTheMissingActiveAxis_data()
+{
+    QTest::addColumn<int>("operation");
+    const char *const operations[] = {"readValue", "readValueNative", "readUndecoratedValue",
+        "writeValue", "writeValueNative", "writeUndecoratedValue"};
+    for (int i = 0; i < int(std::size(operations)); ++i)
+        QTest::newRow(operations[i]) << i;
+}
+
+void tst_CallbackProviderDelegate::endedByTheMissingActiveAxis()
+{
+    QFETCH(int, operation);
+    MessageRecorder messages;
+    TestContainer container;
+    container->setFirmware(m_plain.get());
+    fill(container);
+    QObject listener;
+    connect(System::instance(), &System::messageAdded, &listener, [&] { container.destroy(); });
+    messages.expect(
+        eSeverity::Warning, u"ParameterContainer"_s, u"missing parameter \"E84 active axis\""_s);
+    CallbackProvider &firmware = callbacks(container);
+    switch (operation) {
+    case 0:
+        QCOMPARE(firmware.readValue(-1, A12, 0, true), QString());
+        break;
+    case 1:
+        QCOMPARE(firmware.readValueNative(-1, A12, 0, true), QString());
+        break;
+    case 2:
+        QCOMPARE(firmware.readUndecoratedValue(-1, A12, 0, true), QString());
+        break;
+    case 3:
+        firmware.writeValue(-1, A12, 0, u"5"_s);
+        break;
+    case 4:
+        firmware.writeValueNative(-1, A12, 0, u"5"_s);
+        break;
+    default:
+        firmware.writeUndecoratedValue(-1, A12, 0, u"5"_s);
+    }
+    QVERIFY(!container.get());
 }
 
 void tst_CallbackProviderDelegate::writes()
@@ -287,7 +333,10 @@ void tst_CallbackProviderDelegate::datatypePropertyOfNothing()
     TestContainer container;
     QVERIFY(container.create(at(u"B01"_s).datatype(quint8(99)), u"S;b"_s));
     QVERIFY(container.create(at(u"C01"_s), u"S;c"_s));
+    // It has no element 0, whose data type is asked for.
+    QVERIFY(container.create(at(u"A12"_s).element(1, u"Eins"_s), u"S;a"_s));
     CallbackProvider &firmware = callbacks(container);
+    QCOMPARE(firmware.datatypeProperty(A12, u"kind"_s), QVariant());
     QCOMPARE(firmware.datatypeProperty(B01, u"kind"_s), QVariant());
     QCOMPARE(firmware.datatypeProperty(C01, u"Kind"_s), QVariant());
     QCOMPARE(firmware.datatypeProperty(C01, QString()), QVariant());

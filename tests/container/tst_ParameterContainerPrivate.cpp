@@ -39,6 +39,7 @@ private Q_SLOTS:
     void declaredSignalsAndSlots();
     void signalsPassThrough();
     void listsAreKeptInStep();
+    void pendingNamesGoBeforeAHostHears();
     void locatorTextsOfASet();
     void coordinateChangeMovesTheKey();
     void coordinateOfAnotherSetIsRefused();
@@ -95,6 +96,21 @@ void tst_ParameterContainerPrivate::signalsPassThrough()
     d.setOnline(true);
     QVERIFY(!container->isOnline());
     QCOMPARE(log.take(), QStringList());
+}
+
+void tst_ParameterContainerPrivate::pendingNamesGoBeforeAHostHears()
+{
+    MessageRecorder messages;
+    TestContainer container;
+    ParameterContainerPrivate &d = internals(container);
+    QVERIFY(container.create(at(u"A12"_s), u"D.1;a"_s));
+    qsizetype heard = -1;
+    connect(container.get(), &ParameterContainer::onlineChanged, this,
+        [&] { heard = d.pendingNames.size(); });
+    d.callbackDelegate.readValue(1, 1012, 0, false);
+    QCOMPARE(d.pendingNames, QSet<QString> {u"1;1012;0"_s});
+    container->setOnline(true);
+    QCOMPARE(heard, 0);
 }
 
 void tst_ParameterContainerPrivate::listsAreKeptInStep()

@@ -334,6 +334,8 @@ private Q_SLOTS:
     void onlineFromWithinOnline();
     void latestCallCounts_data();
     void latestCallCounts();
+    void stateFromWithinWritabilityChanged_data();
+    void stateFromWithinWritabilityChanged();
 
 private:
     std::unique_ptr<ServoDriveFirmware> m_first;
@@ -658,6 +660,44 @@ void tst_ParameterContainerReentrancy::latestCallCounts()
     QVERIFY(!container->isOnline());
     QVERIFY(!container->isReadOnly());
     QTEST(log.take(), "signalsHeard");
+}
+
+void tst_ParameterContainerReentrancy::stateFromWithinWritabilityChanged_data()
+{
+    QTest::addColumn<bool>("isOnline");
+    QTest::newRow("setOnline") << true;
+    QTest::newRow("setReadOnly") << false;
+}
+
+void tst_ParameterContainerReentrancy::stateFromWithinWritabilityChanged()
+{
+    QFETCH(bool, isOnline);
+    MessageRecorder messages;
+    TestContainer container;
+    // Written online only, so that both states decide.
+    QVERIFY(container.create(at(u"A12"_s).kind(isOnline ? 2 : 0).elementCount(2), u"D.1;a"_s));
+    SignalLog log;
+    log.attach(container.get(), u"c"_s);
+    log.attach(container.setup(u"A12"_s), u"a"_s);
+    const auto set = [&](bool state) {
+        if (isOnline)
+            container->setOnline(state);
+        else
+            container->setReadOnly(state);
+    };
+    bool isFirst = true;
+    connect(container.setup(u"A12"_s), &ParameterInformation::writabilityChanged, this, [&] {
+        if (std::exchange(isFirst, false))
+            set(false);
+    });
+    set(true);
+    QVERIFY(!(isOnline ? container->isOnline() : container->isReadOnly()));
+    // The last that is told is the state that holds, once.
+    const QStringList entries = log.take();
+    QCOMPARE(entries.constLast(),
+        isOnline ? u"c.onlineChanged(false)"_s : u"c.readOnlyChanged(false)"_s);
+    QCOMPARE(
+        entries.filter(u"lineChanged("_s).size() + entries.filter(u"OnlyChanged("_s).size(), 1);
 }
 
 QTEST_GUILESS_MAIN(tst_ParameterContainerReentrancy)

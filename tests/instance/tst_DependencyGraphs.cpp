@@ -1,8 +1,12 @@
 #include "tests/instance/InstanceStand.h"
+#include "tests/support/TestFirmware.h"
 
 #include <KrFirmware/CallbackProvider.h>
+#include <KrFirmware/ServoDriveFirmware.h>
 #include <KrParameterInstance/ParameterData.h>
 
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
 #include <QtCore/QThread>
 
 #include <random>
@@ -17,15 +21,33 @@ class tst_DependencyGraphs : public QObject {
 
 private Q_SLOTS:
     void everyGraphEnds();
+    void dispatchesOfOneWriteAreBound();
+    void everyGraphOfADescriptionEnds();
+
+private:
+    static int graphCount()
+    {
+        const int wanted = qEnvironmentVariableIntValue("KR_GRAPH_COUNT");
+        return wanted > 0 ? wanted : 12;
+    }
+    /// On a small stack of its own; nothing else runs meanwhile.
+    template <typename Run>
+    static auto onSmallStack(Run run)
+    {
+        decltype(run()) outcome;
+        const std::unique_ptr<QThread> thread(QThread::create([&] { outcome = run(); }));
+        thread->setStackSize(1024 * 1024);
+        thread->start();
+        thread->wait();
+        return outcome;
+    }
 };
 
 namespace {
 
-constexpr int DefaultCount = 12;
-constexpr uint StackSize = 1024 * 1024;
 constexpr int ParameterLimit = 200;
 /// Dispatches that one outermost write may lead to.
-constexpr int DispatchLimit = 100000;
+constexpr int MostDispatches = 100000;
 
 struct Outcome {
     int writes = 0;
@@ -36,6 +58,84 @@ struct Outcome {
 ParameterCoordinate coordinateOf(int parameter)
 {
     return ParameterCoordinate(1, quint16(parameter));
+}
+
+/// A graph in which every dispatch reaches one parameter: its functions count the dispatches.
+Outcome runCountedGraph(unsigned seed)
+{
+    std::mt19937 random(seed);
+    const auto upTo = [&random](
+                          int last) { return std::uniform_int_distribution<int>(0, last)(random); };
+    InstanceStand stand;
+    const int count = 1 + upTo(ParameterLimit - 1);
+    for (int i = 0; i < count; ++i) {
+        stand.add(DefinitionBuilder()
+                      .property(PostwriteDependency, 1 + upTo(count - 1))
+                      .property(PostwriteFunctionIndex, uint(i + 1)),
+            coordinateOf(i).toText());
+    }
+    Outcome outcome;
+    ProgrammedFunctions *firmware = stand.programFirmware();
+    const auto write = [&] {
+        ++outcome.writes;
+        stand.container->writeValueNative(
+            Axis1, coordinateOf(upTo(count - 1)), 0, QString::number(outcome.writes));
+    };
+    firmware->runFunction = [&](eFunctionKind, const ParameterData &, quint16) {
+        ++outcome.functionCalls;
+        firmware->calls.clear();
+        for (int i = upTo(2); i >= 0; --i)
+            write();
+    };
+    write();
+    stand.messages.take();
+    return outcome;
+}
+
+/// Writes to a graph whose functions are the description's own and write two more values.
+Outcome runDescribedGraph(unsigned seed)
+{
+    std::mt19937 random(seed);
+    const auto upTo = [&random](
+                          int last) { return std::uniform_int_distribution<int>(0, last)(random); };
+    const int count = 1 + upTo(ParameterLimit - 1);
+    QJsonObject postWrite;
+    QJsonObject limit;
+    for (int i = 1; i <= count; ++i) {
+        QString text;
+        for (const int target : {upTo(count - 1), upTo(count - 1)}) {
+            text += u"writeValueNative(1, '%1', 0, (parameter.value or 0) + 1)\n"_s.arg(
+                coordinateOf(target).toText());
+        }
+        postWrite.insert(QString::number(i), text);
+        limit.insert(QString::number(i),
+            u"return 0, readValueNative(1, '%1')"_s.arg(coordinateOf(upTo(count - 1)).toText()));
+    }
+    const auto device = TestFirmware::load(TestFirmware::PlainAxesFamily,
+        "\"functions\": "
+            + QJsonDocument(QJsonObject {{u"postWrite"_s, postWrite}, {u"limit"_s, limit}})
+                  .toJson(QJsonDocument::Compact));
+    InstanceStand stand;
+    stand.container->setFirmware(device.get());
+    for (int i = 0; i < count; ++i) {
+        stand.add(DefinitionBuilder()
+                      .property(PostwriteDependency, 1 + upTo(count - 1))
+                      .property(LimitDependency, upTo(count))
+                      .property(PostwriteFunctionIndex, uint(1 + upTo(count - 1)))
+                      .property(LimitFunctionIndex, uint(upTo(count))),
+            coordinateOf(i).toText());
+    }
+    Outcome outcome;
+    QObject::connect(stand.container.get(), &ParameterContainer::parameterNativeValueChanged,
+        stand.container.get(), [&outcome] { ++outcome.writes; });
+    for (const QString &text : {u"1000"_s, u"2000"_s})
+        stand.container->writeValueNative(Axis1, coordinateOf(upTo(count - 1)), 0, text);
+    // Told of a cut, of spent budgets, and of functions that are nested too deeply.
+    for (const SystemMessage &message : stand.messages.take()) {
+        if (message.severity != SystemMessage::eSeverity::Critical || message.title != u"Antrieb"_s)
+            outcome.problems.append(message.text);
+    }
+    return outcome;
 }
 
 /// Writes to random parameters of a random graph in which every function writes two more values.
@@ -83,7 +183,7 @@ Outcome runGraph(unsigned seed)
     };
     write(upTo(count - 1));
     // A dispatch reaches every parameter at most once.
-    if (outcome.functionCalls > DispatchLimit * count)
+    if (outcome.functionCalls > MostDispatches * count)
         outcome.problems.append(u"too many functions"_s);
     const QList<SystemMessage> messages = stand.messages.take();
     if (messages.size() > 1)
@@ -104,22 +204,37 @@ Outcome runGraph(unsigned seed)
 
 void tst_DependencyGraphs::everyGraphEnds()
 {
-    const int wanted = qEnvironmentVariableIntValue("KR_GRAPH_COUNT");
-    const int count = wanted > 0 ? wanted : DefaultCount;
     qint64 writes = 0;
-    for (int seed = 1; seed <= count; ++seed) {
-        // Each on a small stack of its own; nothing else runs meanwhile.
-        Outcome outcome;
-        const std::unique_ptr<QThread> thread(
-            QThread::create([&outcome, seed] { outcome = runGraph(unsigned(seed)); }));
-        thread->setStackSize(StackSize);
-        thread->start();
-        QVERIFY(thread->wait());
+    for (int seed = 1; seed <= graphCount(); ++seed) {
+        const Outcome outcome = onSmallStack([seed] { return runGraph(unsigned(seed)); });
         QVERIFY2(outcome.problems.isEmpty(),
             qPrintable(u"graph %1: "_s.arg(seed) + outcome.problems.join(u", "_s)));
         writes += outcome.writes;
     }
-    QVERIFY(writes > 10 * count);
+    QVERIFY(writes > 10 * graphCount());
+}
+
+void tst_DependencyGraphs::dispatchesOfOneWriteAreBound()
+{
+    int most = 0;
+    for (int seed = 1; seed <= graphCount(); ++seed) {
+        const Outcome outcome = onSmallStack([seed] { return runCountedGraph(unsigned(seed)); });
+        most = qMax(most, outcome.functionCalls);
+    }
+    // Most of the graphs would never end; none goes beyond the bound, and some reach it.
+    QCOMPARE(most, MostDispatches);
+}
+
+void tst_DependencyGraphs::everyGraphOfADescriptionEnds()
+{
+    qint64 writes = 0;
+    for (int seed = 1; seed <= graphCount(); ++seed) {
+        const Outcome outcome = onSmallStack([seed] { return runDescribedGraph(unsigned(seed)); });
+        QVERIFY2(outcome.problems.isEmpty(),
+            qPrintable(u"graph %1: "_s.arg(seed) + outcome.problems.join(u", "_s)));
+        writes += outcome.writes;
+    }
+    QVERIFY(writes > 10 * graphCount());
 }
 
 QTEST_GUILESS_MAIN(tst_DependencyGraphs)

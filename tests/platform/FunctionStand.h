@@ -22,17 +22,16 @@ public:
     using Functions = QHash<QString, QString>;
 
     explicit FunctionStand(const Functions &functions)
-        : firmware(TestFirmware::load(TestFirmware::PhysicalAxesFamily, members(functions)))
-        , provider(firmware ? firmware->createParameterFunctionProvider() : nullptr)
+        : FunctionStand(Tables {tables(functions)})
     {
-        data.type = 3;
-        data.address =
-            ParameterAddress(1, ParameterCoordinate(QStringLiteral("D10")), 0).toNumber();
-        if (provider)
-            provider->setCallbackProvider(&container);
     }
     FunctionStand(const char *kind, const QString &text)
         : FunctionStand(Functions {{QString::fromLatin1(kind), text}})
+    {
+    }
+    /// Functions of one kind by index.
+    FunctionStand(const char *kind, const QHash<int, QString> &texts)
+        : FunctionStand(Tables {{{QString::fromLatin1(kind), table(texts)}}})
     {
     }
     Q_DISABLE_COPY_MOVE(FunctionStand)
@@ -47,11 +46,34 @@ public:
     std::unique_ptr<ParameterFunctionProvider> provider;
 
 private:
-    static QByteArray members(const Functions &functions)
+    struct Tables {
+        QJsonObject object;
+    };
+
+    explicit FunctionStand(const Tables &tables)
+        : firmware(TestFirmware::load(TestFirmware::PhysicalAxesFamily,
+            "\"functions\": " + QJsonDocument(tables.object).toJson(QJsonDocument::Compact)))
+        , provider(firmware ? firmware->createParameterFunctionProvider() : nullptr)
     {
-        QJsonObject tables;
+        data.type = 3;
+        data.address =
+            ParameterAddress(1, ParameterCoordinate(QStringLiteral("D10")), 0).toNumber();
+        if (provider)
+            provider->setCallbackProvider(&container);
+    }
+
+    static QJsonObject table(const QHash<int, QString> &texts)
+    {
+        QJsonObject object;
+        for (auto it = texts.cbegin(); it != texts.cend(); ++it)
+            object.insert(QString::number(it.key()), it.value());
+        return object;
+    }
+    static QJsonObject tables(const Functions &functions)
+    {
+        QJsonObject object;
         for (auto it = functions.cbegin(); it != functions.cend(); ++it)
-            tables.insert(it.key(), QJsonObject {{QStringLiteral("1"), it.value()}});
-        return "\"functions\": " + QJsonDocument(tables).toJson(QJsonDocument::Compact);
+            object.insert(it.key(), table({{1, it.value()}}));
+        return object;
     }
 };

@@ -10,9 +10,13 @@
 
 namespace {
 
-const QString Spent = QStringLiteral("the budget of 1000000 instructions is spent");
-const QString Memory =
-    QStringLiteral("more than 4194304 bytes of memory, or 262144 in one piece, are needed");
+const QString Spent =
+    QStringLiteral("the budget of 1000000 instructions is spent; the function is not run again");
+const QString Memory = QStringLiteral("more than 4194304 bytes of memory, or 262144 in one piece, "
+                                      "are needed; the function is not run again");
+const QString TooMuchForAChange = QStringLiteral(
+    "the functions that follow from one change need more than 50000000 instructions; the rest of "
+    "them is not run");
 
 /// Of this thread, in milliseconds: what other processes do plays no part.
 qint64 processorMilliseconds()
@@ -38,6 +42,9 @@ private Q_SLOTS:
     void endlessOfEveryKind();
     void budgetIsTheSameForEveryCall();
     void budgetCoversTheCallsThatItLeadsTo();
+    void nestedFunctionIsBlamed();
+    void functionsBeyondCount();
+    void functionsOfOneChange();
     void budgetEndsCallbacks_data();
     void budgetEndsCallbacks();
     void nestedFailureIsReportedAfterTheOutermostEnd();
@@ -194,9 +201,11 @@ void tst_HostileFunctions::endsWithOneMessage()
     FunctionStand stand({{QStringLiteral("postWrite"), text},
         {QStringLiteral("limit"), QStringLiteral("return 1, 2")}});
     QVERIFY(stand.provider);
+    const bool isGivenUp = reason == Spent || reason == Memory;
     for (int round = 0; round < 3; ++round) {
         const qint64 begin = processorMilliseconds();
-        expectFailure(recorder, QStringLiteral("post-write"), reason);
+        if (round == 0 || !isGivenUp)
+            expectFailure(recorder, QStringLiteral("post-write"), reason);
         stand.postWrite();
         QVERIFY(recorder.verify());
         const qint64 taken = processorMilliseconds() - begin;
@@ -219,10 +228,10 @@ void tst_HostileFunctions::endsInTime()
 {
     MessageRecorder recorder;
     QFETCH(QString, text);
-    FunctionStand stand("postWrite", text);
     // About 10 ms; what stands above leaves room for slow machines and sanitizers.
     qint64 best = std::numeric_limits<qint64>::max();
     for (int round = 0; round < 5; ++round) {
+        FunctionStand stand("postWrite", text);
         const qint64 begin = processorMilliseconds();
         stand.postWrite();
         best = qMin(best, processorMilliseconds() - begin);
@@ -292,11 +301,87 @@ void tst_HostileFunctions::budgetCoversTheCallsThatItLeadsTo()
                              QStringLiteral("for i = 1, 5 do writeValue(1, 'B01', 0, i) end")},
         {QStringLiteral("limit"), QStringLiteral("for i = 1, 300000 do end return 1, 2")}});
     stand.container.listener = [&](const QString &) { stand.upper(); };
-    expectFailure(recorder, QStringLiteral("limit"), Spent);
+    // Not the fault of the limit function, which is well within the budget.
+    expectFailure(recorder, QStringLiteral("post-write"), Spent);
     stand.postWrite();
     QCOMPARE(stand.container.takeCalls().size(), 4);
     QVERIFY(recorder.verify());
     QCOMPARE(stand.upper(), QStringLiteral("2"));
+    stand.postWrite();
+    QCOMPARE(stand.container.takeCalls(), QStringList());
+}
+
+void tst_HostileFunctions::nestedFunctionIsBlamed()
+{
+    MessageRecorder recorder;
+    FunctionStand stand(
+        {{QStringLiteral("postWrite"),
+             QStringLiteral("writeValue(1, 'B01', 0, 5) writeValue(1, 'B02', 0, 6)")},
+            {QStringLiteral("limit"), QStringLiteral("while true do end")}});
+    stand.container.listener = [&](const QString &) { stand.upper(); };
+    expectFailure(recorder, QStringLiteral("limit"), Spent);
+    stand.postWrite();
+    QVERIFY(recorder.verify());
+    // All that ran ended; the one that is not to blame runs again.
+    QCOMPARE(stand.container.takeCalls().size(), 1);
+    stand.postWrite();
+    QCOMPARE(stand.container.takeCalls().size(), 2);
+}
+
+void tst_HostileFunctions::functionsBeyondCount()
+{
+    MessageRecorder recorder;
+    QHash<int, QString> texts;
+    for (int index = 1; index <= 40; ++index)
+        texts.insert(index, QStringLiteral("while true do end"));
+    texts.insert(41, QStringLiteral("return 1, 2"));
+    FunctionStand stand("limit", texts);
+    stand.data.functionIndex = 41;
+    QCOMPARE(stand.upper(), QStringLiteral("2"));
+    QStringList expected;
+    for (quint16 index = 1; index <= 40; ++index) {
+        stand.data.functionIndex = index;
+        stand.upper();
+        if (index < 32)
+            expected.append(Spent);
+        else if (index == 32)
+            expected.append(QStringLiteral("the budget of 1000000 instructions is spent; after 32 "
+                                           "such functions none of the device is run again"));
+    }
+    QCOMPARE(reasons(recorder), expected);
+    stand.data.functionIndex = 41;
+    QCOMPARE(stand.upper(), QString());
+}
+
+void tst_HostileFunctions::functionsOfOneChange()
+{
+    MessageRecorder recorder;
+    // Each is within the budget of a call: 56 of them are 50 million instructions.
+    FunctionStand stand("limit", QStringLiteral("for i = 1, 900000 do end return 1, 2"));
+    ParameterFunctionProvider &provider = *stand.provider;
+    const auto answered = [&](int calls) {
+        int count = 0;
+        for (int i = 0; i < calls; ++i)
+            count += stand.upper() == QStringLiteral("2") ? 1 : 0;
+        return count;
+    };
+    provider.beginChange();
+    provider.beginChange();
+    QVERIFY(answered(20) == 20);
+    provider.endChange();
+    // A change inside another shares what is left of it.
+    expectFailure(recorder, QStringLiteral("limit"), TooMuchForAChange);
+    const int further = answered(80);
+    QVERIFY2(further > 30 && further < 40, qPrintable(QString::number(further)));
+    QVERIFY(recorder.verify());
+    QCOMPARE(answered(5), 0);
+    provider.endChange();
+    // The next change has all of it again, and what belongs to none is not counted.
+    provider.beginChange();
+    QCOMPARE(answered(5), 5);
+    provider.endChange();
+    provider.endChange();
+    QCOMPARE(answered(60), 60);
 }
 
 void tst_HostileFunctions::budgetEndsCallbacks_data()
@@ -407,15 +492,20 @@ void tst_HostileFunctions::nestingEnds()
 void tst_HostileFunctions::memoryIsFreeAgain()
 {
     MessageRecorder recorder;
-    // Needs more than half of the memory each time.
-    FunctionStand stand({{QStringLiteral("postWrite"),
-                             QStringLiteral("local t = {} for i = 1, 1e6 do t[i] = {i, i} end")},
-        {QStringLiteral("limit"),
-            QStringLiteral("local t = {} for i = 1, 12000 do t[i] = {i, i, i, i, i, i} end "
-                           "return #t, 2")}});
-    for (int round = 0; round < 20; ++round) {
-        stand.postWrite();
+    // Every one needs all of the memory.
+    QHash<int, QString> texts;
+    for (int index = 1; index <= 20; ++index)
+        texts.insert(index, QStringLiteral("local t = {} for i = 1, 1e6 do t[i] = {i, i} end"));
+    texts.insert(21,
+        QStringLiteral("local t = {} for i = 1, 12000 do t[i] = {i, i, i, i, i, i} end "
+                       "return #t, 2"));
+    FunctionStand stand("limit", texts);
+    for (quint16 index = 1; index <= 20; ++index) {
+        stand.data.functionIndex = index;
+        stand.lower();
         QCOMPARE(reasons(recorder).size(), 1);
+        // Needs more than half of the memory.
+        stand.data.functionIndex = 21;
         QCOMPARE(stand.lower(), QStringLiteral("12000"));
     }
 }

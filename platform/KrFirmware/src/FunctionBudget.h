@@ -11,6 +11,8 @@
 class FunctionBudget {
 public:
     static constexpr qint64 Instructions = 1000000;
+    /// What all calls may use together that follow from one change of a value: half a second.
+    static constexpr qint64 InstructionsOfChange = 50 * Instructions;
     /// Instructions are counted in steps of this many.
     static constexpr int Step = 1000;
     static constexpr std::chrono::milliseconds ProcessorTime {50};
@@ -23,6 +25,7 @@ public:
         m_used = {};
     }
     bool isSpent() const { return m_left <= 0; }
+    qint64 used() const { return Instructions - m_left; }
     void charge(qint64 instructions) { m_left -= instructions; }
     /// One step of instructions has run. The first one starts the clock: most functions never pay
     /// for it.

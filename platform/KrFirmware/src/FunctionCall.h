@@ -38,6 +38,10 @@ public:
 
     /// The call out of which this one came; null for the outermost. Borrowed.
     FunctionCall *outer = nullptr;
+    /// Of the budget, when it began.
+    qint64 usedBefore = 0;
+    /// The function is not to be run again: it used up what calls may use.
+    bool isGivenUp = false;
 
 private:
     struct Place {

@@ -25,17 +25,35 @@ public:
     void begin(FunctionCall &call);
     void end(FunctionCall &call);
 
-    /// All that run are to end, because of what happened in one. The first reason counts; an
-    /// empty one is not reported.
+    /// All that run are to end, because of what happened in the innermost call, which tells the
+    /// reason. The first reason counts.
     void stop(const QString &reason);
+    /// All that run are to end, because they used up what they share. Told by the call that is to
+    /// blame, which is given up: the innermost that used half of the budget with what it led to.
+    void giveUp(const QString &reason);
     bool isStopped() const { return m_isStopped; }
-    /// Hands the reason out to whoever asks first.
-    QString takeReason() { return std::exchange(m_reason, QString()); }
+    /// Hands the reason out to the call that tells it, once; empty for others.
+    QString takeReason(const FunctionCall &call);
+
+    /// Stand around a change of a value; see ParameterFunctionProvider.
+    void beginChange();
+    void endChange();
+    /// The calls of one change used up what they share.
+    bool isChangeSpent() const { return m_changes > 0 && m_leftOfChange <= 0; }
+    /// True once a change.
+    bool takeChangeReport() { return !std::exchange(m_isChangeReported, true); }
 
 private:
+    void stop(const QString &reason, FunctionCall *teller);
+
     FunctionBudget m_budget;
     FunctionCall *m_call = nullptr;
     CallbackProvider *m_callbacks = nullptr;
     bool m_isStopped = false;
     QString m_reason;
+    /// Compared only: null where nobody tells the reason.
+    const FunctionCall *m_teller = nullptr;
+    int m_changes = 0;
+    qint64 m_leftOfChange = 0;
+    bool m_isChangeReported = false;
 };

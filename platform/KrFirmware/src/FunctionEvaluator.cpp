@@ -38,10 +38,33 @@ void FunctionEvaluator::setCallbackProvider(CallbackProvider *callbacks)
 
 FunctionOutcome FunctionEvaluator::run(int function, FunctionCall &call)
 {
-    return m_state->run(function, call);
+    FunctionOutcome outcome = m_state->run(function, call);
+    if (call.isGivenUp)
+        outcome.reason += giveUp(call);
+    return outcome;
+}
+
+void FunctionEvaluator::beginChange()
+{
+    m_state->beginChange();
+}
+
+void FunctionEvaluator::endChange()
+{
+    m_state->endChange();
 }
 
 bool FunctionEvaluator::isRunning() const
 {
     return m_state->isRunning();
+}
+
+QString FunctionEvaluator::giveUp(const FunctionCall &call)
+{
+    m_places[size_t(call.kind())][call.index()] = NoFunction;
+    if (++m_givenUp < MostGivenUp)
+        return QStringLiteral("; the function is not run again");
+    m_places = {};
+    return QStringLiteral("; after %1 such functions none of the device is run again")
+        .arg(MostGivenUp);
 }

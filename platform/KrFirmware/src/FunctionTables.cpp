@@ -111,10 +111,20 @@ std::unique_ptr<FunctionEvaluator> FunctionTables::makeEvaluator() const
     return evaluator;
 }
 
+bool FunctionTables::isThere(eParameterProperty indexProperty, qint64 index) const
+{
+    if (index != qint32(index))
+        return false;
+    if (namesSystemString(indexProperty))
+        return m_systemStrings.contains(qint32(index));
+    const auto table = m_functions.find(indexProperty);
+    return table != m_functions.end() && table->second.contains(qint32(index));
+}
+
 void FunctionTables::checkIndex(eParameterProperty indexProperty, qint64 index, const JsonValue &at,
     DescriptionFindings &findings) const
 {
-    if (index <= maximum(indexProperty))
+    if (index == 0 || isThere(indexProperty, index))
         return;
     const QString kind = namesSystemString(indexProperty) ? QStringLiteral("system string")
                                                           : QStringLiteral("function");

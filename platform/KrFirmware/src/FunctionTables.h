@@ -25,11 +25,13 @@ public:
     quint16 maximum(eParameterProperty indexProperty) const;
     /// Holds all functions; null where there are none.
     std::unique_ptr<FunctionEvaluator> makeEvaluator() const;
-    /// Warns of an index beyond the maximum.
+    /// Warns of an index that the table lacks; 0 names nothing.
     void checkIndex(eParameterProperty indexProperty, qint64 index, const JsonValue &at,
         DescriptionFindings &findings) const;
 
 private:
+    bool isThere(eParameterProperty indexProperty, qint64 index) const;
+
     /// Index property to the functions' texts by index.
     std::map<eParameterProperty, QMap<qint32, QString>> m_functions;
     QMap<qint32, ParameterText> m_systemStrings;

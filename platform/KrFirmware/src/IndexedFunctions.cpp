@@ -140,13 +140,24 @@ void IndexedFunctions::run(eFunctionKind kind, const ParameterData &data, quint1
     outcome(eParameterProperty(kind), index(), data, element);
 }
 
+void IndexedFunctions::beginChange()
+{
+    if (m_evaluator)
+        m_evaluator->beginChange();
+}
+
+void IndexedFunctions::endChange()
+{
+    if (m_evaluator)
+        m_evaluator->endChange();
+}
+
 void IndexedFunctions::report()
 {
     if (m_failures.isEmpty() || m_evaluator->isRunning())
         return;
     const QStringList failures = std::exchange(m_failures, {});
-    const QString title =
-        m_callbacks ? m_callbacks->containerText(QStringLiteral("domain")) : QString();
+    const QString title = m_title;
     for (const QString &text : failures)
         System::addCriticalMessage(title, text);
 }
@@ -167,6 +178,8 @@ FunctionOutcome IndexedFunctions::outcome(
 void IndexedFunctions::note(FunctionCall &call, const QString &reason)
 {
     const QString text = call.name() + QLatin1StringView(": ") + reason;
+    if (m_callbacks)
+        m_title = m_callbacks->containerText(QStringLiteral("domain"));
     if (m_failures.size() < MostFailures && !m_failures.contains(text))
         m_failures.append(text);
 }

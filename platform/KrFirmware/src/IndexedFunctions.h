@@ -32,6 +32,10 @@ public:
     bool isHidden(const ParameterData &data, quint16 element);
     void run(eFunctionKind kind, const ParameterData &data, quint16 element);
 
+    /// Stand around a change of a value; see ParameterFunctionProvider.
+    void beginChange();
+    void endChange();
+
     /// At the end of every question. While a function runs that led to it, nothing happens.
     void report();
 
@@ -46,4 +50,6 @@ private:
     std::unique_ptr<FunctionEvaluator> m_evaluator;
     CallbackProvider *m_callbacks = nullptr;
     QStringList m_failures;
+    /// The container's domain when the failures were noted: it may be gone when they are told.
+    QString m_title;
 };

@@ -140,10 +140,14 @@ FunctionOutcome LuaState::run(int place, FunctionCall &call)
     // What is to end asks nothing more.
     if (isRunning() && m_context.isStopped())
         return outcome;
+    if (!isRunning() && m_context.isChangeSpent()) {
+        refuse(outcome);
+        return outcome;
+    }
     lua_State *const state = m_state.get();
     const int top = lua_gettop(state);
     const Running running(m_context, call);
-    this->call(place, outcome);
+    this->call(place, call, outcome);
     lua_settop(state, top);
     // The next call is to find the memory that this one needed.
     if (!outcome.hasReturned() && !call.outer)
@@ -151,27 +155,27 @@ FunctionOutcome LuaState::run(int place, FunctionCall &call)
     return outcome;
 }
 
-void LuaState::call(int place, FunctionOutcome &outcome)
+void LuaState::call(int place, const FunctionCall &call, FunctionOutcome &outcome)
 {
     lua_State *const state = m_state.get();
     if (!lua_checkstack(state, Slots))
-        return fail(LUA_ERRMEM, outcome);
+        return fail(LUA_ERRMEM, call, outcome);
     lua_rawgeti(state, LUA_REGISTRYINDEX, place);
     const int status = lua_pcall(state, 0, int(outcome.values.size()), 0);
     if (status != LUA_OK)
-        return fail(status, outcome);
+        return fail(status, call, outcome);
     outcome.end = FunctionOutcome::eEnd::Returned;
     LuaValue::read(state, -2, outcome.values[0]);
     LuaValue::read(state, -1, outcome.values[1]);
 }
 
-void LuaState::fail(int status, FunctionOutcome &outcome)
+void LuaState::fail(int status, const FunctionCall &call, FunctionOutcome &outcome)
 {
     if (m_context.budget().isSpent()) {
-        m_context.stop(QStringLiteral("the budget of %1 instructions is spent")
-                           .arg(FunctionBudget::Instructions));
+        m_context.giveUp(QStringLiteral("the budget of %1 instructions is spent")
+                             .arg(FunctionBudget::Instructions));
     } else if (status == LUA_ERRMEM) {
-        m_context.stop(
+        m_context.giveUp(
             QStringLiteral("more than %1 bytes of memory, or %2 in one piece, are needed")
                 .arg(LuaHeap::MostBytes)
                 .arg(LuaHeap::MostBlockBytes));
@@ -183,9 +187,19 @@ void LuaState::fail(int status, FunctionOutcome &outcome)
             outcome.reason = reason;
     }
     if (m_context.isStopped())
-        outcome.reason = m_context.takeReason();
+        outcome.reason = m_context.takeReason(call);
     outcome.end =
         outcome.reason.isEmpty() ? FunctionOutcome::eEnd::Stopped : FunctionOutcome::eEnd::Failed;
+}
+
+void LuaState::refuse(FunctionOutcome &outcome)
+{
+    if (!m_context.takeChangeReport())
+        return;
+    outcome.end = FunctionOutcome::eEnd::Failed;
+    outcome.reason = QStringLiteral("the functions that follow from one change need more than %1 "
+                                    "instructions; the rest of them is not run")
+                         .arg(FunctionBudget::InstructionsOfChange);
 }
 
 void LuaState::countStep(lua_State *state, lua_Debug *)

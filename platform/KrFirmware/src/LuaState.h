@@ -29,13 +29,16 @@ public:
     QString compile(const QByteArray &text, int &place);
     void setCallbackProvider(CallbackProvider *callbacks) { m_context.setCallbacks(callbacks); }
     FunctionOutcome run(int place, FunctionCall &call);
+    void beginChange() { m_context.beginChange(); }
+    void endChange() { m_context.endChange(); }
     bool isRunning() const { return m_context.call() != nullptr; }
 
 private:
     static void countStep(lua_State *state, lua_Debug *record);
 
-    void call(int place, FunctionOutcome &outcome);
-    void fail(int status, FunctionOutcome &outcome);
+    void call(int place, const FunctionCall &call, FunctionOutcome &outcome);
+    void fail(int status, const FunctionCall &call, FunctionOutcome &outcome);
+    void refuse(FunctionOutcome &outcome);
 
     FunctionContext m_context;
     LuaHeap m_heap;

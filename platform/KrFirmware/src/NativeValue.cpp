@@ -51,9 +51,10 @@ QVariant NativeValue::read(const QString &nativeText, const SimpleType *type)
 QVariant NativeValue::ask(
     CallbackProvider &callbacks, int livingSpace, quint16 coordinate, quint16 element)
 {
-    const QString text = callbacks.readValueNative(livingSpace, coordinate, element, false);
+    // The value last: what reading it leads to may end the container, and the callbacks with it.
     const QVariant type =
         callbacks.elementProperty(coordinate, element, quint32(eParameterProperty::Datatype));
+    const QString text = callbacks.readValueNative(livingSpace, coordinate, element, false);
     return read(text, DatatypeProvider::instance()->simpleType(quint8(type.toUInt())));
 }
 
