@@ -4,6 +4,7 @@
 #include "tests/online/OnlineDevice.h"
 
 #include <KrDatatype/DatatypeProvider.h>
+#include <KrParameterInstance/ParameterInformation.h>
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
@@ -18,6 +19,9 @@ private Q_SLOTS:
     void storesNumbersOfEveryType();
     void knowsANumberInAnotherForm();
     void tellsChangesMadeHere();
+    void tellsWhatWasWrittenOverTheDrives_data();
+    void tellsWhatWasWrittenOverTheDrives();
+    void tellsFunctionsFromListeners();
     void comparesWhatADriveMeans_data();
     void comparesWhatADriveMeans();
 };
@@ -51,11 +55,11 @@ void tst_ContainerValues::storesWhatTheDriveHas()
     ContainerValues values(project->container());
     const QSignalSpy changes(&values, &ContainerValues::changedHere);
     const MappedValue value = map.values().at(map.indexOf(address("2.B01")));
-    QVERIFY(values.adopt(value, QByteArray::fromHex("ffce"), &values));
+    QVERIFY(values.adopt(value, QByteArray::fromHex("ffce"), &values).hasChanged);
     QCOMPARE(values.nativeText(value), QStringLiteral("-50"));
-    QVERIFY(!values.adopt(value, QByteArray::fromHex("ffce"), &values));
+    QVERIFY(!values.adopt(value, QByteArray::fromHex("ffce"), &values).hasChanged);
     // What the drive has is not checked.
-    QVERIFY(values.adopt(value, QByteArray::fromHex("7fff"), &values));
+    QVERIFY(values.adopt(value, QByteArray::fromHex("7fff"), &values).hasChanged);
     QCOMPARE(values.nativeText(value), QStringLiteral("32767"));
     QCOMPARE(changes.size(), 0);
 }
@@ -102,8 +106,8 @@ void tst_ContainerValues::storesNumbersOfEveryType()
     const auto project = device.open();
     const RegisterMap map(project->container());
     ContainerValues values(project->container());
-    QVERIFY(values.adopt(map.values().constFirst(), bytes, &values));
-    QVERIFY(!values.adopt(map.values().constFirst(), bytes, &values));
+    QVERIFY(values.adopt(map.values().constFirst(), bytes, &values).hasChanged);
+    QVERIFY(!values.adopt(map.values().constFirst(), bytes, &values).hasChanged);
     QCOMPARE(values.nativeText(map.values().constFirst()), text);
     // The longer way leads to the same.
     project->container().setNativeValueBinary(address("1.A01"), bytes, true, true);
@@ -123,9 +127,9 @@ void tst_ContainerValues::knowsANumberInAnotherForm()
     const RegisterMap map(project->container());
     ContainerValues values(project->container());
     const MappedValue value = map.values().constFirst();
-    QVERIFY(!values.adopt(value, QByteArray::fromHex("3fc00000"), &values));
+    QVERIFY(!values.adopt(value, QByteArray::fromHex("3fc00000"), &values).hasChanged);
     QCOMPARE(values.nativeText(value), QStringLiteral("1.5"));
-    QVERIFY(values.adopt(value, QByteArray::fromHex("3fc00001"), &values));
+    QVERIFY(values.adopt(value, QByteArray::fromHex("3fc00001"), &values).hasChanged);
 }
 
 void tst_ContainerValues::tellsChangesMadeHere()
@@ -140,17 +144,97 @@ void tst_ContainerValues::tellsChangesMadeHere()
     QCOMPARE(changes.size(), 1);
     QCOMPARE(changes.at(0).at(0).value<ParameterAddress>(), address("2.B01"));
 
-    // What a listener makes of a value of the drive is not the user's wish.
+    // A listener that writes while a value of the drive is being stored means the drive.
     connect(&container, &ParameterProvider::parameterNativeValueChanged, &values,
         [&container](const ParameterAddress &changed) {
             if (changed == address("2.B01"))
                 container.writeValueNative(eLivingSpace::Global, at("A01"), 0, QStringLiteral("8"));
         });
     const MappedValue value = map.values().at(map.indexOf(address("2.B01")));
-    QVERIFY(values.adopt(value, QByteArray::fromHex("0009"), &values));
+    QVERIFY(values.adopt(value, QByteArray::fromHex("0009"), &values).hasChanged);
     QCOMPARE(
         container.readValueNative(eLivingSpace::Global, at("A01"), 0, false), QStringLiteral("8"));
-    QCOMPARE(changes.size(), 1);
+    QCOMPARE(changes.size(), 2);
+    QCOMPARE(changes.at(1).at(0).value<ParameterAddress>(), address("A01"));
+}
+
+void tst_ContainerValues::tellsWhatWasWrittenOverTheDrives_data()
+{
+    QTest::addColumn<bool>("isEarlyListener");
+
+    QTest::newRow("by who is told first") << true;
+    QTest::newRow("by who is told last") << false;
+}
+
+void tst_ContainerValues::tellsWhatWasWrittenOverTheDrives()
+{
+    QFETCH(bool, isEarlyListener);
+
+    const OnlineDevice device;
+    const auto project = device.open();
+    ParameterContainer &container = project->container();
+    const RegisterMap map(container);
+    ContainerValues values(container);
+    const auto overwrite = [&container] {
+        container.writeValueNative(eLivingSpace::Axis2, at("B01"), 0, QStringLiteral("10"));
+    };
+    QObject context;
+    if (isEarlyListener) {
+        connect(container.parameterInformation(at("B01")), &ParameterInformation::valueChanged,
+            &context, overwrite);
+    } else {
+        connect(&container, &ParameterProvider::parameterNativeValueChanged, &context, overwrite);
+    }
+    const QSignalSpy changes(&values, &ContainerValues::changedHere);
+    const MappedValue value = map.values().at(map.indexOf(address("2.B01")));
+    const ContainerValues::Adopted adopted =
+        values.adopt(value, QByteArray::fromHex("0009"), &values);
+    QVERIFY(adopted.hasChanged);
+    QCOMPARE(adopted.text, QStringLiteral("9"));
+    QCOMPARE(values.nativeText(value), QStringLiteral("10"));
+    QVERIFY(!changes.isEmpty());
+    for (const QList<QVariant> &change : changes)
+        QCOMPARE(change.at(0).value<ParameterAddress>(), address("2.B01"));
+}
+
+void tst_ContainerValues::tellsFunctionsFromListeners()
+{
+    const OnlineDevice device(R"device({"format": "kr-device-description", "version": 1,
+      "family": {"identifier": 9, "name": "Device", "hasPhysicalAxes": true, "axes": [1]},
+      "languages": ["de"], "dataTypes": ["UINT16"],
+      "functions": {"postWrite": {
+        "1": ["writeValueNative(0, 'A02', 0, 10 * readValueNative(0, 'A01'))"]}},
+      "parameters": [
+        {"number": 1, "coordinates": ["A01"], "name": "N", "global": true,
+         "elements": [{"dataType": "UINT16", "dependencies": {"postWrite": 1}}]},
+        {"number": 2, "coordinates": ["A02"], "name": "N", "global": true,
+         "elements": [{"dataType": "UINT16", "functions": {"postWrite": 1}}]},
+        {"number": 3, "coordinates": ["A03"], "name": "N", "global": true,
+         "elements": [{"dataType": "UINT16"}]}]})device");
+    const auto project = device.open();
+    ParameterContainer &container = project->container();
+    const RegisterMap map(container);
+    ContainerValues values(container);
+    QStringList log;
+    connect(&values, &ContainerValues::changedHere, &values,
+        [&log](const ParameterAddress &at) { log += QLatin1String("here ") + at.toText(true, false); });
+    connect(
+        &values, &ContainerValues::changedByFunction, &values, [&log](const ParameterAddress &at) {
+            log += QLatin1String("function ") + at.toText(true, false);
+        });
+    connect(&container, &ParameterProvider::parameterNativeValueChanged, &values,
+        [&container](const ParameterAddress &changed) {
+            if (changed == address("A01"))
+                container.writeValueNative(eLivingSpace::Global, at("A03"), 0, QStringLiteral("8"));
+        });
+    values.adopt(
+        map.values().at(map.indexOf(address("A01"))), QByteArray::fromHex("0007"), &values);
+    QCOMPARE(values.nativeText(map.values().at(map.indexOf(address("A02")))), QStringLiteral("70"));
+    QCOMPARE(log, (QStringList {QStringLiteral("here A03"), QStringLiteral("function A02")}));
+    // After a write of the user the function's effect is his too.
+    log.clear();
+    container.writeValueNative(eLivingSpace::Global, at("A01"), 0, QStringLiteral("6"));
+    QCOMPARE(log, (QStringList {QStringLiteral("here A01"), QStringLiteral("here A02")}));
 }
 
 void tst_ContainerValues::comparesWhatADriveMeans_data()
@@ -176,6 +260,7 @@ void tst_ContainerValues::comparesWhatADriveMeans_data()
     row("a text that looks like the same number", "STRING8", "1.0", "1", false);
     row("bytes in other letters", "BYTES4", "DEADBEEF", "deadbeef", true);
     row("bytes that were filled up", "BYTES4", "de", "de000000", true);
+    row("no number", "REAL32", "nan", "nan", true);
     row("no bytes at all", "BYTES4", "", "00000000", true);
     row("bytes that were filled otherwise", "BYTES4", "de", "de000001", false);
     row("bytes that were cut", "BYTES4", "deadbeef01", "deadbeef", false);
