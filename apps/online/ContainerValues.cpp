@@ -7,6 +7,8 @@
 #include <KrParameterInstance/ParameterSetup.h>
 #include <LmUtilities/ByteArraySupport.h>
 
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <utility>
 
@@ -41,15 +43,21 @@ QString integerText(const SimpleType &type, const QByteArray &bytes)
     return QString::number(qint64(number << unused) >> unused);
 }
 
+/// The shortest text that reads back as the same number.
+template <typename Number>
+QString realText(Number number)
+{
+    std::array<char, 32> text;
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
+    return QString::fromLatin1(text.data(), end - text.data());
+}
+
 QString realText(const QByteArray &bytes)
 {
     using namespace LmByteArraySupport;
     const ByteArraySupport support(eByteOrder::BigEndian, bytes);
-    constexpr int DigitsOfFloat = 9;
-    constexpr int DigitsOfDouble = 17;
-    return bytes.size() == sizeof(float)
-        ? QString::number(double(support.toFloat()), 'g', DigitsOfFloat)
-        : QString::number(support.toDouble(), 'g', DigitsOfDouble);
+    return bytes.size() == sizeof(float) ? realText(support.toFloat())
+                                         : realText(support.toDouble());
 }
 
 /// Means the same as the native text that the container makes of the bytes.

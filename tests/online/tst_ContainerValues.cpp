@@ -85,8 +85,14 @@ void tst_ContainerValues::storesNumbersOfEveryType_data()
     row("INT64 -1", "INT64", "ffffffffffffffff", "-1");
     row("UINT64", "UINT64", "ffffffffffffffff", "18446744073709551615");
     row("REAL32", "REAL32", "3fc00000", "1.5");
+    row("REAL32 of many digits", "REAL32", "3dfcd6ea", "0.12345679");
+    row("REAL32 that is large", "REAL32", "7f7fffff", "3.4028235e+38");
+    row("REAL32 that is infinite", "REAL32", "ff800000", "-inf");
+    row("REAL32 that is no number", "REAL32", "7fc00000", "nan");
     row("REAL64", "REAL64", "bfb999999999999a", "-0.1");
+    row("REAL64 of many digits", "REAL64", "3fd5555555555555", "0.3333333333333333");
     row("STRING8", "STRING8", "e46f750000000000", "\xe4ou");
+    row("STRING8 without end", "STRING8", "6162636465666768", "abcdefgh");
     row("BYTES4", "BYTES4", "deadbeef", "deadbeef");
 }
 
@@ -106,8 +112,11 @@ void tst_ContainerValues::storesNumbersOfEveryType()
     const auto project = device.open();
     const RegisterMap map(project->container());
     ContainerValues values(project->container());
+    const QSignalSpy changes(&values, &ContainerValues::changedHere);
     QVERIFY(values.adopt(map.values().constFirst(), bytes, &values).hasChanged);
     QVERIFY(!values.adopt(map.values().constFirst(), bytes, &values).hasChanged);
+    // What the drive has is not sent back.
+    QCOMPARE(changes.size(), 0);
     QCOMPARE(values.nativeText(map.values().constFirst()), text);
     // The longer way leads to the same.
     project->container().setNativeValueBinary(address("1.A01"), bytes, true, true);
@@ -216,8 +225,9 @@ void tst_ContainerValues::tellsFunctionsFromListeners()
     const RegisterMap map(container);
     ContainerValues values(container);
     QStringList log;
-    connect(&values, &ContainerValues::changedHere, &values,
-        [&log](const ParameterAddress &at) { log += QLatin1String("here ") + at.toText(true, false); });
+    connect(&values, &ContainerValues::changedHere, &values, [&log](const ParameterAddress &at) {
+        log += QLatin1String("here ") + at.toText(true, false);
+    });
     connect(
         &values, &ContainerValues::changedByFunction, &values, [&log](const ParameterAddress &at) {
             log += QLatin1String("function ") + at.toText(true, false);
