@@ -1098,24 +1098,6 @@ value when typed in; get says which.
 <context>
     <name>OnlineCommand</name>
     <message>
-        <source>AUFTRAG ist get, set, watch, upload oder download.
-get zeigt Werte des Antriebs, watch folgt ihnen, bis --seconds um sind oder er fort ist.
-set schreibt Paare aus Adresse und Anzeigetext; was vor einem abgewiesenen steht, ist
-geschrieben. upload liest alle Werte und speichert sie in --project, wenn es gegeben ist;
-download schreibt die Werte des Projekts, soweit der Antrieb sie speichert. Was geschrieben
-wird, wird zurückgelesen; was der Antrieb daraus gemacht hat, wird gezeigt (Rückgabewert 1).
-Was nicht gelesen wird, gibt 3, was der Antrieb ablehnt, 4, was verloren geht, 6.
-</source>
-        <translation>JOB is get, set, watch, upload or download.
-get shows values of the drive, watch follows them until --seconds are over or it is gone.
-set writes pairs of address and display text; what stands before a rejected one has been
-written. upload reads all values and saves them in --project where it is given; download
-writes the values of the project as far as the drive stores them. What is written is read
-back; what the drive made of it is shown (exit code 1). What is not read gives 3, what the
-drive refuses 4, what is lost 6.
-</translation>
-    </message>
-    <message>
         <source>Dauer von watch, sonst ohne Ende</source>
         <translation>duration of watch, otherwise without end</translation>
     </message>
@@ -1155,6 +1137,26 @@ drive refuses 4, what is lost 6.
         <source>mit einem Antrieb über Modbus TCP arbeiten</source>
         <translation>work with a drive over Modbus TCP</translation>
     </message>
+    <message>
+        <source>AUFTRAG ist get, set, watch, upload oder download.
+get zeigt Werte des Antriebs, watch folgt ihnen, bis --seconds um sind oder er fort ist.
+set schreibt Paare aus Adresse und Anzeigetext; was vor einem abgewiesenen steht, ist
+geschrieben. upload liest alle Werte und speichert sie in --project, wenn es gegeben ist;
+download schreibt die Werte des Projekts, soweit der Antrieb sie speichert. Was geschrieben
+wird, wird zurückgelesen; was der Antrieb daraus gemacht hat, wird gezeigt (Rückgabewert 1).
+Ohne --json zeigen upload und download nur, was anders kam als erwartet; mit --json jeden Wert.
+Was nicht gelesen wird, gibt 3, was der Antrieb ablehnt, 4, was verloren geht, 6.
+</source>
+        <translation>JOB is get, set, watch, upload or download.
+get shows values of the drive, watch follows them until --seconds are over or it is gone.
+set writes pairs of address and display text; what stands before a rejected one has been
+written. upload reads all values and saves them in --project where it is given; download
+writes the values of the project as far as the drive stores them. What is written is read
+back; what the drive made of it is shown (exit code 1).
+Without --json upload and download show only what came otherwise than expected; with --json
+every value. What is not read gives 3, what the drive refuses 4, what is lost 6.
+</translation>
+    </message>
 </context>
 <context>
     <name>OnlineCycle</name>
@@ -1180,6 +1182,14 @@ drive refuses 4, what is lost 6.
     <message>
         <source>Geschrieben und zurückgelesen: %1</source>
         <translation>Written and read back: %1</translation>
+    </message>
+    <message>
+        <source>nicht alle Werte des Antriebs wurden gelesen: %1</source>
+        <translation>not all values of the drive were read: %1</translation>
+    </message>
+    <message>
+        <source>der Antrieb ist fort: %1</source>
+        <translation>the drive is gone: %1</translation>
     </message>
 </context>
 <context>
@@ -1398,6 +1408,25 @@ drive refuses 4, what is lost 6.
     </message>
 </context>
 <context>
+    <name>RegisterMap</name>
+    <message>
+        <source>der Datentyp ist unbekannt</source>
+        <translation>the data type is unknown</translation>
+    </message>
+    <message>
+        <source>der Wert ist länger als die %1 Register, die eine Anfrage schreibt</source>
+        <translation>the value is longer than the %1 registers that one request writes</translation>
+    </message>
+    <message>
+        <source>er läge hinter dem letzten der %1 Register</source>
+        <translation>it would lie behind the last of the %1 registers</translation>
+    </message>
+    <message>
+        <source>das Gerät hat dieses Element nicht</source>
+        <translation>the device does not have this element</translation>
+    </message>
+</context>
+<context>
     <name>ReportCommand</name>
     <message>
         <source>A, B und weitere sind Projektordner oder Dateien von snapshot; ein --project steht vor
@@ -1454,25 +1483,6 @@ level stay empty. The document forbids scripts and loading, and names in it are 
     <message>
         <source>Bericht der Unterschiede als HTML und PDF</source>
         <translation>report of the differences as HTML and PDF</translation>
-    </message>
-</context>
-<context>
-    <name>RegisterMap</name>
-    <message>
-        <source>der Datentyp ist unbekannt</source>
-        <translation>the data type is unknown</translation>
-    </message>
-    <message>
-        <source>der Wert ist länger als die %1 Register, die eine Anfrage schreibt</source>
-        <translation>the value is longer than the %1 registers that one request writes</translation>
-    </message>
-    <message>
-        <source>er läge hinter dem letzten der %1 Register</source>
-        <translation>it would lie behind the last of the %1 registers</translation>
-    </message>
-    <message>
-        <source>das Gerät hat dieses Element nicht</source>
-        <translation>the device does not have this element</translation>
     </message>
 </context>
 <context>
