@@ -359,10 +359,28 @@ when its display text and its native text do. Exit code 1 where there are differ
     </message>
 </context>
 <context>
+    <name>DriveReader</name>
+    <message>
+        <source>unlesbare Antwort</source>
+        <translation>unreadable answer</translation>
+    </message>
+</context>
+<context>
     <name>DriveServer</name>
     <message>
         <source>das ist keine IP-Adresse</source>
         <translation>this is no IP address</translation>
+    </message>
+</context>
+<context>
+    <name>DriveWriter</name>
+    <message>
+        <source>es gibt den Wert nicht mehr</source>
+        <translation>the value does not exist any more</translation>
+    </message>
+    <message>
+        <source>nicht zurückgelesen: %1</source>
+        <translation>not read back: %1</translation>
     </message>
 </context>
 <context>
@@ -1784,13 +1802,6 @@ element that does not match on one axis is missing on all. Properties are:
     </message>
 </context>
 <context>
-    <name>ValueReader</name>
-    <message>
-        <source>unlesbare Antwort</source>
-        <translation>unreadable answer</translation>
-    </message>
-</context>
-<context>
     <name>ValueView</name>
     <message>
         <source>dieser Text wird als Eingabe nicht angenommen</source>
@@ -1891,17 +1902,6 @@ element that does not match on one axis is missing on all. Properties are:
     <message>
         <source>höchstens %1 Bytes als Paare hexadezimaler Ziffern</source>
         <translation>at most %1 bytes as pairs of hexadecimal digits</translation>
-    </message>
-</context>
-<context>
-    <name>ValueWriter</name>
-    <message>
-        <source>es gibt den Wert nicht mehr</source>
-        <translation>the value does not exist any more</translation>
-    </message>
-    <message>
-        <source>nicht zurückgelesen: %1</source>
-        <translation>not read back: %1</translation>
     </message>
 </context>
 <context>

@@ -34,9 +34,9 @@ OnlineCycle::OnlineCycle(ParameterContainer &container, RequestExchange &exchang
     connect(&container, &ParameterProvider::parameterNeedsOnlineConsistenceOnce, this,
         &OnlineCycle::onNeededOnce);
     connect(&clock, &OnlineClock::rang, this, &OnlineCycle::onRang);
-    connect(&m_reader, &ValueReader::blockRead, this, &OnlineCycle::onBlockRead);
-    connect(&m_reader, &ValueReader::blockFailed, this, &OnlineCycle::onBlockFailed);
-    connect(&m_writer, &ValueWriter::finished, this, &OnlineCycle::onWritten);
+    connect(&m_reader, &DriveReader::blockRead, this, &OnlineCycle::onBlockRead);
+    connect(&m_reader, &DriveReader::blockFailed, this, &OnlineCycle::onBlockFailed);
+    connect(&m_writer, &DriveWriter::finished, this, &OnlineCycle::onWritten);
 }
 
 void OnlineCycle::start(const RegisterMap &map)

@@ -3,8 +3,8 @@
 #include "apps/online/ContainerValues.h"
 #include "apps/online/CyclicNeeds.h"
 #include "apps/online/OnlineOutcome.h"
-#include "apps/online/ValueReader.h"
-#include "apps/online/ValueWriter.h"
+#include "apps/online/DriveReader.h"
+#include "apps/online/DriveWriter.h"
 
 #include <QtCore/QList>
 #include <QtCore/QObject>
@@ -83,8 +83,8 @@ private:
     RequestExchange &m_exchange;
     OnlineClock &m_clock;
     ContainerValues m_values;
-    ValueReader m_reader;
-    ValueWriter m_writer;
+    DriveReader m_reader;
+    DriveWriter m_writer;
     CyclicNeeds m_cyclic;
     /// Null while stopped.
     const RegisterMap *m_map = nullptr;

@@ -15,12 +15,12 @@ class RequestExchange;
 struct MappedValue;
 
 /// Writes values and reads each one back, so that the container has what the drive made of it.
-class ValueWriter : public QObject {
+class DriveWriter : public QObject {
     Q_OBJECT
 
 public:
     /// **Owner** the caller of both; they outlive the writer.
-    ValueWriter(RequestExchange &exchange, ContainerValues &values);
+    DriveWriter(RequestExchange &exchange, ContainerValues &values);
 
     /// **Owner** the caller; the map outlives the run.
     void start(const RegisterMap &map);

@@ -1,4 +1,4 @@
-#include "apps/online/ValueWriter.h"
+#include "apps/online/DriveWriter.h"
 
 #include "apps/online/BlockPlan.h"
 #include "apps/online/ContainerValues.h"
@@ -12,20 +12,20 @@
 
 using eKind = OnlineOutcome::eKind;
 
-ValueWriter::ValueWriter(RequestExchange &exchange, ContainerValues &values)
+DriveWriter::DriveWriter(RequestExchange &exchange, ContainerValues &values)
     : m_exchange(exchange)
     , m_values(values)
 {
-    connect(&exchange, &RequestExchange::finished, this, &ValueWriter::onFinished);
+    connect(&exchange, &RequestExchange::finished, this, &DriveWriter::onFinished);
 }
 
-void ValueWriter::start(const RegisterMap &map)
+void DriveWriter::start(const RegisterMap &map)
 {
     stop();
     m_map = &map;
 }
 
-QList<qsizetype> ValueWriter::stop()
+QList<qsizetype> DriveWriter::stop()
 {
     ++m_runs;
     m_map = nullptr;
@@ -36,7 +36,7 @@ QList<qsizetype> ValueWriter::stop()
     return std::exchange(m_pending, {}).keys();
 }
 
-void ValueWriter::write(qsizetype value)
+void DriveWriter::write(qsizetype value)
 {
     const auto found = m_pending.find(value);
     if (found == m_pending.end())
@@ -45,7 +45,7 @@ void ValueWriter::write(qsizetype value)
         found->isToBeRepeated = m_values.nativeText(m_map->values().at(value)) != found->sent;
 }
 
-void ValueWriter::writeInOrder(const QList<qsizetype> &values)
+void DriveWriter::writeInOrder(const QList<qsizetype> &values)
 {
     for (const qsizetype value : BlockPlan::inOnlineOrder(*m_map, values)) {
         if (m_pending.contains(value)) {
@@ -58,7 +58,7 @@ void ValueWriter::writeInOrder(const QList<qsizetype> &values)
     sendNext();
 }
 
-void ValueWriter::sendNext()
+void DriveWriter::sendNext()
 {
     // What cannot be sent ends at once and asks for the next one.
     if (m_isSending)
@@ -83,7 +83,7 @@ void ValueWriter::sendNext()
     m_isSending = false;
 }
 
-void ValueWriter::send(qsizetype value)
+void DriveWriter::send(qsizetype value)
 {
     const MappedValue &mapped = m_map->values().at(value);
     const QList<quint16> registers = m_values.registers(mapped);
@@ -101,7 +101,7 @@ void ValueWriter::send(qsizetype value)
         m_exchange.write(mapped.span, registers, mapped.additionalWriteTime, repeat), value);
 }
 
-void ValueWriter::onFinished(quint32 request, const OnlineAnswer &answer)
+void DriveWriter::onFinished(quint32 request, const OnlineAnswer &answer)
 {
     const auto found = m_requests.constFind(request);
     if (found == m_requests.cend())
@@ -122,7 +122,7 @@ void ValueWriter::onFinished(quint32 request, const OnlineAnswer &answer)
     m_lastReadBacks.insert(value, number);
 }
 
-void ValueWriter::conclude(qsizetype value, const OnlineAnswer &answer)
+void DriveWriter::conclude(qsizetype value, const OnlineAnswer &answer)
 {
     if (m_pending.value(value).isToBeRepeated) {
         send(value);
@@ -154,7 +154,7 @@ void ValueWriter::conclude(qsizetype value, const OnlineAnswer &answer)
         write(value);
 }
 
-void ValueWriter::finish(qsizetype value, const OnlineOutcome &outcome)
+void DriveWriter::finish(qsizetype value, const OnlineOutcome &outcome)
 {
     const QPointer<QObject> guard(this);
     const quint32 run = m_runs;
@@ -163,7 +163,7 @@ void ValueWriter::finish(qsizetype value, const OnlineOutcome &outcome)
         sendNext();
 }
 
-OnlineOutcome ValueWriter::outcomeOf(
+OnlineOutcome DriveWriter::outcomeOf(
     const MappedValue &value, const Pending &pending, const QString &kept)
 {
     OnlineOutcome outcome {
