@@ -105,6 +105,10 @@
         <source>Meldungen &amp;leeren</source>
         <translation>C&amp;lear messages</translation>
     </message>
+    <message>
+        <source>&amp;Antrieb …</source>
+        <translation>&amp;Drive …</translation>
+    </message>
 </context>
 <context>
     <name>DeskMenu</name>
@@ -231,6 +235,18 @@
         <source>erwartet wird ADRESSE=TEXT, zum Beispiel 1.H00=15</source>
         <translation>ADDRESS=TEXT is expected, for example 1.H00=15</translation>
     </message>
+    <message>
+        <source>Antrieb, mit dem F9 verbindet; ohne Anschluss 502</source>
+        <translation>drive that F9 connects to; without port 502</translation>
+    </message>
+    <message>
+        <source>ADRESSE:ANSCHLUSS</source>
+        <translation>ADDRESS:PORT</translation>
+    </message>
+    <message>
+        <source>--drive nimmt Adresse und Anschluss, zum Beispiel 10.0.0.7:502</source>
+        <translation>--drive takes address and port, for example 10.0.0.7:502</translation>
+    </message>
 </context>
 <context>
     <name>DeskSession</name>
@@ -302,6 +318,13 @@
     </message>
 </context>
 <context>
+    <name>DriveChoice</name>
+    <message>
+        <source>keine Adresse eines Antriebs, wie zum Beispiel 10.0.0.7:502</source>
+        <translation>no address of a drive, as for example 10.0.0.7:502</translation>
+    </message>
+</context>
+<context>
     <name>MessageListModel</name>
     <message>
         <source>Hinweis</source>
@@ -314,6 +337,17 @@
     <message>
         <source>Fehler</source>
         <translation>Error</translation>
+    </message>
+</context>
+<context>
+    <name>OnlineDriveLink</name>
+    <message>
+        <source>Vom Antrieb %1 gelesen: %2</source>
+        <translation>Read from the drive %1: %2</translation>
+    </message>
+    <message>
+        <source>und %1 weitere Werte nicht gelesen</source>
+        <translation>and %1 further values not read</translation>
     </message>
 </context>
 <context>
@@ -511,6 +545,18 @@
     <message>
         <source>Rückfrage</source>
         <translation>Question</translation>
+    </message>
+    <message>
+        <source>Antrieb</source>
+        <translation>Drive</translation>
+    </message>
+    <message>
+        <source>Adresse und Anschluss des Antriebs:</source>
+        <translation>Address and port of the drive:</translation>
+    </message>
+    <message>
+        <source>Verbinden</source>
+        <translation>Connect</translation>
     </message>
 </context>
 </TS>

@@ -428,10 +428,28 @@ when its display text and its native text do. Exit code 1 where there are differ
     </message>
 </context>
 <context>
+    <name>DriveReader</name>
+    <message>
+        <source>unlesbare Antwort</source>
+        <translation>unreadable answer</translation>
+    </message>
+</context>
+<context>
     <name>DriveServer</name>
     <message>
         <source>das ist keine IP-Adresse</source>
         <translation>this is no IP address</translation>
+    </message>
+</context>
+<context>
+    <name>DriveWriter</name>
+    <message>
+        <source>es gibt den Wert nicht mehr</source>
+        <translation>the value does not exist any more</translation>
+    </message>
+    <message>
+        <source>nicht zurückgelesen: %1</source>
+        <translation>not read back: %1</translation>
     </message>
 </context>
 <context>
@@ -1176,24 +1194,6 @@ value when typed in; get says which.
 <context>
     <name>OnlineCommand</name>
     <message>
-        <source>AUFTRAG ist get, set, watch, upload oder download.
-get zeigt Werte des Antriebs, watch folgt ihnen, bis --seconds um sind oder er fort ist.
-set schreibt Paare aus Adresse und Anzeigetext; was vor einem abgewiesenen steht, ist
-geschrieben. upload liest alle Werte und speichert sie in --project, wenn es gegeben ist;
-download schreibt die Werte des Projekts, soweit der Antrieb sie speichert. Was geschrieben
-wird, wird zurückgelesen; was der Antrieb daraus gemacht hat, wird gezeigt (Rückgabewert 1).
-Was nicht gelesen wird, gibt 3, was der Antrieb ablehnt, 4, was verloren geht, 6.
-</source>
-        <translation>JOB is get, set, watch, upload or download.
-get shows values of the drive, watch follows them until --seconds are over or it is gone.
-set writes pairs of address and display text; what stands before a rejected one has been
-written. upload reads all values and saves them in --project where it is given; download
-writes the values of the project as far as the drive stores them. What is written is read
-back; what the drive made of it is shown (exit code 1). What is not read gives 3, what the
-drive refuses 4, what is lost 6.
-</translation>
-    </message>
-    <message>
         <source>Dauer von watch, sonst ohne Ende</source>
         <translation>duration of watch, otherwise without end</translation>
     </message>
@@ -1233,6 +1233,26 @@ drive refuses 4, what is lost 6.
         <source>mit einem Antrieb über Modbus TCP arbeiten</source>
         <translation>work with a drive over Modbus TCP</translation>
     </message>
+    <message>
+        <source>AUFTRAG ist get, set, watch, upload oder download.
+get zeigt Werte des Antriebs, watch folgt ihnen, bis --seconds um sind oder er fort ist.
+set schreibt Paare aus Adresse und Anzeigetext; was vor einem abgewiesenen steht, ist
+geschrieben. upload liest alle Werte und speichert sie in --project, wenn es gegeben ist;
+download schreibt die Werte des Projekts, soweit der Antrieb sie speichert. Was geschrieben
+wird, wird zurückgelesen; was der Antrieb daraus gemacht hat, wird gezeigt (Rückgabewert 1).
+Ohne --json zeigen upload und download nur, was anders kam als erwartet; mit --json jeden Wert.
+Was nicht gelesen wird, gibt 3, was der Antrieb ablehnt, 4, was verloren geht, 6.
+</source>
+        <translation>JOB is get, set, watch, upload or download.
+get shows values of the drive, watch follows them until --seconds are over or it is gone.
+set writes pairs of address and display text; what stands before a rejected one has been
+written. upload reads all values and saves them in --project where it is given; download
+writes the values of the project as far as the drive stores them. What is written is read
+back; what the drive made of it is shown (exit code 1).
+Without --json upload and download show only what came otherwise than expected; with --json
+every value. What is not read gives 3, what the drive refuses 4, what is lost 6.
+</translation>
+    </message>
 </context>
 <context>
     <name>OnlineCycle</name>
@@ -1258,6 +1278,14 @@ drive refuses 4, what is lost 6.
     <message>
         <source>Geschrieben und zurückgelesen: %1</source>
         <translation>Written and read back: %1</translation>
+    </message>
+    <message>
+        <source>nicht alle Werte des Antriebs wurden gelesen: %1</source>
+        <translation>not all values of the drive were read: %1</translation>
+    </message>
+    <message>
+        <source>der Antrieb ist fort: %1</source>
+        <translation>the drive is gone: %1</translation>
     </message>
 </context>
 <context>
@@ -1858,13 +1886,6 @@ element that does not match on one axis is missing on all. Properties are:
     </message>
 </context>
 <context>
-    <name>ValueReader</name>
-    <message>
-        <source>unlesbare Antwort</source>
-        <translation>unreadable answer</translation>
-    </message>
-</context>
-<context>
     <name>ValueView</name>
     <message>
         <source>dieser Text wird als Eingabe nicht angenommen</source>
@@ -1965,17 +1986,6 @@ element that does not match on one axis is missing on all. Properties are:
     <message>
         <source>höchstens %1 Bytes als Paare hexadezimaler Ziffern</source>
         <translation>at most %1 bytes as pairs of hexadecimal digits</translation>
-    </message>
-</context>
-<context>
-    <name>ValueWriter</name>
-    <message>
-        <source>es gibt den Wert nicht mehr</source>
-        <translation>the value does not exist any more</translation>
-    </message>
-    <message>
-        <source>nicht zurückgelesen: %1</source>
-        <translation>not read back: %1</translation>
     </message>
 </context>
 <context>

@@ -30,6 +30,7 @@ constexpr Entry Entries[] = {
         false},
     {DeskActions::RemoveSnapshot, QT_TRANSLATE_NOOP("DeskActions", "&Entfernen"), "Del", false},
     {DeskActions::GoOnline, QT_TRANSLATE_NOOP("DeskActions", "&Online"), "F9", true},
+    {DeskActions::ChooseDrive, QT_TRANSLATE_NOOP("DeskActions", "&Antrieb …"), "Ctrl+F9", false},
     {DeskActions::ReadOnly, QT_TRANSLATE_NOOP("DeskActions", "&Nur lesen"), "F8", true},
     {DeskActions::ShowParameters, QT_TRANSLATE_NOOP("DeskActions", "&Parameter"), "Alt+1", false},
     {DeskActions::ShowComparison, QT_TRANSLATE_NOOP("DeskActions", "&Vergleich"), "Alt+2", false},

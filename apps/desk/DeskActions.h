@@ -23,6 +23,7 @@ public:
         CompareSnapshots,
         RemoveSnapshot,
         GoOnline,
+        ChooseDrive,
         ReadOnly,
         ShowParameters,
         ShowComparison,

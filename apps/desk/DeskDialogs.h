@@ -19,6 +19,8 @@ public:
     virtual QString projectToLoad() = 0;
     virtual QString projectToSave() = 0;
     virtual std::optional<QString> snapshotName(const QString &suggestion) = 0;
+    /// Where a drive is reached, as DriveAddress reads it.
+    virtual std::optional<QString> driveAddress(const QString &suggestion) = 0;
     virtual eUnsaved unsavedChanges() = 0;
     /// To load what a report calls cut.
     virtual bool agreesToLoadCut(const QString &report) = 0;

@@ -67,6 +67,7 @@ Parser::Parser()
     m_parser.addOption({QStringLiteral("version"), tr("Version")});
     add("device", tr("Gerätebeschreibung, oder der Name einer mitgelieferten"), tr("DATEI"));
     add("project", tr("Projektordner; ohne ihn gelten die Defaultwerte"), tr("ORDNER"));
+    add("drive", tr("Antrieb, mit dem F9 verbindet; ohne Anschluss 502"), tr("ADRESSE:ANSCHLUSS"));
     add("lang", tr("Sprache der Texte"), QStringLiteral("de|en"));
     add("access-level", tr("Zugriffsstufe von 0 (Bediener) bis 6 (Hersteller)"),
         QStringLiteral("N"));
@@ -96,6 +97,11 @@ QString Parser::readInto(DeskOptions &options) const
         return tr("unerwartet: \"%1\"").arg(m_parser.positionalArguments().constFirst());
     if (!options.project.isEmpty() && options.device.isEmpty())
         return tr("--project braucht --device");
+    if (isSet("drive")) {
+        options.drive = DriveAddress::of(value("drive"));
+        if (!options.drive)
+            return tr("--drive nimmt Adresse und Anschluss, zum Beispiel 10.0.0.7:502");
+    }
     if (isSet("lang") && !isLanguage(options.language))
         return tr("--lang nimmt de oder en");
     if (isSet("access-level")) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "apps/desk/DriveAddress.h"
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QList>
 #include <QtCore/QPair>
@@ -31,6 +33,7 @@ public:
 
     QString device;
     QString project;
+    std::optional<DriveAddress> drive;
     /// Empty: as it was left.
     QString language;
     std::optional<quint32> accessLevel;

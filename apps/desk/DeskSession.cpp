@@ -117,6 +117,8 @@ bool DeskSession::load(const QString &folder)
 {
     if (!m_project)
         return false;
+    // The values of a project go to a drive only where somebody sends them.
+    m_onlineSwitch->turn(false);
     Q_EMIT aboutToChange();
     const bool isLoaded = loadInto(*m_project, folder);
     tellModified();

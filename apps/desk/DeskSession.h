@@ -50,7 +50,7 @@ public:
     /// **Emits** aboutToChange, changed. **Reports** critical.
     bool open(const QString &descriptionFile);
     /// Fills the open device from a project folder. **Refused** without device, what is no project,
-    /// and a cut block that the user does not want. **Emits** aboutToChange, changed.
+    /// and a cut block that the user does not want. Goes offline before. **Emits** aboutToChange, changed.
     /// **Reports** what was read as information, every finding of the load report as warning.
     bool load(const QString &folder);
     /// **Refused** texts that would be lost unless the user agrees. **Emits** saved.

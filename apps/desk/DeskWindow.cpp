@@ -5,6 +5,7 @@
 #include "apps/desk/DeskMenu.h"
 #include "apps/desk/DeskStatus.h"
 #include "apps/desk/MessagePane.h"
+#include "apps/desk/OnlineDriveLink.h"
 #include "apps/desk/OnlineSwitch.h"
 #include "apps/desk/ParameterTableView.h"
 #include "apps/desk/SelectorBar.h"
@@ -34,7 +35,8 @@ constexpr int FirstSnapshotWidth = 200;
 } // namespace
 
 DeskWindow::DeskWindow(DeskDialogs &dialogs)
-    : m_session(dialogs)
+    : m_drive(dialogs)
+    , m_session(dialogs)
     , m_commands(m_session, dialogs)
     , m_actions(new DeskActions(this))
     , m_menu(new DeskMenu(*menuBar(), *m_actions))
@@ -166,11 +168,8 @@ void DeskWindow::connectCommands()
     on(DeskActions::TakeSnapshot, [this](bool) { m_commands.takeSnapshot(m_snapshots); });
     on(DeskActions::RemoveSnapshot, [this](bool) { m_snapshotPane->removeCurrent(); });
     on(DeskActions::ClearMessages, [this](bool) { m_messages.clear(); });
-    on(DeskActions::GoOnline, [this](bool isOn) {
-        if (m_session.onlineSwitch())
-            m_session.onlineSwitch()->turn(isOn);
-        m_status->updateSwitches();
-    });
+    on(DeskActions::GoOnline, [this](bool isOn) { turnOnline(isOn); });
+    on(DeskActions::ChooseDrive, [this](bool) { chooseDrive(); });
     on(DeskActions::ReadOnly, [this](bool isOn) {
         if (m_session.project())
             m_session.project()->container().setReadOnly(isOn);
@@ -236,6 +235,9 @@ void DeskWindow::connectSelectors()
 
 void DeskWindow::connectSession()
 {
+    m_session.setMakeLink([this](ParameterContainer &container) {
+        return std::make_unique<OnlineDriveLink>(container, m_drive.address());
+    });
     connect(&m_session, &DeskSession::aboutToChange, this, &DeskWindow::onAboutToChange);
     connect(&m_session, &DeskSession::changed, this, &DeskWindow::onChanged);
     connect(&m_session, &DeskSession::saved, m_status, &DeskStatus::updateTitle);
@@ -271,6 +273,24 @@ void DeskWindow::goTo(const ParameterAddress &address)
         m_pages->setCurrentWidget(m_tableView);
         m_navigation->navigateToParameter(address.coordinate());
     }
+}
+
+void DeskWindow::turnOnline(bool on)
+{
+    const bool isMeant = !on || ((m_drive.isMade() || m_drive.ask()) && m_session.mayClose());
+    if (isMeant && m_session.onlineSwitch())
+        m_session.onlineSwitch()->turn(on);
+    m_status->updateSwitches();
+}
+
+void DeskWindow::chooseDrive()
+{
+    if (!m_drive.ask() || !m_session.onlineSwitch())
+        return;
+    if (m_session.onlineSwitch()->state() == OnlineSwitch::eState::Offline)
+        return;
+    turnOnline(false);
+    turnOnline(true);
 }
 
 void DeskWindow::reveal()

@@ -2,6 +2,7 @@
 
 #include "apps/desk/DeskLanguage.h"
 #include "apps/desk/DeskSession.h"
+#include "apps/desk/DriveChoice.h"
 #include "apps/desk/MessageListModel.h"
 #include "apps/desk/ParameterTableModel.h"
 #include "apps/desk/SessionCommands.h"
@@ -42,6 +43,8 @@ public:
     ParameterTableView &tableView() { return *m_tableView; }
     SnapshotListModel &snapshots() { return m_snapshots; }
     ParameterNavigationHost &navigation();
+    /// Which drive goOnline reaches.
+    DriveChoice &drive() { return m_drive; }
 
     /// **Refused** a level above the greatest there is.
     void setAccessLevel(quint32 level);
@@ -65,12 +68,17 @@ private:
     void retranslate();
 
     void goTo(const ParameterAddress &address);
+    /// Asks for the drive where none was chosen, and what to do with changes that its values replace.
+    void turnOnline(bool on);
+    /// Another drive is another connection.
+    void chooseDrive();
     void reveal();
     void onAboutToChange();
     void onChanged();
     void compareChecked();
 
     DeskLanguage m_language;
+    DriveChoice m_drive;
     DeskSession m_session;
     SessionCommands m_commands;
     ParameterTableModel m_tableModel;

@@ -25,15 +25,13 @@ QString WindowDialogs::projectToSave()
 
 std::optional<QString> WindowDialogs::snapshotName(const QString &suggestion)
 {
-    QInputDialog dialog(m_parent);
-    dialog.setWindowTitle(tr("Snapshot aufnehmen"));
-    dialog.setLabelText(tr("Name des Snapshots:"));
-    dialog.setTextValue(suggestion);
-    dialog.setOkButtonText(tr("Aufnehmen"));
-    dialog.setCancelButtonText(tr("Abbrechen"));
-    const bool isTaken = dialog.exec() == QDialog::Accepted;
-    const QString name = dialog.textValue().trimmed();
-    return isTaken && !name.isEmpty() ? std::optional(name) : std::nullopt;
+    return text(tr("Snapshot aufnehmen"), tr("Name des Snapshots:"), suggestion, tr("Aufnehmen"));
+}
+
+std::optional<QString> WindowDialogs::driveAddress(const QString &suggestion)
+{
+    return text(
+        tr("Antrieb"), tr("Adresse und Anschluss des Antriebs:"), suggestion, tr("Verbinden"));
 }
 
 DeskDialogs::eUnsaved WindowDialogs::unsavedChanges()
@@ -65,6 +63,20 @@ void WindowDialogs::run(const QString &title, const std::function<void(Progress 
 {
     DelayedProgress progress(m_parent, title);
     job(progress);
+}
+
+std::optional<QString> WindowDialogs::text(
+    const QString &title, const QString &label, const QString &suggestion, const QString &yes)
+{
+    QInputDialog dialog(m_parent);
+    dialog.setWindowTitle(title);
+    dialog.setLabelText(label);
+    dialog.setTextValue(suggestion);
+    dialog.setOkButtonText(yes);
+    dialog.setCancelButtonText(tr("Abbrechen"));
+    const bool isAccepted = dialog.exec() == QDialog::Accepted;
+    const QString answer = dialog.textValue().trimmed();
+    return isAccepted && !answer.isEmpty() ? std::optional(answer) : std::nullopt;
 }
 
 bool WindowDialogs::agrees(const QString &question, const QString &details, const QString &yes)

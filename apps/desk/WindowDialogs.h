@@ -18,12 +18,16 @@ public:
     QString projectToLoad() override;
     QString projectToSave() override;
     std::optional<QString> snapshotName(const QString &suggestion) override;
+    std::optional<QString> driveAddress(const QString &suggestion) override;
     eUnsaved unsavedChanges() override;
     bool agreesToLoadCut(const QString &report) override;
     bool agreesToLose(const QString &losses) override;
     void run(const QString &title, const std::function<void(Progress &)> &job) override;
 
 private:
+    /// A text that is not empty.
+    std::optional<QString> text(
+        const QString &title, const QString &label, const QString &suggestion, const QString &yes);
     bool agrees(const QString &question, const QString &details, const QString &yes);
 
     QPointer<QWidget> m_parent;

@@ -7,6 +7,7 @@
 #include <KrSystem/System.h>
 
 #include <QtCore/QFileInfo>
+#include <QtCore/QLoggingCategory>
 #include <QtWidgets/QApplication>
 
 #include <cstdio>
@@ -47,6 +48,8 @@ int main(int argc, char *argv[])
         qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
     }
     QApplication application(argc, argv);
+    // What goes wrong on the line to a drive is a message; the module would say it once more.
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.modbus*=false"));
     QApplication::setOrganizationName(QStringLiteral("KrParameter"));
     QApplication::setApplicationName(QStringLiteral("krparameter-desk"));
 
@@ -73,6 +76,8 @@ int main(int argc, char *argv[])
         window.restoreState(options->language);
     if (options->accessLevel)
         window.setAccessLevel(*options->accessLevel);
+    if (options->drive)
+        window.drive().make(*options->drive);
     const bool isOpen = options->device.isEmpty() || open(window, *options);
     if (isPicture) {
         if (!isOpen)

@@ -45,6 +45,8 @@ QString OnlineCommand::details() const
         "geschrieben\n"
         "wird, wird zurückgelesen; was der Antrieb daraus gemacht hat, wird gezeigt (Rückgabewert "
         "1).\n"
+        "Ohne --json zeigen upload und download nur, was anders kam als erwartet; mit --json jeden "
+        "Wert.\n"
         "Was nicht gelesen wird, gibt 3, was der Antrieb ablehnt, 4, was verloren geht, 6.\n");
 }
 

@@ -75,14 +75,13 @@ OnlineDialogue::OnlineDialogue(const CommandLine &line, Session &session, Consol
     , m_online(OnlineSession::overModbusTcp(
           session.project().container(), NetworkOptions::host(line), port, rules))
 {
+    QObject::connect(m_online.get(), &OnlineSession::connectionFailed, m_online.get(),
+        [this](const QString &reason) { m_failure = reason; });
 }
 
 eExitCode OnlineDialogue::connectToDrive()
 {
     QEventLoop loop;
-    QString failure;
-    QObject::connect(m_online.get(), &OnlineSession::connectionFailed, &loop,
-        [&failure](const QString &reason) { failure = reason; });
     QObject::connect(
         m_online.get(), &OnlineSession::stateChanged, &loop, [&loop](OnlineSession::eState state) {
             if (state != OnlineSession::eState::Connecting)
@@ -93,7 +92,7 @@ eExitCode OnlineDialogue::connectToDrive()
     if (m_online->state() == OnlineSession::eState::Online)
         return eExitCode::Good;
     return m_session.fail(
-        eExitCode::UnreadableInput, tr("der Antrieb ist nicht erreichbar: %1").arg(failure));
+        eExitCode::UnreadableInput, tr("der Antrieb ist nicht erreichbar: %1").arg(m_failure));
 }
 
 eExitCode OnlineDialogue::get(const QStringList &words)
@@ -102,8 +101,10 @@ eExitCode OnlineDialogue::get(const QStringList &words)
     if (const eExitCode code = placesOf(words, places); code != eExitCode::Good)
         return code;
     eExitCode code = eExitCode::Good;
-    const OnlineReport report = readAll();
-    for (const OnlineOutcome &outcome : report.outcomes()) {
+    const std::optional<OnlineReport> report = readAll();
+    if (!report)
+        return failAsGone(eExitCode::UnreadableInput);
+    for (const OnlineOutcome &outcome : report->outcomes()) {
         if (outcome.isGood() || !places.contains(outcome.place))
             continue;
         show(outcome, eShow::All);
@@ -121,7 +122,9 @@ eExitCode OnlineDialogue::set(const QStringList &words)
     if (const eExitCode code = SetCommand::writesOf(words, m_session, writes);
         code != eExitCode::Good)
         return code;
-    readAll();
+    // What is typed is checked by limits and units that the drive has.
+    if (const eExitCode code = readWhole(); code != eExitCode::Good)
+        return code;
     QList<ValuePlace> places;
     eExitCode code = eExitCode::Good;
     for (const SetCommand::Write &write : std::as_const(writes)) {
@@ -131,10 +134,12 @@ eExitCode OnlineDialogue::set(const QStringList &words)
         places.append(write.place);
     }
     // Also what the drive has already: the answer says so.
-    const OnlineReport report = wait([&] { return m_online->writeValues(places); });
-    for (const OnlineOutcome &outcome : report.outcomes())
+    const auto report = wait([&] { return m_online->writeValues(places); });
+    if (!report)
+        return failAsGone(eExitCode::WriteFailed);
+    for (const OnlineOutcome &outcome : report->outcomes())
         show(outcome, eShow::All);
-    return std::max(code, writeCode(report));
+    return std::max(code, writeCode(*report));
 }
 
 eExitCode OnlineDialogue::watch(const QStringList &words, int seconds)
@@ -142,7 +147,8 @@ eExitCode OnlineDialogue::watch(const QStringList &words, int seconds)
     QList<ValuePlace> places;
     if (const eExitCode code = placesOf(words, places); code != eExitCode::Good)
         return code;
-    readAll();
+    if (const eExitCode code = readWhole(); code != eExitCode::Good)
+        return code;
     OnlineWatch watch(m_session.project().container(), *m_online, places);
     QObject::connect(&watch, &OnlineWatch::noted, &watch,
         [this](const QString &line) { m_console.report(line); });
@@ -155,11 +161,13 @@ eExitCode OnlineDialogue::watch(const QStringList &words, int seconds)
 
 eExitCode OnlineDialogue::upload()
 {
-    const OnlineReport report = readAll();
-    for (const OnlineOutcome &outcome : report.outcomes())
+    const std::optional<OnlineReport> report = readAll();
+    if (!report)
+        return failAsGone(eExitCode::UnreadableInput);
+    for (const OnlineOutcome &outcome : report->outcomes())
         show(outcome, eShow::WhatIsNoted);
-    m_console.report(tr("Gelesen: %1").arg(report.summary()));
-    const bool isComplete = report.count(eKind::Lost) == 0 && report.count(eKind::Refused) == 0;
+    m_console.report(tr("Gelesen: %1").arg(report->summary()));
+    const bool isComplete = report->count(eKind::Lost) == 0 && report->count(eKind::Refused) == 0;
     if (!isComplete && !m_line.has(OptionName::AllowLoss)) {
         return m_session.fail(eExitCode::UnreadableInput,
             tr("nicht alle Werte wurden gelesen; --allow-loss speichert trotzdem"));
@@ -171,14 +179,16 @@ eExitCode OnlineDialogue::upload()
 
 eExitCode OnlineDialogue::download()
 {
-    const OnlineReport report = wait([this] { return m_online->download(); });
-    for (const OnlineOutcome &outcome : report.outcomes())
+    const auto report = wait([this] { return m_online->download(); });
+    if (!report)
+        return failAsGone(eExitCode::WriteFailed);
+    for (const OnlineOutcome &outcome : report->outcomes())
         show(outcome, eShow::WhatIsNoted);
-    m_console.report(tr("Geschrieben und zurückgelesen: %1").arg(report.summary()));
-    return writeCode(report);
+    m_console.report(tr("Geschrieben und zurückgelesen: %1").arg(report->summary()));
+    return writeCode(*report);
 }
 
-OnlineReport OnlineDialogue::wait(const std::function<bool()> &begin)
+std::optional<OnlineReport> OnlineDialogue::wait(const std::function<bool()> &begin)
 {
     QEventLoop loop;
     OnlineReport report;
@@ -187,14 +197,31 @@ OnlineReport OnlineDialogue::wait(const std::function<bool()> &begin)
             report = finished;
             QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
         });
-    if (begin())
-        loop.exec();
+    if (!begin())
+        return {};
+    loop.exec();
     return report;
 }
 
-OnlineReport OnlineDialogue::readAll()
+std::optional<OnlineReport> OnlineDialogue::readAll()
 {
     return wait([this] { return m_online->upload(); });
+}
+
+eExitCode OnlineDialogue::readWhole()
+{
+    const std::optional<OnlineReport> report = readAll();
+    if (!report)
+        return failAsGone(eExitCode::UnreadableInput);
+    if (report->count(eKind::Lost) == 0)
+        return eExitCode::Good;
+    return m_session.fail(eExitCode::UnreadableInput,
+        tr("nicht alle Werte des Antriebs wurden gelesen: %1").arg(report->summary()));
+}
+
+eExitCode OnlineDialogue::failAsGone(eExitCode code)
+{
+    return m_session.fail(code, tr("der Antrieb ist fort: %1").arg(m_failure));
 }
 
 eExitCode OnlineDialogue::placesOf(const QStringList &words, QList<ValuePlace> &places)

@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class CommandLine;
 class Console;
@@ -36,10 +37,13 @@ public:
 private:
     enum class eShow { All, WhatIsNoted };
 
-    /// Begins a transfer and waits for its end.
-    OnlineReport wait(const std::function<bool()> &begin);
+    /// Begins a transfer and waits for its end. Empty where the drive is gone before it begins.
+    std::optional<OnlineReport> wait(const std::function<bool()> &begin);
     /// The values of the whole drive: units, limits and choices follow from them.
-    OnlineReport readAll();
+    std::optional<OnlineReport> readAll();
+    /// Likewise for who cannot do without. Reports when a value was lost.
+    eExitCode readWhole();
+    eExitCode failAsGone(eExitCode code);
     eExitCode placesOf(const QStringList &words, QList<ValuePlace> &places);
     void show(const OnlineOutcome &outcome, eShow what);
     void showValue(const ValuePlace &place);
@@ -49,4 +53,6 @@ private:
     Session &m_session;
     Console &m_console;
     std::unique_ptr<OnlineSession> m_online;
+    /// Why the drive was lost last.
+    QString m_failure;
 };

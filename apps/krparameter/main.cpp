@@ -1,6 +1,7 @@
 #include "apps/krparameter/Application.h"
 #include "apps/krparameter/Console.h"
 
+#include <QtCore/QLoggingCategory>
 #include <QtWidgets/QApplication>
 
 #include <memory>
@@ -28,6 +29,8 @@ int main(int argc, char *argv[])
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
     const std::unique_ptr<QCoreApplication> qt = makeApplication(argc, argv);
     qInstallMessageHandler(nullptr);
+    // What goes wrong on the line to a drive is reported; the module would say it once more.
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.modbus*=false"));
 
     Console console;
     return int(Application(console).run(QCoreApplication::arguments().mid(1)));

@@ -1,12 +1,15 @@
 #include "apps/online/ContainerValues.h"
 
-#include "apps/online/MappedValue.h"
 #include "apps/online/RegisterBytes.h"
 
 #include <KrDatatype/SimpleType.h>
 #include <KrParameterInstance/ParameterContainer.h>
 #include <KrParameterInstance/ParameterSetup.h>
+#include <LmUtilities/ByteArraySupport.h>
 
+#include <array>
+#include <charconv>
+#include <cmath>
 #include <utility>
 
 namespace {
@@ -20,7 +23,8 @@ bool areSameNumbers(const QString &a, const QString &b)
     bool isSecondNumber = false;
     const double first = a.toDouble(&isFirstNumber);
     const double second = b.toDouble(&isSecondNumber);
-    return isFirstNumber && isSecondNumber && first == second;
+    const bool areEqual = first == second || (std::isnan(first) && std::isnan(second));
+    return isFirstNumber && isSecondNumber && areEqual;
 }
 
 bool isInteger(const SimpleType &type)
@@ -37,6 +41,40 @@ QString integerText(const SimpleType &type, const QByteArray &bytes)
         return QString::number(number);
     const int unused = 64 - 8 * int(type.sizeInBytes());
     return QString::number(qint64(number << unused) >> unused);
+}
+
+/// The shortest text that reads back as the same number.
+template <typename Number>
+QString realText(Number number)
+{
+    std::array<char, 32> text;
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
+    return QString::fromLatin1(text.data(), end - text.data());
+}
+
+QString realText(const QByteArray &bytes)
+{
+    using namespace LmByteArraySupport;
+    const ByteArraySupport support(eByteOrder::BigEndian, bytes);
+    return bytes.size() == sizeof(float) ? realText(support.toFloat())
+                                         : realText(support.toDouble());
+}
+
+/// Means the same as the native text that the container makes of the bytes.
+QString textOf(const SimpleType &type, const QByteArray &bytes)
+{
+    switch (type.kind()) {
+    case SimpleType::SignedInteger:
+    case SimpleType::UnsignedInteger:
+        return integerText(type, bytes);
+    case SimpleType::FloatingPoint:
+        return realText(bytes);
+    case SimpleType::CharacterString:
+        return QString::fromLatin1(bytes.constData(), qstrnlen(bytes.constData(), bytes.size()));
+    case SimpleType::ByteString:
+        return QString::fromLatin1(bytes.toHex());
+    }
+    return {};
 }
 
 } // namespace
@@ -62,17 +100,32 @@ QList<quint16> ContainerValues::registers(const MappedValue &value) const
     return RegisterBytes::fromBytes(bytes, *value.type);
 }
 
-bool ContainerValues::adopt(
+ContainerValues::Adopted ContainerValues::adopt(
     const MappedValue &value, const QByteArray &bytes, const QPointer<QObject> &guard)
 {
     // A listener may have the next value of the drive stored.
-    const ParameterAddress outer = std::exchange(m_adopted, value.address);
-    m_hasChanged = false;
-    const bool hasChanged = isInteger(*value.type) ? adoptInteger(value, bytes, guard)
-                                                   : adoptOther(value, bytes, guard);
-    if (guard)
-        m_adopted = outer;
-    return hasChanged;
+    std::optional<Adoption> outer = std::exchange(m_adoption, Adoption());
+    m_adoption->value = value;
+    m_adoption->text = textOf(*value.type, bytes);
+    const QString before = isInteger(*value.type) ? QString() : nativeText(value);
+    QMetaObject::Connection last;
+    if (value.leadsToFunctions) {
+        // A connection that is made now is served behind all others.
+        last = connect(&m_container, &ParameterProvider::parameterNativeValueChanged, this,
+            &ContainerValues::onAllTold);
+    }
+    store(bytes);
+    if (!guard)
+        return {};
+    disconnect(last);
+    const Adoption adoption = *std::exchange(m_adoption, std::move(outer));
+    if (!adoption.hasChanged)
+        return {false, before.isNull() ? adoption.text : before};
+    const QString now = nativeText(adoption.value);
+    if (!isSame(adoption.value, adoption.text, now))
+        return {true, adoption.text};
+    // "1.50" that became "1.5" is no news.
+    return {before.isNull() || !isSame(adoption.value, before, now), now};
 }
 
 bool ContainerValues::isSame(const MappedValue &value, const QString &sent, const QString &kept)
@@ -96,36 +149,43 @@ bool ContainerValues::isSame(const MappedValue &value, const QString &sent, cons
 }
 
 // Most of what a drive has are integers; they take the shorter of two ways that lead to the same.
-bool ContainerValues::adoptInteger(
-    const MappedValue &value, const QByteArray &bytes, const QPointer<QObject> &guard)
+void ContainerValues::store(const QByteArray &bytes)
 {
-    const ValuePlace &place = value.place;
+    const ParameterAddress address = m_adoption->value.address;
+    if (!isInteger(*m_adoption->value.type)) {
+        m_container.setNativeValueBinary(address, bytes, BigEndian, FromDevice);
+        return;
+    }
+    const ValuePlace place = m_adoption->value.place;
     if (!m_parameter || m_coordinate != place.coordinate) {
         m_parameter = m_container.parameterSetup(place.coordinate);
         m_coordinate = place.coordinate;
     }
-    if (!m_parameter)
-        return false;
-    m_parameter->setOnlineValueText(
-        place.livingSpace, place.element, integerText(*value.type, bytes));
-    return guard && m_hasChanged;
-}
-
-bool ContainerValues::adoptOther(
-    const MappedValue &value, const QByteArray &bytes, const QPointer<QObject> &guard)
-{
-    // A listener may end the run, and the map that has the value with it.
-    const MappedValue copy = value;
-    const QString before = nativeText(copy);
-    m_container.setNativeValueBinary(copy.address, bytes, BigEndian, FromDevice);
-    // "1.50" that became "1.5" is no news.
-    return guard && m_hasChanged && !isSame(copy, before, nativeText(copy));
+    const QString text = m_adoption->text;
+    if (m_parameter)
+        m_parameter->setOnlineValueText(place.livingSpace, place.element, text);
 }
 
 void ContainerValues::onChanged(const ParameterAddress &address)
 {
-    if (!m_adopted.isValid())
+    if (m_adoption && m_adoption->value.address == address)
+        m_adoption->hasChanged = true;
+    if (isAdopted(address))
+        return;
+    if (m_adoption && m_adoption->areListenersThrough)
+        Q_EMIT changedByFunction(address);
+    else
         Q_EMIT changedHere(address);
-    else if (m_adopted == address)
-        m_hasChanged = true;
+}
+
+void ContainerValues::onAllTold(const ParameterAddress &address)
+{
+    if (isAdopted(address))
+        m_adoption->areListenersThrough = true;
+}
+
+bool ContainerValues::isAdopted(const ParameterAddress &address) const
+{
+    return m_adoption && m_adoption->value.address == address
+        && isSame(m_adoption->value, m_adoption->text, nativeText(m_adoption->value));
 }

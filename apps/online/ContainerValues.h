@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KrParameterDefinition/ParameterAddress.h>
+#include "apps/online/MappedValue.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QList>
@@ -8,9 +8,10 @@
 #include <QtCore/QPointer>
 #include <QtCore/QString>
 
+#include <optional>
+
 class ParameterContainer;
 class ParameterSetup;
-struct MappedValue;
 
 /// The container's values as the line carries them. Tells changes that come from the drive from those
 /// that are made here.
@@ -24,29 +25,48 @@ public:
     QString nativeText(const MappedValue &value) const;
     /// Empty where the container has the value no more.
     QList<quint16> registers(const MappedValue &value) const;
-    /// Stores what the drive has. True when it means something else than before. A listener may delete this;
-    /// `guard` holds it, or what owns it. The value may go meanwhile.
-    bool adopt(const MappedValue &value, const QByteArray &bytes, const QPointer<QObject> &guard);
+    /// What became of a value of the drive.
+    struct Adopted {
+        /// It means something else than before.
+        bool hasChanged = false;
+        /// Native text of the drive's value, also where a listener has written another one over it.
+        QString text;
+    };
+
+    /// Stores what the drive has. A listener may delete this; `guard` holds it, or what owns it. The
+    /// value may go meanwhile. **Emits** changedHere, changedByFunction.
+    Adopted adopt(
+        const MappedValue &value, const QByteArray &bytes, const QPointer<QObject> &guard);
     /// Whether both native texts mean the same to a drive: numbers by value, byte strings without
     /// case and with zero bytes behind.
     static bool isSame(const MappedValue &value, const QString &sent, const QString &kept);
 
 Q_SIGNALS:
-    /// Not while a value of the drive is being stored: what follows from it is the drive's too.
+    /// Also while a value of the drive is being stored: a listener that writes then writes to the drive.
     void changedHere(const ParameterAddress &address);
+    /// A function of the device made it of a value of the drive. The drive knows better what it has.
+    void changedByFunction(const ParameterAddress &address);
 
 private:
-    bool adoptInteger(
-        const MappedValue &value, const QByteArray &bytes, const QPointer<QObject> &guard);
-    bool adoptOther(
-        const MappedValue &value, const QByteArray &bytes, const QPointer<QObject> &guard);
+    /// A value of the drive on its way into the container.
+    struct Adoption {
+        MappedValue value;
+        /// Native text of what the drive has.
+        QString text;
+        bool hasChanged = false;
+        /// All listeners have been told of it; what changes from now on is made by functions.
+        bool areListenersThrough = false;
+    };
+
+    void store(const QByteArray &bytes);
     void onChanged(const ParameterAddress &address);
+    void onAllTold(const ParameterAddress &address);
+    bool isAdopted(const ParameterAddress &address) const;
 
     ParameterContainer &m_container;
     /// Values come parameter by parameter: the last one that was looked for, and where it stood.
     QPointer<ParameterSetup> m_parameter;
     ParameterCoordinate m_coordinate;
-    /// Invalid while nothing is being stored.
-    ParameterAddress m_adopted;
-    bool m_hasChanged = false;
+    /// Empty while nothing is being stored.
+    std::optional<Adoption> m_adoption;
 };

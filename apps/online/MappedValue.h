@@ -26,6 +26,8 @@ struct MappedValue {
     /// The drive keeps it; any other writable value is a command.
     bool isStored = true;
     bool isReadOnly = false;
+    /// Functions of the device may write when it changes.
+    bool leadsToFunctions = false;
     /// What the drive may need beyond the usual for an answer.
     std::chrono::milliseconds additionalReadTime {0};
     std::chrono::milliseconds additionalWriteTime {0};

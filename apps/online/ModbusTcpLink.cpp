@@ -1,6 +1,5 @@
 #include "apps/online/ModbusTcpLink.h"
 
-#include <QtCore/QLoggingCategory>
 #include <QtCore/QVariant>
 #include <QtNetwork/QAbstractSocket>
 #include <QtSerialBus/QModbusReply>
@@ -52,8 +51,6 @@ ModbusTcpLink::ModbusTcpLink(const QString &host, quint16 port)
     : m_host(host)
     , m_port(port)
 {
-    // What goes wrong is reported here; the module would say it once more on the standard error.
-    QLoggingCategory::setFilterRules(QStringLiteral("qt.modbus*=false"));
 }
 
 ModbusTcpLink::~ModbusTcpLink()

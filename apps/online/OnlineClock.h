@@ -9,7 +9,9 @@ enum class eOnlineAlarm {
     Exchange, ///< An answer is overdue, or a pause is over.
     Cycle, ///< Values are to be asked for.
     Contact, ///< The line is to be opened, or did not open in time.
+    Heartbeat, ///< Nobody has asked the drive for anything.
 };
+constexpr int OnlineAlarmCount = 4;
 
 /// The time of an online session.
 class OnlineClock : public QObject {

@@ -27,21 +27,21 @@ OnlineCycle::OnlineCycle(ParameterContainer &container, RequestExchange &exchang
     , m_cyclic(rules.cycleInterval)
 {
     connect(&m_values, &ContainerValues::changedHere, this, &OnlineCycle::onChangedHere);
+    connect(
+        &m_values, &ContainerValues::changedByFunction, this, &OnlineCycle::onChangedByFunction);
     connect(&container, &ParameterProvider::parameterNeedsOnlineConsistence, this,
         &OnlineCycle::onNeeded);
     connect(&container, &ParameterProvider::parameterNeedsOnlineConsistenceOnce, this,
         &OnlineCycle::onNeededOnce);
     connect(&clock, &OnlineClock::rang, this, &OnlineCycle::onRang);
-    connect(&m_reader, &ValueReader::blockRead, this, &OnlineCycle::onBlockRead);
-    connect(&m_reader, &ValueReader::blockFailed, this, &OnlineCycle::onBlockFailed);
-    connect(&m_writer, &ValueWriter::finished, this,
-        [this](qsizetype value, const OnlineOutcome &outcome) {
-            Q_EMIT finished({{value, outcome}});
-        });
+    connect(&m_reader, &DriveReader::blockRead, this, &OnlineCycle::onBlockRead);
+    connect(&m_reader, &DriveReader::blockFailed, this, &OnlineCycle::onBlockFailed);
+    connect(&m_writer, &DriveWriter::finished, this, &OnlineCycle::onWritten);
 }
 
 void OnlineCycle::start(const RegisterMap &map)
 {
+    const quint32 run = ++m_runs;
     m_map = &map;
     m_reader.start(map);
     m_writer.start(map);
@@ -49,8 +49,9 @@ void OnlineCycle::start(const RegisterMap &map)
     m_cyclic.setMap(&map, m_clock.now());
     arm();
     const QPointer<OnlineCycle> guard(this);
-    for (const ParameterAddress &address : m_cyclic.unmapped()) {
-        if (guard)
+    const QList<ParameterAddress> unmapped = m_cyclic.unmapped();
+    for (const ParameterAddress &address : unmapped) {
+        if (guard && m_runs == run)
             reportUnmapped(address);
     }
 }
@@ -60,28 +61,32 @@ void OnlineCycle::stop(const QString &reason)
     const RegisterMap *map = std::exchange(m_map, nullptr);
     if (!map)
         return;
+    const quint32 run = ++m_runs;
     m_exchange.clear();
     m_reader.stop();
     m_cyclic.setMap(nullptr, m_clock.now());
     m_clock.clearAlarm(eOnlineAlarm::Cycle);
+    std::vector<Request> requests = std::exchange(m_requests, {});
     const QList<qsizetype> writes = m_writer.stop();
-    const std::vector<Request> requests = std::exchange(m_requests, {});
-    QList<Ended> lost;
+    for (const qsizetype value : writes)
+        requests[std::size_t(value)].isOnce = true;
+    QList<Ended> lost = std::exchange(m_news, {});
     QList<ValuePlace> waiting;
     for (qsizetype value = 0; value < map->values().size(); ++value) {
         const Request &request = requests.at(std::size_t(value));
         const MappedValue &mapped = map->values().at(value);
-        if (request.isOnce || writes.contains(value))
+        if (request.isOnce)
             lost.append(ended(value, mapped, eKind::Lost, reason));
+        // The elements of a parameter stand together.
         const ValuePlace place {mapped.place.coordinate, mapped.place.livingSpace, 0};
-        if (request.isWaitedFor && !waiting.contains(place))
+        if (request.isWaitedFor && (waiting.isEmpty() || waiting.constLast() != place))
             waiting.append(place);
     }
     const QPointer<OnlineCycle> guard(this);
     if (!lost.isEmpty())
         Q_EMIT finished(lost);
     for (const ValuePlace &place : std::as_const(waiting)) {
-        if (guard)
+        if (guard && m_runs == run)
             cancelWaiting(place);
     }
 }
@@ -97,11 +102,7 @@ void OnlineCycle::read(const QList<qsizetype> &values)
 
 void OnlineCycle::write(const QList<qsizetype> &values)
 {
-    const QPointer<OnlineCycle> guard(this);
-    for (const qsizetype value : BlockPlan::inOnlineOrder(*m_map, values)) {
-        if (guard && m_map)
-            m_writer.write(value);
-    }
+    m_writer.writeInOrder(values);
 }
 
 void OnlineCycle::onChangedHere(const ParameterAddress &address)
@@ -113,6 +114,27 @@ void OnlineCycle::onChangedHere(const ParameterAddress &address)
         reportUnmapped(address);
     else if (!m_map->values().at(value).isReadOnly)
         m_writer.write(value);
+}
+
+void OnlineCycle::onChangedByFunction(const ParameterAddress &address)
+{
+    const qsizetype value = m_map ? m_map->indexOf(address) : -1;
+    // Functions that correct each other would have values read without end.
+    if (value < 0 || m_isReviewing)
+        return;
+    m_requests[std::size_t(value)].isReview = true;
+    m_reader.want(value);
+    arm();
+}
+
+void OnlineCycle::onWritten(qsizetype value, const OnlineOutcome &outcome)
+{
+    // Whether the read-back came does not matter: what was read meanwhile was not stored.
+    if (m_requests.at(std::size_t(value)).isWaitedFor) {
+        m_reader.want(value);
+        arm();
+    }
+    Q_EMIT finished({{value, outcome}});
 }
 
 void OnlineCycle::onNeeded(const ParameterAddress &address, bool isNeeded)
@@ -160,36 +182,58 @@ void OnlineCycle::onBlockRead(
     const BlockPlan::Block &block, const QByteArray &bytes, quint32 request)
 {
     const QPointer<QObject> guard(this);
-    const RegisterMap *const map = m_map;
-    const milliseconds now = m_clock.now();
-    QList<Ended> news;
-    news.reserve(block.values.size());
+    const quint32 run = m_runs;
     for (const qsizetype value : block.values) {
-        const MappedValue &mapped = map->values().at(value);
-        bool hasChanged = false;
-        // What is being written, or was written meanwhile, is newer here than what was read.
-        if (!m_writer.isUnderWay(value) && request > m_writer.lastReadBack(value)) {
-            hasChanged = m_values.adopt(mapped,
-                RegisterBytes::valueAt(bytes, mapped.span.first - block.span.first, *mapped.type),
-                guard);
-        }
-        // A run that was ended has reported the value already.
-        if (!guard || m_map != map)
-            break;
-        m_cyclic.done(value, now);
-        if (std::exchange(m_requests[std::size_t(value)], {}).isOnce)
-            news.append(ended(value, mapped, hasChanged ? eKind::Changed : eKind::Unchanged));
+        const MappedValue &mapped = m_map->values().at(value);
+        take(value,
+            RegisterBytes::valueAt(bytes, mapped.span.first - block.span.first, *mapped.type),
+            request);
+        // A run that was ended has reported all its values.
+        if (!guard || m_runs != run)
+            return;
     }
-    if (!guard)
-        return;
     arm();
-    if (!news.isEmpty())
-        Q_EMIT finished(news);
+    if (!m_news.isEmpty())
+        Q_EMIT finished(std::exchange(m_news, {}));
+}
+
+void OnlineCycle::take(qsizetype value, const QByteArray &bytes, quint32 request)
+{
+    // What is being written, or was written meanwhile, is newer here than what was read.
+    const bool isBeingWritten = m_writer.isUnderWay(value);
+    const bool isOld = isBeingWritten || request <= m_writer.lastReadBack(value);
+    bool hasChanged = false;
+    if (!isOld) {
+        const QPointer<QObject> guard(this);
+        const quint32 run = m_runs;
+        const bool outer = std::exchange(m_isReviewing, m_requests.at(std::size_t(value)).isReview);
+        hasChanged = m_values.adopt(m_map->values().at(value), bytes, guard).hasChanged;
+        if (!guard)
+            return;
+        m_isReviewing = outer;
+        if (m_runs != run)
+            return;
+    }
+    m_cyclic.done(value, m_clock.now());
+    // A listener has asked for it anew: it ends with that.
+    if (m_reader.isAwaited(value))
+        return;
+    Request &state = m_requests[std::size_t(value)];
+    const Request before = std::exchange(state, {});
+    // Who waits for it has not got it yet.
+    state.isWaitedFor = before.isWaitedFor && isOld;
+    if (state.isWaitedFor && !isBeingWritten)
+        m_reader.want(value);
+    if (before.isOnce) {
+        m_news.append(ended(
+            value, m_map->values().at(value), hasChanged ? eKind::Changed : eKind::Unchanged));
+    }
 }
 
 void OnlineCycle::onBlockFailed(const BlockPlan::Block &block, const OnlineAnswer &answer)
 {
     const milliseconds now = m_clock.now();
+    const quint32 run = m_runs;
     const bool isRefused = answer.kind == OnlineAnswer::eKind::Refused;
     QList<Ended> news;
     QList<ValuePlace> waiting;
@@ -205,14 +249,15 @@ void OnlineCycle::onBlockFailed(const BlockPlan::Block &block, const OnlineAnswe
         const ValuePlace place {mapped.place.coordinate, mapped.place.livingSpace, 0};
         if (request.isWaitedFor && !waiting.contains(place))
             waiting.append(place);
-        request = {false, false, isCyclic};
+        request = {};
+        request.hasFailed = isCyclic;
     }
     const QPointer<OnlineCycle> guard(this);
     arm();
     if (!news.isEmpty())
         Q_EMIT finished(news);
     for (const ValuePlace &place : std::as_const(waiting)) {
-        if (guard)
+        if (guard && m_runs == run)
             cancelWaiting(place);
     }
 }
@@ -246,10 +291,10 @@ void OnlineCycle::reportUnmapped(const ParameterAddress &address)
 void OnlineCycle::cancelWaiting(const ValuePlace &place)
 {
     // Its other elements wait for nothing then.
-    for (std::size_t i = 0; m_map && i < m_requests.size(); ++i) {
-        const ValuePlace &other = m_map->values().at(qsizetype(i)).place;
-        if (other.coordinate == place.coordinate && other.livingSpace == place.livingSpace)
-            m_requests[i].isWaitedFor = false;
+    if (m_map) {
+        const auto [first, last] = m_map->positionsOf(place.coordinate, place.livingSpace);
+        for (qsizetype value = first; value <= last; ++value)
+            m_requests[std::size_t(value)].isWaitedFor = false;
     }
     if (const auto parameter = m_container.parameterInformation(place.coordinate))
         parameter->cancelAllElementsConsistenceOnce(place.livingSpace);

@@ -3,8 +3,8 @@
 #include "apps/online/ContainerValues.h"
 #include "apps/online/CyclicNeeds.h"
 #include "apps/online/OnlineOutcome.h"
-#include "apps/online/ValueReader.h"
-#include "apps/online/ValueWriter.h"
+#include "apps/online/DriveReader.h"
+#include "apps/online/DriveWriter.h"
 
 #include <QtCore/QList>
 #include <QtCore/QObject>
@@ -51,10 +51,14 @@ Q_SIGNALS:
 
 private:
     void onChangedHere(const ParameterAddress &address);
+    void onChangedByFunction(const ParameterAddress &address);
+    void onWritten(qsizetype value, const OnlineOutcome &outcome);
     void onNeeded(const ParameterAddress &address, bool isNeeded);
     void onNeededOnce(const ParameterAddress &address);
     void onRang(eOnlineAlarm alarm);
     void onBlockRead(const BlockPlan::Block &block, const QByteArray &bytes, quint32 request);
+    /// A value of the drive came. **Emits** nothing of its own.
+    void take(qsizetype value, const QByteArray &bytes, quint32 request);
     void onBlockFailed(const BlockPlan::Block &block, const OnlineAnswer &answer);
     void arm();
     ValuePlace placeOf(const ParameterAddress &address) const;
@@ -69,6 +73,8 @@ private:
         bool isOnce = false;
         /// Asked for by a parameter that waits for all its elements.
         bool isWaitedFor = false;
+        /// A function made something else of what the drive has; what it reads now is believed.
+        bool isReview = false;
         /// The cyclic read failed and was reported.
         bool hasFailed = false;
     };
@@ -77,11 +83,17 @@ private:
     RequestExchange &m_exchange;
     OnlineClock &m_clock;
     ContainerValues m_values;
-    ValueReader m_reader;
-    ValueWriter m_writer;
+    DriveReader m_reader;
+    DriveWriter m_writer;
     CyclicNeeds m_cyclic;
     /// Null while stopped.
     const RegisterMap *m_map = nullptr;
     /// By position.
     std::vector<Request> m_requests;
+    /// What came and is to be told when its block is done.
+    QList<Ended> m_news;
+    /// The value that is being taken was read because of a function.
+    bool m_isReviewing = false;
+    /// Runs that began or ended.
+    quint32 m_runs = 0;
 };

@@ -17,6 +17,8 @@ struct OnlineRules {
     milliseconds longestPause {1000};
     /// Between two rounds over the values that are kept consistent.
     milliseconds cycleInterval {100};
+    /// How long a drive may be left alone before it is asked whether it is there; 0: for ever.
+    milliseconds heartbeatInterval {1000};
     /// How long opening the line may take.
     milliseconds contactSpan {3000};
     /// Between two attempts to reach a drive; doubles like the other.

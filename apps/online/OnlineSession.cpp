@@ -36,6 +36,7 @@ OnlineSession::OnlineSession(ParameterContainer &container, std::unique_ptr<Onli
     , m_exchange(*m_link, *m_clock, rules)
     , m_contact(m_exchange)
     , m_cycle(container, m_exchange, *m_clock, rules)
+    , m_heartbeat(m_exchange, *m_clock, rules.heartbeatInterval)
 {
     connect(m_link.get(), &OnlineLink::opened, this, &OnlineSession::onOpened);
     connect(m_link.get(), &OnlineLink::closed, this, &OnlineSession::onLineLost);
@@ -59,15 +60,20 @@ void OnlineSession::goOnline()
         return;
     m_failedCalls = 0;
     m_state = eState::Connecting;
+    const quint32 turn = ++m_turns;
     const QPointer<OnlineSession> guard(this);
     Q_EMIT stateChanged(m_state);
-    if (guard && m_state == eState::Connecting)
+    if (guard && m_turns == turn)
         call();
 }
 
 void OnlineSession::goOffline()
 {
-    if (m_state != eState::Offline)
+    if (m_state == eState::Offline)
+        return;
+    if (m_isLeaving)
+        m_state = eState::Offline;
+    else
         leave(eState::Offline, tr("die Verbindung wurde getrennt"));
 }
 
@@ -79,7 +85,7 @@ bool OnlineSession::upload()
     std::iota(values.begin(), values.end(), 0);
     QList<OnlineOutcome> unmapped;
     for (const RegisterMap::Refusal &refusal : m_map->refusals())
-        unmapped.append(unmappedOutcome(refusal.place));
+        unmapped.append(unmappedOutcome(refusal));
     return transfer(values, unmapped, eDirection::FromDrive);
 }
 
@@ -96,7 +102,7 @@ bool OnlineSession::download()
     QList<OnlineOutcome> unmapped;
     for (const RegisterMap::Refusal &refusal : m_map->refusals()) {
         if (refusal.isSetting)
-            unmapped.append(unmappedOutcome(refusal.place));
+            unmapped.append(unmappedOutcome(refusal));
     }
     return transfer(values, unmapped, eDirection::ToDrive);
 }
@@ -139,12 +145,14 @@ void OnlineSession::onAgreed()
 {
     m_failedCalls = 0;
     m_state = eState::Online;
+    const quint32 turn = ++m_turns;
     const QPointer<OnlineSession> guard(this);
     // Before the container tells of it: its listeners ask for values at once.
+    m_heartbeat.start(m_map->units());
     m_cycle.start(*m_map);
-    if (guard && m_state == eState::Online)
+    if (guard && m_turns == turn)
         m_container.setOnline(true);
-    if (guard && m_state == eState::Online)
+    if (guard && m_turns == turn)
         Q_EMIT stateChanged(m_state);
 }
 
@@ -171,9 +179,7 @@ void OnlineSession::onLineLost(const QString &reason)
         giveUp(reason);
         return;
     }
-    const QPointer<OnlineSession> guard(this);
-    leave(eState::Connecting, reason);
-    if (!guard || m_state != eState::Connecting)
+    if (!leave(eState::Connecting, reason))
         return;
     callLater();
     if (wasOnline)
@@ -188,24 +194,31 @@ void OnlineSession::giveUp(const QString &reason)
         Q_EMIT connectionFailed(reason);
 }
 
-void OnlineSession::leave(eState next, const QString &reason)
+bool OnlineSession::leave(eState next, const QString &reason)
 {
     const eState before = std::exchange(m_state, next);
+    const quint32 turn = ++m_turns;
     m_isCalling = false;
     m_clock->clearAlarm(eOnlineAlarm::Contact);
     m_contact.stop();
+    m_heartbeat.stop();
     m_exchange.clear();
     m_link->close();
     const QPointer<OnlineSession> guard(this);
+    const QPointer<ParameterContainer> container(&m_container);
     m_isLeaving = true;
     m_cycle.stop(reason);
-    if (guard && before == eState::Online)
-        m_container.setOnline(false);
+    if (guard)
+        finishTransfer();
+    // Also where a listener has deleted the session: nobody else would tell the container.
+    if (container && before == eState::Online)
+        container->setOnline(false);
     if (!guard)
-        return;
+        return false;
     m_isLeaving = false;
-    if (before != next)
-        Q_EMIT stateChanged(next);
+    if (before != m_state)
+        Q_EMIT stateChanged(m_state);
+    return guard && m_turns == turn && m_state == next;
 }
 
 bool OnlineSession::transferPlaces(const QList<ValuePlace> &places, eDirection direction)
@@ -213,6 +226,7 @@ bool OnlineSession::transferPlaces(const QList<ValuePlace> &places, eDirection d
     if (!canTransfer())
         return false;
     QList<qsizetype> values;
+    std::vector<bool> isNamed(std::size_t(m_map->values().size()));
     QList<OnlineOutcome> unmapped;
     for (const ValuePlace &place : places) {
         const auto parameter = m_container.parameterInformation(place.coordinate);
@@ -220,8 +234,10 @@ bool OnlineSession::transferPlaces(const QList<ValuePlace> &places, eDirection d
             parameter ? m_map->indexOf(parameter->address(place.livingSpace, place.element)) : -1;
         if (value < 0)
             unmapped.append(unmappedOutcome(place));
-        else if (!values.contains(value))
+        else if (!isNamed[std::size_t(value)])
             values.append(value);
+        if (value >= 0)
+            isNamed[std::size_t(value)] = true;
     }
     return transfer(values, unmapped, direction);
 }
@@ -236,20 +252,28 @@ bool OnlineSession::transfer(
     m_report.reserve(values.size() + unmapped.size());
     for (const qsizetype value : values)
         m_transfer->isAwaited[std::size_t(value)] = true;
-    const QPointer<OnlineSession> guard(this);
-    QList<OnlineCycle::Ended> ended;
     for (const OnlineOutcome &outcome : unmapped)
-        ended.append({-1, outcome});
-    onFinished(ended);
-    if (!guard || !m_transfer)
-        return true;
+        m_report.add(outcome);
+    const quint32 number = ++m_transfers;
+    const QPointer<OnlineSession> guard(this);
     if (direction == eDirection::FromDrive)
         m_cycle.read(values);
     else
         m_cycle.write(values);
+    for (const OnlineOutcome &outcome : unmapped) {
+        if (guard)
+            Q_EMIT valueReported(outcome);
+    }
+    if (!guard || !values.isEmpty())
+        return true;
     // Also where there is nothing to wait for the end comes behind this call.
-    if (guard && values.isEmpty())
-        QMetaObject::invokeMethod(this, &OnlineSession::finishTransfer, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this,
+        [this, number] {
+            if (m_transfers == number)
+                finishTransfer();
+        },
+        Qt::QueuedConnection);
     return true;
 }
 
@@ -265,7 +289,7 @@ void OnlineSession::onFinished(const QList<OnlineCycle::Ended> &ended)
             ++m_transfer->done;
             hasProgress = true;
         }
-        if (m_transfer && (isAwaited || value < 0))
+        if (isAwaited)
             m_report.add(outcome);
         Q_EMIT valueReported(outcome);
         if (!guard)
@@ -290,15 +314,18 @@ void OnlineSession::finishTransfer()
 
 OnlineOutcome OnlineSession::unmappedOutcome(const ValuePlace &place) const
 {
-    OnlineOutcome outcome;
-    outcome.place = place;
-    outcome.kind = OnlineOutcome::eKind::Unmapped;
-    outcome.reason = tr("der Antrieb hat kein Register dafür");
-    if (const auto parameter = m_container.parameterInformation(place.coordinate))
-        outcome.address = place.addressText(*parameter);
-    for (const RegisterMap::Refusal &refusal : m_map->refusals()) {
-        if (refusal.place == place)
-            outcome.reason = RegisterMap::reasonText(refusal.reason);
-    }
-    return outcome;
+    const auto parameter = m_container.parameterInformation(place.coordinate);
+    const RegisterMap::Refusal *refusal = parameter
+        ? m_map->refusalOf(parameter->address(place.livingSpace, place.element))
+        : nullptr;
+    if (refusal)
+        return unmappedOutcome(*refusal);
+    return {place, parameter ? place.addressText(*parameter) : QString(),
+        OnlineOutcome::eKind::Unmapped, {}, {}, tr("der Antrieb hat kein Register dafür")};
+}
+
+OnlineOutcome OnlineSession::unmappedOutcome(const RegisterMap::Refusal &refusal)
+{
+    return {refusal.place, refusal.address, OnlineOutcome::eKind::Unmapped, {}, {},
+        RegisterMap::reasonText(refusal.reason)};
 }

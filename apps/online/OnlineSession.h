@@ -1,6 +1,7 @@
 #pragma once
 
 #include "apps/online/FirstContact.h"
+#include "apps/online/Heartbeat.h"
 #include "apps/online/OnlineCycle.h"
 #include "apps/online/OnlineReport.h"
 #include "apps/online/OnlineRules.h"
@@ -41,7 +42,8 @@ public:
     eState state() const { return m_state; }
     /// Nothing where the session is not offline. **Emits** stateChanged; Online or Offline follows.
     void goOnline();
-    /// **Emits** stateChanged; a transfer ends before it. Nothing where the session is offline.
+    /// **Emits** stateChanged; a transfer ends before it. Nothing where the session is offline. Called
+    /// while a lost drive is let go of, it makes that final.
     void goOffline();
 
     /// Which registers carry the values; from the first goOnline() on.
@@ -82,7 +84,8 @@ private:
     void onLineLost(const QString &reason);
     /// Calling is of no use any more.
     void giveUp(const QString &reason);
-    void leave(eState next, const QString &reason);
+    /// False where a listener has taken the session elsewhere, or deleted it.
+    bool leave(eState next, const QString &reason);
     void callLater();
 
     bool canTransfer() const { return m_state == eState::Online && !m_transfer; }
@@ -93,6 +96,7 @@ private:
     void onFinished(const QList<OnlineCycle::Ended> &ended);
     void finishTransfer();
     OnlineOutcome unmappedOutcome(const ValuePlace &place) const;
+    static OnlineOutcome unmappedOutcome(const RegisterMap::Refusal &refusal);
 
     ParameterContainer &m_container;
     const OnlineRules m_rules;
@@ -101,6 +105,7 @@ private:
     RequestExchange m_exchange;
     FirstContact m_contact;
     OnlineCycle m_cycle;
+    Heartbeat m_heartbeat;
     std::optional<RegisterMap> m_map;
     eState m_state = eState::Offline;
     /// Calls in a row that the drive did not answer.
@@ -108,7 +113,11 @@ private:
     /// The line is being opened; otherwise the alarm means the next call.
     bool m_isCalling = false;
     bool m_isLeaving = false;
+    /// Changes of the state so far.
+    quint32 m_turns = 0;
     /// Null while none runs.
     std::unique_ptr<Transfer> m_transfer;
+    /// Begun so far.
+    quint32 m_transfers = 0;
     OnlineReport m_report;
 };

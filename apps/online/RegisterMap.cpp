@@ -56,6 +56,9 @@ MappedValue mappedValue(const ParameterInformation &parameter, const ValuePlace 
     value.onlineOrder = of(P::OnlineOrder).asUint32();
     value.isStored = of(P::MemoryAllocation).asInt32() == 0;
     value.isReadOnly = of(P::NoWrite).asInt32() != 0;
+    value.leadsToFunctions = of(P::PostwriteDependency).asInt32() != 0
+        || of(P::PrereadDependency).asInt32() != 0 || of(P::PostreadDependency).asInt32() != 0
+        || of(P::PrewriteDependency).asInt32() != 0;
     value.additionalReadTime = duration(of(P::AdditionalReadTimeout));
     value.additionalWriteTime = duration(of(P::AdditionalWriteTimeout));
     value.cyclicInterval = duration(of(P::CyclicOnlineUpdateRate));
@@ -122,6 +125,26 @@ qsizetype RegisterMap::firstAt(quint8 unit, int registerNumber) const
     return found - m_values.begin();
 }
 
+std::pair<qsizetype, qsizetype> RegisterMap::positionsOf(
+    const ParameterCoordinate &coordinate, eLivingSpace livingSpace) const
+{
+    const auto key = [](const MappedValue &value) {
+        return std::pair(value.span.unit, value.place.coordinate);
+    };
+    const std::pair wanted(unitOf(livingSpace), coordinate);
+    const auto first = std::partition_point(m_values.begin(), m_values.end(),
+        [&](const MappedValue &value) { return key(value) < wanted; });
+    const auto end = std::partition_point(
+        first, m_values.end(), [&](const MappedValue &value) { return key(value) == wanted; });
+    return {first - m_values.begin(), end - m_values.begin() - 1};
+}
+
+const RegisterMap::Refusal *RegisterMap::refusalOf(const ParameterAddress &address) const
+{
+    const auto found = m_refusalIndexes.constFind(address);
+    return found == m_refusalIndexes.cend() ? nullptr : &m_refusals.at(*found);
+}
+
 QList<quint8> RegisterMap::units() const
 {
     QList<quint8> units = m_ends.keys();
@@ -160,9 +183,12 @@ void RegisterMap::add(ParameterContainer &container, const ParameterCoordinate &
     for (const eLivingSpace livingSpace : parameter->livingSpaces()) {
         for (const quint16 element : elements) {
             const ValuePlace place {coordinate, livingSpace, element};
-            if (const std::optional<eRefusal> reason = assign(*parameter, place))
+            if (const std::optional<eRefusal> reason = assign(*parameter, place)) {
+                m_refusalIndexes.insert(
+                    parameter->address(livingSpace, element), m_refusals.size());
                 m_refusals.append({place, place.addressText(*parameter), *reason,
                     mappedValue(*parameter, place).isSetting()});
+            }
         }
     }
 }

@@ -8,6 +8,7 @@
 #include <QtCore/QString>
 
 #include <optional>
+#include <utility>
 
 class ParameterContainer;
 class ParameterInformation;
@@ -55,6 +56,11 @@ public:
     qsizetype indexOf(const ParameterAddress &address) const;
     /// The first position whose value ends behind a register of a unit; the size where there is none.
     qsizetype firstAt(quint8 unit, int registerNumber) const;
+    /// First and last of the positions of one parameter in a living space; none: the first lies behind.
+    std::pair<qsizetype, qsizetype> positionsOf(
+        const ParameterCoordinate &coordinate, eLivingSpace livingSpace) const;
+    /// Null where the address was not refused.
+    const Refusal *refusalOf(const ParameterAddress &address) const;
     /// The units that have values, ascending.
     QList<quint8> units() const;
     /// The registers before the first value of a unit.
@@ -68,6 +74,8 @@ private:
     QList<MappedValue> m_values;
     QList<Refusal> m_refusals;
     QHash<ParameterAddress, qsizetype> m_indexes;
+    /// Positions in refusals().
+    QHash<ParameterAddress, qsizetype> m_refusalIndexes;
     /// Unit to the next free register.
     QHash<quint8, int> m_ends;
     quint32 m_familyIdentifier;

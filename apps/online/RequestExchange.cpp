@@ -7,6 +7,7 @@
 #include <QtCore/QPointer>
 
 #include <algorithm>
+#include <limits>
 #include <optional>
 
 using std::chrono::milliseconds;
@@ -107,11 +108,12 @@ void RequestExchange::onRang(eOnlineAlarm alarm)
         return;
     const QPointer<RequestExchange> guard(this);
     const milliseconds now = m_clock.now();
-    for (const quint32 number : QList<quint32>(m_pausing)) {
-        if (m_requests.value(number).due > now)
-            continue;
-        m_pausing.removeOne(number);
-        m_waiting.push_front(number);
+    // The one whose pause ended first goes first.
+    auto over = m_pausing.upper_bound({now, std::numeric_limits<quint32>::max()});
+    while (over != m_pausing.begin()) {
+        --over;
+        m_waiting.push_front(over->second);
+        over = m_pausing.erase(over);
     }
     onOverdue();
     if (!guard)
@@ -151,7 +153,7 @@ void RequestExchange::fail(quint32 number, const OnlineAnswer &answer)
         ++found->failures;
         found->due =
             m_clock.now() + backoffPause(found->failures, m_rules.firstPause, m_rules.longestPause);
-        m_pausing.append(number);
+        m_pausing.insert({found->due, number});
         return;
     }
     // A command is sent once; that its answer is missing says nothing about the line yet.
@@ -173,15 +175,13 @@ void RequestExchange::finish(quint32 number, const OnlineAnswer &answer)
 void RequestExchange::arm()
 {
     std::optional<milliseconds> next;
-    const auto consider = [this, &next](quint32 number) {
+    if (!m_pausing.empty())
+        next = m_pausing.begin()->first;
+    for (const quint32 number : std::as_const(m_underWay)) {
         const milliseconds due = m_requests.value(number).due;
         if (!next || due < *next)
             next = due;
-    };
-    for (const quint32 number : std::as_const(m_underWay))
-        consider(number);
-    for (const quint32 number : std::as_const(m_pausing))
-        consider(number);
+    }
     if (next)
         m_clock.setAlarm(eOnlineAlarm::Exchange, *next);
     else

@@ -8,6 +8,8 @@
 #include <QtCore/QObject>
 
 #include <deque>
+#include <set>
+#include <utility>
 
 class OnlineClock;
 class OnlineLink;
@@ -36,6 +38,8 @@ public:
     /// Drops all requests. **Emits** nothing.
     void clear();
     bool isIdle() const { return m_requests.isEmpty(); }
+    /// Answers that came so far, whatever they said.
+    quint64 heard() const { return m_heard; }
 
 Q_SIGNALS:
     void finished(quint32 request, const OnlineAnswer &answer);
@@ -77,8 +81,8 @@ private:
     std::deque<quint32> m_waiting;
     /// Ticket to number of what is under way.
     QHash<quint32, quint32> m_underWay;
-    /// Numbers of those that pause.
-    QList<quint32> m_pausing;
+    /// Ends and numbers of the pauses.
+    std::set<std::pair<milliseconds, quint32>> m_pausing;
     /// Answers that came, whatever they said.
     quint64 m_heard = 0;
     quint32 m_lastNumber = 0;

@@ -20,5 +20,5 @@ public:
 
 private:
     QElapsedTimer m_elapsed;
-    std::array<QTimer, 3> m_timers;
+    std::array<QTimer, OnlineAlarmCount> m_timers;
 };

@@ -2,15 +2,11 @@
 
 #include <KrParameterInstance/ParameterContainer.h>
 
-namespace {
-
-const ParameterCoordinate &coordinate()
+const ParameterCoordinate &DeviceState::coordinate()
 {
     static const ParameterCoordinate state(QStringLiteral("E48"));
     return state;
 }
-
-} // namespace
 
 int DeviceState::read(const ParameterContainer &container, eLivingSpace livingSpace)
 {

@@ -1,11 +1,15 @@
 #pragma once
 
+#include <KrParameterDefinition/ParameterCoordinate.h>
 #include <KrParameterDefinition/eLivingSpace.h>
 
 class ParameterContainer;
 
 /// The state of an axis of the simulated drive, "E48". A drive without it is in state -1.
 namespace DeviceState {
+
+/// "E48".
+const ParameterCoordinate &coordinate();
 
 constexpr int NotReady = 0;
 constexpr int SwitchOnDisabled = 1;

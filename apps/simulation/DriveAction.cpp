@@ -1,5 +1,6 @@
 #include "apps/simulation/DriveAction.h"
 
+#include "apps/simulation/AxisStates.h"
 #include "apps/simulation/DeviceState.h"
 
 #include <KrParameterInstance/ParameterContainer.h>
@@ -24,18 +25,29 @@ bool isWithoutStorage(const ParameterInformation &parameter, quint16 element, bo
         && (parameter.elementProperty(element, P::NoWrite).asInt32() != 0) == isReadOnly;
 }
 
+/// Other records begin with a command too: an error history with the number of its entries, which a
+/// written 0 deletes.
+bool isSwitch(const ParameterInformation &parameter, quint16 element)
+{
+    using P = eParameterProperty;
+    const ParameterProperty lower = parameter.elementProperty(element, P::LowerLimitValue);
+    const ParameterProperty upper = parameter.elementProperty(element, P::UpperLimitValue);
+    return lower.isValid() && upper.isValid() && lower.asInt32() == 0 && upper.asInt32() == 1;
+}
+
 } // namespace
 
 bool DriveAction::isAction(const ParameterInformation &parameter)
 {
     return parameter.isRecordParameter() && isWithoutStorage(parameter, ControlElement, false)
-        && isWithoutStorage(parameter, ProgressElement, true)
+        && isSwitch(parameter, ControlElement) && isWithoutStorage(parameter, ProgressElement, true)
         && isWithoutStorage(parameter, ResultElement, true);
 }
 
-DriveAction::DriveAction(
-    ParameterContainer &container, const ParameterCoordinate &coordinate, eLivingSpace livingSpace)
+DriveAction::DriveAction(ParameterContainer &container, AxisStates &states,
+    const ParameterCoordinate &coordinate, eLivingSpace livingSpace)
     : m_container(container)
+    , m_states(states)
     , m_coordinate(coordinate)
     , m_livingSpace(livingSpace)
 {
@@ -50,10 +62,7 @@ bool DriveAction::accepts(int command) const
 {
     if (command != 1 || isRunning())
         return command == 0 || command == 1;
-    const auto parameter = m_container.parameterInformation(m_coordinate);
-    const auto requirement =
-        parameter->elementProperty(ControlElement, eParameterProperty::EnableOffRequired);
-    return requirement.asInt32() != RequiresEnableOff
+    return !needsDisabledAxis()
         || !DeviceState::isEnabled(DeviceState::read(m_container, m_livingSpace));
 }
 
@@ -65,15 +74,10 @@ void DriveAction::command(int command)
     }
     if (command != 1 || isRunning())
         return;
-    const auto parameter = m_container.parameterInformation(m_coordinate);
-    const auto requirement =
-        parameter->elementProperty(ControlElement, eParameterProperty::EnableOffRequired);
     m_progress = 0;
-    m_stateBefore = -1;
-    if (requirement.asInt32() != RequiresEnableOff) {
-        m_stateBefore = DeviceState::read(m_container, m_livingSpace);
-        DeviceState::write(m_container, m_livingSpace, DeviceState::OperationEnabled);
-    }
+    m_isEnabling = !needsDisabledAxis();
+    if (m_isEnabling)
+        m_states.enable(m_livingSpace);
     set(ProgressElement, 0);
     set(ResultElement, NoResult);
     set(ControlElement, 1);
@@ -88,12 +92,21 @@ void DriveAction::step()
         end(Successful);
 }
 
+bool DriveAction::needsDisabledAxis() const
+{
+    const auto parameter = m_container.parameterInformation(m_coordinate);
+    return parameter
+        && parameter->elementProperty(ControlElement, eParameterProperty::EnableOffRequired)
+               .asInt32()
+        == RequiresEnableOff;
+}
+
 void DriveAction::end(int result)
 {
     m_progress = -1;
     set(ResultElement, result);
-    if (m_stateBefore >= 0)
-        DeviceState::write(m_container, m_livingSpace, m_stateBefore);
+    if (m_isEnabling)
+        m_states.release(m_livingSpace);
     // Last: who sees it idle finds the result.
     set(ControlElement, 0);
 }

@@ -2,6 +2,7 @@
 
 #include "apps/host/ValuePlace.h"
 
+class AxisStates;
 class ParameterContainer;
 class ParameterInformation;
 
@@ -9,13 +10,13 @@ class ParameterInformation;
 /// runs, element 1 counts to 100, element 2 has the result.
 class DriveAction {
 public:
-    /// Whether the parameter is one: a record whose element 0 is a command and whose elements 1 and 2
-    /// are only read, all of them without storage.
+    /// Whether the parameter is one: a record whose element 0 is a command that takes 0 and 1 and whose
+    /// elements 1 and 2 are only read, all of them without storage.
     static bool isAction(const ParameterInformation &parameter);
 
-    /// **Owner** the caller; the container outlives the action.
-    DriveAction(ParameterContainer &container, const ParameterCoordinate &coordinate,
-        eLivingSpace livingSpace);
+    /// **Owner** the caller; container and states outlive the action.
+    DriveAction(ParameterContainer &container, AxisStates &states,
+        const ParameterCoordinate &coordinate, eLivingSpace livingSpace);
 
     bool isAt(const ValuePlace &place) const;
     /// 0 and 1 only; 1 while it runs is taken and changes nothing. **Refused** to start an action that
@@ -28,14 +29,16 @@ public:
 
 private:
     bool isRunning() const { return m_progress >= 0; }
+    bool needsDisabledAxis() const;
     void end(int result);
     void set(quint16 element, int number);
 
     ParameterContainer &m_container;
+    AxisStates &m_states;
     ParameterCoordinate m_coordinate;
     eLivingSpace m_livingSpace;
     /// **Unit** percent; negative while it does not run.
     int m_progress = -1;
-    /// Of "E48" before the run; negative where the run left it alone.
-    int m_stateBefore = -1;
+    /// The run has enabled its axis.
+    bool m_isEnabling = false;
 };

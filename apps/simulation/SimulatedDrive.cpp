@@ -34,6 +34,7 @@ SimulatedDrive::SimulatedDrive(DriveProject &project)
     : m_project(project)
     , m_container(project.container())
     , m_map(m_container)
+    , m_states(m_container)
 {
     fillRegisters();
     findInhabitants();
@@ -109,8 +110,9 @@ void SimulatedDrive::findInhabitants()
             isAction = DriveAction::isAction(*parameter);
         last = coordinate;
         if (isAction && value.place.element == 0)
-            m_actions.emplace_back(m_container, coordinate, value.place.livingSpace);
-        else if (!isAction && MeasuredMotion::isMeasured(*parameter, value))
+            m_actions.emplace_back(m_container, m_states, coordinate, value.place.livingSpace);
+        else if (!isAction && coordinate != DeviceState::coordinate()
+            && MeasuredMotion::isMeasured(*parameter, value))
             m_motions.emplace_back(*parameter, value);
     }
 }
@@ -159,10 +161,8 @@ void SimulatedDrive::startUp()
         return;
     const int before =
         m_ticks == SelfTestEnd ? DeviceState::NotReady : DeviceState::SwitchOnDisabled;
-    for (const int axis : m_project.firmware().axes()) {
-        if (DeviceState::read(m_container, eLivingSpace(axis)) == before)
-            DeviceState::write(m_container, eLivingSpace(axis), before + 1);
-    }
+    for (const int axis : m_project.firmware().axes())
+        m_states.advance(eLivingSpace(axis), before, before + 1);
 }
 
 qsizetype SimulatedDrive::actionAt(const ValuePlace &place) const

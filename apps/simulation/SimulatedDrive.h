@@ -1,6 +1,7 @@
 #pragma once
 
 #include "apps/online/RegisterMap.h"
+#include "apps/simulation/AxisStates.h"
 #include "apps/simulation/DriveAction.h"
 #include "apps/simulation/MeasuredMotion.h"
 
@@ -53,6 +54,7 @@ private:
     const RegisterMap m_map;
     /// Unit to its registers from 0 to the last that carries a value.
     QHash<quint8, QList<quint16>> m_registers;
+    AxisStates m_states;
     std::vector<DriveAction> m_actions;
     std::vector<MeasuredMotion> m_motions;
     quint64 m_ticks = 0;

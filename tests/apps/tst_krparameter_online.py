@@ -10,6 +10,7 @@ import socket
 import subprocess
 import sys
 import tempfile
+import threading
 import unittest
 from pathlib import Path
 
@@ -78,6 +79,47 @@ class Drive:
         self.process.wait()
 
 
+class DyingLine:
+    """A line to a drive that breaks: instead of the answer number ANSWERS, or of write number WRITES."""
+
+    def __init__(self, drive, answers=None, writes=None):
+        self.answers = answers
+        self.writes = writes
+        self.server = socket.create_server(("127.0.0.1", 0))
+        self.port = self.server.getsockname()[1]
+        self.drive_port = drive.port
+        self.thread = threading.Thread(target=self.serve, daemon=True)
+        self.thread.start()
+
+    @staticmethod
+    def frame(stream):
+        head = stream.read(6)
+        return head + stream.read(int.from_bytes(head[4:6], "big")) if len(head) == 6 else b""
+
+    def serve(self):
+        host, _ = self.server.accept()
+        # Nobody finds the drive a second time.
+        self.server.close()
+        drive = socket.create_connection(("127.0.0.1", self.drive_port))
+        requests, responses = host.makefile("rb"), drive.makefile("rb")
+        while request := self.frame(requests):
+            if request[7] == 16:
+                if self.writes == 0:
+                    break
+                self.writes = self.writes and self.writes - 1
+            drive.sendall(request)
+            if self.answers == 0:
+                break
+            self.answers = self.answers and self.answers - 1
+            host.sendall(self.frame(responses))
+        for thing in (requests, responses, host, drive):
+            thing.close()
+
+    def end(self):
+        self.server.close()
+        self.thread.join()
+
+
 class OnlineTest(unittest.TestCase):
     maxDiff = None
 
@@ -99,6 +141,11 @@ class OnlineTest(unittest.TestCase):
 
     def online(self, drive, *words):
         return Run("--device", self.device, "online", "--port", str(drive.port), *words)
+
+    def dying(self, drive, **limits):
+        line = DyingLine(drive, **limits)
+        self.addCleanup(line.end)
+        return line
 
     def check(self, run, code, out=None, err=None):
         self.assertEqual(run.code, code, run.err)
@@ -279,6 +326,26 @@ class Set(OnlineTest):
     def test_is_not_writable(self):
         self.check(self.online(self.drive(), "set", "1.B02", "1"), NOT_WRITABLE, out="")
 
+    def test_of_a_drive_that_dies_while_it_is_read(self):
+        drive = self.drive()
+        # Three headers are answered, and one block.
+        run = self.online(self.dying(drive, answers=4), "set", "1.B01", "6")
+        self.check(run, UNREADABLE, out="")
+        self.assertIn("krparameter: nicht alle Werte des Antriebs wurden gelesen: 11 Werte: ", run.err)
+        self.assertEqual(drive.value("1.B01"), "5")
+
+    def test_of_a_drive_that_dies_before_it_is_read(self):
+        run = self.online(self.dying(self.drive(), answers=3), "set", "1.B01", "6")
+        self.check(run, UNREADABLE, out="")
+        self.assertIn("krparameter: ", run.err)
+
+    def test_of_a_drive_that_dies_while_it_is_written(self):
+        drive = self.drive()
+        run = self.online(self.dying(drive, writes=1), "set", "1.B01", "6", "2.B01", "7")
+        self.check(run, WRITE_FAILED)
+        self.assertIn("2.B01: verloren - ", run.out)
+        self.assertEqual(drive.value("2.B01"), "5")
+
     def test_through_lost_and_doubled_answers(self):
         drive = self.drive()
         drive.order("double 1000")
@@ -315,6 +382,58 @@ class Transfers(OnlineTest):
         self.assertIn(": verloren - keine Antwort\n", run.out)
         self.assertIn("nicht alle Werte wurden gelesen", run.err)
         self.assertFalse((Path(self.project) / "Parameter.ini").exists())
+
+    def test_upload_of_what_a_drive_says_until_it_falls_silent(self):
+        drive = self.drive()
+        drive.order("set A01 1500")
+        drive.order("silent 4")
+        run = self.online(drive, "upload", "--project", self.project, "--allow-loss")
+        self.check(run, GOOD)
+        self.assertIn(": verloren - ", run.out)
+        shown = Run("--device", self.device, "--project", self.project, "get", "A01", "--json")
+        self.assertEqual(shown.lines()[0]["native"], "1500")
+        # Nothing is saved where there is no project.
+        drive.order("clear")
+        drive.order("silent 4")
+        self.check(self.online(drive, "upload", "--allow-loss"), UNREADABLE)
+
+    def test_a_shipped_device(self):
+        device = "two-axis-drive"
+        drive = self.drive(device=device)
+        self.check(Run("--device", device, "--project", self.project, "set", "1.H00", "12.5"), GOOD)
+        online = ["--device", device, "online", "--port", str(drive.port)]
+        run = Run(*online, "download", "--project", self.project)
+        self.check(run, GOOD)
+        before = drive.value("1.H00")
+        run = Run(*online, "upload", "--json")
+        self.check(run, GOOD)
+        self.assertEqual({line["outcome"] for line in run.lines()}, {"unchanged", "unmapped", "changed"})
+        self.check(Run(*online, "set", "1.H00", "11"), GOOD, out="1.H00: geschrieben\n")
+        self.assertNotEqual(drive.value("1.H00"), before)
+        # The error history is no action: what is written stands there.
+        self.check(Run(*online, "set", "N02[0]", "0"), GOOD, out="N02[0]: geschrieben\n")
+        self.check(Run(*online, "set", "1.O00[0]", "1"), GOOD)
+        drive.order("tick 40")
+        self.check(Run(*online, "get", "1.O00[1]"), GOOD,
+                   out="1.O00[1]  Motordaten identifizieren · Fortschritt: 40 %\n")
+
+    def test_download_of_a_drive_that_dies(self):
+        self.check(Run("--device", self.device, "--project", self.project, "set", "2.B01", "77"), GOOD)
+        drive = self.drive()
+        run = self.online(self.dying(drive, writes=2), "download", "--project", self.project, "--json")
+        self.check(run, WRITE_FAILED)
+        self.assertEqual(len(run.lines()), 6)
+        self.assertIn("lost", {line["outcome"] for line in run.lines()})
+        self.assertEqual(drive.value("2.B01"), "5")
+
+    def test_download_of_what_the_drive_cuts(self):
+        self.check(Run("--device", self.device, "--project", self.project, "set", "1.B03",
+                       "0.123456789012"), GOOD)
+        drive = self.drive()
+        run = self.online(drive, "download", "--project", self.project)
+        self.check(run, DIFFERENCES)
+        self.assertIn('1.B03: geschrieben wurde "0.123456789012", der Antrieb hat "0.12345679"\n', run.out)
+        self.assertEqual(drive.value("1.B03"), "0.12345679")
 
     def test_download(self):
         self.check(Run("--device", self.device, "--project", self.project, "set", "2.B01", "77", "A01",

@@ -37,5 +37,5 @@ public:
 
 private:
     milliseconds m_now {0};
-    std::array<std::optional<milliseconds>, 3> m_alarms;
+    std::array<std::optional<milliseconds>, OnlineAlarmCount> m_alarms;
 };

@@ -4,6 +4,7 @@
 #include "tests/online/OnlineDevice.h"
 
 #include <KrDatatype/DatatypeProvider.h>
+#include <KrParameterInstance/ParameterInformation.h>
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
@@ -18,6 +19,9 @@ private Q_SLOTS:
     void storesNumbersOfEveryType();
     void knowsANumberInAnotherForm();
     void tellsChangesMadeHere();
+    void tellsWhatWasWrittenOverTheDrives_data();
+    void tellsWhatWasWrittenOverTheDrives();
+    void tellsFunctionsFromListeners();
     void comparesWhatADriveMeans_data();
     void comparesWhatADriveMeans();
 };
@@ -51,11 +55,11 @@ void tst_ContainerValues::storesWhatTheDriveHas()
     ContainerValues values(project->container());
     const QSignalSpy changes(&values, &ContainerValues::changedHere);
     const MappedValue value = map.values().at(map.indexOf(address("2.B01")));
-    QVERIFY(values.adopt(value, QByteArray::fromHex("ffce"), &values));
+    QVERIFY(values.adopt(value, QByteArray::fromHex("ffce"), &values).hasChanged);
     QCOMPARE(values.nativeText(value), QStringLiteral("-50"));
-    QVERIFY(!values.adopt(value, QByteArray::fromHex("ffce"), &values));
+    QVERIFY(!values.adopt(value, QByteArray::fromHex("ffce"), &values).hasChanged);
     // What the drive has is not checked.
-    QVERIFY(values.adopt(value, QByteArray::fromHex("7fff"), &values));
+    QVERIFY(values.adopt(value, QByteArray::fromHex("7fff"), &values).hasChanged);
     QCOMPARE(values.nativeText(value), QStringLiteral("32767"));
     QCOMPARE(changes.size(), 0);
 }
@@ -81,8 +85,14 @@ void tst_ContainerValues::storesNumbersOfEveryType_data()
     row("INT64 -1", "INT64", "ffffffffffffffff", "-1");
     row("UINT64", "UINT64", "ffffffffffffffff", "18446744073709551615");
     row("REAL32", "REAL32", "3fc00000", "1.5");
+    row("REAL32 of many digits", "REAL32", "3dfcd6ea", "0.12345679");
+    row("REAL32 that is large", "REAL32", "7f7fffff", "3.4028235e+38");
+    row("REAL32 that is infinite", "REAL32", "ff800000", "-inf");
+    row("REAL32 that is no number", "REAL32", "7fc00000", "nan");
     row("REAL64", "REAL64", "bfb999999999999a", "-0.1");
+    row("REAL64 of many digits", "REAL64", "3fd5555555555555", "0.3333333333333333");
     row("STRING8", "STRING8", "e46f750000000000", "\xe4ou");
+    row("STRING8 without end", "STRING8", "6162636465666768", "abcdefgh");
     row("BYTES4", "BYTES4", "deadbeef", "deadbeef");
 }
 
@@ -102,8 +112,11 @@ void tst_ContainerValues::storesNumbersOfEveryType()
     const auto project = device.open();
     const RegisterMap map(project->container());
     ContainerValues values(project->container());
-    QVERIFY(values.adopt(map.values().constFirst(), bytes, &values));
-    QVERIFY(!values.adopt(map.values().constFirst(), bytes, &values));
+    const QSignalSpy changes(&values, &ContainerValues::changedHere);
+    QVERIFY(values.adopt(map.values().constFirst(), bytes, &values).hasChanged);
+    QVERIFY(!values.adopt(map.values().constFirst(), bytes, &values).hasChanged);
+    // What the drive has is not sent back.
+    QCOMPARE(changes.size(), 0);
     QCOMPARE(values.nativeText(map.values().constFirst()), text);
     // The longer way leads to the same.
     project->container().setNativeValueBinary(address("1.A01"), bytes, true, true);
@@ -123,9 +136,9 @@ void tst_ContainerValues::knowsANumberInAnotherForm()
     const RegisterMap map(project->container());
     ContainerValues values(project->container());
     const MappedValue value = map.values().constFirst();
-    QVERIFY(!values.adopt(value, QByteArray::fromHex("3fc00000"), &values));
+    QVERIFY(!values.adopt(value, QByteArray::fromHex("3fc00000"), &values).hasChanged);
     QCOMPARE(values.nativeText(value), QStringLiteral("1.5"));
-    QVERIFY(values.adopt(value, QByteArray::fromHex("3fc00001"), &values));
+    QVERIFY(values.adopt(value, QByteArray::fromHex("3fc00001"), &values).hasChanged);
 }
 
 void tst_ContainerValues::tellsChangesMadeHere()
@@ -140,17 +153,98 @@ void tst_ContainerValues::tellsChangesMadeHere()
     QCOMPARE(changes.size(), 1);
     QCOMPARE(changes.at(0).at(0).value<ParameterAddress>(), address("2.B01"));
 
-    // What a listener makes of a value of the drive is not the user's wish.
+    // A listener that writes while a value of the drive is being stored means the drive.
     connect(&container, &ParameterProvider::parameterNativeValueChanged, &values,
         [&container](const ParameterAddress &changed) {
             if (changed == address("2.B01"))
                 container.writeValueNative(eLivingSpace::Global, at("A01"), 0, QStringLiteral("8"));
         });
     const MappedValue value = map.values().at(map.indexOf(address("2.B01")));
-    QVERIFY(values.adopt(value, QByteArray::fromHex("0009"), &values));
+    QVERIFY(values.adopt(value, QByteArray::fromHex("0009"), &values).hasChanged);
     QCOMPARE(
         container.readValueNative(eLivingSpace::Global, at("A01"), 0, false), QStringLiteral("8"));
-    QCOMPARE(changes.size(), 1);
+    QCOMPARE(changes.size(), 2);
+    QCOMPARE(changes.at(1).at(0).value<ParameterAddress>(), address("A01"));
+}
+
+void tst_ContainerValues::tellsWhatWasWrittenOverTheDrives_data()
+{
+    QTest::addColumn<bool>("isEarlyListener");
+
+    QTest::newRow("by who is told first") << true;
+    QTest::newRow("by who is told last") << false;
+}
+
+void tst_ContainerValues::tellsWhatWasWrittenOverTheDrives()
+{
+    QFETCH(bool, isEarlyListener);
+
+    const OnlineDevice device;
+    const auto project = device.open();
+    ParameterContainer &container = project->container();
+    const RegisterMap map(container);
+    ContainerValues values(container);
+    const auto overwrite = [&container] {
+        container.writeValueNative(eLivingSpace::Axis2, at("B01"), 0, QStringLiteral("10"));
+    };
+    QObject context;
+    if (isEarlyListener) {
+        connect(container.parameterInformation(at("B01")), &ParameterInformation::valueChanged,
+            &context, overwrite);
+    } else {
+        connect(&container, &ParameterProvider::parameterNativeValueChanged, &context, overwrite);
+    }
+    const QSignalSpy changes(&values, &ContainerValues::changedHere);
+    const MappedValue value = map.values().at(map.indexOf(address("2.B01")));
+    const ContainerValues::Adopted adopted =
+        values.adopt(value, QByteArray::fromHex("0009"), &values);
+    QVERIFY(adopted.hasChanged);
+    QCOMPARE(adopted.text, QStringLiteral("9"));
+    QCOMPARE(values.nativeText(value), QStringLiteral("10"));
+    QVERIFY(!changes.isEmpty());
+    for (const QList<QVariant> &change : changes)
+        QCOMPARE(change.at(0).value<ParameterAddress>(), address("2.B01"));
+}
+
+void tst_ContainerValues::tellsFunctionsFromListeners()
+{
+    const OnlineDevice device(R"device({"format": "kr-device-description", "version": 1,
+      "family": {"identifier": 9, "name": "Device", "hasPhysicalAxes": true, "axes": [1]},
+      "languages": ["de"], "dataTypes": ["UINT16"],
+      "functions": {"postWrite": {
+        "1": ["writeValueNative(0, 'A02', 0, 10 * readValueNative(0, 'A01'))"]}},
+      "parameters": [
+        {"number": 1, "coordinates": ["A01"], "name": "N", "global": true,
+         "elements": [{"dataType": "UINT16", "dependencies": {"postWrite": 1}}]},
+        {"number": 2, "coordinates": ["A02"], "name": "N", "global": true,
+         "elements": [{"dataType": "UINT16", "functions": {"postWrite": 1}}]},
+        {"number": 3, "coordinates": ["A03"], "name": "N", "global": true,
+         "elements": [{"dataType": "UINT16"}]}]})device");
+    const auto project = device.open();
+    ParameterContainer &container = project->container();
+    const RegisterMap map(container);
+    ContainerValues values(container);
+    QStringList log;
+    connect(&values, &ContainerValues::changedHere, &values, [&log](const ParameterAddress &at) {
+        log += QLatin1String("here ") + at.toText(true, false);
+    });
+    connect(
+        &values, &ContainerValues::changedByFunction, &values, [&log](const ParameterAddress &at) {
+            log += QLatin1String("function ") + at.toText(true, false);
+        });
+    connect(&container, &ParameterProvider::parameterNativeValueChanged, &values,
+        [&container](const ParameterAddress &changed) {
+            if (changed == address("A01"))
+                container.writeValueNative(eLivingSpace::Global, at("A03"), 0, QStringLiteral("8"));
+        });
+    values.adopt(
+        map.values().at(map.indexOf(address("A01"))), QByteArray::fromHex("0007"), &values);
+    QCOMPARE(values.nativeText(map.values().at(map.indexOf(address("A02")))), QStringLiteral("70"));
+    QCOMPARE(log, (QStringList {QStringLiteral("here A03"), QStringLiteral("function A02")}));
+    // After a write of the user the function's effect is his too.
+    log.clear();
+    container.writeValueNative(eLivingSpace::Global, at("A01"), 0, QStringLiteral("6"));
+    QCOMPARE(log, (QStringList {QStringLiteral("here A01"), QStringLiteral("here A02")}));
 }
 
 void tst_ContainerValues::comparesWhatADriveMeans_data()
@@ -176,6 +270,7 @@ void tst_ContainerValues::comparesWhatADriveMeans_data()
     row("a text that looks like the same number", "STRING8", "1.0", "1", false);
     row("bytes in other letters", "BYTES4", "DEADBEEF", "deadbeef", true);
     row("bytes that were filled up", "BYTES4", "de", "de000000", true);
+    row("no number", "REAL32", "nan", "nan", true);
     row("no bytes at all", "BYTES4", "", "00000000", true);
     row("bytes that were filled otherwise", "BYTES4", "de", "de000001", false);
     row("bytes that were cut", "BYTES4", "deadbeef01", "deadbeef", false);

@@ -1,3 +1,4 @@
+#include "apps/host/ShippedDescriptions.h"
 #include "apps/simulation/SimulatedDrive.h"
 #include "tests/online/OnlineDevice.h"
 
@@ -32,6 +33,18 @@ QByteArray judgedDevice()
     {"number": 6, "coordinates": ["A06"], "name": "N", "global": true,
      "elements": [{"dataType": "UINT16", "noWrite": 1}]}
   ]})";
+}
+
+/// The small device with a second action, C02; neither needs a disabled axis.
+QByteArray twoActions()
+{
+    QByteArray description = OnlineDevice::description();
+    description.replace("\"enableOffRequired\": 1", "\"enableOffRequired\": 0");
+    const qsizetype begin = description.indexOf("{\"number\": 7,");
+    const qsizetype end = description.indexOf("{\"number\": 8,");
+    QByteArray second = description.mid(begin, end - begin);
+    second.replace("\"number\": 7,", "\"number\": 9,").replace("C01", "C02");
+    return description.insert(begin, second);
 }
 
 struct Setting {
@@ -85,7 +98,12 @@ private Q_SLOTS:
     void refusesAnActionOnAnEnabledAxis_data();
     void refusesAnActionOnAnEnabledAxis();
     void knowsActions();
+    void knowsTheActionsOfShippedDevices_data();
+    void knowsTheActionsOfShippedDevices();
     void enablesTheAxisForOtherActions();
+    void enablesTheAxisForOverlappingActions();
+    void startsUpBehindAnAction();
+    void keepsAStateThatCameDuringAnAction();
     void movesMeasuredValues();
     void movesWithinLimits();
 };
@@ -313,6 +331,36 @@ void tst_SimulatedDrive::knowsActions()
     QVERIFY(!isAction("A04"));
 }
 
+void tst_SimulatedDrive::knowsTheActionsOfShippedDevices_data()
+{
+    QTest::addColumn<QString>("device");
+    QTest::addColumn<QString>("actions");
+
+    QTest::newRow("two axes") << QStringLiteral("two-axis-drive")
+                              << QStringLiteral("J14 O00 O01 O02 O03 O04 O05 O06 O07 O08");
+    QTest::newRow("four axes") << QStringLiteral("four-axis-controller")
+                               << QStringLiteral("J14 O00 O01 O02 O03 O07 O08");
+}
+
+void tst_SimulatedDrive::knowsTheActionsOfShippedDevices()
+{
+    QFETCH(QString, device);
+    QFETCH(QString, actions);
+
+    QString error;
+    const auto project = DriveProject::open(ShippedDescriptions::filePath(device), error);
+    QVERIFY2(project, qPrintable(error));
+    QStringList found;
+    QList<ParameterCoordinate> coordinates = project->container().parameterList();
+    std::sort(coordinates.begin(), coordinates.end());
+    for (const ParameterCoordinate &coordinate : std::as_const(coordinates)) {
+        if (DriveAction::isAction(*project->container().parameterInformation(coordinate)))
+            found.append(coordinate.toText());
+    }
+    // N02, the error history, is none though its number can be written.
+    QCOMPARE(found.join(u' '), actions);
+}
+
 void tst_SimulatedDrive::enablesTheAxisForOtherActions()
 {
     QByteArray description = OnlineDevice::description();
@@ -325,6 +373,42 @@ void tst_SimulatedDrive::enablesTheAxisForOtherActions()
     s.tick(100);
     QCOMPARE(s.native("1.E48"), QStringLiteral("2"));
     QCOMPARE(s.native("1.C01[0]"), QStringLiteral("0"));
+}
+
+void tst_SimulatedDrive::enablesTheAxisForOverlappingActions()
+{
+    Setting s(twoActions());
+    s.tick(10);
+    QCOMPARE(s.drive.write(s.span("1.C01[0]"), {1}), eVerdict::Done);
+    s.tick(30);
+    QCOMPARE(s.drive.write(s.span("1.C02[0]"), {1}), eVerdict::Done);
+    s.tick(70);
+    QCOMPARE(s.native("1.C01[0]"), QStringLiteral("0"));
+    QCOMPARE(s.native("1.E48"), QStringLiteral("4"));
+    s.tick(30);
+    QCOMPARE(s.native("1.C02[0]"), QStringLiteral("0"));
+    QCOMPARE(s.native("1.E48"), QStringLiteral("2"));
+}
+
+void tst_SimulatedDrive::startsUpBehindAnAction()
+{
+    Setting s(twoActions());
+    QCOMPARE(s.drive.write(s.span("1.C01[0]"), {1}), eVerdict::Done);
+    s.tick(99);
+    QCOMPARE(s.native("1.E48"), QStringLiteral("4"));
+    QCOMPARE(s.native("2.E48"), QStringLiteral("2"));
+    s.tick(1);
+    QCOMPARE(s.native("1.E48"), QStringLiteral("2"));
+}
+
+void tst_SimulatedDrive::keepsAStateThatCameDuringAnAction()
+{
+    Setting s(twoActions());
+    s.drive.write(s.span("1.C01[0]"), {1});
+    s.project->container().writeValueNative(eLivingSpace::Axis1, at("E48"), 0, QStringLiteral("5"));
+    s.tick(100);
+    QCOMPARE(s.native("1.C01[0]"), QStringLiteral("0"));
+    QCOMPARE(s.native("1.E48"), QStringLiteral("5"));
 }
 
 void tst_SimulatedDrive::movesMeasuredValues()
@@ -346,6 +430,12 @@ void tst_SimulatedDrive::movesMeasuredValues()
     // Settings, states and the elements of actions stay.
     QCOMPARE(s.native("1.B01"), QStringLiteral("5"));
     QCOMPARE(s.native("1.C01[1]"), QStringLiteral("0"));
+
+    QByteArray plainState = OnlineDevice::description();
+    plainState.replace("\"dataType\": \"UINT8\", \"kind\": 1,", "\"dataType\": \"UINT8\",");
+    Setting plain(plainState);
+    plain.tick(50);
+    QCOMPARE(plain.native("1.E48"), QStringLiteral("2"));
 }
 
 void tst_SimulatedDrive::movesWithinLimits()

@@ -62,6 +62,12 @@ DefinitionBuilder &DefinitionBuilder::name(const QString &german, const QString 
     return *this;
 }
 
+DefinitionBuilder &DefinitionBuilder::name(const ParameterText &text)
+{
+    m_content.name = text;
+    return *this;
+}
+
 DefinitionBuilder &DefinitionBuilder::nameCommonText(int index)
 {
     m_content.nameCommonTextIndex = index;
@@ -121,10 +127,15 @@ DefinitionBuilder &DefinitionBuilder::defaultValues(const QStringList &nativeTex
 DefinitionBuilder &DefinitionBuilder::element(
     quint16 number, const QString &german, const QString &english)
 {
+    return element(number, textOf(german, english));
+}
+
+DefinitionBuilder &DefinitionBuilder::element(quint16 number, const ParameterText &name)
+{
     m_content.isRecord = true;
     m_elements.append(m_all);
     m_elements.last().number = number;
-    m_elements.last().name = textOf(german, english);
+    m_elements.last().name = name;
     return *this;
 }
 

@@ -26,6 +26,8 @@ public:
     DefinitionBuilder &version(quint32 version);
     /// In German and English, short and long alike; without `english` both are the same.
     DefinitionBuilder &name(const QString &german, const QString &english = {});
+    /// With a short form of its own.
+    DefinitionBuilder &name(const ParameterText &text);
     DefinitionBuilder &nameCommonText(int index);
     DefinitionBuilder &description(const QString &german, const QString &english = {});
     DefinitionBuilder &global(bool isGlobal = true);
@@ -42,6 +44,7 @@ public:
     /// Makes the definition a record and begins its next element, a copy of what the setters before
     /// the first element() described.
     DefinitionBuilder &element(quint16 number, const QString &german, const QString &english = {});
+    DefinitionBuilder &element(quint16 number, const ParameterText &name);
     /// Of the element begun last.
     DefinitionBuilder &elementVersion(quint32 version);
     DefinitionBuilder &elementNameCommonText(int index);

@@ -16,17 +16,24 @@ private Q_SLOTS:
     void constructionWithoutDeviceState();
     void start_data();
     void start();
+    void startOfARejectedWrite();
+    void globalAction();
+    void runningActionIsEnabled_data();
     void runningActionIsEnabled();
     void isIdle_data();
     void isIdle();
     void texts();
+    void textsAreLong();
     void stateTextIsMaskedOffline();
     void changesOfElements_data();
     void changesOfElements();
+    void changesOnAnotherAxis();
     void progress_data();
     void progress();
     void deviceStateChanges();
     void deviceStateOfItsAxis();
+    void deviceStateOfAnotherAxis();
+    void deviceStateThatComesLater();
     void vanishedParameter();
     void vanishedDeviceState();
     void vanishesInsideASignal_data();
@@ -112,10 +119,55 @@ void tst_ActionParameterImplementation::start()
     QCOMPARE(stand.log.count(u"valueChanged"_s), isStarted ? 1 : 0);
 }
 
-void tst_ActionParameterImplementation::runningActionIsEnabled()
+void tst_ActionParameterImplementation::startOfARejectedWrite()
 {
     InstanceStand stand;
-    stand.add(deviceState(), u"E48"_s)->setNativeValue(Axis1, 0, u"4"_s);
+    stand.programFirmware()->checkValue = [](const QString &text, const ParameterData &, quint16) {
+        return text == u"1"_s ? 2U : 0U;
+    };
+    auto *set = stand.add(action(), u"A12"_s);
+    ActionParameterImplementation object(set, Axis1);
+    stand.log.attach(set, u"set"_s);
+    // What the write makes of it is the sink's to tell.
+    QVERIFY(object.start());
+    QCOMPARE(stand.messages.take().size(), 1);
+    QCOMPARE(set->valueText(Axis1, 0, false), u"0"_s);
+    QVERIFY(object.isIdle());
+    QCOMPARE(stand.log.count(u"valueChanged"_s), 0);
+}
+
+void tst_ActionParameterImplementation::globalAction()
+{
+    InstanceStand stand;
+    auto *state = stand.add(deviceState(), u"E48"_s, {1, 2});
+    auto *set = stand.add(action(1).global(), u"A12"_s, {0});
+    ActionParameterImplementation object(set, Global);
+    stand.log.attach(&object, u"action"_s);
+    // The drive's state belongs to axes: none of them is the global one's.
+    state->setNativeValue(Axis2, 0, u"4"_s);
+    QVERIFY(object.start());
+    QCOMPARE(set->valueText(Global, 0, false), u"1"_s);
+    QVERIFY(!object.isIdle());
+    set->setOnlineValueText(Global, 1, u"50"_s);
+    set->setOnlineValueText(Global, 2, u"7"_s);
+    QCOMPARE(object.stateText(), u"Ergebnis: 7"_s);
+    QCOMPARE(stand.log.entries(),
+        (QStringList {u"action.enableChanged(true)"_s, u"action.stateChanged()"_s,
+            u"action.progressChanged(50)"_s}));
+}
+
+void tst_ActionParameterImplementation::runningActionIsEnabled_data()
+{
+    QTest::addColumn<QString>("state");
+    for (const char *state : {"3", "4", "5", "6", "7"})
+        QTest::addRow("state %s", state) << QString::fromLatin1(state);
+}
+
+void tst_ActionParameterImplementation::runningActionIsEnabled()
+{
+    QFETCH(QString, state);
+    InstanceStand stand;
+    stand.add(deviceState(), u"E48"_s)->setNativeValue(Axis1, 0, state);
     auto *set = stand.add(action(1), u"A12"_s);
     set->setNativeValue(Axis1, 0, u"3"_s);
     ActionParameterImplementation object(set, Axis1);
@@ -158,6 +210,25 @@ void tst_ActionParameterImplementation::texts()
     QCOMPARE(object.description(), u"A12[0]__1"_s);
 }
 
+void tst_ActionParameterImplementation::textsAreLong()
+{
+    ParameterText name;
+    name.setText(u"de"_s, u"Ref"_s, u"Referenzfahrt starten"_s);
+    ParameterText result;
+    result.setText(u"de"_s, u"Erg"_s, u"Ergebnis der Fahrt"_s);
+    InstanceStand stand;
+    auto *set = stand.add(DefinitionBuilder()
+                              .name(name)
+                              .property(EnableOffRequired, 0U)
+                              .element(0, u"Steuerung"_s)
+                              .element(1, u"Fortschritt"_s)
+                              .element(2, result),
+        u"A12"_s);
+    const ActionParameterImplementation object(set, Axis1);
+    QCOMPARE(object.name(), u"Referenzfahrt starten"_s);
+    QCOMPARE(object.stateText(), u"Ergebnis der Fahrt: 0"_s);
+}
+
 void tst_ActionParameterImplementation::stateTextIsMaskedOffline()
 {
     InstanceStand stand;
@@ -189,6 +260,21 @@ void tst_ActionParameterImplementation::changesOfElements()
     stand.log.attach(&object, u"action"_s);
     set->setOnlineValueText(Axis1, element, u"12"_s);
     QCOMPARE(stand.log.entries(), expected);
+}
+
+void tst_ActionParameterImplementation::changesOnAnotherAxis()
+{
+    InstanceStand stand;
+    auto *set = stand.add(action(), u"A12"_s, {1, 2});
+    set->setNativeValue(Axis1, 1, u"30"_s);
+    ActionParameterImplementation object(set, Axis1);
+    stand.log.attach(&object, u"action"_s);
+    set->setOnlineValueText(Axis2, 1, u"80"_s);
+    set->setOnlineValueText(Axis2, 0, u"1"_s);
+    // Told, with what its own axis has.
+    QCOMPARE(stand.log.entries(),
+        (QStringList {u"action.progressChanged(30)"_s, u"action.stateChanged()"_s}));
+    QVERIFY(object.isIdle());
 }
 
 void tst_ActionParameterImplementation::progress_data()
@@ -239,6 +325,35 @@ void tst_ActionParameterImplementation::deviceStateOfItsAxis()
     ActionParameterImplementation second(set, Axis2);
     QVERIFY(!first.start());
     QVERIFY(second.start());
+}
+
+void tst_ActionParameterImplementation::deviceStateOfAnotherAxis()
+{
+    InstanceStand stand;
+    auto *state = stand.add(deviceState(), u"E48"_s, {1, 2});
+    ActionParameterImplementation object(stand.add(action(1), u"A12"_s, {1, 2}), Axis1);
+    stand.log.attach(&object, u"action"_s);
+    state->setOnlineValueText(Axis2, 0, u"4"_s);
+    QCOMPARE(stand.log.entries(), QStringList {u"action.enableChanged(true)"_s});
+    state->setOnlineValueText(Axis1, 0, u"4"_s);
+    state->setOnlineValueText(Axis2, 0, u"2"_s);
+    QCOMPARE(stand.log.entries(),
+        (QStringList {u"action.enableChanged(true)"_s, u"action.enableChanged(false)"_s,
+            u"action.enableChanged(false)"_s}));
+}
+
+void tst_ActionParameterImplementation::deviceStateThatComesLater()
+{
+    InstanceStand stand;
+    ActionParameterImplementation object(stand.add(action(1), u"A12"_s), Axis1);
+    stand.log.attach(&object, u"action"_s);
+    auto *state = stand.add(deviceState(), u"E48"_s);
+    state->setNativeValue(Axis1, 0, u"4"_s);
+    // Asked for, but not listened to.
+    QCOMPARE(stand.log.entries(), QStringList());
+    QVERIFY(!object.start());
+    state->setNativeValue(Axis1, 0, u"2"_s);
+    QVERIFY(object.start());
 }
 
 void tst_ActionParameterImplementation::vanishedParameter()

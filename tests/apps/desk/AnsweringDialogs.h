@@ -16,6 +16,11 @@ public:
         asked.append(QStringLiteral("snapshot: ") + suggestion);
         return takesSuggestedName ? std::optional(suggestion) : std::nullopt;
     }
+    std::optional<QString> driveAddress(const QString &suggestion) override
+    {
+        asked.append(QStringLiteral("drive: ") + suggestion);
+        return driveAnswer;
+    }
     eUnsaved unsavedChanges() override
     {
         asked.append(QStringLiteral("unsaved"));
@@ -44,6 +49,7 @@ public:
     QStringList asked;
     QString fileAnswer;
     QString folderAnswer;
+    std::optional<QString> driveAnswer;
     eUnsaved unsavedAnswer = eUnsaved::Cancel;
     bool takesSuggestedName = true;
     bool agrees = false;

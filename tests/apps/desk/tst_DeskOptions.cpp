@@ -40,6 +40,7 @@ void tst_DeskOptions::nothing()
     QVERIFY(options);
     QCOMPARE(options->device, QString());
     QCOMPARE(options->language, QString());
+    QVERIFY(!options->drive);
     QVERIFY(!options->accessLevel);
     QCOMPARE(options->screenshotFile, QString());
     QCOMPARE(options->size, QSize(1280, 800));
@@ -51,12 +52,15 @@ void tst_DeskOptions::nothing()
 void tst_DeskOptions::everything()
 {
     const auto options = read(QStringLiteral(
-        "--device d.json --project p --lang en --access-level 6 --screenshot x.png --size 800x600 "
+        "--device d.json --project p --drive 10.0.0.7:1502 --lang en --access-level 6 --screenshot "
+        "x.png --size 800x600 "
         "--show comparison --search current --write 1.H00=15 --write A20=a=b --edit H01="));
     QVERIFY(options);
     QCOMPARE(options->device, QStringLiteral("d.json"));
     QCOMPARE(options->project, QStringLiteral("p"));
     QCOMPARE(options->language, QStringLiteral("en"));
+    QVERIFY(options->drive);
+    QCOMPARE(options->drive->toText(), QStringLiteral("10.0.0.7:1502"));
     QCOMPARE(options->accessLevel, std::optional<quint32>(6));
     QCOMPARE(options->screenshotFile, QStringLiteral("x.png"));
     QCOMPARE(options->size, QSize(800, 600));
@@ -86,6 +90,7 @@ void tst_DeskOptions::refused_data()
     QTest::newRow("an input without text") << QStringLiteral("--write H00");
     QTest::newRow("an input without address") << QStringLiteral("--write =5");
     QTest::newRow("an edit without address") << QStringLiteral("--edit =5");
+    QTest::newRow("a drive that is no address") << QStringLiteral("--drive 10.0.0.7:0");
     QTest::newRow("an option without value") << QStringLiteral("--device");
 }
 

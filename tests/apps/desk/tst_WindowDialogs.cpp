@@ -23,6 +23,7 @@ private Q_SLOTS:
     void agreement();
     void snapshotName_data();
     void snapshotName();
+    void driveAddress();
     void run();
 
 private:
@@ -122,6 +123,22 @@ void tst_WindowDialogs::snapshotName()
     });
     WindowDialogs dialogs;
     QCOMPARE(dialogs.snapshotName(QStringLiteral("Snapshot 1")).value_or(QString()), expected);
+}
+
+void tst_WindowDialogs::driveAddress()
+{
+    WindowDialogs dialogs;
+    inDialog([](QDialog &dialog) {
+        auto *field = dialog.findChild<QLineEdit *>();
+        QCOMPARE(field->text(), QStringLiteral("127.0.0.1:502"));
+        field->selectAll();
+        QTest::keyClicks(field, QStringLiteral(" drive7:503 "));
+        QTest::keyClick(field, Qt::Key_Return);
+    });
+    QCOMPARE(dialogs.driveAddress(QStringLiteral("127.0.0.1:502")).value_or(QString()),
+        QStringLiteral("drive7:503"));
+    inDialog([](QDialog &dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    QVERIFY(!dialogs.driveAddress(QStringLiteral("127.0.0.1:502")));
 }
 
 void tst_WindowDialogs::run()

@@ -5,6 +5,9 @@
 
 #include <QtCore/QHash>
 #include <QtCore/QObject>
+#include <QtCore/QSet>
+
+#include <deque>
 
 class ContainerValues;
 class RegisterMap;
@@ -12,20 +15,25 @@ class RequestExchange;
 struct MappedValue;
 
 /// Writes values and reads each one back, so that the container has what the drive made of it.
-class ValueWriter : public QObject {
+class DriveWriter : public QObject {
     Q_OBJECT
 
 public:
     /// **Owner** the caller of both; they outlive the writer.
-    ValueWriter(RequestExchange &exchange, ContainerValues &values);
+    DriveWriter(RequestExchange &exchange, ContainerValues &values);
 
     /// **Owner** the caller; the map outlives the run.
     void start(const RegisterMap &map);
     /// The values that were under way. **Emits** nothing.
     QList<qsizetype> stop();
 
-    /// What the container has now. A value that is under way is written once more when it is back.
+    /// What the container has now. A value that is under way with something else is written once more
+    /// when it is back.
     void write(qsizetype value);
+    /// Likewise, in the order of property 45: a value waits until those before it have been read back,
+    /// so that no repetition overtakes.
+    void writeInOrder(const QList<qsizetype> &values);
+    /// Also while it waits for its turn.
     bool isUnderWay(qsizetype value) const { return m_pending.contains(value); }
     /// The last request that read the value back; 0 where it was never written. What an earlier
     /// request reads is older than that.
@@ -35,17 +43,23 @@ Q_SIGNALS:
     void finished(qsizetype value, const OnlineOutcome &outcome);
 
 private:
+    enum class eStep { WaitingForItsTurn, Sent, ReadBack };
+
     struct Pending {
+        eStep step = eStep::Sent;
         QString sent;
         OnlineAnswer answer;
-        bool isReadBack = false;
         bool isToBeRepeated = false;
     };
 
     void send(qsizetype value);
+    /// Sends the next ones of equal order where all before them are back.
+    void sendNext();
     void onFinished(quint32 request, const OnlineAnswer &answer);
     void conclude(qsizetype value, const OnlineAnswer &answer);
-    OnlineOutcome outcomeOf(const MappedValue &value, const Pending &pending) const;
+    void finish(qsizetype value, const OnlineOutcome &outcome);
+    static OnlineOutcome outcomeOf(
+        const MappedValue &value, const Pending &pending, const QString &kept);
 
     RequestExchange &m_exchange;
     ContainerValues &m_values;
@@ -55,4 +69,11 @@ private:
     /// Request to value.
     QHash<quint32, qsizetype> m_requests;
     QHash<qsizetype, quint32> m_lastReadBacks;
+    /// Those that wait for their turn, in order.
+    std::deque<qsizetype> m_queue;
+    /// Those whose turn it is.
+    QSet<qsizetype> m_turn;
+    bool m_isSending = false;
+    /// Runs that began or ended.
+    quint32 m_runs = 0;
 };

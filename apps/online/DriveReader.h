@@ -14,12 +14,12 @@ class RequestExchange;
 struct OnlineAnswer;
 
 /// Reads values in blocks; where the drive refuses a block, each of its values alone.
-class ValueReader : public QObject {
+class DriveReader : public QObject {
     Q_OBJECT
 
 public:
     /// **Owner** the caller; the exchange outlives the reader.
-    explicit ValueReader(RequestExchange &exchange);
+    explicit DriveReader(RequestExchange &exchange);
 
     /// **Owner** the caller; the map outlives the run.
     void start(const RegisterMap &map);

@@ -1,4 +1,4 @@
-#include "apps/online/ValueReader.h"
+#include "apps/online/DriveReader.h"
 
 #include "apps/online/OnlineAnswer.h"
 #include "apps/online/RegisterBytes.h"
@@ -10,20 +10,20 @@
 
 using std::chrono::milliseconds;
 
-ValueReader::ValueReader(RequestExchange &exchange)
+DriveReader::DriveReader(RequestExchange &exchange)
     : m_exchange(exchange)
 {
-    connect(&exchange, &RequestExchange::finished, this, &ValueReader::onFinished);
+    connect(&exchange, &RequestExchange::finished, this, &DriveReader::onFinished);
 }
 
-void ValueReader::start(const RegisterMap &map)
+void DriveReader::start(const RegisterMap &map)
 {
     stop();
     m_map = &map;
     m_isAwaited.assign(std::size_t(map.values().size()), false);
 }
 
-void ValueReader::stop()
+void DriveReader::stop()
 {
     m_map = nullptr;
     m_wanted.clear();
@@ -31,7 +31,7 @@ void ValueReader::stop()
     m_blocks.clear();
 }
 
-void ValueReader::want(qsizetype value)
+void DriveReader::want(qsizetype value)
 {
     if (isAwaited(value))
         return;
@@ -39,7 +39,7 @@ void ValueReader::want(qsizetype value)
     m_wanted.append(value);
 }
 
-void ValueReader::send()
+void DriveReader::send()
 {
     if (!m_map)
         return;
@@ -48,7 +48,7 @@ void ValueReader::send()
         request(block);
 }
 
-void ValueReader::request(const BlockPlan::Block &block)
+void DriveReader::request(const BlockPlan::Block &block)
 {
     milliseconds additional {0};
     for (const qsizetype value : block.values)
@@ -56,7 +56,7 @@ void ValueReader::request(const BlockPlan::Block &block)
     m_blocks.insert(m_exchange.read(block.span, additional), block);
 }
 
-void ValueReader::onFinished(quint32 request, const OnlineAnswer &answer)
+void DriveReader::onFinished(quint32 request, const OnlineAnswer &answer)
 {
     const auto found = m_blocks.constFind(request);
     if (found == m_blocks.cend())

@@ -1,0 +1,181 @@
+#include "apps/online/DriveWriter.h"
+
+#include "apps/online/BlockPlan.h"
+#include "apps/online/ContainerValues.h"
+#include "apps/online/RegisterBytes.h"
+#include "apps/online/RegisterMap.h"
+#include "apps/online/RequestExchange.h"
+
+#include <QtCore/QPointer>
+
+#include <utility>
+
+using eKind = OnlineOutcome::eKind;
+
+DriveWriter::DriveWriter(RequestExchange &exchange, ContainerValues &values)
+    : m_exchange(exchange)
+    , m_values(values)
+{
+    connect(&exchange, &RequestExchange::finished, this, &DriveWriter::onFinished);
+}
+
+void DriveWriter::start(const RegisterMap &map)
+{
+    stop();
+    m_map = &map;
+}
+
+QList<qsizetype> DriveWriter::stop()
+{
+    ++m_runs;
+    m_map = nullptr;
+    m_requests.clear();
+    m_lastReadBacks.clear();
+    m_queue.clear();
+    m_turn.clear();
+    return std::exchange(m_pending, {}).keys();
+}
+
+void DriveWriter::write(qsizetype value)
+{
+    const auto found = m_pending.find(value);
+    if (found == m_pending.end())
+        send(value);
+    else if (found->step != eStep::WaitingForItsTurn)
+        found->isToBeRepeated = m_values.nativeText(m_map->values().at(value)) != found->sent;
+}
+
+void DriveWriter::writeInOrder(const QList<qsizetype> &values)
+{
+    for (const qsizetype value : BlockPlan::inOnlineOrder(*m_map, values)) {
+        if (m_pending.contains(value)) {
+            write(value);
+            continue;
+        }
+        m_pending.insert(value, {eStep::WaitingForItsTurn, {}, {}, false});
+        m_queue.push_back(value);
+    }
+    sendNext();
+}
+
+void DriveWriter::sendNext()
+{
+    // What cannot be sent ends at once and asks for the next one.
+    if (m_isSending)
+        return;
+    m_isSending = true;
+    const QPointer<QObject> guard(this);
+    while (m_turn.isEmpty() && !m_queue.empty()) {
+        const quint32 order = m_map->values().at(m_queue.front()).onlineOrder;
+        QList<qsizetype> next;
+        for (; !m_queue.empty() && m_map->values().at(m_queue.front()).onlineOrder == order;
+             m_queue.pop_front())
+            next.append(m_queue.front());
+        m_turn = QSet<qsizetype>(next.cbegin(), next.cend());
+        for (const qsizetype value : std::as_const(next)) {
+            // A listener may end the run.
+            if (m_turn.contains(value))
+                send(value);
+            if (!guard)
+                return;
+        }
+    }
+    m_isSending = false;
+}
+
+void DriveWriter::send(qsizetype value)
+{
+    const MappedValue &mapped = m_map->values().at(value);
+    const QList<quint16> registers = m_values.registers(mapped);
+    if (registers.isEmpty()) {
+        m_pending.remove(value);
+        finish(value,
+            {mapped.place, mapped.addressText, eKind::Lost, {}, {},
+                tr("es gibt den Wert nicht mehr")});
+        return;
+    }
+    m_pending.insert(value, {eStep::Sent, m_values.nativeText(mapped), {}, false});
+    const auto repeat =
+        mapped.isStored ? RequestExchange::eRepeat::Allowed : RequestExchange::eRepeat::Never;
+    m_requests.insert(
+        m_exchange.write(mapped.span, registers, mapped.additionalWriteTime, repeat), value);
+}
+
+void DriveWriter::onFinished(quint32 request, const OnlineAnswer &answer)
+{
+    const auto found = m_requests.constFind(request);
+    if (found == m_requests.cend())
+        return;
+    const qsizetype value = *found;
+    m_requests.erase(found);
+    Pending &pending = m_pending[value];
+    if (pending.step == eStep::ReadBack) {
+        conclude(value, answer);
+        return;
+    }
+    pending.answer = answer;
+    pending.step = eStep::ReadBack;
+    // Also where the drive refused, and where its answer is missing: it tells what arrived.
+    const MappedValue &mapped = m_map->values().at(value);
+    const quint32 number = m_exchange.read(mapped.span, mapped.additionalReadTime);
+    m_requests.insert(number, value);
+    m_lastReadBacks.insert(value, number);
+}
+
+void DriveWriter::conclude(qsizetype value, const OnlineAnswer &answer)
+{
+    if (m_pending.value(value).isToBeRepeated) {
+        send(value);
+        return;
+    }
+    // Listeners may end the run, and the map with it.
+    const MappedValue mapped = m_map->values().at(value);
+    if (answer.kind != OnlineAnswer::eKind::Good || answer.registers.size() != mapped.span.count) {
+        const Pending pending = m_pending.take(value);
+        const bool isRefused = pending.answer.kind == OnlineAnswer::eKind::Refused;
+        finish(value,
+            {mapped.place, mapped.addressText, isRefused ? eKind::Refused : eKind::Lost,
+                pending.sent, {},
+                isRefused ? pending.answer.reason
+                          : tr("nicht zurückgelesen: %1").arg(answer.reason)});
+        return;
+    }
+    const QPointer<QObject> guard(this);
+    const quint32 run = m_runs;
+    const ContainerValues::Adopted adopted = m_values.adopt(mapped,
+        RegisterBytes::valueAt(RegisterBytes::flat(answer.registers), 0, *mapped.type), guard);
+    // A run that was ended has reported the value.
+    if (!guard || m_runs != run)
+        return;
+    const Pending pending = m_pending.take(value);
+    finish(value, outcomeOf(mapped, pending, adopted.text));
+    // A listener has written another value over the one that came back.
+    if (guard && m_runs == run && pending.isToBeRepeated)
+        write(value);
+}
+
+void DriveWriter::finish(qsizetype value, const OnlineOutcome &outcome)
+{
+    const QPointer<QObject> guard(this);
+    const quint32 run = m_runs;
+    Q_EMIT finished(value, outcome);
+    if (guard && m_runs == run && m_turn.remove(value))
+        sendNext();
+}
+
+OnlineOutcome DriveWriter::outcomeOf(
+    const MappedValue &value, const Pending &pending, const QString &kept)
+{
+    OnlineOutcome outcome {
+        value.place, value.addressText, eKind::Written, pending.sent, kept, pending.answer.reason};
+    const bool isSame = ContainerValues::isSame(value, outcome.sent, outcome.kept);
+    if (pending.answer.kind == OnlineAnswer::eKind::Good) {
+        // A command is done when it was taken; what stands there afterwards is the drive's news.
+        outcome.kind = isSame || !value.isStored ? eKind::Written : eKind::Altered;
+    } else if (pending.answer.kind == OnlineAnswer::eKind::Lost) {
+        outcome.kind = isSame ? eKind::Written : eKind::Lost;
+    } else {
+        outcome.kind = eKind::Refused;
+    }
+    return outcome;
+}

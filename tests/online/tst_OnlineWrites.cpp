@@ -1,0 +1,311 @@
+#include "tests/online/OnlineStand.h"
+
+#include <KrParameterInstance/ActionParameter.h>
+#include <KrParameterInstance/ParameterSetup.h>
+
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+
+using eKind = OnlineAnswer::eKind;
+
+class tst_OnlineWrites : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void writesWhatChanges();
+    void writesTheLastOfSeveralChanges();
+    void reportsWhatTheDriveMadeOfIt();
+    void reportsWhatTheDriveRefuses();
+    void repeatsALostWrite();
+    void findsALostWriteThatArrived();
+    void neverRepeatsACommand();
+    void sendsACommandOnceThoughItIsAskedForTwice();
+    void writesNoValueThatIsOnlyRead();
+    void storesNoOlderReadOverAWrite();
+    void downloadsSettingsInOrder();
+    void keepsTheOrderThroughRepetitions();
+    void readsNothingOverWhatWaitsForItsTurn();
+    void runsAnAction();
+};
+
+void tst_OnlineWrites::writesWhatChanges()
+{
+    OnlineStand s;
+    s.beOnline();
+    s.write("2.B01", "-7");
+    QCOMPARE(s.link->sent.size(), 1);
+    QCOMPARE(s.link->sent.at(0).span, (RegisterSpan {3, 16, 1}));
+    QCOMPARE(s.link->sent.at(0).registers, QList<quint16> {0xFFF9});
+    s.link->answer(s.link->take());
+    QVERIFY(s.link->sent.at(0).isRead());
+    s.link->answer(s.link->take());
+    QCOMPARE(s.take(), texts({"2.B01: geschrieben"}));
+    QVERIFY(s.link->sent.isEmpty());
+}
+
+void tst_OnlineWrites::writesTheLastOfSeveralChanges()
+{
+    OnlineStand s;
+    s.beOnline();
+    s.write("1.B01", "1");
+    s.write("1.B01", "2");
+    s.write("1.B01", "3");
+    QCOMPARE(s.link->sent.size(), 1);
+    s.settle();
+    QCOMPARE(s.registerAt("1.B01"), quint16(3));
+    QCOMPARE(s.native("1.B01"), QStringLiteral("3"));
+    QCOMPARE(s.take(), texts({"1.B01: geschrieben"}));
+}
+
+void tst_OnlineWrites::reportsWhatTheDriveMadeOfIt()
+{
+    OnlineStand s;
+    s.beOnline();
+    s.write("1.B01", "90");
+    s.link->answer(s.link->take());
+    s.registerAt("1.B01") = 80;
+    s.link->answerAll();
+    QCOMPARE(s.take(), texts({"1.B01: geschrieben wurde \"90\", der Antrieb hat \"80\""}));
+    QCOMPARE(s.native("1.B01"), QStringLiteral("80"));
+    // A text that the registers cut.
+    s.container.writeValueNative(eLivingSpace::Global, at("A03"), 0, QStringLiteral("abcdefghij"));
+    s.settle();
+    QCOMPARE(
+        s.take(), texts({"A03: geschrieben wurde \"abcdefghij\", der Antrieb hat \"abcdefgh\""}));
+    QCOMPARE(s.native("A03"), QStringLiteral("abcdefgh"));
+}
+
+void tst_OnlineWrites::reportsWhatTheDriveRefuses()
+{
+    OnlineStand s;
+    s.beOnline();
+    s.write("1.B01", "90");
+    s.link->answer(s.link->take(), eKind::Refused);
+    s.settle();
+    QCOMPARE(s.take(), texts({"1.B01: abgelehnt - reason"}));
+    QCOMPARE(s.native("1.B01"), QStringLiteral("5"));
+    QVERIFY(s.link->sent.isEmpty());
+}
+
+void tst_OnlineWrites::repeatsALostWrite()
+{
+    OnlineStand s;
+    s.beOnline();
+    s.write("1.B01", "90");
+    s.link->take();
+    s.clock->advance(500);
+    s.clock->advance(50);
+    QCOMPARE(s.link->sent.size(), 1);
+    QVERIFY(!s.link->sent.at(0).isRead());
+    s.settle();
+    QCOMPARE(s.take(), texts({"1.B01: geschrieben"}));
+    QCOMPARE(s.registerAt("1.B01"), quint16(90));
+}
+
+void tst_OnlineWrites::findsALostWriteThatArrived()
+{
+    for (const bool hasArrived : {true, false}) {
+        OnlineStand s;
+        s.beOnline();
+        s.write("1.B01", "90");
+        s.link->take();
+        // Something else is answered meanwhile, so that the drive does not count as vanished.
+        s.clock->advance(520);
+        s.write("2.B01", "1");
+        s.settle();
+        s.clock->advance(30);
+        s.link->take();
+        s.clock->advance(500);
+        if (hasArrived)
+            s.registerAt("1.B01") = 90;
+        s.settle();
+        QCOMPARE(s.take(),
+            hasArrived ? texts({"2.B01: geschrieben", "1.B01: geschrieben"})
+                       : texts({"2.B01: geschrieben", "1.B01: verloren - keine Antwort"}));
+        QCOMPARE(s.native("1.B01"), hasArrived ? QStringLiteral("90") : QStringLiteral("5"));
+    }
+}
+
+void tst_OnlineWrites::neverRepeatsACommand()
+{
+    OnlineStand s;
+    s.beOnline();
+    s.write("A04", "1");
+    s.link->take();
+    // Its write has 300 ms more than others.
+    s.clock->advance(799);
+    QVERIFY(s.link->sent.isEmpty());
+    s.clock->advance(1);
+    QCOMPARE(s.link->sent.size(), 1);
+    QVERIFY(s.link->sent.at(0).isRead());
+    s.settle();
+    QCOMPARE(s.take(), texts({"A04: verloren - keine Antwort"}));
+    QCOMPARE(s.native("A04"), QStringLiteral("0"));
+    // One that was taken is done, whatever stands there afterwards.
+    s.write("A04", "1");
+    s.link->answer(s.link->take());
+    s.registerAt("A04") = 0;
+    s.settle();
+    QCOMPARE(s.take(), texts({"A04: geschrieben"}));
+}
+
+void tst_OnlineWrites::sendsACommandOnceThoughItIsAskedForTwice()
+{
+    OnlineStand s;
+    s.beOnline();
+    s.write("A04", "1");
+    QVERIFY(s.session->writeValues({{at("A04"), eLivingSpace::Global, 0}}));
+    int writes = 0;
+    while (!s.link->sent.isEmpty()) {
+        const FakeLink::Sent request = s.link->take();
+        writes += request.isRead() ? 0 : 1;
+        s.link->answer(request);
+    }
+    QCOMPARE(writes, 1);
+    QCOMPARE(s.take(), texts({"A04: geschrieben", "1 Werte: 1 geschrieben"}));
+    // A value that went back to what is on its way is there already.
+    s.write("1.B01", "1");
+    s.write("1.B01", "2");
+    s.write("1.B01", "1");
+    s.link->answer(s.link->take());
+    s.link->answer(s.link->take());
+    QVERIFY(s.link->sent.isEmpty());
+    QCOMPARE(s.take(), texts({"1.B01: geschrieben"}));
+}
+
+void tst_OnlineWrites::writesNoValueThatIsOnlyRead()
+{
+    OnlineStand s;
+    s.beOnline();
+    s.container.writeValueNative(eLivingSpace::Axis1, at("B02"), 0, QStringLiteral("99"));
+    s.settle();
+    QVERIFY(s.log.isEmpty());
+    QCOMPARE(s.registerAt("1.B02"), quint16(0xFFFF));
+}
+
+void tst_OnlineWrites::storesNoOlderReadOverAWrite()
+{
+    OnlineStand s;
+    s.beOnline();
+    s.session->readValues({{at("B01"), eLivingSpace::Axis1, 0}});
+    s.turn();
+    const FakeLink::Sent read = s.link->take();
+    s.write("1.B01", "90");
+    const FakeLink::Sent write = s.link->take();
+    const OnlineAnswer old {eKind::Good, {5}, {}};
+    // While the write is under way ...
+    Q_EMIT s.link->answered(read.ticket, old);
+    QCOMPARE(s.native("1.B01"), QStringLiteral("90"));
+    s.link->answer(write);
+    s.settle();
+    QCOMPARE(s.native("1.B01"), QStringLiteral("90"));
+    QCOMPARE(
+        s.take(), texts({"1.B01: unverändert", "1 Werte: 1 unverändert", "1.B01: geschrieben"}));
+
+    // ... and when it is done already.
+    s.session->readValues({{at("B01"), eLivingSpace::Axis1, 0}});
+    s.turn();
+    const FakeLink::Sent late = s.link->take();
+    s.write("1.B01", "91");
+    s.settle();
+    Q_EMIT s.link->answered(late.ticket, old);
+    QCOMPARE(s.native("1.B01"), QStringLiteral("91"));
+}
+
+void tst_OnlineWrites::downloadsSettingsInOrder()
+{
+    OnlineStand s;
+    s.beOnline();
+    for (QList<quint16> &unit : s.link->memory) {
+        for (qsizetype i = 16; i < unit.size(); ++i)
+            unit[i] = 0;
+    }
+    QVERIFY(s.session->download());
+    QStringList writes;
+    while (!s.link->sent.isEmpty()) {
+        const FakeLink::Sent request = s.link->take();
+        if (!request.isRead())
+            writes.append(QStringLiteral("%1:%2").arg(request.span.unit).arg(request.span.first));
+        s.link->answer(request);
+    }
+    QCOMPARE(writes, texts({"1:17", "1:16", "1:19", "2:16", "3:16"}));
+    QCOMPARE(s.log.constLast(), QStringLiteral("5 Werte: 5 geschrieben"));
+    QCOMPARE(s.registerAt("A03"), quint16(0x6162));
+    QCOMPARE(s.registerAt("1.B02"), quint16(0));
+}
+
+void tst_OnlineWrites::keepsTheOrderThroughRepetitions()
+{
+    OnlineStand s;
+    s.beOnline();
+    QVERIFY(s.session->download());
+    // A02 has to come first: nothing goes past it while it pauses.
+    QCOMPARE(s.link->sent.size(), 1);
+    s.link->answer(s.link->take(), eKind::Busy);
+    QVERIFY(s.link->sent.isEmpty());
+    s.clock->advance(50);
+    QCOMPARE(s.link->sent.size(), 1);
+    QCOMPARE(s.link->sent.at(0).span, (RegisterSpan {1, 17, 2}));
+    s.link->answer(s.link->take());
+    // Not even while it is read back.
+    QCOMPARE(s.link->sent.size(), 1);
+    QVERIFY(s.link->sent.at(0).isRead());
+    s.link->answer(s.link->take());
+    QCOMPARE(s.link->sent.size(), 1);
+    QCOMPARE(s.link->sent.at(0).span, (RegisterSpan {1, 16, 1}));
+    s.link->answerAll();
+    QCOMPARE(s.log.constLast(), QStringLiteral("5 Werte: 5 geschrieben"));
+    // Where everything is gone, everything ends.
+    QVERIFY(s.session->download());
+    s.container.clear();
+    s.link->answerAll();
+    QVERIFY(!s.session->isTransferring());
+    QVERIFY(s.session->download());
+    QVERIFY(!s.session->isTransferring());
+    QCOMPARE(s.log.constLast(), QStringLiteral("5 Werte: 5 verloren"));
+}
+
+void tst_OnlineWrites::readsNothingOverWhatWaitsForItsTurn()
+{
+    OnlineStand s;
+    s.beOnline();
+    s.write("1.B01", "9");
+    s.settle();
+    s.registerAt("1.B01") = 3;
+    s.container.parameterSetup(at("B01"))->setParameterNeedsConsistence(
+        eLivingSpace::Axis1, 0, true);
+    QVERIFY(s.session->download());
+    s.turn();
+    // The cyclic read is answered while the download is at its first value.
+    QCOMPARE(s.link->sent.size(), 2);
+    s.link->answer(s.link->sent.takeLast());
+    QCOMPARE(s.native("1.B01"), QStringLiteral("9"));
+    s.link->answerAll();
+    QCOMPARE(s.registerAt("1.B01"), quint16(9));
+}
+
+void tst_OnlineWrites::runsAnAction()
+{
+    OnlineStand s;
+    s.beOnline();
+    const std::unique_ptr<ActionParameter> action(
+        s.container.createAction(QStringLiteral("C01"), eLivingSpace::Axis1));
+    const QSignalSpy progress(action.get(), &ActionParameter::progressChanged);
+    s.settle();
+    QVERIFY(action->start());
+    s.settle();
+    QVERIFY(!action->isIdle());
+    QCOMPARE(s.registerAt("1.C01[0]"), quint16(1));
+    s.registerAt("1.C01[1]") = 40;
+    s.clock->advance(100);
+    s.link->answerAll();
+    QCOMPARE(progress.size(), 1);
+    QCOMPARE(progress.at(0).at(0).toInt(), 40);
+    s.registerAt("1.C01[0]") = 0;
+    s.clock->advance(100);
+    s.link->answerAll();
+    QVERIFY(action->isIdle());
+}
+
+QTEST_GUILESS_MAIN(tst_OnlineWrites)
+#include "tst_OnlineWrites.moc"
