@@ -5,6 +5,7 @@
 #include "instance/HidingState.h"
 #include "instance/ScalingInformation.h"
 #include "instance/SectionOverrides.h"
+#include "value/NumberText.h"
 #include "value/RunningFunctions.h"
 
 #include <KrLocator/Locator.h>
@@ -493,6 +494,11 @@ QString CoordinateInstanceSet::attribute(
         return overrideTag(eParameterProperty::ReadLevel);
     if (key == QLatin1String("WriteLevelChangeTag"))
         return overrideTag(eParameterProperty::WriteLevel);
+    const QLatin1StringView anyOverride("PropertyChangeTag_");
+    if (key.startsWith(anyOverride)) {
+        const auto number = NumberText::toUnsigned(QStringView(key).sliced(anyOverride.size()));
+        return number ? overrideTag(eParameterProperty(quint32(*number))) : QString();
+    }
 
     const auto factor = [&](eParameterProperty property) {
         return double(m_properties.read(element, property).asFloat());

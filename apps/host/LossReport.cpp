@@ -66,13 +66,13 @@ public:
         if (livingSpace != m_parameter.livingSpaces().constFirst()
             || (element > 0 && !m_parameter.isRecordParameter()))
             return;
-        take(LossReport::eText::Property, tag(QStringLiteral("ReadLevelChangeTag")));
-        take(LossReport::eText::Property, tag(QStringLiteral("WriteLevelChangeTag")));
         for (quint32 number = 0; number < DefinitionPropertyEnd; ++number) {
             const auto property = eParameterProperty(number);
             if (m_parameter.hasPropertyOverride(element, property)) {
                 take(LossReport::eText::Property,
                     propertyText(m_parameter.elementProperty(element, property)));
+                take(LossReport::eText::Property,
+                    tag(QStringLiteral("PropertyChangeTag_%1").arg(number)));
             }
         }
     }

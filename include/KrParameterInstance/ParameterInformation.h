@@ -77,7 +77,8 @@ public:
     virtual QStringList sortedChangeTagList() const = 0;
     /// Keys "ScalingInformationNative", "ScalingInformationFieldbusNative",
     /// "ScalingInformationFieldbusScaled", "ValueChangeTag", "DefaultValueChangeTag",
-    /// "ReadLevelChangeTag", "WriteLevelChangeTag"; another key gives an empty text.
+    /// "ReadLevelChangeTag", "WriteLevelChangeTag", and "PropertyChangeTag_<number>" for the tag of
+    /// any property that is overridden; another key gives an empty text.
     virtual QString attribute(
         eLivingSpace livingSpace, quint16 element, const QString &key) const = 0;
     /// The display text. Offline, a value of write level 6 and above is masked as "<offline>", for a

@@ -62,6 +62,16 @@ void tst_LossReport::overridesAndTheirTags()
         QStringLiteral(
             "Parameter E30[2]: Eigenschaft \"→\" enthält Zeichen, die Latin-1 nicht kennt\n")
             .repeated(2));
+    container.setParameterChangeTag(QStringLiteral("a"));
+    parameter->setProperty(2, eParameterProperty::ReadLevel, ParameterProperty(quint32(2)));
+    parameter->setProperty(2, eParameterProperty::WriteLevel, ParameterProperty(quint32(4)));
+    QVERIFY(LossReport::of(container).isEmpty());
+    container.setParameterChangeTag(QStringLiteral("€"));
+    parameter->setProperty(
+        2, eParameterProperty::LowerLimitValue, ParameterProperty(QStringLiteral("-1")));
+    QCOMPARE(LossReport::of(container).toText(),
+        QStringLiteral(
+            "Parameter E30[2]: Eigenschaft \"€\" enthält Zeichen, die Latin-1 nicht kennt\n"));
 }
 
 void tst_LossReport::boundary()

@@ -485,6 +485,11 @@ void tst_CoordinateInstanceSetQueries::levelTagAttributes()
     QCOMPARE(set->attribute(Axis1, 0, u"ReadLevelChangeTag"_s), u"lesen"_s);
     QCOMPARE(set->attribute(Axis1, 0, u"WriteLevelChangeTag"_s), u"schreiben"_s);
     QCOMPARE(set->attribute(Axis1, 0, u"ValueChangeTag"_s), QString());
+    QCOMPARE(set->attribute(Axis1, 0, u"PropertyChangeTag_5"_s), u"lesen"_s);
+    QCOMPARE(set->attribute(Axis1, 0, u"PropertyChangeTag_6"_s), u"schreiben"_s);
+    for (const QString &key : {u"PropertyChangeTag_8"_s, u"PropertyChangeTag_"_s,
+             u"PropertyChangeTag_x"_s, u"PropertyChangeTag_99999999999"_s})
+        QCOMPARE(set->attribute(Axis1, 0, key), QString());
 }
 
 void tst_CoordinateInstanceSetQueries::scalingAttributes_data()
