@@ -22,12 +22,13 @@ bool areDifferent(const SnapshotValue &a, const SnapshotValue &b)
 {
     const SnapshotUnits &units = unitsOf(a);
     const SnapshotUnits &otherUnits = unitsOf(b);
-    const bool hasSameNativeUnit = units.native == otherUnits.native;
-    if (hasSameNativeUnit && (shareNativeText(a, b) || a.native == b.native))
+    const bool hasSameNative = units.native == otherUnits.native
+        ? shareNativeText(a, b) || a.native == b.native
+        : a.nativeWithUnit() == b.nativeWithUnit();
+    if (hasSameNative)
         return false;
-    if (a.display == b.display && units.scaled == otherUnits.scaled)
-        return false;
-    return a.displayWithUnit() != b.displayWithUnit() && a.nativeWithUnit() != b.nativeWithUnit();
+    return units.scaled == otherUnits.scaled ? a.display != b.display
+                                             : a.displayWithUnit() != b.displayWithUnit();
 }
 
 /// In one living space.

@@ -38,6 +38,15 @@ void appendEscaped(QString &html, const QString &text)
     html.append(QStringView(text).mid(begin));
 }
 
+void appendCell(QString &html, const SnapshotCell &cell)
+{
+    appendEscaped(html, cell.display);
+    if (cell.unit.isEmpty())
+        return;
+    html.append(QLatin1Char(' '));
+    appendEscaped(html, cell.unit);
+}
+
 /// Titles of rows are HTML but in the safe form.
 void appendTitle(QString &html, const QString &title, eForm form)
 {
@@ -87,7 +96,7 @@ void appendRow(QString &html, const SnapshotRow &row, int depth, qsizetype colum
     for (qsizetype column = 1; column < columnCount; ++column) {
         html.append(QLatin1StringView("<td>"));
         if (column <= row.cells.size())
-            appendEscaped(html, row.cells.at(column - 1).text);
+            appendCell(html, row.cells.at(column - 1));
         html.append(QLatin1StringView("</td>\n"));
     }
     html.append(QLatin1StringView("</tr>"));

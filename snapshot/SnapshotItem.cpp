@@ -21,5 +21,5 @@ QVariant SnapshotItem::data(int column, int role) const
 
 QVariant SnapshotItem::cellData(const SnapshotCell &cell, int role) const
 {
-    return role == Qt::DisplayRole ? cell.text : cell.undecorated;
+    return role == Qt::DisplayRole ? cell.text() : cell.undecorated();
 }

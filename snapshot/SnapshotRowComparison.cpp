@@ -4,11 +4,16 @@
 
 namespace {
 
+/// Texts are put together with their units only where the units differ.
+bool areEqual(const SnapshotCell &a, const SnapshotCell &b)
+{
+    return a.unit == b.unit ? a.plain == b.plain : a.undecorated() == b.undecorated();
+}
+
 bool isEqualInAllColumns(const SnapshotRow &row)
 {
-    return std::all_of(row.cells.cbegin(), row.cells.cend(), [&](const SnapshotCell &cell) {
-        return cell.undecorated == row.cells.first().undecorated;
-    });
+    return std::all_of(row.cells.cbegin(), row.cells.cend(),
+        [&](const SnapshotCell &cell) { return areEqual(cell, row.cells.first()); });
 }
 
 void hideIfEqual(SnapshotRow &row)

@@ -1,5 +1,7 @@
 #include "snapshot/SnapshotRowModel.h"
 
+#include "snapshot/ParameterValueSnapshotPrivate.h"
+
 #include <KrParameterInstance/ParameterContainer.h>
 #include <KrParameterInstance/ParameterInformation.h>
 #include <KrParameterInstance/ParameterValueSnapshot.h>
@@ -75,10 +77,18 @@ SnapshotCell missingCell()
     return {ParameterValueSnapshotWidget::tr("<nicht vorhanden>"), QString(), true};
 }
 
-SnapshotCell valueCell(ParameterValueSnapshot *snapshot, const SnapshotRow &row)
+SnapshotCell valueCell(const SnapshotRecord &record, const SnapshotRow &row)
 {
-    return {snapshot->value(row.livingSpace, row.coordinate, row.element, true),
-        snapshot->undecoratedValue(row.livingSpace, row.coordinate, row.element, true), false};
+    const SnapshotValue &value = record.value(row.livingSpace, row.element);
+    return {value.display, value.undecorated, false, value.scaledUnit()};
+}
+
+/// The content, in which a parameter is looked up once for all that a row asks.
+const ParameterValueSnapshotPrivate *contentOf(const ParameterValueSnapshot *snapshot)
+{
+    return snapshot ? snapshot->findChild<const ParameterValueSnapshotPrivate *>(
+               QString(), Qt::FindDirectChildrenOnly)
+                    : nullptr;
 }
 
 /// Null where the snapshot is no longer connected or its container lacks the parameter.
@@ -104,6 +114,9 @@ SnapshotRowModel::SnapshotRowModel(
     : m_snapshots(snapshots)
     , m_accessLevel(accessLevel)
 {
+    m_contents.reserve(snapshots.size());
+    for (const ParameterValueSnapshot *snapshot : snapshots)
+        m_contents.append(contentOf(snapshot));
 }
 
 QList<ParameterCoordinate> SnapshotRowModel::coordinates() const
@@ -190,14 +203,13 @@ QList<SnapshotRowModel::Holding> SnapshotRowModel::holdingsOf(
     const ParameterCoordinate &coordinate) const
 {
     QList<Holding> result;
-    result.reserve(m_snapshots.size());
-    for (ParameterValueSnapshot *snapshot : m_snapshots) {
+    result.reserve(m_contents.size());
+    for (const ParameterValueSnapshotPrivate *content : m_contents) {
         Holding holding;
-        holding.snapshot = snapshot;
-        if (snapshot) {
-            holding.livingSpaces = snapshot->livingSpaces(coordinate);
-            holding.elements = snapshot->elements(coordinate);
-            holding.isFirstReadable = isReadable(snapshot, coordinate, 0);
+        holding.record = content ? content->record(coordinate) : nullptr;
+        if (holding.record) {
+            holding.livingSpaces = holding.record->layout().livingSpaces;
+            holding.elements = holding.record->layout().elements;
         }
         result.append(std::move(holding));
     }
@@ -205,17 +217,17 @@ QList<SnapshotRowModel::Holding> SnapshotRowModel::holdingsOf(
 }
 
 QList<SnapshotCell> SnapshotRowModel::parameterCells(
-    const SnapshotRow &row, const QList<Holding> &holdings)
+    const SnapshotRow &row, const QList<Holding> &holdings) const
 {
     QList<SnapshotCell> cells;
     cells.reserve(holdings.size());
     for (const Holding &holding : holdings) {
-        if (!holding.isFirstReadable)
+        if (!isReadable(holding, 0))
             cells.append(SnapshotCell());
         else if (!holds(holding.livingSpaces, row.livingSpace))
             cells.append(missingCell());
         else
-            cells.append(valueCell(holding.snapshot, row));
+            cells.append(valueCell(*holding.record, row));
     }
     return cells;
 }
@@ -226,20 +238,19 @@ QList<SnapshotCell> SnapshotRowModel::elementCells(
     QList<SnapshotCell> cells;
     cells.reserve(holdings.size());
     for (const Holding &holding : holdings) {
-        if (holding.snapshot && !isReadable(holding.snapshot, row.coordinate, row.element))
+        if (!isReadable(holding, row.element))
             cells.append(SnapshotCell());
         else if (!holds(holding.elements, row.element))
             cells.append(missingCell());
         else
-            cells.append(valueCell(holding.snapshot, row));
+            cells.append(valueCell(*holding.record, row));
     }
     return cells;
 }
 
-bool SnapshotRowModel::isReadable(const ParameterValueSnapshot *snapshot,
-    const ParameterCoordinate &coordinate, quint16 element) const
+bool SnapshotRowModel::isReadable(const Holding &holding, quint16 element) const
 {
-    return snapshot->elementReadLevel(coordinate, element) <= m_accessLevel;
+    return !holding.record || holding.record->elementReadLevel(element) <= m_accessLevel;
 }
 
 /// The living container knows the name in the active language; the first snapshot keeps the one of

@@ -6,6 +6,8 @@
 #include <QtCore/QString>
 
 class ParameterValueSnapshot;
+class ParameterValueSnapshotPrivate;
+class SnapshotRecord;
 
 /// Makes the rows that show snapshots side by side.
 class SnapshotRowModel {
@@ -22,12 +24,10 @@ public:
 private:
     /// What a snapshot has of one parameter.
     struct Holding {
-        /// Null for one that is gone, which has nothing.
-        ParameterValueSnapshot *snapshot = nullptr;
         QList<eLivingSpace> livingSpaces;
         QList<quint16> elements;
-        /// Whether the user may read the value of a parameter that has but one element.
-        bool isFirstReadable = true;
+        /// Null where it lacks the parameter, and for a snapshot that is gone.
+        const SnapshotRecord *record = nullptr;
     };
 
     /// One for each living space, ascending.
@@ -35,14 +35,16 @@ private:
     QList<SnapshotRow> elementRows(const SnapshotRow &parent, const QString &place,
         const QList<quint16> &elements, const QList<Holding> &holdings) const;
     QList<Holding> holdingsOf(const ParameterCoordinate &coordinate) const;
-    static QList<SnapshotCell> parameterCells(
-        const SnapshotRow &row, const QList<Holding> &holdings);
+    QList<SnapshotCell> parameterCells(
+        const SnapshotRow &row, const QList<Holding> &holdings) const;
     QList<SnapshotCell> elementCells(const SnapshotRow &row, const QList<Holding> &holdings) const;
-    bool isReadable(const ParameterValueSnapshot *snapshot, const ParameterCoordinate &coordinate,
-        quint16 element) const;
+    /// What a snapshot lacks has no level.
+    bool isReadable(const Holding &holding, quint16 element) const;
     QString parameterName(const ParameterCoordinate &coordinate) const;
     QString elementName(const ParameterCoordinate &coordinate, quint16 element) const;
 
     QList<ParameterValueSnapshot *> m_snapshots;
+    /// Theirs; null for one that is gone.
+    QList<const ParameterValueSnapshotPrivate *> m_contents;
     quint32 m_accessLevel;
 };

@@ -247,6 +247,14 @@
         <source>--drive nimmt Adresse und Anschluss, zum Beispiel 10.0.0.7:502</source>
         <translation>--drive takes address and port, for example 10.0.0.7:502</translation>
     </message>
+    <message>
+        <source>anderes Gerät, dessen Defaultwerte im Vergleich vorn stehen</source>
+        <translation>another device, whose defaults stand first in the comparison</translation>
+    </message>
+    <message>
+        <source>--earlier braucht --device</source>
+        <translation>--earlier needs --device</translation>
+    </message>
 </context>
 <context>
     <name>DeskSession</name>
@@ -417,6 +425,13 @@
     <message>
         <source>%1 Hersteller</source>
         <translation>%1 maker</translation>
+    </message>
+</context>
+<context>
+    <name>SessionCommands</name>
+    <message>
+        <source>Snapshot aufnehmen</source>
+        <translation>Take snapshot</translation>
     </message>
 </context>
 <context>

@@ -3,6 +3,8 @@
 #include <KrParameterInstance/ParameterContainer.h>
 #include <KrParameterInstance/ParameterInformation.h>
 
+#include <utility>
+
 ChangeRecorder::ChangeRecorder(ParameterContainer &container)
     : m_container(&container)
 {

@@ -68,6 +68,7 @@ Parser::Parser()
     add("device", tr("Gerätebeschreibung, oder der Name einer mitgelieferten"), tr("DATEI"));
     add("project", tr("Projektordner; ohne ihn gelten die Defaultwerte"), tr("ORDNER"));
     add("drive", tr("Antrieb, mit dem F9 verbindet; ohne Anschluss 502"), tr("ADRESSE:ANSCHLUSS"));
+    add("earlier", tr("anderes Gerät, dessen Defaultwerte im Vergleich vorn stehen"), tr("DATEI"));
     add("lang", tr("Sprache der Texte"), QStringLiteral("de|en"));
     add("access-level", tr("Zugriffsstufe von 0 (Bediener) bis 6 (Hersteller)"),
         QStringLiteral("N"));
@@ -90,6 +91,7 @@ QString Parser::readInto(DeskOptions &options) const
 {
     options.device = value("device");
     options.project = value("project");
+    options.earlierDevice = value("earlier");
     options.language = value("lang");
     options.screenshotFile = value("screenshot");
     options.searchedText = value("search");
@@ -102,6 +104,8 @@ QString Parser::readInto(DeskOptions &options) const
         if (!options.drive)
             return tr("--drive nimmt Adresse und Anschluss, zum Beispiel 10.0.0.7:502");
     }
+    if (!options.earlierDevice.isEmpty() && options.device.isEmpty())
+        return tr("--earlier braucht --device");
     if (isSet("lang") && !isLanguage(options.language))
         return tr("--lang nimmt de oder en");
     if (isSet("access-level")) {

@@ -34,6 +34,8 @@ public:
     QString device;
     QString project;
     std::optional<DriveAddress> drive;
+    /// The description of another device whose defaults stand first in the comparison; empty: none.
+    QString earlierDevice;
     /// Empty: as it was left.
     QString language;
     std::optional<quint32> accessLevel;

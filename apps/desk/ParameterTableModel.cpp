@@ -8,6 +8,7 @@
 #include <KrParameterInstance/ParameterInformation.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 

@@ -7,6 +7,8 @@
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QHeaderView>
 
+#include <utility>
+
 namespace {
 
 /// In widths of the letter "x".
@@ -39,7 +41,7 @@ ParameterTableView::ParameterTableView(ParameterTableModel &model, QWidget *pare
         &model, &ParameterTableModel::writeAnswered, this, &ParameterTableView::onWriteAnswered);
     connect(m_delegate, &ValueDelegate::typed, m_note, &QWidget::hide);
     connect(&model, &QAbstractItemModel::modelReset, m_note, &QWidget::hide);
-    connect(&model, &QAbstractItemModel::layoutChanged, m_note, &QWidget::hide);
+    connect(&model, &QAbstractItemModel::layoutChanged, this, &ParameterTableView::moveNote);
 }
 
 void ParameterTableView::goTo(const QModelIndex &index)
@@ -113,8 +115,19 @@ void ParameterTableView::onWriteAnswered(
     const QModelIndex &index, bool isAccepted, const QString &message)
 {
     m_hasCorrection = isAccepted && !message.isEmpty() && index.isValid();
+    m_noted = index;
     if (message.isEmpty() || !index.isValid())
         m_note->hide();
     else
         m_note->showBeside(visualRect(index), message);
+}
+
+/// A write may move its own row, or hide it.
+void ParameterTableView::moveNote()
+{
+    const QRect field = m_noted.isValid() ? visualRect(m_noted) : QRect();
+    if (m_note->isVisible() && viewport()->rect().intersects(field))
+        m_note->showBeside(field, m_note->text());
+    else
+        m_note->hide();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QPersistentModelIndex>
 #include <QtWidgets/QTableView>
 
 class ParameterTableModel;
@@ -28,10 +29,13 @@ protected:
 
 private:
     void editFrom(int row, int step);
+    void moveNote();
     void onWriteAnswered(const QModelIndex &index, bool isAccepted, const QString &message);
 
     ValueDelegate *m_delegate;
     RejectionNote *m_note;
+    /// Of which the note tells.
+    QPersistentModelIndex m_noted;
     /// The note says what was corrected: it outlives the editor.
     bool m_hasCorrection = false;
 };

@@ -35,14 +35,16 @@ QString Screenshot::prepare()
 {
     DriveProject *project = m_window.session().project();
     const bool compares = m_options.page == DeskOptions::ePage::Comparison && project;
-    if (compares)
+    const bool hasEarlier = m_window.snapshots().rowCount() > 0;
+    if (compares && !hasEarlier)
         m_window.snapshots().take(project->container(), tr("Vorher"));
     for (const auto &[address, text] : m_options.writes) {
         if (const QString problem = write(address, text); !problem.isEmpty())
             return problem;
     }
     if (compares) {
-        m_window.snapshots().take(project->container(), tr("Nachher"));
+        m_window.snapshots().take(
+            project->container(), hasEarlier ? m_window.session().deviceName() : tr("Nachher"));
         m_window.showComparison();
     }
     m_window.selectors().searchField()->setText(m_options.searchedText);

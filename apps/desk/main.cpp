@@ -2,6 +2,7 @@
 #include "apps/desk/DeskWindow.h"
 #include "apps/desk/Screenshot.h"
 #include "apps/desk/WindowDialogs.h"
+#include "apps/host/DriveProject.h"
 #include "apps/host/ShippedDescriptions.h"
 
 #include <KrSystem/System.h>
@@ -28,12 +29,22 @@ int fail(int code, const QString &reason)
     return code;
 }
 
+bool openDevice(DeskWindow &window, const QString &device)
+{
+    const QString shipped =
+        QFileInfo::exists(device) ? QString() : ShippedDescriptions::filePath(device);
+    return window.session().open(shipped.isEmpty() ? device : shipped);
+}
+
 bool open(DeskWindow &window, const DeskOptions &options)
 {
-    const QString shipped = QFileInfo::exists(options.device)
-        ? QString()
-        : ShippedDescriptions::filePath(options.device);
-    return window.session().open(shipped.isEmpty() ? options.device : shipped)
+    if (!options.earlierDevice.isEmpty()) {
+        if (!openDevice(window, options.earlierDevice))
+            return false;
+        window.snapshots().take(
+            window.session().project()->container(), window.session().deviceName());
+    }
+    return openDevice(window, options.device)
         && (options.project.isEmpty() || window.session().load(options.project));
 }
 

@@ -8,6 +8,7 @@ import csv
 import io
 import json
 import os
+import re
 import resource
 import shutil
 import signal
@@ -15,6 +16,7 @@ import subprocess
 import sys
 import tempfile
 import unittest
+import zlib
 from pathlib import Path
 
 PROGRAM = ""
@@ -562,12 +564,31 @@ class Report(SnapshotTest):
         self.assertGreater(html.count("<td></td>"),
                            self.report(self.a, "--access-level", "6").count("<td></td>"))
 
+    @staticmethod
+    def drawn_letters(pdf):
+        """The page's content draws them one by one; fonts and the like are no content."""
+        count = 0
+        for stream in re.findall(rb"stream\r?\n(.*?)endstream", pdf, re.DOTALL):
+            try:
+                count += len(re.findall(rb"> Tj\b", zlib.decompress(stream)))
+            except zlib.error:
+                pass
+        return count
+
     def test_pdf(self):
         path = self.folder / "report.pdf"
         self.check(Run(*DEVICE, "report", self.a, self.b, "--pdf", path), GOOD, out="")
         pdf = path.read_bytes()
         self.assertTrue(pdf.startswith(b"%PDF-1."))
         self.assertTrue(pdf.rstrip().endswith(b"%%EOF"))
+        # One page, on which every letter of the table is drawn.
+        self.assertEqual(len(re.findall(rb"/Type /Page\b(?!s)", pdf)), 1)
+        texts = ["Änderungen", "Parameter", "a", "b", "1.E30 Geschwindigkeitsfaktor",
+                 "1.E30[1] Zähler", "1", "3", "1.H00 Stromgrenze", "15.500 A", "16.000 A",
+                 "2.H00 Stromgrenze", "12.600 A", "9.000 A"]
+        letters = len("".join(texts).replace(" ", ""))
+        self.assertGreaterEqual(self.drawn_letters(pdf), letters)
+        self.assertLessEqual(self.drawn_letters(pdf), letters + 40)
         self.assertFalse((self.folder / "report.html").exists())
 
     def test_cannot_be_written(self):

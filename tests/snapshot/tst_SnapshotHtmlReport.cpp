@@ -12,6 +12,7 @@ private Q_SLOTS:
     void goldenFile();
     void escaping_data();
     void escaping();
+    void unitOfACell();
     void safeForm();
     void withoutRows();
     void withoutColumns();
@@ -115,6 +116,16 @@ void tst_SnapshotHtmlReport::escaping()
 }
 
 /// Names are escaped; the header is the host's own HTML.
+void tst_SnapshotHtmlReport::unitOfACell()
+{
+    SnapshotRow row;
+    row.cells = {{QStringLiteral("5 < 6"), QStringLiteral("5"), false, QStringLiteral("m&s")},
+        {QString(), QString(), false, QStringLiteral("A")}};
+    const QString html = SnapshotHtmlReport::document(
+        QString(), {QString(), QString(), QString()}, {row}, eForm::Report);
+    QVERIFY(html.contains(QStringLiteral("<td>5 &lt; 6 m&amp;s</td>\n<td> A</td>\n")));
+}
+
 void tst_SnapshotHtmlReport::safeForm()
 {
     const QString script = QStringLiteral("<script>alert(\"1\")</script>");

@@ -10,6 +10,8 @@ private Q_SLOTS:
     void parameter_data();
     void parameter();
     void shownTextPlaysNoPart();
+    void unitIsPartOfTheText_data();
+    void unitIsPartOfTheText();
     void record_data();
     void record();
     void oneColumnHidesNothing();
@@ -61,9 +63,35 @@ void tst_SnapshotRowComparison::parameter()
 void tst_SnapshotRowComparison::shownTextPlaysNoPart()
 {
     SnapshotRow missing = row(QStringLiteral("|"));
-    missing.cells[1].text = QStringLiteral("<nicht vorhanden>");
+    missing.cells[1].display = QStringLiteral("<nicht vorhanden>");
     missing.cells[1].isMissing = true;
     QVERIFY(hidden({missing}, 2).first().isHidden);
+}
+
+void tst_SnapshotRowComparison::unitIsPartOfTheText_data()
+{
+    QTest::addColumn<SnapshotCell>("left");
+    QTest::addColumn<SnapshotCell>("right");
+    QTest::addColumn<bool>("isHidden");
+    const auto cell = [](const char *text, const char *unit) {
+        return SnapshotCell {
+            QString(), QString::fromLatin1(text), false, QString::fromLatin1(unit)};
+    };
+    QTest::newRow("both alike") << cell("1", "A") << cell("1", "A") << true;
+    QTest::newRow("another unit") << cell("1", "A") << cell("1", "mA") << false;
+    QTest::newRow("no unit") << cell("1", "A") << cell("1", "") << false;
+    QTest::newRow("unit in the text") << cell("1", "A") << cell("1 A", "") << true;
+    QTest::newRow("another text") << cell("1", "A") << cell("2", "A") << false;
+}
+
+void tst_SnapshotRowComparison::unitIsPartOfTheText()
+{
+    QFETCH(SnapshotCell, left);
+    QFETCH(SnapshotCell, right);
+    QFETCH(bool, isHidden);
+    SnapshotRow row;
+    row.cells = {left, right};
+    QCOMPARE(hidden({row}, 2).first().isHidden, isHidden);
 }
 
 void tst_SnapshotRowComparison::record_data()

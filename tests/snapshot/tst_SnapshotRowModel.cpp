@@ -35,7 +35,7 @@ void appendTexts(QStringList &texts, const QList<SnapshotRow> &rows, const QStri
     for (const SnapshotRow &row : rows) {
         QString text = indent + row.title;
         for (const SnapshotCell &cell : row.cells)
-            text += QLatin1Char('|') + cell.text;
+            text += QLatin1Char('|') + cell.text();
         texts.append(text);
         appendTexts(texts, row.children, indent + QLatin1Char(' '));
     }
@@ -140,7 +140,7 @@ void tst_SnapshotRowModel::missingParameter()
     const SnapshotRow row = model.rows(model.coordinates()).first();
     QVERIFY(!row.cells.at(0).isMissing);
     QVERIFY(row.cells.at(1).isMissing);
-    QCOMPARE(row.cells.at(1).undecorated, QString());
+    QCOMPARE(row.cells.at(1).undecorated(), QString());
 }
 
 void tst_SnapshotRowModel::missingElement()
@@ -207,8 +207,8 @@ void tst_SnapshotRowModel::undecoratedTexts()
     const auto snapshot = taken(fixture);
     const SnapshotRowModel model({snapshot.get()}, HighLevel);
     const SnapshotCell cell = model.rows(model.coordinates()).first().cells.first();
-    QCOMPARE(cell.text, QStringLiteral("<offline> rpm"));
-    QCOMPARE(cell.undecorated, QStringLiteral("7 rpm"));
+    QCOMPARE(cell.text(), QStringLiteral("<offline> rpm"));
+    QCOMPARE(cell.undecorated(), QStringLiteral("7 rpm"));
     QVERIFY(!cell.isMissing);
 }
 

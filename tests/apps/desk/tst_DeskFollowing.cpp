@@ -38,6 +38,7 @@ private Q_SLOTS:
     void choiceThatTheListLacks();
     void correctionIsTold_data();
     void correctionIsTold();
+    void noteStaysAtItsField();
     void undoTakesBackWhatChangedAlong();
     void noUndoWhileReadOnly();
     void comparisonFollowsTheAccessLevel();
@@ -205,6 +206,31 @@ void tst_DeskFollowing::correctionIsTold()
         QTest::keyClicks(field(), QStringLiteral("1"));
     else
         press(Qt::Key_Up);
+    QVERIFY(!note()->isVisible());
+}
+
+/// Rows above it go while it is shown.
+void tst_DeskFollowing::noteStaysAtItsField()
+{
+    container().writeValueNative(
+        eLivingSpace::Global, place("K01").coordinate, 0, QStringLiteral("101"));
+    const QString refusal =
+        QStringLiteral("Parameter K08: Fehler beim Übernehmen des Werts - Wert \"x\" ist ungültig");
+    m_messages->expect(
+        MessageRecorder::eSeverity::Critical, QStringLiteral("Following drive"), refusal);
+    type("K08", QStringLiteral("x"));
+    const QPersistentModelIndex index = m_window->tableModel().indexOf(place("K08"));
+    const auto distance = [&] {
+        return note()->geometry().top() - m_window->tableView().visualRect(index).bottom();
+    };
+    QCoreApplication::processEvents();
+    QCOMPARE(m_window->tableModel().rowCount(), 8);
+    QCOMPARE(index.row(), 5);
+    QVERIFY(note()->isVisible());
+    QCOMPARE(note()->text(), refusal);
+    QVERIFY(distance() > 0 && distance() < 10);
+    // The row goes, and with it what is told of it.
+    m_window->selectors().searchField()->setText(QStringLiteral("Quelle"));
     QVERIFY(!note()->isVisible());
 }
 

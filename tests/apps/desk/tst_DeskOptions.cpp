@@ -52,12 +52,13 @@ void tst_DeskOptions::nothing()
 void tst_DeskOptions::everything()
 {
     const auto options = read(QStringLiteral(
-        "--device d.json --project p --drive 10.0.0.7:1502 --lang en --access-level 6 --screenshot "
-        "x.png --size 800x600 "
-        "--show comparison --search current --write 1.H00=15 --write A20=a=b --edit H01="));
+        "--device d.json --project p --drive 10.0.0.7:1502 --earlier e.json --lang en "
+        "--access-level 6 --screenshot x.png --size 800x600 --show comparison --search current "
+        "--write 1.H00=15 --write A20=a=b --edit H01="));
     QVERIFY(options);
     QCOMPARE(options->device, QStringLiteral("d.json"));
     QCOMPARE(options->project, QStringLiteral("p"));
+    QCOMPARE(options->earlierDevice, QStringLiteral("e.json"));
     QCOMPARE(options->language, QStringLiteral("en"));
     QVERIFY(options->drive);
     QCOMPARE(options->drive->toText(), QStringLiteral("10.0.0.7:1502"));
@@ -78,6 +79,7 @@ void tst_DeskOptions::refused_data()
     QTest::newRow("an unknown option") << QStringLiteral("--nothing");
     QTest::newRow("a word of its own") << QStringLiteral("two-axis-drive");
     QTest::newRow("a project without device") << QStringLiteral("--project p");
+    QTest::newRow("an earlier device without device") << QStringLiteral("--earlier d");
     QTest::newRow("a language that there is not") << QStringLiteral("--lang fr");
     QTest::newRow("a level above the greatest") << QStringLiteral("--access-level 7");
     QTest::newRow("a level below 0") << QStringLiteral("--access-level -1");

@@ -4,6 +4,8 @@
 #include <QtGui/QImage>
 #include <QtTest/QTest>
 
+#include <algorithm>
+
 /// The program as a process, which needs no screen for a picture.
 class tst_screenshot : public QObject {
     Q_OBJECT
@@ -25,6 +27,43 @@ private:
     QTemporaryDir m_folder;
 };
 
+namespace {
+
+/// Where the rows of table and comparison stand, below the head and left of the list of snapshots;
+/// and the last column of the comparison.
+constexpr QRect Rows(10, 120, 700, 450);
+constexpr QRect LastColumn(646, 120, 300, 450);
+/// Of any text on the background of a row, and of text that is greyed.
+constexpr int LightestText = 215;
+constexpr int DarkestGreyText = 150;
+
+/// The darkest pixel of each row of text: lines of pixels with text, and blank ones between them.
+QList<int> textRows(const QImage &picture, const QRect &area)
+{
+    QList<int> rows;
+    bool wasText = false;
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        int darkest = 255;
+        for (int x = area.left(); x <= area.right(); ++x)
+            darkest = std::min(darkest, qGray(picture.pixel(x, y)));
+        const bool isText = darkest < LightestText;
+        if (isText && !wasText)
+            rows.append(darkest);
+        else if (isText)
+            rows.last() = std::min(rows.last(), darkest);
+        wasText = isText;
+    }
+    return rows;
+}
+
+qsizetype greyCount(const QList<int> &rows)
+{
+    return std::count_if(
+        rows.begin(), rows.end(), [](int darkest) { return darkest >= DarkestGreyText; });
+}
+
+} // namespace
+
 tst_screenshot::Result tst_screenshot::run(const QStringList &words)
 {
     QProcess desk;
@@ -38,21 +77,38 @@ void tst_screenshot::pictures_data()
 {
     QTest::addColumn<QStringList>("words");
     QTest::addColumn<QSize>("size");
-    QTest::newRow("without device") << QStringList() << QSize(1280, 800);
-    QTest::newRow("table in a size of its own") << QStringList {QStringLiteral("--device"),
-        QStringLiteral("two-axis-drive"), QStringLiteral("--size"), QStringLiteral("1000x700"),
-        QStringLiteral("--search"), QStringLiteral("strom"), QStringLiteral("--edit"),
-        QStringLiteral("1.H01=900")} << QSize(1000, 700);
+    QTest::addColumn<int>("leastRows");
+    QTest::addColumn<int>("mostRows");
+    QTest::addColumn<bool>("hasGreyText");
+    QTest::newRow("without device") << QStringList() << QSize(1280, 800) << 0 << 0 << false;
+    QTest::newRow("table") << QStringList {QStringLiteral("--device"),
+        QStringLiteral("two-axis-drive")}
+                           << QSize(1280, 800) << 15 << 25 << false;
+    QTest::newRow("values that another device lacks are grey")
+        << QStringList {QStringLiteral("--device"), QStringLiteral("four-axis-controller"),
+               QStringLiteral("--earlier"), QStringLiteral("two-axis-drive"),
+               QStringLiteral("--show"), QStringLiteral("comparison")}
+        << QSize(1280, 800) << 15 << 25 << true;
+    QTest::newRow("table in a size of its own")
+        << QStringList {QStringLiteral("--device"), QStringLiteral("two-axis-drive"),
+               QStringLiteral("--size"), QStringLiteral("1000x700"), QStringLiteral("--search"),
+               QStringLiteral("strom"), QStringLiteral("--edit"), QStringLiteral("1.H01=900")}
+        << QSize(1000, 700) << 5 << 25 << false;
     QTest::newRow("comparison in English") << QStringList {QStringLiteral("--device"),
         QStringLiteral("four-axis-controller"), QStringLiteral("--lang"), QStringLiteral("en"),
-        QStringLiteral("--show"), QStringLiteral("comparison")}
-                                           << QSize(1280, 800);
+        QStringLiteral("--show"), QStringLiteral("comparison"), QStringLiteral("--write"),
+        QStringLiteral("1.B01=2.4"), QStringLiteral("--write"), QStringLiteral("2.B01=2.4"),
+        QStringLiteral("--write"), QStringLiteral("3.B01=2.4")}
+                                           << QSize(1280, 800) << 3 << 3 << false;
 }
 
 void tst_screenshot::pictures()
 {
     QFETCH(QStringList, words);
     QFETCH(QSize, size);
+    QFETCH(int, leastRows);
+    QFETCH(int, mostRows);
+    QFETCH(bool, hasGreyText);
     const QString file = path("picture.png");
     QFile::remove(file);
     const Result result = run(QStringList {QStringLiteral("--screenshot"), file} + words);
@@ -60,11 +116,9 @@ void tst_screenshot::pictures()
     QCOMPARE(result.exitCode, 0);
     const QImage picture(file);
     QCOMPARE(picture.size(), size);
-    // A picture of nothing has one colour.
-    QSet<QRgb> colours;
-    for (int x = 0; x < picture.width(); ++x)
-        colours.insert(picture.pixel(x, 10));
-    QVERIFY(colours.size() > 1);
+    const qsizetype rows = textRows(picture, Rows).size();
+    QVERIFY2(rows >= leastRows && rows <= mostRows, qPrintable(QString::number(rows)));
+    QVERIFY(!hasGreyText || greyCount(textRows(picture, LastColumn)) >= 2);
 }
 
 void tst_screenshot::failures_data()

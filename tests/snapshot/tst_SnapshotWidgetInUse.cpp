@@ -1,0 +1,183 @@
+#include <KrParameterInstance/ParameterValueSnapshotWidget.h>
+
+#include "tests/snapshot/SnapshotFixture.h"
+
+#include <KrParameterInstance/ParameterValueSnapshot.h>
+#include <KrSystem/System.h>
+
+#include <QtCore/QTranslator>
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QTreeWidget>
+
+/// The comparison with three columns, with real keys, and in English.
+class tst_SnapshotWidgetInUse : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void threeSnapshots();
+    void changedAndBack();
+    void missingInTheMiddle();
+    void wholeRowsAreSelected();
+    void english();
+
+private:
+    void append(const char *title);
+    QTreeWidget *tree() const { return m_widget->findChild<QTreeWidget *>(); }
+    QStringList visibleRows() const;
+    QStringList selectedRows() const;
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(tree(), key, modifiers);
+    }
+
+    std::unique_ptr<SnapshotFixture> m_fixture;
+    std::vector<std::unique_ptr<ParameterValueSnapshot>> m_snapshots;
+    std::unique_ptr<ParameterValueSnapshotWidget> m_widget;
+};
+
+/// A00 to A03, global, with the values 10 to 13.
+void tst_SnapshotWidgetInUse::init()
+{
+    System::information()->setUserAccessLevel(3);
+    m_fixture = std::make_unique<SnapshotFixture>();
+    for (const char *coordinate : {"A00", "A01", "A02", "A03"}) {
+        m_fixture->add(SnapshotFixture::parameter(coordinate, "Speed").global());
+        m_fixture->write(0, coordinate, 0, QStringLiteral("1") + QLatin1Char(coordinate[2]));
+    }
+    m_widget = std::make_unique<ParameterValueSnapshotWidget>(nullptr);
+}
+
+void tst_SnapshotWidgetInUse::cleanup()
+{
+    m_widget.reset();
+    m_snapshots.clear();
+    m_fixture.reset();
+}
+
+void tst_SnapshotWidgetInUse::append(const char *title)
+{
+    m_snapshots.push_back(std::make_unique<ParameterValueSnapshot>(m_fixture->container.get()));
+    m_snapshots.back()->applyNoFilter();
+    m_widget->appendSnapshot(m_snapshots.back().get(), QString::fromLatin1(title));
+}
+
+QStringList tst_SnapshotWidgetInUse::visibleRows() const
+{
+    QStringList rows;
+    for (int row = 0; row < tree()->topLevelItemCount(); ++row) {
+        const QTreeWidgetItem *item = tree()->topLevelItem(row);
+        QStringList texts;
+        for (int column = 0; column < tree()->columnCount(); ++column)
+            texts.append(item->text(column));
+        if (!item->isHidden())
+            rows.append(texts.join(QLatin1Char('|')));
+    }
+    return rows;
+}
+
+QStringList tst_SnapshotWidgetInUse::selectedRows() const
+{
+    QStringList rows;
+    for (const QTreeWidgetItem *item : tree()->selectedItems())
+        rows.append(item->text(0).left(3));
+    return rows;
+}
+
+/// Every pair of neighbours counts, the first one and the last.
+void tst_SnapshotWidgetInUse::threeSnapshots()
+{
+    append("eins");
+    m_fixture->write(0, "A00", 0, QStringLiteral("20"));
+    append("zwei");
+    m_fixture->write(0, "A02", 0, QStringLiteral("22"));
+    append("drei");
+    m_widget->update();
+    QCOMPARE(tree()->columnCount(), 4);
+    QCOMPARE(tree()->headerItem()->text(3), QStringLiteral("drei"));
+    QCOMPARE(visibleRows(),
+        (QStringList {QStringLiteral("A00 Speed|10|20|20"), QStringLiteral("A02 Speed|12|12|22")}));
+    const QList<QPushButton *> buttons = m_widget->findChildren<QPushButton *>();
+    QCOMPARE(buttons.size(), 3);
+    QCOMPARE(buttons.at(2)->text(), QStringLiteral("Spalte \"drei\" exportieren"));
+    QCOMPARE(buttons.at(2)->property("index").toInt(), 2);
+}
+
+/// The first column is like the last one; the one between is not.
+void tst_SnapshotWidgetInUse::changedAndBack()
+{
+    append("eins");
+    m_fixture->write(0, "A01", 0, QStringLiteral("21"));
+    append("zwei");
+    m_fixture->write(0, "A01", 0, QStringLiteral("11"));
+    append("drei");
+    m_widget->update();
+    QCOMPARE(visibleRows(), QStringList {QStringLiteral("A01 Speed|11|21|11")});
+}
+
+void tst_SnapshotWidgetInUse::missingInTheMiddle()
+{
+    append("eins");
+    const auto whole = m_snapshots.back().get();
+    m_fixture->container->deleteParameter(QStringLiteral("S;{A03}"));
+    append("zwei");
+    m_widget->appendSnapshot(whole, QStringLiteral("drei"));
+    m_widget->update();
+    QCOMPARE(visibleRows(), QStringList {QStringLiteral("A03 Speed|13|<nicht vorhanden>|13")});
+    const QTreeWidgetItem *item = tree()->topLevelItem(0);
+    QVERIFY(item->foreground(2) != QBrush());
+    QCOMPARE(item->foreground(3), QBrush());
+}
+
+/// With Shift from one row to another, with Control one by one, and all at once.
+void tst_SnapshotWidgetInUse::wholeRowsAreSelected()
+{
+    append("eins");
+    m_widget->update();
+    m_widget->show();
+    m_widget->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_widget.get()));
+    tree()->setFocus();
+    press(Qt::Key_Home);
+    press(Qt::Key_Down);
+    QCOMPARE(selectedRows(), QStringList {QStringLiteral("A01")});
+    press(Qt::Key_Down, Qt::ShiftModifier);
+    QCOMPARE(selectedRows(), (QStringList {QStringLiteral("A01"), QStringLiteral("A02")}));
+    QVERIFY(tree()->selectionModel()->isRowSelected(1, {}));
+    QVERIFY(tree()->selectionModel()->isSelected(tree()->model()->index(2, 1)));
+    press(Qt::Key_Home);
+    QCOMPARE(selectedRows(), QStringList {QStringLiteral("A00")});
+    press(Qt::Key_End, Qt::ControlModifier);
+    press(Qt::Key_Space, Qt::ControlModifier);
+    QCOMPARE(selectedRows(), (QStringList {QStringLiteral("A00"), QStringLiteral("A03")}));
+    press(Qt::Key_A, Qt::ControlModifier);
+    QCOMPARE(selectedRows().size(), 4);
+}
+
+void tst_SnapshotWidgetInUse::english()
+{
+    QTranslator translator;
+    QVERIFY(translator.load(QStringLiteral(":/i18n/KrParameterInstance_en.qm")));
+    QCoreApplication::installTranslator(&translator);
+    append("before");
+    m_fixture->container->deleteParameter(QStringLiteral("S;{A03}"));
+    append("after");
+    m_widget->setHtmlHeader(QStringLiteral("Report"));
+    m_widget->update();
+    QCOMPARE(tree()->headerItem()->text(0), QStringLiteral("Parameter"));
+    QCOMPARE(visibleRows(), QStringList {QStringLiteral("A03 Speed|13|<not present>")});
+    QStringList buttons;
+    for (const QPushButton *button : m_widget->findChildren<QPushButton *>())
+        buttons.append(button->text());
+    QCOMPARE(buttons,
+        (QStringList {QStringLiteral("Export column \"before\""),
+            QStringLiteral("Export column \"after\""), QStringLiteral("Export HTML")}));
+    QVERIFY(m_widget->report().contains(QStringLiteral("<td>&lt;not present&gt;</td>")));
+}
+
+QTEST_MAIN(tst_SnapshotWidgetInUse)
+#include "tst_SnapshotWidgetInUse.moc"
