@@ -15,6 +15,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <map>
 #include <memory>
 
@@ -112,6 +113,13 @@ std::function<Links(int)> tenth(const QString &kind)
             return {link, {}};
         return parameter % 10 == 1 ? Links {{}, link} : Links {};
     };
+}
+
+double processorSeconds()
+{
+    timespec time {};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return double(time.tv_sec) + double(time.tv_nsec) * 1e-9;
 }
 
 /// The first parameter leads to so many others, which are spread over all.
@@ -220,6 +228,24 @@ double mebibytesAfterAMillionWrites()
     return (double(allocated()) - double(before)) / (1024 * 1024);
 }
 
+/// Of the first write to a value that 1,000 others follow by this limit function, and of the second.
+void printHostileWrite(const char *what, const QString &function)
+{
+    const QJsonObject limits {{u"1"_s, function}};
+    Device device(1001, {{u"limit"_s, limits}}, [](int parameter) -> Links {
+        const QJsonObject link {{u"limit"_s, 1}};
+        return parameter == 0 ? Links {link, {}} : Links {{}, link};
+    });
+    // The defaults asked the function before; it is to have its chance again.
+    device.container().setFirmware(device.container().firmware());
+    const double begin = processorSeconds();
+    device.write(0, u"1"_s);
+    const double middle = processorSeconds();
+    device.write(0, u"2"_s);
+    std::printf("%s: %.1f ms, then %.1f ms\n", what, (middle - begin) * 1000,
+        (processorSeconds() - middle) * 1000);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -228,6 +254,9 @@ int main(int argc, char **argv)
     System::information()->setUserAccessLevel(6);
     std::printf(
         "memory: %.3f MiB more after a million writes (bound 1)\n", mebibytesAfterAMillionWrites());
+    printHostileWrite("endless function of 1,000 followers", u"while true do end"_s);
+    printHostileWrite("slow function of 1,000 followers",
+        u"for i = 1, 900000 do end return readValueNative(1, 'A00'), 1000"_s);
     for (const int size : Sizes) {
         const auto plain = [size] { return new Device(size, {}, withoutLinks); };
         addWith("write-all/limit", size, writeAll, plain);
