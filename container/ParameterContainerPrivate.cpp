@@ -426,18 +426,6 @@ void ParameterContainerPrivate::dispatchDependencyChange(eParameterProperty prop
     }
 }
 
-void ParameterContainerPrivate::beginChange()
-{
-    if (m_dispatchLimit.beginChange() && functionProvider)
-        functionProvider->beginChange();
-}
-
-void ParameterContainerPrivate::endChange()
-{
-    if (m_dispatchLimit.endChange() && functionProvider)
-        functionProvider->endChange();
-}
-
 void ParameterContainerPrivate::reportCut(const ParameterCoordinate &source) const
 {
     System::addCriticalMessage(domain,
