@@ -398,9 +398,8 @@ void ParameterContainerPrivate::dispatchDependencyChange(eParameterProperty prop
     eLivingSpace livingSpace, ParameterCoordinate source, quint16 element)
 {
     const CoordinateInstanceSet *set = find(source);
-    const qint32 reference = set && DependencyPairs::isDependency(property)
-        ? set->elementProperty(element, property).asInt32()
-        : 0;
+    const qint32 reference =
+        set && DependencyPairs::isDependency(property) ? set->dependency(element, property) : 0;
     if (reference == 0)
         return;
     const LifeGuard guard(this);
@@ -425,18 +424,6 @@ void ParameterContainerPrivate::dispatchDependencyChange(eParameterProperty prop
         if (!guard)
             return;
     }
-}
-
-void ParameterContainerPrivate::beginChange()
-{
-    if (m_dispatchLimit.beginChange() && functionProvider)
-        functionProvider->beginChange();
-}
-
-void ParameterContainerPrivate::endChange()
-{
-    if (m_dispatchLimit.endChange() && functionProvider)
-        functionProvider->endChange();
 }
 
 void ParameterContainerPrivate::reportCut(const ParameterCoordinate &source) const

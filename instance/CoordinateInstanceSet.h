@@ -80,6 +80,11 @@ public:
     /// What the elements of this parameter wait for, and which of them, in the order of the
     /// definition; none are named where all of them do, as in a simple parameter.
     QHash<DependencyKey, QList<quint16>> followedKeys() const;
+    /// What an element says under a dependency; 0: it leads to nothing.
+    qint32 dependency(quint16 element, eParameterProperty property) const
+    {
+        return m_properties.facts(element).dependency(property);
+    }
     /// Whether an element holds the address of a parameter.
     bool isMapping() const;
 

@@ -225,11 +225,13 @@ void CoordinateInstanceSet::dispatchDependencies(eLivingSpace key, quint16 eleme
 {
     const Guard guard(this);
     for (const eParameterProperty property : DependencyOrder) {
-        const ParameterProperty reference = elementProperty(element, property);
-        if (!hasElementProperty(element, property))
-            PropertyResolver::report(PropertyResolver::eFault::Missing, property, m_coordinate);
-        else if (reference.asInt32() == 0)
+        const ElementFacts &facts = m_properties.facts(element);
+        const bool isLeading = facts.dependency(property) != 0;
+        // An override without a value has none, and yet the definition knows the property.
+        if (!isLeading && (facts.has(property) || hasElementProperty(element, property)))
             continue;
+        if (!isLeading)
+            PropertyResolver::report(PropertyResolver::eFault::Missing, property, m_coordinate);
         else if (property == eParameterProperty::HidingDependency)
             dispatchHiding(key, element);
         else

@@ -122,6 +122,7 @@ private Q_SLOTS:
     void endlessScalingOfManyReceivers();
     void manyEndlessFunctions();
     void slowFunctionsOfManyReceivers();
+    void failingFunctionOfManyReceivers();
     void deferredDispatchIsBoundToo();
     void endlessHidingThroughTheLevel();
     void endlessHidingThroughALoad();
@@ -233,6 +234,27 @@ void tst_HostileDescription::slowFunctionsOfManyReceivers()
     QCOMPARE(reasons(messages), QStringList());
     QVERIFY2(time.milliseconds() < 2 * MostMilliseconds,
         qPrintable(QString::number(time.milliseconds())));
+}
+
+void tst_HostileDescription::failingFunctionOfManyReceivers()
+{
+    MessageRecorder messages;
+    const auto firmware = firmwareWith(u"limit"_s, u"error('broken', 0)"_s);
+    TestContainer container;
+    container->setFirmware(firmware.get());
+    fill(container, LimitDependency, LimitFunctionIndex);
+    // Sixteen of each change are told, each of another element, and that there are more.
+    for (const QString &text : {u"1"_s, u"2"_s}) {
+        write(container, text);
+        const QList<SystemMessage> told = messages.take();
+        QCOMPARE(told.size(), 17);
+        QCOMPARE(told.constFirst().text, u"limit function 1 of parameter B00, element 0: broken"_s);
+        QCOMPARE(told.at(15).text, u"limit function 1 of parameter B15, element 0: broken"_s);
+        QCOMPARE(told.at(16).text, u"further failures of functions are not told for this change"_s);
+    }
+    // A question apart is answered for.
+    container.setup(u"B20"_s)->upperLimitText(Axis1, 0);
+    QCOMPARE(reasons(messages), QStringList {u"broken"_s});
 }
 
 void tst_HostileDescription::deferredDispatchIsBoundToo()

@@ -340,7 +340,9 @@ QStringList ContainerModel::load()
         for (const int space : parameter.instances.keys()) {
             for (const quint16 element : elements(i)) {
                 const QString loaded = saved.instances.value(space).values.value(element, u"0"_s);
-                if (value(i, space, element) == loaded)
+                // What was not there is new, whatever its default.
+                const bool isThere = parameter.instances[space].values.contains(element);
+                if (isThere && value(i, space, element) == loaded)
                     continue;
                 parameter.instances[space].values.insert(element, loaded);
                 values += container("ValueChanged", i, space, element);

@@ -14,7 +14,7 @@ namespace {
 
 using enum eParameterProperty;
 
-/// Failures beyond this count within one question are not reported.
+/// Failures beyond this count within one question, and within one change, are not reported.
 constexpr qsizetype MostFailures = 16;
 /// Characters of a text that a message names.
 constexpr qsizetype MostShown = 40;
@@ -142,12 +142,15 @@ void IndexedFunctions::run(eFunctionKind kind, const ParameterData &data, quint1
 
 void IndexedFunctions::beginChange()
 {
+    if (m_changes++ == 0)
+        m_toldOfChange = 0;
     if (m_evaluator)
         m_evaluator->beginChange();
 }
 
 void IndexedFunctions::endChange()
 {
+    m_changes = qMax(m_changes - 1, 0);
     if (m_evaluator)
         m_evaluator->endChange();
 }
@@ -159,7 +162,23 @@ void IndexedFunctions::report()
     const QStringList failures = std::exchange(m_failures, {});
     const QString title = m_title;
     for (const QString &text : failures)
+        tell(title, text);
+}
+
+void IndexedFunctions::tell(const QString &title, const QString &text)
+{
+    if (m_changes == 0) {
         System::addCriticalMessage(title, text);
+        return;
+    }
+    if (m_toldOfChange >= MostFailures)
+        return;
+    const bool isLast = ++m_toldOfChange == MostFailures;
+    System::addCriticalMessage(title, text);
+    if (isLast) {
+        System::addCriticalMessage(
+            title, QStringLiteral("further failures of functions are not told for this change"));
+    }
 }
 
 FunctionOutcome IndexedFunctions::outcome(

@@ -43,6 +43,7 @@ private:
     FunctionOutcome outcome(
         eParameterProperty kind, quint16 index, const ParameterData &data, quint16 element);
     void note(FunctionCall &call, const QString &reason);
+    void tell(const QString &title, const QString &text);
     void note(eParameterProperty kind, quint16 index, const ParameterData &data, quint16 element,
         const QString &reason);
 
@@ -52,4 +53,7 @@ private:
     QStringList m_failures;
     /// The container's domain when the failures were noted: it may be gone when they are told.
     QString m_title;
+    int m_changes = 0;
+    /// Failures that were told of the outermost change.
+    int m_toldOfChange = 0;
 };
