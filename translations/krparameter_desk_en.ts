@@ -420,6 +420,13 @@
     </message>
 </context>
 <context>
+    <name>SessionCommands</name>
+    <message>
+        <source>Snapshot aufnehmen</source>
+        <translation>Take snapshot</translation>
+    </message>
+</context>
+<context>
     <name>SnapshotListModel</name>
     <message>
         <source>Snapshot %1</source>

@@ -179,7 +179,7 @@ void tst_DeskOnline::writesToTheDrive()
     ValueWriter &writer = *s.window.session().writer();
     QVERIFY(writer.write(Target, QStringLiteral("-7")).isAccepted);
     QTRY_COMPARE_PATIENTLY(s.atDrive(Target), QStringLiteral("-7"));
-    s.window.session().undoStack()->undo();
+    s.window.session().undo();
     QTRY_COMPARE_PATIENTLY(s.atDrive(Target), QStringLiteral("5"));
     // Also the same once more, where the drive has something else meanwhile.
     QTRY_COMPARE_PATIENTLY(s.shown(Target), QStringLiteral("5"));
