@@ -277,7 +277,11 @@ void DeskWindow::goTo(const ParameterAddress &address)
 
 void DeskWindow::turnOnline(bool on)
 {
-    const bool isMeant = !on || ((m_drive.isMade() || m_drive.ask()) && m_session.mayClose());
+    const auto mayReplace = [this] {
+        // What the drive itself has changed since is read anew.
+        return m_session.undoStack()->isClean() || m_session.mayClose();
+    };
+    const bool isMeant = !on || ((m_drive.isMade() || m_drive.ask()) && mayReplace());
     if (isMeant && m_session.onlineSwitch())
         m_session.onlineSwitch()->turn(on);
     m_status->updateSwitches();

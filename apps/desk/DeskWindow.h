@@ -68,7 +68,7 @@ private:
     void retranslate();
 
     void goTo(const ParameterAddress &address);
-    /// Asks for the drive where none was chosen, and what to do with changes that its values replace.
+    /// Asks for the drive where none was chosen, and what to do with what was written and its values replace.
     void turnOnline(bool on);
     /// Another drive is another connection.
     void chooseDrive();

@@ -88,7 +88,11 @@ ContainerValues::ContainerValues(ParameterContainer &container)
 
 QString ContainerValues::nativeText(const MappedValue &value) const
 {
-    const ValuePlace &place = value.place;
+    return nativeText(value.place);
+}
+
+QString ContainerValues::nativeText(const ValuePlace &place) const
+{
     return m_container.readValueNative(place.livingSpace, place.coordinate, place.element, false);
 }
 
@@ -103,40 +107,48 @@ QList<quint16> ContainerValues::registers(const MappedValue &value) const
 ContainerValues::Adopted ContainerValues::adopt(
     const MappedValue &value, const QByteArray &bytes, const QPointer<QObject> &guard)
 {
-    // A listener may have the next value of the drive stored.
-    std::optional<Adoption> outer = std::exchange(m_adoption, Adoption());
-    m_adoption->value = value;
-    m_adoption->text = textOf(*value.type, bytes);
-    const QString before = isInteger(*value.type) ? QString() : nativeText(value);
+    Adoption adoption {
+        value.place, value.address, value.type, textOf(*value.type, bytes), value.leadsToFunctions};
+    const QString before = isInteger(*value.type) ? QString() : nativeText(value.place);
     QMetaObject::Connection last;
     if (value.leadsToFunctions) {
         // A connection that is made now is served behind all others.
         last = connect(&m_container, &ParameterProvider::parameterNativeValueChanged, this,
             &ContainerValues::onAllTold);
     }
-    store(bytes);
+    // A listener may have the next value of the drive stored.
+    Adoption *const outer = std::exchange(m_adoption, &adoption);
+    store(adoption, bytes);
     if (!guard)
         return {};
-    disconnect(last);
-    const Adoption adoption = *std::exchange(m_adoption, std::move(outer));
-    if (!adoption.hasChanged)
+    m_adoption = outer;
+    if (adoption.leadsToFunctions)
+        disconnect(last);
+    if (adoption.changes == 0)
         return {false, before.isNull() ? adoption.text : before};
-    const QString now = nativeText(adoption.value);
-    if (!isSame(adoption.value, adoption.text, now))
+    if (adoption.changes == 1 && isInteger(*adoption.type))
+        return {true, adoption.text};
+    const QString now = nativeText(adoption.place);
+    if (!isSame(*adoption.type, adoption.text, now))
         return {true, adoption.text};
     // "1.50" that became "1.5" is no news.
-    return {before.isNull() || !isSame(adoption.value, before, now), now};
+    return {before.isNull() || !isSame(*adoption.type, before, now), now};
 }
 
 bool ContainerValues::isSame(const MappedValue &value, const QString &sent, const QString &kept)
 {
+    return isSame(*value.type, sent, kept);
+}
+
+bool ContainerValues::isSame(const SimpleType &type, const QString &sent, const QString &kept)
+{
     if (sent == kept)
         return true;
-    switch (value.type->kind()) {
+    switch (type.kind()) {
     case SimpleType::SignedInteger:
     case SimpleType::UnsignedInteger:
         // Two large integers may be the same double.
-        return value.type->sizeInBytes() < sizeof(double) && areSameNumbers(sent, kept);
+        return type.sizeInBytes() < sizeof(double) && areSameNumbers(sent, kept);
     case SimpleType::FloatingPoint:
         return areSameNumbers(sent, kept);
     case SimpleType::CharacterString:
@@ -149,29 +161,30 @@ bool ContainerValues::isSame(const MappedValue &value, const QString &sent, cons
 }
 
 // Most of what a drive has are integers; they take the shorter of two ways that lead to the same.
-void ContainerValues::store(const QByteArray &bytes)
+void ContainerValues::store(const Adoption &adoption, const QByteArray &bytes)
 {
-    const ParameterAddress address = m_adoption->value.address;
-    if (!isInteger(*m_adoption->value.type)) {
-        m_container.setNativeValueBinary(address, bytes, BigEndian, FromDevice);
+    if (!isInteger(*adoption.type)) {
+        m_container.setNativeValueBinary(adoption.address, bytes, BigEndian, FromDevice);
         return;
     }
-    const ValuePlace place = m_adoption->value.place;
+    const ValuePlace &place = adoption.place;
     if (!m_parameter || m_coordinate != place.coordinate) {
         m_parameter = m_container.parameterSetup(place.coordinate);
         m_coordinate = place.coordinate;
     }
-    const QString text = m_adoption->text;
     if (m_parameter)
-        m_parameter->setOnlineValueText(place.livingSpace, place.element, text);
+        m_parameter->setOnlineValueText(place.livingSpace, place.element, adoption.text);
 }
 
 void ContainerValues::onChanged(const ParameterAddress &address)
 {
-    if (m_adoption && m_adoption->value.address == address)
-        m_adoption->hasChanged = true;
-    if (isAdopted(address))
-        return;
+    if (m_adoption && m_adoption->address == address) {
+        ++m_adoption->changes;
+        // Who has written over it before this was told is told of again.
+        const bool isFirst = m_adoption->changes == 1 && !m_adoption->leadsToFunctions;
+        if (isFirst || hasWhatIsAdopted())
+            return;
+    }
     if (m_adoption && m_adoption->areListenersThrough)
         Q_EMIT changedByFunction(address);
     else
@@ -180,12 +193,11 @@ void ContainerValues::onChanged(const ParameterAddress &address)
 
 void ContainerValues::onAllTold(const ParameterAddress &address)
 {
-    if (isAdopted(address))
+    if (m_adoption && m_adoption->address == address && hasWhatIsAdopted())
         m_adoption->areListenersThrough = true;
 }
 
-bool ContainerValues::isAdopted(const ParameterAddress &address) const
+bool ContainerValues::hasWhatIsAdopted() const
 {
-    return m_adoption && m_adoption->value.address == address
-        && isSame(m_adoption->value, m_adoption->text, nativeText(m_adoption->value));
+    return isSame(*m_adoption->type, m_adoption->text, nativeText(m_adoption->place));
 }

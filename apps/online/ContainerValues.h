@@ -8,8 +8,6 @@
 #include <QtCore/QPointer>
 #include <QtCore/QString>
 
-#include <optional>
-
 class ParameterContainer;
 class ParameterSetup;
 
@@ -50,23 +48,30 @@ Q_SIGNALS:
 private:
     /// A value of the drive on its way into the container.
     struct Adoption {
-        MappedValue value;
+        ValuePlace place;
+        ParameterAddress address;
+        /// **Owner** the table of data types.
+        const SimpleType *type;
         /// Native text of what the drive has.
         QString text;
-        bool hasChanged = false;
+        bool leadsToFunctions;
+        /// How often the value has changed: more than once, and a listener has written over it.
+        int changes = 0;
         /// All listeners have been told of it; what changes from now on is made by functions.
         bool areListenersThrough = false;
     };
 
-    void store(const QByteArray &bytes);
+    QString nativeText(const ValuePlace &place) const;
+    void store(const Adoption &adoption, const QByteArray &bytes);
     void onChanged(const ParameterAddress &address);
     void onAllTold(const ParameterAddress &address);
-    bool isAdopted(const ParameterAddress &address) const;
+    bool hasWhatIsAdopted() const;
+    static bool isSame(const SimpleType &type, const QString &sent, const QString &kept);
 
     ParameterContainer &m_container;
     /// Values come parameter by parameter: the last one that was looked for, and where it stood.
     QPointer<ParameterSetup> m_parameter;
     ParameterCoordinate m_coordinate;
-    /// Empty while nothing is being stored.
-    std::optional<Adoption> m_adoption;
+    /// Null while nothing is being stored. **Owner** adopt().
+    Adoption *m_adoption = nullptr;
 };

@@ -182,14 +182,14 @@ void OnlineCycle::onBlockRead(
     const BlockPlan::Block &block, const QByteArray &bytes, quint32 request)
 {
     const QPointer<QObject> guard(this);
-    const quint32 run = m_runs;
+    const milliseconds now = m_clock.now();
+    m_news.reserve(m_news.size() + block.values.size());
     for (const qsizetype value : block.values) {
         const MappedValue &mapped = m_map->values().at(value);
-        take(value,
-            RegisterBytes::valueAt(bytes, mapped.span.first - block.span.first, *mapped.type),
-            request);
+        const QByteArray own =
+            RegisterBytes::valueAt(bytes, mapped.span.first - block.span.first, *mapped.type);
         // A run that was ended has reported all its values.
-        if (!guard || m_runs != run)
+        if (!take(value, own, request, now, guard))
             return;
     }
     arm();
@@ -197,37 +197,37 @@ void OnlineCycle::onBlockRead(
         Q_EMIT finished(std::exchange(m_news, {}));
 }
 
-void OnlineCycle::take(qsizetype value, const QByteArray &bytes, quint32 request)
+bool OnlineCycle::take(qsizetype value, const QByteArray &bytes, quint32 request, milliseconds now,
+    const QPointer<QObject> &guard)
 {
+    const MappedValue &mapped = m_map->values().at(value);
     // What is being written, or was written meanwhile, is newer here than what was read.
     const bool isBeingWritten = m_writer.isUnderWay(value);
     const bool isOld = isBeingWritten || request <= m_writer.lastReadBack(value);
     bool hasChanged = false;
     if (!isOld) {
-        const QPointer<QObject> guard(this);
         const quint32 run = m_runs;
-        const bool outer = std::exchange(m_isReviewing, m_requests.at(std::size_t(value)).isReview);
-        hasChanged = m_values.adopt(m_map->values().at(value), bytes, guard).hasChanged;
+        const bool outer = std::exchange(m_isReviewing, m_requests[std::size_t(value)].isReview);
+        hasChanged = m_values.adopt(mapped, bytes, guard).hasChanged;
         if (!guard)
-            return;
+            return false;
         m_isReviewing = outer;
         if (m_runs != run)
-            return;
+            return false;
     }
-    m_cyclic.done(value, m_clock.now());
+    m_cyclic.done(value, now);
     // A listener has asked for it anew: it ends with that.
     if (m_reader.isAwaited(value))
-        return;
+        return true;
     Request &state = m_requests[std::size_t(value)];
     const Request before = std::exchange(state, {});
     // Who waits for it has not got it yet.
     state.isWaitedFor = before.isWaitedFor && isOld;
     if (state.isWaitedFor && !isBeingWritten)
         m_reader.want(value);
-    if (before.isOnce) {
-        m_news.append(ended(
-            value, m_map->values().at(value), hasChanged ? eKind::Changed : eKind::Unchanged));
-    }
+    if (before.isOnce)
+        m_news.append(ended(value, mapped, hasChanged ? eKind::Changed : eKind::Unchanged));
+    return true;
 }
 
 void OnlineCycle::onBlockFailed(const BlockPlan::Block &block, const OnlineAnswer &answer)

@@ -8,7 +8,9 @@
 
 #include <QtCore/QList>
 #include <QtCore/QObject>
+#include <QtCore/QPointer>
 
+#include <chrono>
 #include <vector>
 
 class OnlineClock;
@@ -57,8 +59,10 @@ private:
     void onNeededOnce(const ParameterAddress &address);
     void onRang(eOnlineAlarm alarm);
     void onBlockRead(const BlockPlan::Block &block, const QByteArray &bytes, quint32 request);
-    /// A value of the drive came. **Emits** nothing of its own.
-    void take(qsizetype value, const QByteArray &bytes, quint32 request);
+    /// A value of the drive came. **Emits** nothing of its own. False where the run was ended, or this
+    /// deleted; `guard` holds this.
+    bool take(qsizetype value, const QByteArray &bytes, quint32 request,
+        std::chrono::milliseconds now, const QPointer<QObject> &guard);
     void onBlockFailed(const BlockPlan::Block &block, const OnlineAnswer &answer);
     void arm();
     ValuePlace placeOf(const ParameterAddress &address) const;

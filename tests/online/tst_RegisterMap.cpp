@@ -43,6 +43,7 @@ private Q_SLOTS:
     void knowsTheWayBack_data();
     void knowsTheWayBack();
     void tellsWhatAUnitHolds();
+    void findsTheElementsOfAParameter();
     void refusesByName_data();
     void refusesByName();
     void fillsAUnitToItsLastRegister();
@@ -161,6 +162,26 @@ void tst_RegisterMap::tellsWhatAUnitHolds()
         (QList<quint16> {0x4B52, 0x504D, 1, 2, 1, 2, 0, 6, 0xE77F, 0x2162, 0, 0, 0, 0, 0, 0}));
 }
 
+void tst_RegisterMap::findsTheElementsOfAParameter()
+{
+    const OnlineDevice device;
+    const auto project = device.open();
+    const RegisterMap map(project->container());
+    using Positions = std::pair<qsizetype, qsizetype>;
+    const qsizetype control = map.indexOf(address("2.C01[0]"));
+    QCOMPARE(map.positionsOf(at("C01"), eLivingSpace::Axis2), Positions(control, control + 2));
+    QCOMPARE(map.positionsOf(at("A01"), eLivingSpace::Global), Positions(0, 0));
+    const qsizetype last = map.values().size() - 1;
+    QCOMPARE(map.positionsOf(at("E48"), eLivingSpace::Axis2), Positions(last, last));
+    // Nothing: the first lies behind the last.
+    for (const auto &[coordinate, livingSpace] : {std::pair("C01", eLivingSpace::Global),
+             std::pair("A01", eLivingSpace::Axis1), std::pair("B03", eLivingSpace::Axis1),
+             std::pair("Z99", eLivingSpace::Axis2), std::pair("C01", eLivingSpace::Axis4)}) {
+        const auto [first, end] = map.positionsOf(at(coordinate), livingSpace);
+        QCOMPARE(first, end + 1);
+    }
+}
+
 void tst_RegisterMap::refusesByName_data()
 {
     QTest::addColumn<QByteArray>("parameters");
@@ -219,6 +240,8 @@ void tst_RegisterMap::refusesTheRegisterBehindTheLast()
     QCOMPARE(map.refusals().size(), 2);
     QCOMPARE(map.refusals().at(0).address, QStringLiteral("A03"));
     QCOMPARE(map.refusals().at(0).reason, eRefusal::NoRoom);
+    QCOMPARE(map.refusalOf(::address("A03")), &map.refusals().at(0));
+    QCOMPARE(map.refusalOf(::address("A01")), nullptr);
     QCOMPARE(map.refusals().at(1).address, QStringLiteral("A04[1]"));
     QCOMPARE(RegisterMap::reasonText(map.refusals().at(1).reason),
         QStringLiteral("er läge hinter dem letzten der 65536 Register"));

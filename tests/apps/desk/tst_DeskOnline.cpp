@@ -127,6 +127,7 @@ private Q_SLOTS:
     void isGivenUpWhileItConnects();
     void asksForTheDriveOnce();
     void asksBeforeItReplacesChanges();
+    void replacesWhatTheDriveChanged();
     void goesToAnotherDrive();
     void loadsOffline();
     void isClosedWhileOnline();
@@ -178,7 +179,7 @@ void tst_DeskOnline::writesToTheDrive()
     ValueWriter &writer = *s.window.session().writer();
     QVERIFY(writer.write(Target, QStringLiteral("-7")).isAccepted);
     QTRY_COMPARE_PATIENTLY(s.atDrive(Target), QStringLiteral("-7"));
-    s.window.session().undoStack()->undo();
+    s.window.session().undo();
     QTRY_COMPARE_PATIENTLY(s.atDrive(Target), QStringLiteral("5"));
     // Also the same once more, where the drive has something else meanwhile.
     QTRY_COMPARE_PATIENTLY(s.shown(Target), QStringLiteral("5"));
@@ -298,6 +299,22 @@ void tst_DeskOnline::asksBeforeItReplacesChanges()
     s.press(DeskActions::GoOnline);
     QTRY_COMPARE_PATIENTLY(s.shown(Target), QStringLiteral("5"));
     QCOMPARE(s.atDrive(Target), QStringLiteral("5"));
+}
+
+void tst_DeskOnline::replacesWhatTheDriveChanged()
+{
+    Stand s;
+    s.setAtDrive(Number, "1234");
+    s.expectRead("16 Werte: 15 unverändert, 1 geändert");
+    s.press(DeskActions::GoOnline);
+    QTRY_COMPARE_PATIENTLY(s.reads, 1);
+    s.press(DeskActions::GoOnline);
+    QVERIFY(s.window.session().isModified());
+    // Nobody typed it.
+    s.expectRead("16 Werte: 16 unverändert");
+    s.press(DeskActions::GoOnline);
+    QTRY_COMPARE_PATIENTLY(s.reads, 2);
+    QCOMPARE(s.dialogs.asked, QStringList(QStringLiteral("drive: 127.0.0.1:502")));
 }
 
 void tst_DeskOnline::goesToAnotherDrive()
