@@ -68,7 +68,7 @@ void tst_LossReport::overridesAndTheirTags()
     QVERIFY(LossReport::of(container).isEmpty());
     container.setParameterChangeTag(QStringLiteral("€"));
     parameter->setProperty(
-        2, eParameterProperty::LowerLimitValue, ParameterProperty(QStringLiteral("-1")));
+        2, eParameterProperty::DecimalPlacesBehind, ParameterProperty(quint32(1)));
     QCOMPARE(LossReport::of(container).toText(),
         QStringLiteral(
             "Parameter E30[2]: Eigenschaft \"€\" enthält Zeichen, die Latin-1 nicht kennt\n"));

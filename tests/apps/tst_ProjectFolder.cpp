@@ -209,7 +209,8 @@ void tst_ProjectFolder::failsInAReadOnlyFolder()
     const QTemporaryDir root;
     ProjectFolder folder(root.path());
     QCOMPARE(folder.write({{Block, "old"}}), QString());
-    const auto readOnly = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther;
+    const auto readOnly = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup
+        | QFile::ReadOther | QFile::ExeOther;
     QFile::setPermissions(root.path(), readOnly);
     // Root writes everywhere; anybody else does not.
     constexpr uid_t Nobody = 65534;

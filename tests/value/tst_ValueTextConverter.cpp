@@ -402,7 +402,10 @@ void tst_ValueTextConverter::addressShowsTheOtherParameter_data()
                             << QStringLiteral("2.E12[3] Motorstrom");
     QTest::newRow("an element beyond is named")
         << fourth << false << false << 1 << QStringLiteral("2.E12[3] Motorstrom");
-    QTest::newRow("global") << first << true << false << 1 << QStringLiteral("E12 Motorstrom");
+    QTest::newRow("global") << QStringLiteral("5012") << true << false << 1
+                            << QStringLiteral("E12 Motorstrom");
+    QTest::newRow("global, with an axis")
+        << first << true << false << 1 << QStringLiteral("2.E12 Motorstrom");
     QTest::newRow("not in the container")
         << QStringLiteral("5013") << false << false << 1 << QStringLiteral("5013");
     QTest::newRow("the invalid number")
@@ -430,8 +433,7 @@ void tst_ValueTextConverter::addressShowsTheOtherParameter()
     ValueTextConverter converter(information);
     const QString shown = converter.prepare(value, eLivingSpace::Axis1, 0, Ampere);
     QTEST(shown, "text");
-    if (!global)
-        QCOMPARE(converter.adopt(shown, eLivingSpace::Axis1, 0, Ampere), value);
+    QCOMPARE(converter.adopt(shown, eLivingSpace::Axis1, 0, Ampere), value);
 }
 
 QTEST_APPLESS_MAIN(tst_ValueTextConverter)
