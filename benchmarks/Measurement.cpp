@@ -69,5 +69,5 @@ int runPairs(int argc, char **argv, int referenceSize, const std::map<std::strin
         reporter.setBound(operation, ratio);
     benchmark::RunSpecifiedBenchmarks(&reporter);
     reporter.printRatios(referenceSize);
-    return 0;
+    return reporter.hasFailed() ? 1 : 0;
 }

@@ -23,5 +23,6 @@ void check(benchmark::State &state, bool isRight);
 std::size_t allocated();
 
 /// Runs what was entered nine times, the rounds of all benchmarks mixed, and prints the ratios.
-/// `bounds` holds the greatest ratio at the reference size by operation. Answers for main().
+/// `bounds` holds the greatest ratio at the reference size by operation. Answers for main(): 1 where
+/// an operation had a wrong result.
 int runPairs(int argc, char **argv, int referenceSize, const std::map<std::string, double> &bounds);

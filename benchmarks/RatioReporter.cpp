@@ -31,6 +31,7 @@ void RatioReporter::ReportRuns(const std::vector<Run> &runs)
 {
     ConsoleReporter::ReportRuns(runs);
     for (const Run &run : runs) {
+        m_hasFailed = m_hasFailed || run.error_occurred;
         if (run.run_type != Run::RT_Iteration || run.error_occurred)
             continue;
         const std::string name = run.benchmark_name();
@@ -59,7 +60,8 @@ void RatioReporter::printRatios(long long referenceSize) const
             std::printf("%-28s %8lld %12.1f %12.1f %8.2f", operation.c_str(), size,
                 median(limit->second), median(times), ratio);
             const auto bound = m_bounds.find(operation);
-            const bool isReference = referenceSize == 0 || size == referenceSize;
+            const bool isReference = referenceSize == 0 || size == referenceSize
+                || !series.measured.contains(referenceSize);
             if (bound != m_bounds.end() && isReference)
                 std::printf(" %8.2f%s", bound->second, ratio > bound->second ? "  over" : "");
             std::printf("\n");

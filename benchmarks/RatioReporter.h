@@ -15,8 +15,11 @@ public:
     /// The greatest ratio that an operation is meant to have at the reference size.
     void setBound(const std::string &operation, double ratio) { m_bounds[operation] = ratio; }
     /// Prints the table of what was reported so far. Without reference size bounds hold at every
-    /// size.
+    /// size; operations that are not measured at it have their bounds at their own sizes.
     void printRatios(long long referenceSize = 0) const;
+
+    /// Whether an operation had a wrong result; its figures are missing in the table.
+    bool hasFailed() const { return m_hasFailed; }
 
     void ReportRuns(const std::vector<Run> &runs) override;
 
@@ -29,4 +32,5 @@ private:
 
     std::map<std::string, Series> m_series;
     std::map<std::string, double> m_bounds;
+    bool m_hasFailed = false;
 };

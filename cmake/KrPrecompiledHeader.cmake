@@ -19,20 +19,33 @@ function(kr_collect_targets directory result)
     set(${result} ${targets} PARENT_SCOPE)
 endfunction()
 
-function(kr_precompile_headers)
-    kr_collect_targets("${PROJECT_SOURCE_DIR}" targets)
+# kr_add_precompiled_header(NAME [OPTION...]): Qt Core and the standard library alone. What is defined for
+# other modules must not change what these headers hold.
+function(kr_add_precompiled_header name)
     file(WRITE "${PROJECT_BINARY_DIR}/precompiled.cpp" "")
-    add_library(KrPrecompiledHeader OBJECT "${PROJECT_BINARY_DIR}/precompiled.cpp")
-    # Qt Core alone: what is defined for other modules must not change what these headers hold.
-    target_link_libraries(KrPrecompiledHeader PRIVATE Qt6::Core)
-    set_target_properties(KrPrecompiledHeader PROPERTIES AUTOMOC OFF POSITION_INDEPENDENT_CODE ON)
-    target_precompile_headers(KrPrecompiledHeader PRIVATE
+    add_library(${name} OBJECT "${PROJECT_BINARY_DIR}/precompiled.cpp")
+    target_link_libraries(${name} PRIVATE Qt6::Core)
+    target_compile_options(${name} PRIVATE ${ARGN})
+    set_target_properties(${name} PROPERTIES AUTOMOC OFF POSITION_INDEPENDENT_CODE ON)
+    target_precompile_headers(${name} PRIVATE
         <QtCore/QByteArray> <QtCore/QCoreApplication> <QtCore/QHash> <QtCore/QJsonObject>
         <QtCore/QList> <QtCore/QMap> <QtCore/QMetaType> <QtCore/QObject> <QtCore/QPointer>
         <QtCore/QSet> <QtCore/QString> <QtCore/QStringList> <QtCore/QVariant>
         <algorithm> <array> <functional> <map> <memory> <optional> <string> <utility> <vector>)
+endfunction()
+
+# A precompiled header serves one level of optimization.
+function(kr_precompile_headers)
+    kr_collect_targets("${PROJECT_SOURCE_DIR}" targets)
+    kr_add_precompiled_header(KrPrecompiledHeader)
+    kr_add_precompiled_header(KrPrecompiledTestHeader -O0)
     foreach(target IN LISTS targets)
-        target_precompile_headers(${target} REUSE_FROM KrPrecompiledHeader)
+        get_target_property(isUnoptimized ${target} KR_UNOPTIMIZED)
+        if(isUnoptimized)
+            target_precompile_headers(${target} REUSE_FROM KrPrecompiledTestHeader)
+        else()
+            target_precompile_headers(${target} REUSE_FROM KrPrecompiledHeader)
+        endif()
         # For the compiler cache.
         target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
     endforeach()
