@@ -47,7 +47,8 @@ void store(const ConfiguredValues &values, ParameterContainer &container)
 QString usualFolder(const QString &deviceFile)
 {
     const QFileInfo file(deviceFile);
-    return file.dir().filePath(file.completeBaseName() + QLatin1StringView(".project"));
+    return QDir::cleanPath(
+        file.dir().filePath(file.completeBaseName() + QLatin1StringView(".project")));
 }
 
 } // namespace

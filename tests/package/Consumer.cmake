@@ -11,3 +11,10 @@ foreach(description IN LISTS descriptions)
     execute_process(COMMAND "${WORK}/consumer/consumer" "${description}"
         COMMAND_ERROR_IS_FATAL ANY)
 endforeach()
+
+# The installed command line finds its libraries, the shipped descriptions and its translations.
+execute_process(COMMAND "${WORK}/prefix/bin/krparameter" --device two-axis-drive --lang en get H00
+    OUTPUT_VARIABLE shown COMMAND_ERROR_IS_FATAL ANY)
+if(NOT shown MATCHES "Current limit")
+    message(FATAL_ERROR "The installed krparameter shows no current limit: ${shown}")
+endif()
