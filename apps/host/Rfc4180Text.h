@@ -14,6 +14,6 @@ class Rfc4180Text {
 public:
     static QByteArray row(const QStringList &fields);
     /// Begins with "=", "@", a tab or a line end, or with a sign that is not that of a number with
-    /// its unit.
+    /// its unit. A unit begins with no operator and has no digit behind a letter: it names no cell.
     static bool isFormula(const QString &text);
 };
