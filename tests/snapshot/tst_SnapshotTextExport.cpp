@@ -268,8 +268,7 @@ void tst_SnapshotTextExport::cannotBeOpened()
 void tst_SnapshotTextExport::fullDisk()
 {
     const QString fullDevice = QStringLiteral("/dev/full");
-    if (!QFile::exists(fullDevice))
-        QSKIP("no device that is always full");
+    QVERIFY(QFile::exists(fullDevice));
     QVERIFY(SnapshotTextExport::write(
         fullDevice, m_records, coordinates({QStringLiteral("A00")}), AllSpaces));
 }
@@ -280,8 +279,7 @@ void tst_SnapshotTextExport::removedWhileOpen()
     QFile removed(m_directory.filePath(QStringLiteral("removed.txt")));
     QVERIFY(removed.open(QIODevice::ReadWrite));
     const QString open = QStringLiteral("/proc/self/fd/%1").arg(removed.handle());
-    if (!QFile::exists(open))
-        QSKIP("no open file has a name");
+    QVERIFY(QFile::exists(open));
     QVERIFY(QFile::remove(removed.fileName()));
     QVERIFY(SnapshotTextExport::write(
         open, m_records, coordinates({QStringLiteral("B03")}), AllSpaces));

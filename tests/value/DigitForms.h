@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ProcessorTimer.h"
+#include "tests/support/ProcessorTimer.h"
 
 #include <KrDatatype/SimpleType.h>
 

@@ -5,7 +5,7 @@
 #include <KrParameterInstance/ParameterSetup.h>
 
 #include "LocalText.h"
-#include "ProcessorTimer.h"
+#include "tests/support/ProcessorTimer.h"
 
 #include <QtTest/QtTest>
 

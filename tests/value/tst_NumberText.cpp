@@ -1,6 +1,6 @@
 #include "value/NumberText.h"
 
-#include "ProcessorTimer.h"
+#include "tests/support/ProcessorTimer.h"
 
 #include <QtTest/QtTest>
 

@@ -1,6 +1,6 @@
 #include "value/SuffixRule.h"
 
-#include "ProcessorTimer.h"
+#include "tests/support/ProcessorTimer.h"
 
 #include <QtCore/QRandomGenerator>
 #include <QtCore/QRegularExpression>

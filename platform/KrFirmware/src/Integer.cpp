@@ -2,8 +2,8 @@
 
 #include <KrDatatype/SimpleType.h>
 
-#include <bit>
 #include <algorithm>
+#include <bit>
 #include <limits>
 
 namespace {
