@@ -2,6 +2,8 @@
 
 #include <QtCore/qglobal.h>
 
+#include <optional>
+
 /// Ends dependencies that go round in a circle. Counts the dispatches that run inside each other, and all
 /// that follow from one outermost change.
 class DispatchLimit {
@@ -40,15 +42,22 @@ public:
         return true;
     }
 
-    /// A change dispatches several kinds of dependency. True at the outermost.
-    bool beginChange() { return m_changes++ == 0; }
-    bool endChange()
+    /// A change dispatches several kinds of dependency. They nest.
+    void beginChange()
+    {
+        if (m_changes++ == 0)
+            ++m_outermostChanges;
+    }
+    void endChange()
     {
         --m_changes;
         resetWhenIdle();
-        return m_changes == 0;
     }
-    bool isChanging() const { return m_changes > 0; }
+    /// Number of the outermost change that runs, from 1. Nothing: none.
+    std::optional<quint64> change() const
+    {
+        return m_changes > 0 ? std::optional(m_outermostChanges) : std::nullopt;
+    }
 
 private:
     void resetWhenIdle()
@@ -61,6 +70,7 @@ private:
     }
 
     int m_changes = 0;
+    quint64 m_outermostChanges = 0;
     int m_depth = 0;
     int m_count = 0;
     int m_preparations = 0;

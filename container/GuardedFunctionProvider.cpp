@@ -110,20 +110,3 @@ void GuardedFunctionProvider::runFunction(
         return true;
     });
 }
-
-std::optional<std::pair<QString, QString>> GuardedFunctionProvider::limits(
-    const ParameterData *data, quint16 element)
-{
-    return answer(std::optional<std::pair<QString, QString>>(),
-        [&](ParameterFunctionProvider &provider) { return provider.limits(data, element); });
-}
-
-void GuardedFunctionProvider::beginChange()
-{
-    m_provider->beginChange();
-}
-
-void GuardedFunctionProvider::endChange()
-{
-    m_provider->endChange();
-}

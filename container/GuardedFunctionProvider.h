@@ -29,10 +29,6 @@ public:
     QString upperLimit(const ParameterData *data, quint16 element) override;
     bool isHidden(const ParameterData *data, quint16 element) override;
     void runFunction(eFunctionKind kind, const ParameterData *data, quint16 element) override;
-    std::optional<std::pair<QString, QString>> limits(
-        const ParameterData *data, quint16 element) override;
-    void beginChange() override;
-    void endChange() override;
 
 private:
     template <typename Answer, typename Function>

@@ -333,8 +333,6 @@ void ParameterContainerPrivate::setFirmware(ServoDriveFirmware *newFirmware)
     if (created) {
         functionProvider = std::make_unique<GuardedFunctionProvider>(std::move(created));
         functionProvider->setCallbackProvider(&callbackDelegate);
-        if (m_dispatchLimit.isChanging())
-            functionProvider->beginChange();
     }
     if (isOutdated())
         return;
@@ -555,6 +553,10 @@ QString ParameterContainerPrivate::containerText(const QString &key) const
         return domain;
     if (key == QLatin1String("parameterChangeTag"))
         return parameterChangeTag;
+    if (key == QLatin1String("change")) {
+        const std::optional<quint64> change = m_dispatchLimit.change();
+        return change ? QString::number(*change) : QString();
+    }
     return {};
 }
 

@@ -79,16 +79,8 @@ public:
 
     void onElementsChanged() override { addressLists.clear(); }
     void onPropertiesChanged(CoordinateInstanceSet *set) override;
-    void beginChange() override
-    {
-        if (m_dispatchLimit.beginChange() && functionProvider)
-            functionProvider->beginChange();
-    }
-    void endChange() override
-    {
-        if (m_dispatchLimit.endChange() && functionProvider)
-            functionProvider->endChange();
-    }
+    void beginChange() override { m_dispatchLimit.beginChange(); }
+    void endChange() override { m_dispatchLimit.endChange(); }
     bool beginPreparation() override { return m_dispatchLimit.enterPreparation(); }
     void endPreparation() override { m_dispatchLimit.leave(); }
     QList<DependencyReceiver> receivers(const DependencyKey &key) override

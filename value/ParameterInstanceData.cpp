@@ -387,24 +387,10 @@ void ParameterInstanceData::runFunction(eFunctionKind kind, quint16 element)
 bool ParameterInstanceData::updateLimits(quint16 element)
 {
     const QPointer<ParameterSetup> owner(m_owner);
-    ParameterFunctionProvider *firmware = provider();
     const auto isThere = [&] { return owner && elements().contains(element); };
-    auto limits = firmware ? firmware->limits(&m_delegate, element) : std::nullopt;
-    if (limits && isThere()) {
-        const ElementFacts &defined = facts(element);
-        if (limits->first.isEmpty())
-            limits->first = defined.lowerLimit;
-        if (limits->second.isEmpty())
-            limits->second = defined.upperLimit;
-    } else if (isThere()) {
-        limits.emplace(lowerLimit(element), QString());
-        if (isThere())
-            limits->second = upperLimit(element);
-    }
-    if (!isThere())
-        return false;
-    return remember(
-        rare().told[element].limits, limits->first + QChar(QChar::Null) + limits->second);
+    const QString lower = isThere() ? lowerLimit(element) : QString();
+    const QString upper = isThere() ? upperLimit(element) : QString();
+    return isThere() && remember(rare().told[element].limits, lower + QChar(QChar::Null) + upper);
 }
 
 bool ParameterInstanceData::updateUnits(quint16 element, const QString &unitTexts)

@@ -64,6 +64,7 @@ private Q_SLOTS:
     void datatypePropertyOfNothing();
     void systemProperty();
     void containerText();
+    void runningChange();
     void addMessages();
 
 private:
@@ -364,6 +365,33 @@ void tst_CallbackProviderDelegate::containerText()
     QCOMPARE(firmware.containerText(u"parameterChangeTag"_s), u"tag"_s);
     QCOMPARE(firmware.containerText(u"Domain"_s), QString());
     QCOMPARE(firmware.containerText(QString()), QString());
+}
+
+void tst_CallbackProviderDelegate::runningChange()
+{
+    TestContainer container;
+    for (const QString &coordinate : {u"A12"_s, u"B01"_s}) {
+        QVERIFY(container.create(at(coordinate).property(eParameterProperty::LimitDependency, 7),
+            u"D.1;"_s + coordinate));
+    }
+    QStringList changes;
+    const auto note = [&] { changes.append(callbacks(container).containerText(u"change"_s)); };
+    const auto write = [&](const QString &coordinate, const QString &text) {
+        container->writeValueNative(Axis1, ParameterCoordinate(coordinate), 0, text);
+    };
+    QObject listener;
+    connect(container.setup(u"A12"_s), &ParameterSetup::valueChanged, &listener, [&] {
+        note();
+        write(u"B01"_s, u"5"_s);
+        note();
+    });
+    connect(container.setup(u"B01"_s), &ParameterSetup::valueChanged, &listener, note);
+    note();
+    write(u"A12"_s, u"1"_s);
+    note();
+    write(u"B01"_s, u"6"_s);
+    // One that follows inside another belongs to it.
+    QCOMPARE(changes, QStringList({{}, u"1"_s, u"1"_s, u"1"_s, {}, u"2"_s}));
 }
 
 void tst_CallbackProviderDelegate::addMessages()

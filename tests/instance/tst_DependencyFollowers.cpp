@@ -16,7 +16,7 @@ private Q_SLOTS:
     void unitsNobodyAskedFor();
     void maskedLimits_data();
     void maskedLimits();
-    void limitsAreAskedForOnce();
+    void eachLimitIsAskedForOnce();
     void recordElementsAreFoundByKey();
     void elementFollowsByOverride();
     void accessLevelAsksWhereItMatters();
@@ -111,61 +111,20 @@ void tst_DependencyFollowers::maskedLimits()
     QCOMPARE(receiver->upperLimitText(Axis1, 0), isMasked ? QString() : u"20"_s);
 }
 
-/// Answers both limits at once.
-class LimitsProvider final : public ParameterFunctionProvider {
-public:
-    explicit LimitsProvider(QStringList &calls)
-        : m_calls(calls)
-    {
-    }
-    void setCallbackProvider(CallbackProvider *) override { }
-    quint32 checkValue(const QString &, const ParameterData *, quint16) override { return 0; }
-    QString correctValue(const QString &text, const ParameterData *, quint16) override
-    {
-        return text;
-    }
-    QString valueText(const QString &text, const ParameterData *, quint16) override { return text; }
-    QString nativeText(const QString &text, const ParameterData *, quint16) override
-    {
-        return text;
-    }
-    QString lowerLimit(const ParameterData *, quint16) override
-    {
-        m_calls.append(u"lower"_s);
-        return u"1"_s;
-    }
-    QString upperLimit(const ParameterData *, quint16) override
-    {
-        m_calls.append(u"upper"_s);
-        return u"2"_s;
-    }
-    bool isHidden(const ParameterData *, quint16) override { return false; }
-    void runFunction(eFunctionKind, const ParameterData *, quint16) override { }
-    std::optional<std::pair<QString, QString>> limits(const ParameterData *, quint16) override
-    {
-        m_calls.append(u"both"_s);
-        return std::pair(u"1"_s, u"2"_s);
-    }
-    void beginChange() override { m_calls.append(u"begin"_s); }
-    void endChange() override { m_calls.append(u"end"_s); }
-
-private:
-    QStringList &m_calls;
-};
-
-void tst_DependencyFollowers::limitsAreAskedForOnce()
+void tst_DependencyFollowers::eachLimitIsAskedForOnce()
 {
     InstanceStand stand;
     auto *source = stand.add(DefinitionBuilder().property(LimitDependency, 5), u"A12"_s);
     stand.add(DefinitionBuilder().property(LimitFunctionIndex, 5U), u"B07"_s);
-    QStringList calls;
-    ContainerInternals::bind(*stand.container, std::make_unique<LimitsProvider>(calls));
+    ProgrammedFunctions *firmware = stand.programFirmware();
+    const QStringList both {u"lowerLimit 1.B007[00000]"_s, u"upperLimit 1.B007[00000]"_s};
     source->setOnlineValueText(Axis1, 0, u"1"_s);
     // Before the first change and after it.
-    QCOMPARE(calls, (QStringList {u"begin"_s, u"both"_s, u"both"_s, u"end"_s}));
-    calls.clear();
+    QCOMPARE(firmware->callsOf(u"lowerLimit"_s).size(), 2);
+    QCOMPARE(firmware->callsOf(u"upperLimit"_s).size(), 2);
+    firmware->calls.clear();
     source->setOnlineValueText(Axis1, 0, u"2"_s);
-    QCOMPARE(calls, (QStringList {u"begin"_s, u"both"_s, u"end"_s}));
+    QCOMPARE(firmware->calls, both);
 }
 
 void tst_DependencyFollowers::recordElementsAreFoundByKey()

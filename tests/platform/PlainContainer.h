@@ -20,6 +20,8 @@ public:
     QHash<QString, uint> types;
     /// What the property questions answer, by key or number.
     QHash<QString, QVariant> properties;
+    /// The change that runs; empty: none.
+    QString change;
     QStringList calls;
     /// Runs inside of every call, after it was noted.
     std::function<void(const QString &call)> listener = [](const QString &) {};
@@ -85,6 +87,8 @@ public:
     }
     QString containerText(const QString &key) override
     {
+        if (key == QLatin1StringView("change"))
+            return change;
         return key == QLatin1StringView("domain") ? QStringLiteral("Device") : QString();
     }
     void addInformationMessage(const QString &text) override

@@ -11,8 +11,6 @@
 class FunctionBudget {
 public:
     static constexpr qint64 Instructions = 1000000;
-    /// What all calls may use together that follow from one change of a value: half a second.
-    static constexpr qint64 InstructionsOfChange = 50 * Instructions;
     /// Instructions are counted in steps of this many.
     static constexpr int Step = 1000;
     static constexpr std::chrono::milliseconds ProcessorTime {50};

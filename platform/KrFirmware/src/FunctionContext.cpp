@@ -1,6 +1,7 @@
 #include "FunctionContext.h"
 
 #include "FunctionCall.h"
+#include "RunningChange.h"
 
 void FunctionContext::setCallbacks(CallbackProvider *callbacks)
 {
@@ -23,8 +24,8 @@ void FunctionContext::begin(FunctionCall &call)
 void FunctionContext::end(FunctionCall &call)
 {
     m_call = call.outer;
-    if (!m_call)
-        m_leftOfChange -= m_budget.used();
+    if (!m_call && m_budget.used() >= ChangeBudget::LeastCounted)
+        m_changeBudget.charge(RunningChange::of(m_callbacks), m_budget.used());
 }
 
 void FunctionContext::stop(const QString &reason)
@@ -48,18 +49,9 @@ QString FunctionContext::takeReason(const FunctionCall &call)
     return &call == m_teller ? std::exchange(m_reason, QString()) : QString();
 }
 
-void FunctionContext::beginChange()
+bool FunctionContext::isChangeSpent() const
 {
-    if (m_changes++ > 0)
-        return;
-    m_leftOfChange = FunctionBudget::InstructionsOfChange;
-    m_isChangeReported = false;
-}
-
-void FunctionContext::endChange()
-{
-    // One that began before the functions were there ends without a beginning.
-    m_changes = qMax(m_changes - 1, 0);
+    return m_changeBudget.isSpent() && m_changeBudget.isSpent(RunningChange::of(m_callbacks));
 }
 
 void FunctionContext::stop(const QString &reason, FunctionCall *teller)

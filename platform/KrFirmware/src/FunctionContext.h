@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ChangeBudget.h"
 #include "FunctionBudget.h"
 
 #include <QtCore/QString>
@@ -35,13 +36,10 @@ public:
     /// Hands the reason out to the call that tells it, once; empty for others.
     QString takeReason(const FunctionCall &call);
 
-    /// Stand around a change of a value; see ParameterFunctionProvider.
-    void beginChange();
-    void endChange();
-    /// The calls of one change used up what they share.
-    bool isChangeSpent() const { return m_changes > 0 && m_leftOfChange <= 0; }
+    /// The calls of the running change used up what they share.
+    bool isChangeSpent() const;
     /// True once a change.
-    bool takeChangeReport() { return !std::exchange(m_isChangeReported, true); }
+    bool takeChangeReport() { return m_changeBudget.takeReport(); }
 
 private:
     void stop(const QString &reason, FunctionCall *teller);
@@ -53,7 +51,5 @@ private:
     QString m_reason;
     /// Compared only: null where nobody tells the reason.
     const FunctionCall *m_teller = nullptr;
-    int m_changes = 0;
-    qint64 m_leftOfChange = 0;
-    bool m_isChangeReported = false;
+    ChangeBudget m_changeBudget;
 };

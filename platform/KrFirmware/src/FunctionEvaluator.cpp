@@ -44,16 +44,6 @@ FunctionOutcome FunctionEvaluator::run(int function, FunctionCall &call)
     return outcome;
 }
 
-void FunctionEvaluator::beginChange()
-{
-    m_state->beginChange();
-}
-
-void FunctionEvaluator::endChange()
-{
-    m_state->endChange();
-}
-
 bool FunctionEvaluator::isRunning() const
 {
     return m_state->isRunning();

@@ -39,9 +39,6 @@ public:
     /// A function that uses up what a call may use is given up: it would do so again, for each of
     /// the elements that name it.
     FunctionOutcome run(int function, FunctionCall &call);
-    /// Stand around a change of a value; see ParameterFunctionProvider.
-    void beginChange();
-    void endChange();
     /// A function runs, and led here.
     bool isRunning() const;
 

@@ -4,6 +4,7 @@
 #include "FunctionCall.h"
 #include "FunctionTables.h"
 #include "NativeValue.h"
+#include "RunningChange.h"
 
 #include <KrDatatype/SimpleType.h>
 #include <KrFirmware/CallbackProvider.h>
@@ -140,40 +141,29 @@ void IndexedFunctions::run(eFunctionKind kind, const ParameterData &data, quint1
     outcome(eParameterProperty(kind), index(), data, element);
 }
 
-void IndexedFunctions::beginChange()
-{
-    if (m_changes++ == 0)
-        m_toldOfChange = 0;
-    if (m_evaluator)
-        m_evaluator->beginChange();
-}
-
-void IndexedFunctions::endChange()
-{
-    m_changes = qMax(m_changes - 1, 0);
-    if (m_evaluator)
-        m_evaluator->endChange();
-}
-
 void IndexedFunctions::report()
 {
     if (m_failures.isEmpty() || m_evaluator->isRunning())
         return;
     const QStringList failures = std::exchange(m_failures, {});
     const QString title = m_title;
+    const QString change = m_change;
     for (const QString &text : failures)
-        tell(title, text);
+        tell(title, change, text);
 }
 
-void IndexedFunctions::tell(const QString &title, const QString &text)
+void IndexedFunctions::tell(const QString &title, const QString &change, const QString &text)
 {
-    if (m_changes == 0) {
+    if (change.isEmpty()) {
         System::addCriticalMessage(title, text);
         return;
     }
-    if (m_toldOfChange >= MostFailures)
+    if (std::exchange(m_toldChange, change) != change)
+        m_toldOfChange.clear();
+    if (m_toldOfChange.size() >= MostFailures || m_toldOfChange.contains(text))
         return;
-    const bool isLast = ++m_toldOfChange == MostFailures;
+    m_toldOfChange.append(text);
+    const bool isLast = m_toldOfChange.size() == MostFailures;
     System::addCriticalMessage(title, text);
     if (isLast) {
         System::addCriticalMessage(
@@ -197,8 +187,10 @@ FunctionOutcome IndexedFunctions::outcome(
 void IndexedFunctions::note(FunctionCall &call, const QString &reason)
 {
     const QString text = call.name() + QLatin1StringView(": ") + reason;
-    if (m_callbacks)
+    if (m_callbacks) {
         m_title = m_callbacks->containerText(QStringLiteral("domain"));
+        m_change = RunningChange::of(m_callbacks);
+    }
     if (m_failures.size() < MostFailures && !m_failures.contains(text))
         m_failures.append(text);
 }

@@ -32,10 +32,6 @@ public:
     bool isHidden(const ParameterData &data, quint16 element);
     void run(eFunctionKind kind, const ParameterData &data, quint16 element);
 
-    /// Stand around a change of a value; see ParameterFunctionProvider.
-    void beginChange();
-    void endChange();
-
     /// At the end of every question. While a function runs that led to it, nothing happens.
     void report();
 
@@ -43,7 +39,7 @@ private:
     FunctionOutcome outcome(
         eParameterProperty kind, quint16 index, const ParameterData &data, quint16 element);
     void note(FunctionCall &call, const QString &reason);
-    void tell(const QString &title, const QString &text);
+    void tell(const QString &title, const QString &change, const QString &text);
     void note(eParameterProperty kind, quint16 index, const ParameterData &data, quint16 element,
         const QString &reason);
 
@@ -53,7 +49,9 @@ private:
     QStringList m_failures;
     /// The container's domain when the failures were noted: it may be gone when they are told.
     QString m_title;
-    int m_changes = 0;
-    /// Failures that were told of the outermost change.
-    int m_toldOfChange = 0;
+    /// The change that the failures come of; empty where they come of none.
+    QString m_change;
+    /// Failures that were told of one change.
+    QString m_toldChange;
+    QStringList m_toldOfChange;
 };

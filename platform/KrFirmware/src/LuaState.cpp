@@ -199,7 +199,7 @@ void LuaState::refuse(FunctionOutcome &outcome)
     outcome.end = FunctionOutcome::eEnd::Failed;
     outcome.reason = QStringLiteral("the functions that follow from one change need more than %1 "
                                     "instructions; the rest of them is not run")
-                         .arg(FunctionBudget::InstructionsOfChange);
+                         .arg(ChangeBudget::Instructions);
 }
 
 void LuaState::countStep(lua_State *state, lua_Debug *)

@@ -29,8 +29,6 @@ public:
     QString compile(const QByteArray &text, int &place);
     void setCallbackProvider(CallbackProvider *callbacks) { m_context.setCallbacks(callbacks); }
     FunctionOutcome run(int place, FunctionCall &call);
-    void beginChange() { m_context.beginChange(); }
-    void endChange() { m_context.endChange(); }
     bool isRunning() const { return m_context.call() != nullptr; }
 
 private:

@@ -94,16 +94,6 @@ void ReferenceFunctionProvider::runFunction(
     m_functions.report();
 }
 
-std::optional<std::pair<QString, QString>> ReferenceFunctionProvider::limits(
-    const ParameterData *data, quint16 element)
-{
-    return answer([&] {
-        const auto [lower, upper] = m_functions.limits(*data, element);
-        return std::optional(std::pair(lower.isNull() ? data->lowerLimitValue(element) : lower,
-            upper.isNull() ? data->upperLimitValue(element) : upper));
-    });
-}
-
 ValueBounds ReferenceFunctionProvider::bounds(const ParameterData &data, quint16 element)
 {
     const auto [lower, upper] = m_functions.limits(data, element);

@@ -27,10 +27,6 @@ public:
     QString upperLimit(const ParameterData *data, quint16 element) override;
     bool isHidden(const ParameterData *data, quint16 element) override;
     void runFunction(eFunctionKind kind, const ParameterData *data, quint16 element) override;
-    std::optional<std::pair<QString, QString>> limits(
-        const ParameterData *data, quint16 element) override;
-    void beginChange() override { m_functions.beginChange(); }
-    void endChange() override { m_functions.endChange(); }
 
 private:
     /// The answer of a question, after whose end the failures are reported.

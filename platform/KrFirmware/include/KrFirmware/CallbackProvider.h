@@ -32,7 +32,9 @@ public:
     virtual QVariant datatypeProperty(unsigned short coordinate, const QString &key) = 0;
     /// Key "activeLanguage".
     virtual QVariant systemProperty(const QString &key) = 0;
-    /// Keys "domain", "parameterChangeTag".
+    /// Keys "domain", "parameterChangeTag", and "change": a text that names the outermost change of a
+    /// value that runs with all that follows from it, another one for each; empty while none runs.
+    /// An unknown key gives an empty text.
     virtual QString containerText(const QString &key) = 0;
     virtual void addInformationMessage(const QString &text) = 0;
     virtual void addWarningMessage(const QString &text) = 0;

@@ -5,9 +5,6 @@
 
 #include <QtCore/QString>
 
-#include <optional>
-#include <utility>
-
 class CallbackProvider;
 class ParameterData;
 
@@ -44,13 +41,4 @@ public:
     virtual QString upperLimit(const ParameterData *data, quint16 element) = 0;
     virtual bool isHidden(const ParameterData *data, quint16 element) = 0;
     virtual void runFunction(eFunctionKind kind, const ParameterData *data, quint16 element) = 0;
-    /// Lower and upper limit, for whoever needs both, where one question answers the two. Nothing:
-    /// they are to be asked for one by one.
-    virtual std::optional<std::pair<QString, QString>> limits(
-        const ParameterData *data, quint16 element);
-
-    /// Stand around a change of a value and all that follows from it, so that what its functions
-    /// use together can be bounded. They nest.
-    virtual void beginChange();
-    virtual void endChange();
 };
