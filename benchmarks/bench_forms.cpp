@@ -172,7 +172,7 @@ QString showDecimal(const QString &valueText)
 std::optional<QString> readDecimal(const QString &shown)
 {
     const SuffixRule::Number number = SuffixRule::apply(shown, SuffixRule::eFormat::Decimal);
-    return DecimalForm::read(number.text, Unit, Point);
+    return DecimalForm::read(number.text.toString(), Unit, Point);
 }
 
 QString showHexadecimal(const QString &valueText)

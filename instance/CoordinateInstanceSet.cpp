@@ -234,10 +234,10 @@ void CoordinateInstanceSet::loadFromSection(const LmIniParser::IniSection &secti
         const quint16 count = elementCountOf(section.read(ElementCountKey));
         m_elements.setCount(count > 0 ? count : m_definition->elementCount());
     }
-    QList<std::pair<eLivingSpace, ParameterInstanceData::Changes>> changes;
-    for (const eLivingSpace livingSpace : m_instances.livingSpaces())
-        changes.append(
-            {livingSpace, m_instances.find(livingSpace)->loadFromSection(section, utf8)});
+    const auto livingSpaces = m_instances.livingSpaces();
+    QVarLengthArray<ParameterInstanceData::Changes, InstanceTable::LivingSpaceCount> changes;
+    for (const eLivingSpace livingSpace : livingSpaces)
+        changes.append(m_instances.find(livingSpace)->loadFromSection(section, utf8));
     const bool hadOverrides = m_properties.hasOverrides();
     m_properties.replaceOverrides(SectionOverrides::load(section, utf8, m_properties));
 
@@ -249,8 +249,8 @@ void CoordinateInstanceSet::loadFromSection(const LmIniParser::IniSection &secti
         m_registry->onPropertiesChanged(this);
     if (isRecounted && !emitDefinitionChanged())
         return;
-    for (const auto &[livingSpace, changed] : changes) {
-        if (!emitChanges(livingSpace, changed))
+    for (qsizetype i = 0; i < changes.size(); ++i) {
+        if (!emitChanges(livingSpaces.at(i), changes.at(i)))
             return;
     }
 }
@@ -353,7 +353,8 @@ ParameterCoordinate CoordinateInstanceSet::coordinate() const
 
 QList<eLivingSpace> CoordinateInstanceSet::livingSpaces() const
 {
-    return m_instances.livingSpaces();
+    const auto list = m_instances.livingSpaces();
+    return {list.begin(), list.end()};
 }
 
 bool CoordinateInstanceSet::hasElementProperty(quint16 element, eParameterProperty property) const

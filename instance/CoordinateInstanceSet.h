@@ -252,9 +252,9 @@ private:
 
     /// Stores what differs from the stored text; what does not only receives the change tag.
     void storeValueText(const Guard &guard, ParameterInstanceData *record, quint16 element,
-        const QString &valueText, const QString &nativeText);
-    void storeNative(const Guard &guard, ParameterInstanceData *record, quint16 element,
-        const QString &nativeText);
+        const QString &valueText, QString nativeText);
+    void storeNative(
+        const Guard &guard, ParameterInstanceData *record, quint16 element, QString nativeText);
     /// False, like the other emitting functions, when the set is gone.
     bool emitValueChanged(const Guard &guard, eLivingSpace key, quint16 element);
     bool emitDefaultChanged(eLivingSpace key, quint16 element);

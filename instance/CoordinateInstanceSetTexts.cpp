@@ -21,7 +21,8 @@ QString CoordinateInstanceSet::displayValueText(
     eLivingSpace livingSpace, quint16 element, bool withUnit) const
 {
     const Guard guard(this);
-    const QString text = prepared(guard, livingSpace, element, withUnit);
+    // Moved out, not copied: a const text would be.
+    QString text = prepared(guard, livingSpace, element, withUnit);
     if (!has(guard, element) || !record(livingSpace, element) || m_container->isOnline()
         || m_container->isReadOnly())
         return text;
@@ -150,7 +151,7 @@ QString CoordinateInstanceSet::prepare(const Guard &guard, const QString &valueT
     if (!has(guard, element))
         return {};
     ValueTextConverter converter(*this);
-    const QString text = converter.prepare(valueText, livingSpace, element, unitText);
+    QString text = converter.prepare(valueText, livingSpace, element, unitText);
     if (ok)
         *ok = converter.problems().isEmpty();
     if (!converter.problems().isEmpty() && guard)
@@ -167,8 +168,9 @@ QString CoordinateInstanceSet::adoptValueText(
     if (!m_elements.contains(element))
         return {};
     const Guard guard(this);
-    const QString unitText =
-        m_properties.facts(element).has(eParameterProperty::ScaledMeasuringUnit)
+    // A blank stands before every unit that is typed.
+    const QString unitText = displayText.contains(QLatin1Char(' '))
+            && m_properties.facts(element).has(eParameterProperty::ScaledMeasuringUnit)
             && DisplayForms::readsUnit(m_properties.facts(element).kind)
         ? this->unitText(eParameterProperty::ScaledMeasuringUnit, livingSpace, element)
         : QString();
@@ -178,7 +180,7 @@ QString CoordinateInstanceSet::adoptValueText(
         return {};
     }
     ValueTextConverter converter(*this);
-    const QString text = converter.adopt(displayText, livingSpace, element, unitText);
+    QString text = converter.adopt(displayText, livingSpace, element, unitText);
     if (converter.problems().isEmpty())
         return text;
     if (ok)

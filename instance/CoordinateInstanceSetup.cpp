@@ -189,12 +189,12 @@ void CoordinateInstanceSet::setValueText(
     ParameterInstanceData *found = ok && guard ? record(livingSpace, element) : nullptr;
     if (!found)
         return;
-    const QString native = found->toNativeText(element, adopted);
+    QString native = found->toNativeText(element, adopted);
     const quint32 code = has(guard, element) ? found->checkCode(element, native) : 0;
     if (!has(guard, element))
         return;
     if (code == 0)
-        storeValueText(guard, found, element, adopted, native);
+        storeValueText(guard, found, element, adopted, std::move(native));
     else
         found->rejectValue(element, native, code);
 }
@@ -206,13 +206,13 @@ void CoordinateInstanceSet::setNativeValue(
     ParameterInstanceData *found = record(livingSpace, element);
     if (!found)
         return;
-    const QString native = found->toNativeText(element, valueText);
+    QString native = found->toNativeText(element, valueText);
     if (has(guard, element))
-        storeValueText(guard, found, element, valueText, native);
+        storeValueText(guard, found, element, valueText, std::move(native));
 }
 
 void CoordinateInstanceSet::storeValueText(const Guard &guard, ParameterInstanceData *record,
-    quint16 element, const QString &valueText, const QString &nativeText)
+    quint16 element, const QString &valueText, QString nativeText)
 {
     const QString stored = record->value(element);
     if (!has(guard, element))
@@ -223,15 +223,15 @@ void CoordinateInstanceSet::storeValueText(const Guard &guard, ParameterInstance
     if (isSame)
         record->setValueChangeTag(element, m_container->parameterChangeTag());
     else
-        storeNative(guard, record, element, nativeText);
+        storeNative(guard, record, element, std::move(nativeText));
 }
 
 void CoordinateInstanceSet::storeNative(
-    const Guard &guard, ParameterInstanceData *record, quint16 element, const QString &nativeText)
+    const Guard &guard, ParameterInstanceData *record, quint16 element, QString nativeText)
 {
     const eLivingSpace livingSpace = record->livingSpace();
     if (m_properties.facts(element).isIndependent()) {
-        record->setValue(element, nativeText);
+        record->setValue(element, std::move(nativeText));
         emitValueChanged(guard, livingSpace, element);
         return;
     }
@@ -239,7 +239,7 @@ void CoordinateInstanceSet::storeNative(
     prepareReceivers(livingSpace, element);
     if (!has(guard, element))
         return;
-    record->setValue(element, nativeText);
+    record->setValue(element, std::move(nativeText));
     if (emitValueChanged(guard, livingSpace, element) && has(guard, element))
         dispatchDependencies(livingSpace, element);
 }

@@ -4,7 +4,7 @@
 
 #include <KrParameterDefinition/eLivingSpace.h>
 
-#include <QtCore/QList>
+#include <QtCore/QVarLengthArray>
 
 #include <array>
 #include <functional>
@@ -14,6 +14,10 @@
 /// Holds the value records of one parameter by living space.
 class InstanceTable {
 public:
+    static constexpr size_t LivingSpaceCount = 5;
+    /// Costs no allocation.
+    using LivingSpaces = QVarLengthArray<eLivingSpace, LivingSpaceCount>;
+
     InstanceTable() = default;
     ~InstanceTable()
     {
@@ -45,9 +49,9 @@ public:
     }
     bool contains(eLivingSpace key) const { return find(key) != nullptr; }
     /// Ascending.
-    QList<eLivingSpace> livingSpaces() const
+    LivingSpaces livingSpaces() const
     {
-        QList<eLivingSpace> list;
+        LivingSpaces list;
         for (size_t i = 0; i < m_records.size(); ++i) {
             if (m_records[i])
                 list.append(eLivingSpace(i));
@@ -81,8 +85,6 @@ public:
     }
 
 private:
-    static constexpr size_t LivingSpaceCount = 5;
-
     static constexpr bool isLivingSpace(eLivingSpace livingSpace)
     {
         return qint32(livingSpace) >= 0 && size_t(livingSpace) < LivingSpaceCount;

@@ -10,12 +10,16 @@ class ChangeTag {
 public:
     ChangeTag() = default;
     /// Shares the text of the tag made last where it is the same.
-    explicit ChangeTag(const QString &text);
+    explicit ChangeTag(const QString &text) { share(text); }
+    explicit ChangeTag(QLatin1StringView text) { share(text); }
 
     bool isEmpty() const { return !d; }
     QString text() const { return d ? d->text : QString(); }
 
 private:
+    template <typename Text>
+    void share(const Text &text);
+
     struct Shared : QSharedData {
         explicit Shared(const QString &tagText)
             : text(tagText)

@@ -201,9 +201,11 @@ QString DecimalForm::engineering(float value, quint32 digits)
     return text;
 }
 
-QString DecimalForm::read(QStringView text, const QString &unit, const QString &decimalPoint)
+QString DecimalForm::read(const QString &text, const QString &unit, const QString &decimalPoint)
 {
-    QString number = withoutUnit(text.trimmed(), QStringView(unit).trimmed()).toString();
+    const QStringView kept = withoutUnit(QStringView(text).trimmed(), QStringView(unit).trimmed());
+    // Most texts are a number alone and are shared.
+    QString number = kept.size() == text.size() ? text : kept.toString();
     if (decimalPoint != Point)
         number.replace(decimalPoint, QString(Point));
     return number;

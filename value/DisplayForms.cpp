@@ -117,7 +117,9 @@ std::optional<QString> readNumber(const QString &displayText, const Value &value
     case eFormat::Binary:
         return BinaryForm::read(number.text, value.type);
     }
-    return DecimalForm::read(number.text, value.place.unit, DecimalForm::systemDecimalPoint());
+    const bool isWhole = number.text.size() == displayText.size();
+    return DecimalForm::read(isWhole ? displayText : number.text.toString(), value.place.unit,
+        DecimalForm::systemDecimalPoint());
 }
 
 std::optional<QString> readChoice(const QString &displayText, const Value &value)

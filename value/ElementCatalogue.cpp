@@ -58,6 +58,10 @@ QList<quint16> ElementCatalogue::list() const
 {
     if (m_record)
         return m_record->elementList();
+    // Most parameters have this one, and are asked often.
+    static const QList<quint16> single {0};
+    if (m_count == 1)
+        return single;
     QList<quint16> list;
     list.reserve(m_count);
     for (quint16 element = 0; element < m_count; ++element)

@@ -30,9 +30,9 @@ namespace {
 quint32 lastSerialNumber = 0;
 
 /// A stored text is never null, so that null means "not there".
-QString stored(const QString &text)
+QString stored(QString text)
 {
-    return text.isNull() ? QString(QLatin1String("")) : text;
+    return text.isNull() ? QString(QLatin1String("")) : std::move(text);
 }
 
 /// Stores the text. True where it differs from the one that was there; what nobody knew did not change.
@@ -226,10 +226,10 @@ bool ParameterInstanceData::isBeingComputed(quint16 element) const
     return false;
 }
 
-void ParameterInstanceData::setValue(quint16 element, const QString &nativeText)
+void ParameterInstanceData::setValue(quint16 element, QString nativeText)
 {
     ElementTexts &texts = entry(element);
-    texts.value = stored(nativeText);
+    texts.value = stored(std::move(nativeText));
     texts.valueTag = currentTag();
 }
 
@@ -525,8 +525,13 @@ ParameterInstanceData::Changes ParameterInstanceData::loadFromSection(
     const LmIniParser::IniSection &section, bool utf8)
 {
     Changes changes;
-    const ChangeTag current = currentTag();
     const QList<quint16> list = elements().list();
+    const auto note = [&list](QList<quint16> &changed, qsizetype i) {
+        if (list.size() == 1)
+            changed = list;
+        else
+            changed.append(list.at(i));
+    };
     m_texts.reserve(size_t(list.size()));
     for (qsizetype i = 0; i < list.size(); ++i) {
         const SectionKeys keys(m_axisNumber, list.at(i));
@@ -536,14 +541,19 @@ ParameterInstanceData::Changes ParameterInstanceData::loadFromSection(
             QString loaded = decoded(section.read(key), utf8);
             const bool isChanged = text.isNull() || text != loaded;
             text = std::move(loaded);
-            tag =
-                section.contains(tagKey) ? ChangeTag(decoded(section.read(tagKey), utf8)) : current;
+            const std::optional<QByteArrayView> tagBytes = section.find(tagKey);
+            if (!tagBytes)
+                tag = currentTag();
+            else if (utf8)
+                tag = ChangeTag(decoded(*tagBytes, utf8));
+            else
+                tag = ChangeTag(QLatin1StringView(*tagBytes));
             return isChanged;
         };
         if (take(keys.value(), keys.valueTag(), texts.value, texts.valueTag))
-            changes.values.append(list.at(i));
+            note(changes.values, i);
         if (take(keys.defaultValue(), keys.defaultTag(), texts.defaultValue, texts.defaultTag))
-            changes.defaults.append(list.at(i));
+            note(changes.defaults, i);
     }
     return changes;
 }

@@ -73,7 +73,7 @@ public:
     /// default of element 0; none is stored for it.
     QString defaultValue(quint16 element);
     /// Stores and stamps with the container's change tag.
-    void setValue(quint16 element, const QString &nativeText);
+    void setValue(quint16 element, QString nativeText);
     void setDefaultValue(quint16 element, const QString &nativeText);
     /// Empty where there is none.
     QString valueChangeTag(quint16 element) const;

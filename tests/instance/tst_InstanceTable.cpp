@@ -38,7 +38,7 @@ void tst_InstanceTable::key()
 void tst_InstanceTable::emptyTable()
 {
     const InstanceTable table;
-    QCOMPARE(table.livingSpaces(), QList<eLivingSpace>());
+    QCOMPARE(table.livingSpaces(), InstanceTable::LivingSpaces());
     QVERIFY(!table.find(Global));
     QVERIFY(!table.contains(Axis1));
 }
@@ -69,7 +69,8 @@ void tst_InstanceTable::insert()
     QCOMPARE(record != nullptr, isTaken);
     QCOMPARE(table.contains(key), isTaken);
     QCOMPARE(table.find(key), record);
-    QCOMPARE(table.livingSpaces(), isTaken ? QList<eLivingSpace> {key} : QList<eLivingSpace>());
+    QCOMPARE(table.livingSpaces(),
+        isTaken ? InstanceTable::LivingSpaces {key} : InstanceTable::LivingSpaces());
 }
 
 void tst_InstanceTable::occupiedKeyKeepsItsRecord()
@@ -86,7 +87,7 @@ void tst_InstanceTable::livingSpacesAscend()
     InstanceTable table;
     for (const eLivingSpace livingSpace : {Axis4, Axis1, Axis3})
         table.insert(livingSpace);
-    QCOMPARE(table.livingSpaces(), (QList<eLivingSpace> {Axis1, Axis3, Axis4}));
+    QCOMPARE(table.livingSpaces(), (InstanceTable::LivingSpaces {Axis1, Axis3, Axis4}));
 }
 
 void tst_InstanceTable::insertBeyondTheReserve()

@@ -314,6 +314,9 @@ void tst_IniParser::sectionOfItsOwn()
     QCOMPARE(section.keys(), QList<QByteArray>());
     section.write("a", "");
     QVERIFY(section.contains("a"));
+    QVERIFY(section.find("a"));
+    QVERIFY(section.find("a")->isEmpty());
+    QVERIFY(!section.find("A"));
     QVERIFY(!section.contains("A"));
     QVERIFY(!section.contains(""));
     section.write("", "v");

@@ -25,6 +25,15 @@ bool sameBytes(QByteArrayView left, QByteArrayView right)
             || std::memcmp(left.data(), right.data(), static_cast<std::size_t>(left.size())) == 0);
 }
 
+/// Cheap, and no protection against texts that are made to collide: there are few keys to compare.
+quint32 checksumOf(QByteArrayView key)
+{
+    quint32 sum = 0;
+    for (const char byte : key)
+        sum = sum * 31 + static_cast<uchar>(byte);
+    return sum;
+}
+
 /// Seeded per process, so that no text can be made up whose keys all collide.
 quint32 hashOf(QByteArrayView key)
 {
@@ -46,15 +55,11 @@ IniSection::IniSection(std::shared_ptr<ByteArena> arena)
 
 IniSection::~IniSection() = default;
 
-bool IniSection::contains(QByteArrayView key) const
+std::optional<QByteArrayView> IniSection::find(QByteArrayView key) const
 {
-    return find(key) >= 0;
-}
-
-QByteArrayView IniSection::read(QByteArrayView key) const
-{
-    const qsizetype entry = find(key);
-    return entry < 0 ? QByteArrayView() : m_entries[static_cast<std::size_t>(entry)].value;
+    const qsizetype entry = indexOf(key);
+    return entry < 0 ? std::nullopt
+                     : std::optional(m_entries[static_cast<std::size_t>(entry)].value);
 }
 
 void IniSection::write(QByteArrayView key, QByteArrayView value)
@@ -74,15 +79,17 @@ QList<QByteArray> IniSection::keys() const
 
 bool IniSection::put(QByteArrayView key, QByteArrayView value)
 {
+    const quint32 checksum = checksumOf(key);
     const quint32 hash = m_index.empty() ? 0 : hashOf(key);
-    const qsizetype known = m_index.empty() ? findByComparing(key) : findByHash(key, hash);
+    const qsizetype known =
+        m_index.empty() ? findByComparing(key, checksum) : findByHash(key, hash);
     if (known >= 0) {
         m_entries[static_cast<std::size_t>(known)].value = value;
         return false;
     }
     if (m_entries.empty())
         m_entries.reserve(FirstEntryCount);
-    m_entries.push_back({key, value});
+    m_entries.push_back({key, value, checksum});
     const std::size_t count = m_entries.size();
     if (count > LargestUnindexed && 2 * count > m_index.size())
         growIndex();
@@ -91,23 +98,24 @@ bool IniSection::put(QByteArrayView key, QByteArrayView value)
     return true;
 }
 
-qsizetype IniSection::find(QByteArrayView key) const
+qsizetype IniSection::indexOf(QByteArrayView key) const
 {
     const auto count = static_cast<qsizetype>(m_entries.size());
     for (qsizetype next = m_cursor; next < qMin(m_cursor + 2, count); ++next) {
         if (sameBytes(m_entries[static_cast<std::size_t>(next)].key, key))
             return m_cursor = next;
     }
-    const qsizetype found = m_index.empty() ? findByComparing(key) : findByHash(key, hashOf(key));
+    const qsizetype found =
+        m_index.empty() ? findByComparing(key, checksumOf(key)) : findByHash(key, hashOf(key));
     if (found >= 0)
         m_cursor = found;
     return found;
 }
 
-qsizetype IniSection::findByComparing(QByteArrayView key) const
+qsizetype IniSection::findByComparing(QByteArrayView key, quint32 checksum) const
 {
     for (std::size_t entry = 0; entry < m_entries.size(); ++entry) {
-        if (sameBytes(m_entries[entry].key, key))
+        if (m_entries[entry].checksum == checksum && sameBytes(m_entries[entry].key, key))
             return static_cast<qsizetype>(entry);
     }
     return -1;

@@ -7,6 +7,7 @@
 #include <QtCore/QList>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace LmIniParser {
@@ -23,10 +24,12 @@ public:
     ~IniSection();
     Q_DISABLE_COPY_MOVE(IniSection)
 
-    bool contains(QByteArrayView key) const;
+    bool contains(QByteArrayView key) const { return find(key).has_value(); }
     /// Empty where the key is absent. Valid until the section is written to or destroyed; reading
     /// never invalidates it.
-    QByteArrayView read(QByteArrayView key) const;
+    QByteArrayView read(QByteArrayView key) const { return find(key).value_or(QByteArrayView()); }
+    /// The same; nothing where the key is absent.
+    std::optional<QByteArrayView> find(QByteArrayView key) const;
     /// Copies both. They may be views that this section handed out.
     void write(QByteArrayView key, QByteArrayView value);
     QList<QByteArray> keys() const;
@@ -40,6 +43,8 @@ private:
     struct Entry {
         QByteArrayView key;
         QByteArrayView value;
+        /// Of the key: tells most others apart before their bytes are compared.
+        quint32 checksum = 0;
     };
 
     /// One place of the open hash table. entry is the index in m_entries plus 1; 0: free.
@@ -54,8 +59,8 @@ private:
     /// Keeps the views: their bytes outlive the section. True where the key is new.
     bool put(QByteArrayView key, QByteArrayView value);
     // Each answers with the index in m_entries, -1 where the key is absent.
-    qsizetype find(QByteArrayView key) const;
-    qsizetype findByComparing(QByteArrayView key) const;
+    qsizetype indexOf(QByteArrayView key) const;
+    qsizetype findByComparing(QByteArrayView key, quint32 checksum) const;
     qsizetype findByHash(QByteArrayView key, quint32 hash) const;
     void index(std::size_t entry, quint32 hash);
     void growIndex();
