@@ -34,8 +34,7 @@ QString engineering(double value, quint32 digits);
 QString engineering(float value, quint32 digits);
 
 /// Drops the outer blanks and a trailing unit, which a blank must precede; makes every decimal
-/// point
-/// ".". Whether the rest is a number is for the firmware to decide.
+/// point ".". Whether the rest is a number is for the firmware to decide.
 QString read(const QString &text, const QString &unit, const QString &decimalPoint);
 
 } // namespace DecimalForm
