@@ -48,7 +48,8 @@ public:
 
     ImportResult run()
     {
-        if (checkRequest() && lockTable() && readTable() && readSource() && placeParameters())
+        if (checkRequest() && lockTable() && readTable() && readSource() && placeParameters()
+            && checkConfiguredValues())
             writeFiles();
         return m_result;
     }
@@ -148,6 +149,14 @@ private:
             return fail(eStatus::UnreadableInput, m_request.sourceFile,
                 tr("enthält kein Objekt mit einem Wert"));
         return true;
+    }
+
+    bool checkConfiguredValues()
+    {
+        if (m_result.configuredValues.isEmpty() || !m_request.refusalOfConfiguredValues)
+            return true;
+        const QString reason = m_request.refusalOfConfiguredValues();
+        return reason.isEmpty() || fail(eStatus::BadRequest, {}, reason);
     }
 
     void writeFiles()

@@ -6,6 +6,7 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
+#include <functional>
 #include <optional>
 
 /// What is to be imported into where.
@@ -18,6 +19,9 @@ struct ImportRequest {
     QString outputFile;
     /// **Range** 1 to 127. Goes before the file's own.
     std::optional<quint8> nodeId;
+    /// Asked before anything is written, where the file configures values: a text is the reason why
+    /// they have no place, which refuses the whole import. May be null.
+    std::function<QString()> refusalOfConfiguredValues = {};
 };
 
 /// What came of an import.
@@ -48,8 +52,8 @@ struct ImportResult {
 /// Nothing is written unless the source and the table could be used. The table is written before
 /// the description, so that no description names a coordinate that the table does not hold; each
 /// file is replaced as a whole or stays as it was.
-/// **Refused** a source without a single object that has a value, a table with a bad line, and
-/// requests whose files are one and the same.
+/// **Refused** a source without a single object that has a value, a table with a bad line, requests
+/// whose files are one and the same, and configured values that have no place.
 /// Imports on one table wait for each other, for a few seconds at most: a lock file beside the table
 /// is held from its reading to its replacing, so that no line is lost.
 ImportResult importObjectDictionary(const ImportRequest &request);

@@ -98,10 +98,7 @@ eExitCode ImportEdsCommand::run(const CommandLine &line, Console &console)
         return saveProject(*request, result, line.value(OptionName::Project), line, console);
     if (result.configuredValues.isEmpty())
         return eExitCode::Good;
-    const QString folder = usualFolder(request->outputFile);
-    if (isTaken(folder, line))
-        return fail(eExitCode::Usage, takenText(folder), console);
-    return saveProject(*request, result, folder, line, console);
+    return saveProject(*request, result, usualFolder(request->outputFile), line, console);
 }
 
 std::optional<ImportRequest> ImportEdsCommand::requestOf(const CommandLine &line, Console &console)
@@ -122,9 +119,13 @@ std::optional<ImportRequest> ImportEdsCommand::requestOf(const CommandLine &line
             return refuse(tr("--node-id nimmt eine Zahl von 1 bis 127 oder 0x1 bis 0x7F"));
         request.nodeId = quint8(*number);
     }
-    const QString folder = line.value(OptionName::Project);
-    if (line.has(OptionName::Project) && isTaken(folder, line))
-        return refuse(takenText(folder));
+    if (!line.has(OptionName::Project)) {
+        request.refusalOfConfiguredValues = [&line, folder = usualFolder(request.outputFile)] {
+            return isTaken(folder, line) ? takenText(folder) : QString();
+        };
+    } else if (isTaken(line.value(OptionName::Project), line)) {
+        return refuse(takenText(line.value(OptionName::Project)));
+    }
     return request;
 }
 

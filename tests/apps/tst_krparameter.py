@@ -637,13 +637,33 @@ class ImportEds(CommandLineTest):
         self.check(Run(*words), GOOD, err=f"Projekt {beside}: gespeichert und zurückgelesen\n")
         listed = Run("--device", device, "--project", beside, "list", "Gain", "--json").lines()
         self.assertEqual([line["native"] for line in listed], ["7"])
-        self.check(Run(*words), USAGE,
-                   err=f"krparameter: in {beside} liegt schon ein Projekt; --force ersetzt es\n")
         self.check(Run(*words, "--force"), GOOD)
         self.check(Run(*words, "--project", self.project), GOOD)
         listed = Run("--device", device, "--project", self.project, "list", "Gain", "--json").lines()
         self.assertEqual([line["native"] for line in listed], ["7"])
         self.check(Run(*words, "--project", self.project), USAGE, out="")
+
+    def test_a_taken_project_folder_leaves_everything_as_it_was(self):
+        source = self.folder / "drive.dcf"
+        configured = EDS.replace("DefaultValue=5\n", "DefaultValue=5\nParameterValue=7\n")
+        source.write_text(configured)
+        table, device = str(self.folder / "table.txt"), str(self.folder / "device.json")
+        words = ["import-eds", str(source), "--coordinates", table, "-o", device]
+        beside = str(self.folder / "device.project")
+        self.check(Run(*words), GOOD)
+
+        def files():
+            return {path: path.read_bytes() for path in self.folder.rglob("*") if path.is_file()}
+
+        source.write_text(configured.replace("Gain", "Other").replace("2000", "2001"))
+        before = files()
+        for folder, extra in ((beside, []), (beside, ["--project", beside])):
+            self.check(Run(*words, *extra), USAGE,
+                       err=f"krparameter: in {folder} liegt schon ein Projekt; --force ersetzt es\n")
+            self.assertEqual(files(), before)
+        source.write_text(EDS.replace("Gain", "Other"))
+        self.check(Run(*words), GOOD)
+        self.assertNotEqual(files()[Path(device)], before[Path(device)])
 
     def test_unreadable(self):
         self.check(Run("import-eds", "/nowhere.eds", "--coordinates", str(self.folder / "t"), "-o",
