@@ -734,6 +734,10 @@ extended. The configured values of a DCF file become a project: in --project, wi
 in the folder NAME.project beside the device description NAME.json.
 </translation>
     </message>
+    <message>
+        <source>Die Datei konfiguriert keinen brauchbaren Wert: kein Projekt.</source>
+        <translation>The file configures no usable value: no project.</translation>
+    </message>
 </context>
 <context>
     <name>ImportReport</name>

@@ -35,6 +35,18 @@ QString locationOf(const QString &fileName)
     return QDir::cleanPath(folder + QLatin1Char('/') + file.fileName());
 }
 
+bool isConfiguration(const QString &fileName, const ObjectDictionary &dictionary)
+{
+    const auto isConfigured = [](const DictionaryEntry &entry) {
+        return !entry.configuredValue.text.isEmpty();
+    };
+    return fileName.endsWith(QLatin1String(".dcf"), Qt::CaseInsensitive)
+        || std::any_of(dictionary.objects.cbegin(), dictionary.objects.cend(),
+            [&isConfigured](const DictionaryObject &object) {
+                return std::any_of(object.entries.cbegin(), object.entries.cend(), isConfigured);
+            });
+}
+
 /// One import, step by step; the first step that fails ends it.
 class Import {
     Q_DECLARE_TR_FUNCTIONS(ObjectDictionaryImport)
@@ -111,6 +123,7 @@ private:
         ImportReport &report = m_result.report;
         const ObjectDictionary dictionary =
             ObjectDictionaryReader::read(EdsReader::read(*bytes, report.remarks), report.remarks);
+        m_result.isConfiguration = isConfiguration(m_request.sourceFile, dictionary);
         const auto converted =
             ParameterConversion::convert(dictionary, m_request.nodeId, report.remarks);
         m_parameters = converted.parameters;

@@ -43,6 +43,8 @@ struct ImportResult {
     /// The source was read to its end: the report says what became of every object, also where
     /// nothing usable remained or nothing could be written.
     bool isReportComplete = false;
+    /// The source is named as a configuration (".dcf") or has a ParameterValue, usable or not.
+    bool isConfiguration = false;
     /// Empty for a file that configures nothing.
     ConfiguredValues configuredValues;
 };

@@ -96,8 +96,11 @@ eExitCode ImportEdsCommand::run(const CommandLine &line, Console &console)
         return fail(codeOf(result.status), result.error, console);
     if (line.has(OptionName::Project))
         return saveProject(*request, result, line.value(OptionName::Project), line, console);
-    if (result.configuredValues.isEmpty())
+    if (result.configuredValues.isEmpty()) {
+        if (result.isConfiguration)
+            console.report(tr("Die Datei konfiguriert keinen brauchbaren Wert: kein Projekt."));
         return eExitCode::Good;
+    }
     return saveProject(*request, result, usualFolder(request->outputFile), line, console);
 }
 

@@ -643,6 +643,19 @@ class ImportEds(CommandLineTest):
         self.assertEqual([line["native"] for line in listed], ["7"])
         self.check(Run(*words, "--project", self.project), USAGE, out="")
 
+    def test_a_configuration_without_usable_value_makes_no_project(self):
+        unusable = EDS.replace("DefaultValue=5\n", "DefaultValue=5\nParameterValue=x\n")
+        table, device = str(self.folder / "table.txt"), str(self.folder / "device.json")
+        for name, text in (("a.dcf", EDS), ("A.DCF", EDS), ("a.dcf", unusable), ("a.eds", unusable)):
+            source = self.folder / name
+            source.write_text(text)
+            words = ["import-eds", str(source), "--coordinates", table, "-o", device]
+            self.check(Run(*words), GOOD,
+                       err="Die Datei konfiguriert keinen brauchbaren Wert: kein Projekt.\n")
+            self.check(Run("--lang", "en", *words), GOOD,
+                       err="The file configures no usable value: no project.\n")
+            self.assertFalse((self.folder / "device.project").exists())
+
     def test_a_taken_project_folder_leaves_everything_as_it_was(self):
         source = self.folder / "drive.dcf"
         configured = EDS.replace("DefaultValue=5\n", "DefaultValue=5\nParameterValue=7\n")
