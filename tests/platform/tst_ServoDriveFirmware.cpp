@@ -17,7 +17,7 @@ using Properties = QList<quint32>;
 QByteArray description(const QByteArray &members)
 {
     return R"({"format": "kr-device-description", "version": 1,
-        "family": {"identifier": 4096, "name": "Drive", "hasPhysicalAxes": true, "axes": [1, 2]},
+        "family": {"identifier": 4096, "name": "Two-axis drive", "hasPhysicalAxes": true, "axes": [1, 2]},
         "languages": ["de", "en"],
         "dataTypes": ["INT8", "UINT16", "INT64", "UINT64", "REAL32", "REAL64", "STRING8", "BYTES4",
             "RAW"],)"
@@ -106,7 +106,7 @@ void tst_ServoDriveFirmware::family()
     const auto firmware = load(description(R"("parameters": [])"));
     QVERIFY(firmware);
     QCOMPARE(firmware->deviceFamilyIdentifier(), 4096U);
-    QCOMPARE(firmware->deviceFamilyName(), QStringLiteral("Drive"));
+    QCOMPARE(firmware->deviceFamilyName(), QStringLiteral("Two-axis drive"));
     QVERIFY(firmware->hasPhysicalAxes());
     QCOMPARE(firmware->axes(), (QList<int> {1, 2}));
     QCOMPARE(firmware->languages(), (QStringList {QStringLiteral("de"), QStringLiteral("en")}));
@@ -910,8 +910,12 @@ void tst_ServoDriveFirmware::familyThatContradicts()
     };
     QVERIFY(load(
         withFamily(R"({"identifier": 5001, "name": "a", "hasPhysicalAxes": true, "axes": [1]})")));
-    QVERIFY(load(
-        withFamily(R"({"identifier": 5001, "name": "b", "hasPhysicalAxes": true, "axes": [1]})")));
+    QVERIFY(load(withFamily(
+        R"({"identifier": 5001, "name": "a", "hasPhysicalAxes": true, "axes": [1, 2]})")));
+    QCOMPARE(errorOf(withFamily(
+                 R"({"identifier": 5001, "name": "%1", "hasPhysicalAxes": true, "axes": [1]})")),
+        QStringLiteral("d.json: family.name: the family 5001 is known already as \"a\", not as "
+                       "\"%1\""));
     QCOMPARE(errorOf(withFamily(
                  R"({"identifier": 5001, "name": "a", "hasPhysicalAxes": false, "axes": [1]})")),
         QStringLiteral("d.json: family.hasPhysicalAxes: the family 5001 is known already, with "

@@ -211,8 +211,16 @@ void DescriptionLoader::registerFamily(const JsonValue &root)
 {
     const DeviceFamilyInformation family(
         m_data->familyIdentifier, m_data->familyName, m_data->hasPhysicalAxes);
-    if (HardwareRepository::instance().registerDeviceFamily(family))
+    HardwareRepository &repository = HardwareRepository::instance();
+    if (repository.registerDeviceFamily(family))
         return;
+    const QString knownName = repository.deviceFamily(family.identifier())->name();
+    if (knownName != family.name()) {
+        m_findings.refuse(*root.member(FamilyKey)->member(NameKey),
+            QStringLiteral("the family %1 is known already as \"%2\", not as \"%3\"")
+                .arg(QString::number(family.identifier()), knownName, family.name()));
+        return;
+    }
     m_findings.refuse(*root.member(FamilyKey)->member(HasPhysicalAxesKey),
         QStringLiteral("the family %1 is known already, with another value")
             .arg(m_data->familyIdentifier));

@@ -25,7 +25,7 @@ QList<const DeviceFamilyInformation *> HardwareRepository::deviceFamilies() cons
 bool HardwareRepository::registerDeviceFamily(const DeviceFamilyInformation &family)
 {
     if (const DeviceFamilyInformation *known = deviceFamily(family.identifier()))
-        return known->hasPhysicalAxes() == family.hasPhysicalAxes();
+        return *known == family;
     m_families.emplace(
         family.identifier(), std::make_unique<const DeviceFamilyInformation>(family));
     return true;

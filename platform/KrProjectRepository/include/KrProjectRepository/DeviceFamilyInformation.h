@@ -17,6 +17,7 @@ public:
     QString name() const { return m_name; }
     /// Each axis is hardware of its own and keeps its own copy of a physical-axis parameter.
     bool hasPhysicalAxes() const { return m_hasPhysicalAxes; }
+    bool operator==(const DeviceFamilyInformation &other) const = default;
 
 private:
     QString m_name;

@@ -20,7 +20,8 @@ public:
     QList<const DeviceFamilyInformation *> deviceFamilies() const;
 
     /// True when the family is known afterwards. The first registration of an identifier stays.
-    /// **Refused** a family whose axis property contradicts the known one: false, nothing changes.
+    /// **Refused** a family whose name or axis property contradicts the known one: false, nothing
+    /// changes.
     bool registerDeviceFamily(const DeviceFamilyInformation &family);
 
 private:
