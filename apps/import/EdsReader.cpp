@@ -11,7 +11,9 @@ namespace {
 QString decoded(const QByteArray &bytes)
 {
     const auto marked = QStringConverter::encodingForData(bytes);
-    QStringDecoder decoder(marked.value_or(QStringConverter::Utf8));
+    // Stateless: a character that is cut at the very end is an error, not the begin of what follows.
+    QStringDecoder decoder(
+        marked.value_or(QStringConverter::Utf8), QStringConverter::Flag::Stateless);
     QString text = decoder.decode(bytes);
     if (!decoder.hasError())
         return text;

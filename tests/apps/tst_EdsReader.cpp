@@ -75,6 +75,12 @@ void tst_EdsReader::value_data()
     QTest::newRow("UTF-8 with byte-order mark")
         << "\xEF\xBB\xBF[6040]\nDefaultValue=\xC3\xBC\n"_ba << u"\u00FC"_s;
     QTest::newRow("Latin-1") << "[6040]\nDefaultValue=\xFC\n"_ba << u"\u00FC"_s;
+    QTest::newRow("Latin-1 in the last byte") << "[6040]\nDefaultValue=\xDF"_ba << u"\u00DF"_s;
+    QTest::newRow("UTF-8 cut in its last character")
+        << "[6040]\nDefaultValue=\xE2\x82"_ba << u"\u00E2\u0082"_s;
+    QTest::newRow("UTF-8 in the last bytes") << "[6040]\nDefaultValue=\xC3\x9F"_ba << u"\u00DF"_s;
+    QTest::newRow("UTF-16 cut in its last character")
+        << utf16(u"[6040]\r\nDefaultValue=5\r\n;"_s) + '\xDF' << u"5"_s;
     QTest::newRow("UTF-16") << utf16(u"[6040]\r\nDefaultValue=\u00FC\r\n"_s) << u"\u00FC"_s;
 }
 
