@@ -7,12 +7,16 @@
 #include <QtCore/QSaveFile>
 #include <QtCore/QString>
 
+#include <memory>
+
 /// A file that is written in full beside its place first and then takes it.
 class StagedFile {
     Q_DECLARE_TR_FUNCTIONS(StagedFile)
 
 public:
-    explicit StagedFile(const QString &fileName);
+    /// The device is what writes beside the file; it gets its name here.
+    explicit StagedFile(
+        const QString &fileName, std::unique_ptr<QSaveFile> device = std::make_unique<QSaveFile>());
     Q_DISABLE_COPY_MOVE(StagedFile)
 
     /// Writes the bytes beside the file, which stays as it is.
@@ -26,6 +30,6 @@ private:
     QString reasonNotOpened() const;
 
     FilePlace m_place;
-    QSaveFile m_file;
+    std::unique_ptr<QSaveFile> m_file;
     QByteArray m_bytes;
 };

@@ -21,6 +21,9 @@ private Q_SLOTS:
     void keepsLinks();
     void refusesACircleOfLinks();
     void readsBack();
+    void cutWrites_data();
+    void cutWrites();
+    void otherBytes();
 
 private:
     QString path() const { return m_folder->filePath(u"a"_s); }
@@ -28,6 +31,41 @@ private:
 
     std::unique_ptr<QTemporaryDir> m_folder;
 };
+
+namespace {
+
+/// Loses the last byte of each write, as a full disk may, without an error.
+class CuttingDevice : public QSaveFile {
+public:
+    enum class eAnswer { Written, Asked };
+
+    explicit CuttingDevice(eAnswer answer)
+        : m_answer(answer)
+    {
+    }
+
+protected:
+    qint64 writeData(const char *data, qint64 size) override
+    {
+        const qint64 written = QSaveFile::writeData(data, size - 1);
+        return m_answer == eAnswer::Asked ? size : written;
+    }
+
+private:
+    eAnswer m_answer;
+};
+
+/// Writes as many bytes as it gets, the first of them another one.
+class ChangingDevice : public QSaveFile {
+protected:
+    qint64 writeData(const char *data, qint64 size) override
+    {
+        const QByteArray changed = '?' + QByteArray(data, size).mid(1);
+        return QSaveFile::writeData(changed.constData(), changed.size());
+    }
+};
+
+} // namespace
 
 void tst_StagedFile::init()
 {
@@ -104,6 +142,31 @@ void tst_StagedFile::readsBack()
     QVERIFY(QFile::remove(path()));
     QVERIFY(QDir(m_folder->path()).mkdir(u"a"_s));
     QVERIFY(!file.commit().isEmpty());
+}
+
+void tst_StagedFile::cutWrites_data()
+{
+    QTest::addColumn<CuttingDevice::eAnswer>("answer");
+    QTest::newRow("the device answers with fewer bytes") << CuttingDevice::eAnswer::Written;
+    QTest::newRow("only the length tells") << CuttingDevice::eAnswer::Asked;
+}
+
+void tst_StagedFile::cutWrites()
+{
+    QFETCH(CuttingDevice::eAnswer, answer);
+    StagedFile file(path(), std::make_unique<CuttingDevice>(answer));
+    QCOMPARE(file.stage("after"), u"nicht alle Bytes konnten geschrieben werden"_s);
+    QCOMPARE(content(), "before"_ba);
+    QVERIFY(!file.commit().isEmpty());
+    QCOMPARE(content(), "before"_ba);
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), QStringList {u"a"_s});
+}
+
+void tst_StagedFile::otherBytes()
+{
+    StagedFile file(path(), std::make_unique<ChangingDevice>());
+    QCOMPARE(file.stage("after"), QString());
+    QCOMPARE(file.commit(), u"das Gelesene unterscheidet sich vom Geschriebenen"_s);
 }
 
 QTEST_GUILESS_MAIN(tst_StagedFile)
