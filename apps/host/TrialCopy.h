@@ -2,6 +2,11 @@
 
 #include "apps/host/ValuePlace.h"
 
+#include <LmUtilities/IniParser.h>
+
+#include <QtCore/QByteArray>
+#include <QtCore/QHash>
+#include <QtCore/QList>
 #include <QtCore/QString>
 
 #include <memory>
@@ -11,7 +16,7 @@ class DriveProject;
 class ParameterSetup;
 
 /// A second container in the same state, in which conversions are tried without touching the first
-/// and without a message.
+/// and without a message. A trial runs the device's functions; what they changed is put back behind it.
 class TrialCopy {
 public:
     /// **Owner** the caller; the project outlives the copy.
@@ -30,6 +35,20 @@ public:
 
 private:
     ParameterSetup *parameter(const ValuePlace &place);
+    void note(const ParameterAddress &address);
+    /// What the copy goes back to.
+    QString keptText(const ValuePlace &place) const;
+    bool isAsKept(const ValuePlace &place);
+    /// Undoes every change since the last time: by writing, and where a function changes values again,
+    /// by loading, which takes as long as the device is large.
+    void putBack();
+    void loadChanged();
 
+    /// As the first container was saved.
+    LmIniParser::IniParser m_saved;
+    /// Value keys and texts of the block that changed since then.
+    QHash<ParameterCoordinate, QHash<QByteArray, QString>> m_followed;
+    /// In the order of the changes, repeated ones again.
+    QList<ValuePlace> m_changed;
     std::unique_ptr<DriveProject> m_copy;
 };
