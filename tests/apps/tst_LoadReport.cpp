@@ -39,6 +39,8 @@ private Q_SLOTS:
     void cutSigns_data();
     void cutSigns();
     void text();
+    void cutSignTexts_data();
+    void cutSignTexts();
     void textNamesTenOfAKind();
     void json();
     void randomBytes();
@@ -192,6 +194,42 @@ void tst_LoadReport::text()
                        "1 Werte fehlen und werden leer: 1.B01\n"
                        "1 Schlüssel nicht verstanden: B001/X\n"
                        "abgeschnitten: die letzte Zeile hat kein Zeilenende\n"));
+}
+
+void tst_LoadReport::cutSignTexts_data()
+{
+    QTest::addColumn<eCutSign>("sign");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("key");
+    const auto row = [](eCutSign sign, const QString &text, const char *key) {
+        QTest::newRow(key) << sign << text << QString::fromLatin1(key);
+    };
+    row(eCutSign::Missing, QStringLiteral("der Block fehlt, obwohl das Manifest ihn kennt"),
+        "missing");
+    row(eCutSign::ShorterThanNoted,
+        QStringLiteral("der Block ist kürzer, als das Manifest festhält"), "shorterThanNoted");
+    row(eCutSign::FewerSectionsThanNoted,
+        QStringLiteral("der Block hat weniger Abschnitte, als das Manifest festhält"),
+        "fewerSectionsThanNoted");
+    row(eCutSign::NoLastLineEnd, QStringLiteral("die letzte Zeile hat kein Zeilenende"),
+        "noLastLineEnd");
+    row(eCutSign::LastSectionIncomplete, QStringLiteral("im letzten Abschnitt fehlen Schlüssel"),
+        "lastSectionIncomplete");
+    row(eCutSign::LastParametersMissing, QStringLiteral("genau die letzten Parameter fehlen"),
+        "lastParametersMissing");
+}
+
+void tst_LoadReport::cutSignTexts()
+{
+    QFETCH(eCutSign, sign);
+    QFETCH(QString, text);
+    QFETCH(QString, key);
+    LoadReport report;
+    report.cutSigns = {sign};
+    QVERIFY(report.isCut());
+    QCOMPARE(report.toText(),
+        QStringLiteral("0 Werte und 0 Defaultwerte gelesen\nabgeschnitten: %1\n").arg(text));
+    QCOMPARE(report.toJson().value(QLatin1String("cut")).toArray(), QJsonArray {key});
 }
 
 void tst_LoadReport::textNamesTenOfAKind()

@@ -57,13 +57,16 @@ class Run:
         return [json.loads(line) for line in self.out.splitlines()]
 
 
+DRIVE = ["--device", "two-axis-drive"]
+
+
 def on_drive(*words, **options):
-    return Run("--device", "two-axis-drive", *words, **options)
+    return Run(*DRIVE, *words, **options)
 
 
 def without_rights(*words):
     """Root, too, without the right to pass over those of files."""
-    program = [PROGRAM, "--device", "two-axis-drive", *words]
+    program = [PROGRAM, *words]
     if os.geteuid() == 0:
         program[:0] = ["setpriv", "--bounding-set=-dac_override,-dac_read_search"]
     return Run(program=program)
@@ -508,17 +511,18 @@ class Set(CommandLineTest):
         shutil.copy(SOURCE / "devices/two-axis-drive.json", description)
         os.chmod(description, 0)
         os.chmod(self.project, 0o500)
-        self.check(without_rights("--project", self.project, "get", "H00"), GOOD)
-        self.check(without_rights("--project", self.project, "set", "H00", "8"), WRITE_FAILED, out="")
+        self.check(without_rights(*DRIVE, "--project", self.project, "get", "H00"), GOOD)
+        self.check(without_rights(*DRIVE, "--project", self.project, "set", "H00", "8"), WRITE_FAILED,
+                   out="")
         os.chmod(self.project, 0)
         for command in (["get", "H00"], ["set", "H00", "8"]):
             self.check(
-                without_rights("--project", self.project, *command), UNREADABLE, out="",
+                without_rights(*DRIVE, "--project", self.project, *command), UNREADABLE, out="",
                 err=f"krparameter: {self.project}: der Ordner darf nicht gelesen werden\n")
         os.chmod(self.project, 0o700)
         os.chmod(Path(self.project) / "Parameter.ini", 0)
         self.check(
-            without_rights("--project", self.project, "get", "H00"), UNREADABLE, out="",
+            without_rights(*DRIVE, "--project", self.project, "get", "H00"), UNREADABLE, out="",
             err=f"krparameter: {self.project}/Parameter.ini: darf nicht gelesen werden\n")
         os.chmod(Path(self.project) / "Parameter.ini", 0o600)
         self.assertEqual(self.block(), before)
@@ -681,6 +685,26 @@ class ImportEds(CommandLineTest):
     def test_unreadable(self):
         self.check(Run("import-eds", "/nowhere.eds", "--coordinates", str(self.folder / "t"), "-o",
                        str(self.folder / "d.json")), UNREADABLE, out="")
+
+    def test_a_folder_that_takes_no_lock_file(self):
+        source, table = self.folder / "drive.eds", self.folder / "kept/table.txt"
+        source.write_text(EDS)
+        table.parent.mkdir()
+        words = ["import-eds", str(source), "--coordinates", str(table),
+                 "-o", str(self.folder / "device.json")]
+        table.parent.chmod(0o555)
+        run = without_rights(*words)
+        self.check(run, WRITE_FAILED,
+                   err=f"krparameter: {table}: in ihrem Ordner lässt sich keine Sperrdatei anlegen\n")
+        self.assertEqual(sorted(os.listdir(self.folder)), ["drive.eds", "kept"])
+        table.parent.chmod(0o755)
+        table.write_text("0x1000 C00\n0x2000 E40\n")
+        table.parent.chmod(0o555)
+        self.check(without_rights(*words), GOOD, err="")
+        self.assertEqual(os.listdir(table.parent), ["table.txt"])
+        listed = Run("--device", str(self.folder / "device.json"), "list", "Gain", "--json").lines()
+        self.assertEqual([line["address"] for line in listed], ["E40"])
+        table.parent.chmod(0o755)
 
     def test_report_of_a_failed_import(self):
         source = self.folder / "drive.eds"

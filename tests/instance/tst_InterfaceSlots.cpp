@@ -2,6 +2,7 @@
 
 #include <KrFirmware/CallbackProvider.h>
 #include <KrParameterInstance/ActionParameter.h>
+#include <KrParameterInstance/ParameterContainerHostInformation.h>
 #include <KrParameterInstance/ParameterSetup.h>
 
 #include <QtTest/QTest>
@@ -235,6 +236,11 @@ void tst_InterfaceSlots::order_data()
     QTest::newRow("ParameterData::choiceMapKeys") << slotOf(&ParameterData::choiceMapKeys) << 20;
     QTest::newRow("ParameterData::hasProperty") << slotOf(&ParameterData::hasProperty) << 21;
     QTest::newRow("ParameterData::property") << slotOf(&ParameterData::property) << 22;
+
+    QTest::newRow("ParameterContainerHostInformation::livingSpaces")
+        << slotOf(&ParameterContainerHostInformation::livingSpaces) << 0;
+    QTest::newRow("ParameterContainerHostInformation::deviceFamilyIdentifier")
+        << slotOf(&ParameterContainerHostInformation::deviceFamilyIdentifier) << 1;
 
     QTest::newRow("CallbackProvider::readValue") << slotOf(&CallbackProvider::readValue) << 0;
     QTest::newRow("CallbackProvider::readValueNative")

@@ -94,6 +94,8 @@ private Q_SLOTS:
 
     void refused_data();
     void refused();
+    void largestFile();
+    void mostValues();
     void familyThatContradicts();
     void languagesAndDataTypes();
     void nothingIsRegisteredWhenRefused();
@@ -900,6 +902,34 @@ void tst_ServoDriveFirmware::refused()
 {
     QFETCH(QByteArray, json);
     QTEST(errorOf(json), "error");
+}
+
+void tst_ServoDriveFirmware::largestFile()
+{
+    constexpr qsizetype MostBytes = 67108864;
+    const QString tooLarge = QStringLiteral("the file is larger than 67108864 bytes");
+    QByteArray json = description(R"("parameters": [])");
+    json.append(MostBytes - json.size(), ' ');
+    QVERIFY(load(json));
+    QCOMPARE(errorOf(json + ' '), QStringLiteral("d.json: ") + tooLarge);
+
+    QTemporaryDir folder;
+    const QString name = folder.filePath(QStringLiteral("large.json"));
+    QFile file(name);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(file.resize(MostBytes + 1));
+    DescriptionError error;
+    QVERIFY(!ServoDriveFirmware::loadFromFile(name, &error));
+    QCOMPARE(error.reason, tooLarge);
+}
+
+/// The list is a value itself.
+void tst_ServoDriveFirmware::mostValues()
+{
+    const QByteArray largest = '[' + QByteArray("null,").repeated(3999998) + "null]";
+    QCOMPARE(errorOf(largest), QStringLiteral("d.json: expected an object"));
+    QCOMPARE(errorOf("[null," + largest.mid(1)),
+        QStringLiteral("d.json: line 1, column 19999997: more than 4000000 values"));
 }
 
 void tst_ServoDriveFirmware::familyThatContradicts()
