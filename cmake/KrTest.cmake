@@ -25,3 +25,18 @@ function(kr_add_test name source)
             ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=de_DE.UTF-8" TIMEOUT 300)
     endif()
 endfunction()
+
+# kr_renew_golden_files(NAME FUNCTION ...)
+# The target renew_golden_files runs these functions of a test, which then write the files of
+# tests/data/ that they compare with. It is no part of the build, and CTest never renews.
+function(kr_renew_golden_files name)
+    set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT "KR_RENEW_GOLDEN_FILES=")
+    if(NOT TARGET renew_golden_files)
+        add_custom_target(renew_golden_files)
+    endif()
+    add_custom_target(renew_golden_files_of_${name}
+        COMMAND "${CMAKE_COMMAND}" -E env KR_RENEW_GOLDEN_FILES=1 QT_QPA_PLATFORM=offscreen LC_ALL=C
+            $<TARGET_FILE:${name}> ${ARGN}
+        VERBATIM)
+    add_dependencies(renew_golden_files renew_golden_files_of_${name})
+endfunction()

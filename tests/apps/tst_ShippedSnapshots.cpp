@@ -1,5 +1,6 @@
 #include "apps/host/DriveProject.h"
 #include "apps/host/ValuePlace.h"
+#include "tests/support/GoldenFile.h"
 
 #include <KrParameterInstance/ParameterInformation.h>
 #include <KrParameterInstance/ParameterValueSnapshot.h>
@@ -116,9 +117,8 @@ void tst_ShippedSnapshots::goldenExport()
     QVERIFY(snapshot.saveToTextFile(fileName, snapshot.parameterList()));
     QFile written(fileName);
     QVERIFY(written.open(QIODevice::ReadOnly));
-    QFile golden(QFINDTESTDATA("../data/snapshot/two-axis-drive.txt"));
-    QVERIFY(golden.open(QIODevice::ReadOnly));
-    QCOMPARE(written.readAll(), golden.readAll());
+    const QByteArray lines = written.readAll();
+    QCOMPARE(lines, GoldenFile::expected(QStringLiteral("snapshot/two-axis-drive.txt"), lines));
 }
 
 QTEST_GUILESS_MAIN(tst_ShippedSnapshots)

@@ -3,6 +3,7 @@
 #include "snapshot/ParameterValueSnapshotWidgetPrivate.h"
 #include "snapshot/SnapshotItem.h"
 #include "tests/snapshot/SnapshotFixture.h"
+#include "tests/support/GoldenFile.h"
 
 #include <KrParameterInstance/ParameterValueSnapshot.h>
 #include <KrSystem/System.h>
@@ -496,7 +497,8 @@ void tst_ParameterValueSnapshotWidget::htmlExport()
             m_directory.path() + QStringLiteral("/start"),
             QStringLiteral("HTML-dateien (*.html)")}));
     QVERIFY(m_dialogParent == &mainWindow);
-    QCOMPARE(content(fileName), content(QFINDTESTDATA("../data/snapshot/widget-1.html")));
+    const QByteArray report = content(fileName);
+    QCOMPARE(report, GoldenFile::expected(QStringLiteral("snapshot/widget-1.html"), report));
     QCOMPARE(DefaultPathSetting(DefaultPathSetting::HtmlReport).path(),
         m_directory.path() + QStringLiteral("/html"));
 }
@@ -547,7 +549,8 @@ void tst_ParameterValueSnapshotWidget::report()
     m_widget->appendSnapshot(take(), QStringLiteral("Nachher"));
     m_widget->setHtmlHeader(QStringLiteral("<h1>Prüfstand</h1>"));
     m_widget->update();
-    QCOMPARE(m_widget->report().toUtf8(), content(QFINDTESTDATA("../data/snapshot/widget-2.html")));
+    const QByteArray report = m_widget->report().toUtf8();
+    QCOMPARE(report, GoldenFile::expected(QStringLiteral("snapshot/widget-2.html"), report));
 }
 
 void tst_ParameterValueSnapshotWidget::safeReport()

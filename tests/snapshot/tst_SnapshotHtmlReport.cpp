@@ -1,6 +1,6 @@
 #include "snapshot/SnapshotHtmlReport.h"
+#include "tests/support/GoldenFile.h"
 
-#include <QtCore/QFile>
 #include <QtTest/QTest>
 
 /// The report, byte by byte.
@@ -29,12 +29,6 @@ SnapshotRow row(const QString &title, const QStringList &texts)
     for (const QString &text : texts)
         result.cells.append({text, text, false});
     return result;
-}
-
-QByteArray golden(const QString &name)
-{
-    QFile file(QFINDTESTDATA("../data/snapshot/") + name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 /// A shown parameter, a record with a shown, a hidden and a greyed element, a hidden parameter, a
@@ -83,9 +77,11 @@ void tst_SnapshotHtmlReport::goldenFile()
     QFETCH(QString, header);
     const QStringList titles {QStringLiteral("Parameter"), QStringLiteral("Vor<her>"),
         QStringLiteral("Nach&her"), QStringLiteral("Jetzt")};
-    const QString document = SnapshotHtmlReport::document(
-        header, titles.first(columnCount + 1), rows(columnCount), form);
-    QCOMPARE(document.toUtf8(), golden(QString::fromLatin1(QTest::currentDataTag())));
+    const QByteArray document =
+        SnapshotHtmlReport::document(header, titles.first(columnCount + 1), rows(columnCount), form)
+            .toUtf8();
+    const QString name = QStringLiteral("snapshot/") + QString::fromLatin1(QTest::currentDataTag());
+    QCOMPARE(document, GoldenFile::expected(name, document));
 }
 
 void tst_SnapshotHtmlReport::escaping_data()

@@ -3,6 +3,7 @@
 #include "snapshot/SnapshotRecordBuilder.h"
 #include "tests/snapshot/AddressFilter.h"
 #include "tests/snapshot/FakeParameterInformation.h"
+#include "tests/support/GoldenFile.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
@@ -113,12 +114,11 @@ QByteArray tst_SnapshotTextExport::exported(const SnapshotRecords &records) cons
 
 void tst_SnapshotTextExport::goldenFile()
 {
-    QFile golden(QFINDTESTDATA("../data/snapshot/export.txt"));
-    QVERIFY(golden.open(QIODevice::ReadOnly));
-    QCOMPARE(exported({QStringLiteral("G245"), QStringLiteral("B03"), QStringLiteral("A12"),
-                          QStringLiteral("A00"), QStringLiteral("C99")},
-                 AllSpaces),
-        golden.readAll());
+    const QByteArray lines =
+        exported({QStringLiteral("G245"), QStringLiteral("B03"), QStringLiteral("A12"),
+                     QStringLiteral("A00"), QStringLiteral("C99")},
+            AllSpaces);
+    QCOMPARE(lines, GoldenFile::expected(QStringLiteral("snapshot/export.txt"), lines));
 }
 
 void tst_SnapshotTextExport::selection_data()
