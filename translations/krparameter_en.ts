@@ -71,7 +71,7 @@ something to show.
     </message>
 </context>
 <context>
-    <name>CommonOptions</name>
+    <name>CommandOptions</name>
     <message>
         <source>DATEI</source>
         <translation>FILE</translation>

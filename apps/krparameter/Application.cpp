@@ -2,8 +2,8 @@
 
 #include "apps/host/InterfaceLanguage.h"
 #include "apps/krparameter/CommandLine.h"
+#include "apps/krparameter/CommandOptions.h"
 #include "apps/krparameter/CommandTable.h"
-#include "apps/krparameter/CommonOptions.h"
 #include "apps/krparameter/Console.h"
 #include "apps/krparameter/HelpText.h"
 #include "apps/krparameter/SinkPrinter.h"
@@ -72,7 +72,7 @@ eExitCode Application::runCommand(const CommandTable &table, const CommandLine &
         m_console.write(HelpText::ofCommand(*command));
         return eExitCode::Good;
     }
-    const QList<Option> options = CommonOptions::all() + command->options();
+    const QList<Option> options = CommandOptions::all() + command->options();
     for (const QString &name : line.optionNames()) {
         if (!contains(options, name) || command->unusedOptions().contains(name))
             return refuse(tr("%1 kennt die Option --%2 nicht").arg(command->name(), name));

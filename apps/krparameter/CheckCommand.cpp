@@ -2,7 +2,7 @@
 
 #include "apps/host/ContentCheck.h"
 #include "apps/krparameter/CommandLine.h"
-#include "apps/krparameter/CommonOptions.h"
+#include "apps/krparameter/CommandOptions.h"
 #include "apps/krparameter/Console.h"
 #include "apps/krparameter/Session.h"
 

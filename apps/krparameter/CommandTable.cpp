@@ -1,7 +1,7 @@
 #include "apps/krparameter/CommandTable.h"
 
 #include "apps/krparameter/CheckCommand.h"
-#include "apps/krparameter/CommonOptions.h"
+#include "apps/krparameter/CommandOptions.h"
 #include "apps/krparameter/DemoCommand.h"
 #include "apps/krparameter/DiffCommand.h"
 #include "apps/krparameter/ExportCommand.h"
@@ -43,7 +43,7 @@ Command *CommandTable::find(const QString &name) const
 
 QList<Option> CommandTable::options() const
 {
-    QList<Option> options = CommonOptions::all();
+    QList<Option> options = CommandOptions::all();
     for (const auto &command : m_commands)
         options += command->options();
     return options;

@@ -3,7 +3,7 @@
 #include "apps/host/Rfc4180Text.h"
 #include "apps/host/SnapshotDifference.h"
 #include "apps/krparameter/CommandLine.h"
-#include "apps/krparameter/CommonOptions.h"
+#include "apps/krparameter/CommandOptions.h"
 #include "apps/krparameter/Console.h"
 #include "apps/krparameter/Session.h"
 #include "apps/krparameter/SnapshotSource.h"

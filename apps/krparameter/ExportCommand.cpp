@@ -5,7 +5,7 @@
 #include "apps/files/WholeFile.h"
 #include "apps/host/ExportIssue.h"
 #include "apps/krparameter/CommandLine.h"
-#include "apps/krparameter/CommonOptions.h"
+#include "apps/krparameter/CommandOptions.h"
 #include "apps/krparameter/Console.h"
 #include "apps/krparameter/Session.h"
 #include "apps/krparameter/SnapshotSource.h"

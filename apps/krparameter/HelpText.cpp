@@ -1,7 +1,7 @@
 #include "apps/krparameter/HelpText.h"
 
+#include "apps/krparameter/CommandOptions.h"
 #include "apps/krparameter/CommandTable.h"
-#include "apps/krparameter/CommonOptions.h"
 
 #include <algorithm>
 
@@ -53,7 +53,7 @@ QString HelpText::ofProgram(const CommandTable &commands)
     return tr("Aufruf: krparameter --device DATEI [--project ORDNER] BEFEHL ...\n\n"
               "Liest und schreibt die Parameter eines Servoantriebs.\n\nBefehle:\n")
         + table(rows) + tr("\nOptionen, vor oder nach dem Befehl:\n")
-        + optionTable(CommonOptions::all()) + u'\n' + exitCodes();
+        + optionTable(CommandOptions::all()) + u'\n' + exitCodes();
 }
 
 QString HelpText::ofCommand(const Command &command)
@@ -64,7 +64,7 @@ QString HelpText::ofCommand(const Command &command)
         text += u'\n' + command.details();
     if (!command.options().isEmpty())
         text += tr("\nOptionen des Befehls:\n") + optionTable(command.options());
-    QList<Option> common = CommonOptions::all();
+    QList<Option> common = CommandOptions::all();
     common.removeIf([unused = command.unusedOptions()](
                         const Option &option) { return unused.contains(option.name); });
     return text + tr("\nAllgemeine Optionen:\n") + optionTable(common);

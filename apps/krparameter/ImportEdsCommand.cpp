@@ -4,7 +4,7 @@
 #include "apps/host/ProjectStorage.h"
 #include "apps/import/EdsNumber.h"
 #include "apps/krparameter/CommandLine.h"
-#include "apps/krparameter/CommonOptions.h"
+#include "apps/krparameter/CommandOptions.h"
 #include "apps/krparameter/Console.h"
 
 #include <KrParameterInstance/ParameterContainer.h>

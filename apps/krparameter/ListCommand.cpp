@@ -3,7 +3,7 @@
 #include "apps/host/DriveProject.h"
 #include "apps/host/TrialCopy.h"
 #include "apps/krparameter/CommandLine.h"
-#include "apps/krparameter/CommonOptions.h"
+#include "apps/krparameter/CommandOptions.h"
 #include "apps/krparameter/Console.h"
 #include "apps/krparameter/NamePattern.h"
 #include "apps/krparameter/Session.h"

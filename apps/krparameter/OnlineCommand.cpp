@@ -1,7 +1,7 @@
 #include "apps/krparameter/OnlineCommand.h"
 
 #include "apps/krparameter/CommandLine.h"
-#include "apps/krparameter/CommonOptions.h"
+#include "apps/krparameter/CommandOptions.h"
 #include "apps/krparameter/NetworkOptions.h"
 #include "apps/krparameter/OnlineDialogue.h"
 #include "apps/krparameter/Session.h"

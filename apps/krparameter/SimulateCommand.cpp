@@ -2,7 +2,7 @@
 
 #include "apps/host/DriveProject.h"
 #include "apps/krparameter/CommandLine.h"
-#include "apps/krparameter/CommonOptions.h"
+#include "apps/krparameter/CommandOptions.h"
 #include "apps/krparameter/Console.h"
 #include "apps/krparameter/NetworkOptions.h"
 #include "apps/krparameter/Session.h"

@@ -4,7 +4,7 @@
 #include "apps/host/PropertyFilter.h"
 #include "apps/host/SnapshotFile.h"
 #include "apps/krparameter/CommandLine.h"
-#include "apps/krparameter/CommonOptions.h"
+#include "apps/krparameter/CommandOptions.h"
 #include "apps/krparameter/Console.h"
 #include "apps/krparameter/Session.h"
 

@@ -1,6 +1,6 @@
-#include "apps/krparameter/CommonOptions.h"
+#include "apps/krparameter/CommandOptions.h"
 
-QList<Option> CommonOptions::all()
+QList<Option> CommandOptions::all()
 {
     return {
         {OptionName::Device, tr("DATEI"),

@@ -5,8 +5,8 @@
 #include <QtCore/QCoreApplication>
 
 /// The options that every command takes.
-class CommonOptions {
-    Q_DECLARE_TR_FUNCTIONS(CommonOptions)
+class CommandOptions {
+    Q_DECLARE_TR_FUNCTIONS(CommandOptions)
 
 public:
     static QList<Option> all();
