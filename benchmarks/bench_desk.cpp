@@ -2,11 +2,11 @@
 // takes longer than half a second shows its progress and can be cancelled.
 
 #include "BenchmarkDevice.h"
-#include "apps/desk/ComparisonPage.h"
-#include "apps/desk/ParameterTableModel.h"
-#include "apps/desk/SnapshotListModel.h"
 #include "apps/host/DriveProject.h"
 #include "apps/host/ProjectStorage.h"
+#include "apps/krparameter-desk/ComparisonPage.h"
+#include "apps/krparameter-desk/ParameterTableModel.h"
+#include "apps/krparameter-desk/SnapshotListModel.h"
 
 #include <KrSystem/System.h>
 

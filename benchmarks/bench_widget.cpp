@@ -3,10 +3,10 @@
 
 #include "BenchmarkDevice.h"
 #include "RatioReporter.h"
-#include "apps/desk/ParameterTableModel.h"
-#include "apps/desk/ParameterTableView.h"
 #include "apps/host/DriveHostInformation.h"
 #include "apps/host/DriveProject.h"
+#include "apps/krparameter-desk/ParameterTableModel.h"
+#include "apps/krparameter-desk/ParameterTableView.h"
 
 #include <KrParameterInstance/ParameterValueSnapshot.h>
 #include <KrParameterInstance/ParameterValueSnapshotWidget.h>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "apps/desk/DeskDialogs.h"
 #include "apps/host/Progress.h"
+#include "apps/krparameter-desk/DeskDialogs.h"
 
 #include <QtCore/QStringList>
 

@@ -1,4 +1,4 @@
-#include "apps/desk/AddressInText.h"
+#include "apps/krparameter-desk/AddressInText.h"
 
 #include <QtTest/QTest>
 

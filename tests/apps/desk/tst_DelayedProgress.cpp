@@ -1,4 +1,4 @@
-#include "apps/desk/DelayedProgress.h"
+#include "apps/krparameter-desk/DelayedProgress.h"
 
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>

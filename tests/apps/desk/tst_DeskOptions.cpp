@@ -1,4 +1,4 @@
-#include "apps/desk/DeskOptions.h"
+#include "apps/krparameter-desk/DeskOptions.h"
 
 #include <QtTest/QTest>
 

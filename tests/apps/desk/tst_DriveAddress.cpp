@@ -1,4 +1,4 @@
-#include "apps/desk/DriveAddress.h"
+#include "apps/krparameter-desk/DriveAddress.h"
 
 #include <QtTest/QTest>
 

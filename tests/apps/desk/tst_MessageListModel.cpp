@@ -1,4 +1,4 @@
-#include "apps/desk/MessageListModel.h"
+#include "apps/krparameter-desk/MessageListModel.h"
 
 #include <KrSystem/System.h>
 

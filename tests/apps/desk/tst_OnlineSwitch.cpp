@@ -1,4 +1,4 @@
-#include "apps/desk/OnlineSwitch.h"
+#include "apps/krparameter-desk/OnlineSwitch.h"
 #include "tests/apps/desk/DeskDevice.h"
 #include "tests/support/MessageRecorder.h"
 

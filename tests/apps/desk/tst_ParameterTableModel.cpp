@@ -1,6 +1,6 @@
-#include "apps/desk/ParameterTableModel.h"
-#include "apps/desk/RowTexts.h"
-#include "apps/desk/ValueWriter.h"
+#include "apps/krparameter-desk/ParameterTableModel.h"
+#include "apps/krparameter-desk/RowTexts.h"
+#include "apps/krparameter-desk/ValueWriter.h"
 #include "tests/apps/desk/FollowingDevice.h"
 #include "tests/support/MessageRecorder.h"
 

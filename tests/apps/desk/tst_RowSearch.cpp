@@ -1,4 +1,4 @@
-#include "apps/desk/RowSearch.h"
+#include "apps/krparameter-desk/RowSearch.h"
 
 #include <QtCore/QStringList>
 #include <QtTest/QTest>

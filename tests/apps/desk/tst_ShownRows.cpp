@@ -1,4 +1,4 @@
-#include "apps/desk/ShownRows.h"
+#include "apps/krparameter-desk/ShownRows.h"
 #include "tests/apps/desk/DeskDevice.h"
 
 #include <QtTest/QTest>

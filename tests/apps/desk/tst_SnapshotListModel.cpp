@@ -1,5 +1,5 @@
-#include "apps/desk/SnapshotListModel.h"
 #include "apps/host/Progress.h"
+#include "apps/krparameter-desk/SnapshotListModel.h"
 #include "tests/apps/desk/DeskDevice.h"
 #include "tests/support/MessageRecorder.h"
 

@@ -1,4 +1,4 @@
-#include "apps/desk/ValueWriter.h"
+#include "apps/krparameter-desk/ValueWriter.h"
 #include "tests/apps/desk/FollowingDevice.h"
 #include "tests/support/MessageRecorder.h"
 

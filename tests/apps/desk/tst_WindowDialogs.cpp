@@ -1,4 +1,4 @@
-#include "apps/desk/WindowDialogs.h"
+#include "apps/krparameter-desk/WindowDialogs.h"
 
 #include "apps/host/Progress.h"
 

@@ -1,0 +1,217 @@
+#include "apps/krparameter-desk/DeskSession.h"
+
+#include "apps/host/DriveProject.h"
+#include "apps/host/ProjectStorage.h"
+#include "apps/krparameter-desk/DeskDialogs.h"
+#include "apps/krparameter-desk/OnlineSwitch.h"
+#include "apps/krparameter-desk/ValueWriter.h"
+
+#include <KrFirmware/ServoDriveFirmware.h>
+#include <KrSystem/System.h>
+
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+
+namespace {
+
+using LoadStatus = ProjectStorage::LoadResult::eStatus;
+using SaveStatus = ProjectStorage::SaveResult::eStatus;
+
+QString titleOf(const QString &folder)
+{
+    return QFileInfo(QDir::cleanPath(folder)).fileName();
+}
+
+/// The first line says what was read, every further one what was not.
+void report(const QString &title, const LoadReport &report)
+{
+    const QStringList lines = report.toText().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    System::addInformationMessage(title, lines.value(0));
+    for (const QString &line : lines.mid(1))
+        System::addWarningMessage(title, line);
+}
+
+} // namespace
+
+DeskSession::DeskSession(DeskDialogs &dialogs)
+    : m_dialogs(dialogs)
+{
+    connect(&m_undoStack, &QUndoStack::cleanChanged, this, &DeskSession::tellModified);
+}
+
+DeskSession::~DeskSession()
+{
+    m_undoStack.disconnect(this);
+}
+
+QString DeskSession::deviceName() const
+{
+    return m_project ? m_project->firmware().deviceFamilyName() : QString();
+}
+
+bool DeskSession::isModified() const
+{
+    return m_hasOtherChanges || !m_undoStack.isClean();
+}
+
+bool DeskSession::isReadOnly() const
+{
+    return m_project && m_project->container().isReadOnly();
+}
+
+bool DeskSession::mayClose()
+{
+    if (!isModified())
+        return true;
+    switch (m_dialogs.unsavedChanges()) {
+    case DeskDialogs::eUnsaved::Discard:
+        return true;
+    case DeskDialogs::eUnsaved::Cancel:
+        return false;
+    case DeskDialogs::eUnsaved::Save:
+        break;
+    }
+    const QString folder = m_folder.isEmpty() ? m_dialogs.projectToSave() : m_folder;
+    return !folder.isEmpty() && save(folder);
+}
+
+bool DeskSession::open(const QString &descriptionFile)
+{
+    QString error;
+    std::unique_ptr<DriveProject> project;
+    m_dialogs.run(tr("Gerät öffnen"), [&](Progress &progress) {
+        project = DriveProject::open(descriptionFile, error, &progress);
+    });
+    if (!project) {
+        System::addCriticalMessage(QFileInfo(descriptionFile).fileName(), error);
+        return false;
+    }
+    adopt(std::move(project));
+    for (const QString &warning : m_project->firmware().warnings())
+        System::addWarningMessage(deviceName(), warning);
+    return true;
+}
+
+void DeskSession::adopt(std::unique_ptr<DriveProject> project)
+{
+    Q_EMIT aboutToChange();
+    m_undoStack.clear();
+    m_onlineSwitch.reset();
+    m_writer.reset();
+    m_project = std::move(project);
+    m_folder.clear();
+    m_folderHoldsMore = false;
+    m_hasOtherChanges = false;
+    ParameterContainer &container = m_project->container();
+    m_writer = std::make_unique<ValueWriter>(container, m_undoStack);
+    m_onlineSwitch = std::make_unique<OnlineSwitch>(
+        container, m_makeLink ? m_makeLink(container) : std::unique_ptr<DriveLink>());
+    connect(m_writer.get(), &ValueWriter::written, m_onlineSwitch.get(), &OnlineSwitch::write);
+    connect(&container, &ParameterContainer::parameterNativeValueChanged, this,
+        &DeskSession::onNativeValueChanged);
+    tellModified();
+    Q_EMIT changed();
+}
+
+bool DeskSession::load(const QString &folder)
+{
+    if (!m_project)
+        return false;
+    // The values of a project go to a drive only where somebody sends them.
+    m_onlineSwitch->turn(false);
+    Q_EMIT aboutToChange();
+    const bool isLoaded = loadInto(*m_project, folder);
+    tellModified();
+    Q_EMIT changed();
+    return isLoaded;
+}
+
+bool DeskSession::loadInto(DriveProject &project, const QString &folder)
+{
+    const ProjectStorage storage(folder);
+    ProjectStorage::LoadResult result;
+    m_writer->forget();
+    const auto load = [&](ProjectStorage::eCutBlock cutBlock) {
+        m_dialogs.run(tr("Projekt laden"),
+            [&](Progress &progress) { result = storage.load(project, cutBlock, {}, &progress); });
+    };
+    load(ProjectStorage::eCutBlock::Refuse);
+    if (result.status == LoadStatus::Cut && m_dialogs.agreesToLoadCut(result.report.toText()))
+        load(ProjectStorage::eCutBlock::Load);
+    if (result.status != LoadStatus::Loaded) {
+        System::addCriticalMessage(titleOf(folder), result.error);
+        return false;
+    }
+    project.container().setDomain(titleOf(folder));
+    m_undoStack.clear();
+    m_folder = folder;
+    m_folderHoldsMore = result.report.leavesContentBehind();
+    m_hasOtherChanges = false;
+    report(titleOf(folder), result.report);
+    return true;
+}
+
+bool DeskSession::save(const QString &folder)
+{
+    if (!m_project || !agreesToLeaveBehind(folder))
+        return false;
+    ProjectStorage storage(folder);
+    ProjectStorage::SaveResult result;
+    const auto save = [&](ProjectStorage::eLoss loss) {
+        m_dialogs.run(tr("Projekt speichern"),
+            [&](Progress &progress) { result = storage.save(*m_project, loss, &progress); });
+    };
+    save(ProjectStorage::eLoss::Refuse);
+    if (result.status == SaveStatus::WouldLose && m_dialogs.agreesToLose(result.losses.toText()))
+        save(ProjectStorage::eLoss::Allow);
+    if (result.status != SaveStatus::Saved) {
+        System::addCriticalMessage(titleOf(folder), result.error);
+        return false;
+    }
+    m_project->container().setDomain(titleOf(folder));
+    m_folder = folder;
+    m_folderHoldsMore = false;
+    m_hasOtherChanges = false;
+    m_undoStack.setClean();
+    System::addInformationMessage(titleOf(folder), tr("gespeichert und zurückgelesen"));
+    tellModified();
+    Q_EMIT saved();
+    return true;
+}
+
+void DeskSession::undo()
+{
+    if (canUndo())
+        m_undoStack.undo();
+}
+
+void DeskSession::redo()
+{
+    if (canRedo())
+        m_undoStack.redo();
+}
+
+bool DeskSession::agreesToLeaveBehind(const QString &folder)
+{
+    const bool drops = m_folderHoldsMore && QDir(folder) == QDir(m_folder);
+    return !drops
+        || m_dialogs.agreesToLose(
+            tr("Das Projekt enthält, was dieses Gerät nicht kennt; es ginge verloren."));
+}
+
+void DeskSession::onNativeValueChanged()
+{
+    if (m_hasOtherChanges || m_writer->isWriting())
+        return;
+    m_hasOtherChanges = true;
+    tellModified();
+}
+
+void DeskSession::tellModified()
+{
+    const bool now = isModified();
+    if (now == m_wasModified)
+        return;
+    m_wasModified = now;
+    Q_EMIT modifiedChanged(now);
+}

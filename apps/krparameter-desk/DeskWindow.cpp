@@ -1,0 +1,337 @@
+#include "apps/krparameter-desk/DeskWindow.h"
+
+#include "apps/host/DriveProject.h"
+#include "apps/krparameter-desk/ComparisonPage.h"
+#include "apps/krparameter-desk/DeskActions.h"
+#include "apps/krparameter-desk/DeskMenu.h"
+#include "apps/krparameter-desk/DeskStatus.h"
+#include "apps/krparameter-desk/MessagePane.h"
+#include "apps/krparameter-desk/OnlineDriveLink.h"
+#include "apps/krparameter-desk/OnlineSwitch.h"
+#include "apps/krparameter-desk/ParameterTableView.h"
+#include "apps/krparameter-desk/SelectorBar.h"
+#include "apps/krparameter-desk/SnapshotPane.h"
+#include "apps/krparameter-desk/TableNavigation.h"
+#include "apps/krparameter-desk/WindowState.h"
+
+#include <KrFirmware/ServoDriveFirmware.h>
+#include <KrSystem/System.h>
+
+#include <QtCore/QSettings>
+#include <QtGui/QCloseEvent>
+#include <QtWidgets/QDockWidget>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QListView>
+#include <QtWidgets/QMenuBar>
+#include <QtWidgets/QTabWidget>
+
+namespace {
+
+constexpr QSize FirstSize(1280, 800);
+constexpr int FirstMessageHeight = 105;
+constexpr int FirstSnapshotWidth = 200;
+
+} // namespace
+
+DeskWindow::DeskWindow(DeskDialogs &dialogs)
+    : m_drive(dialogs)
+    , m_session(dialogs)
+    , m_commands(m_session, dialogs)
+    , m_actions(new DeskActions(this))
+    , m_menu(new DeskMenu(*menuBar(), *m_actions))
+    , m_selectors(new SelectorBar(this))
+    , m_pages(new QTabWidget(this))
+    , m_tableView(new ParameterTableView(m_tableModel, this))
+    , m_comparison(new ComparisonPage(this))
+    , m_snapshotDock(new QDockWidget(this))
+    , m_snapshotPane(new SnapshotPane(m_snapshots, *m_actions, this))
+    , m_messageDock(new QDockWidget(this))
+    , m_messagePane(new MessagePane(m_messages, this))
+    , m_navigation(new TableNavigation(
+          m_tableModel, *m_tableView, [this] { reveal(); }, this))
+    , m_status(new DeskStatus(*this, *m_actions))
+{
+    System::instance()->setMainWindow(this);
+    resize(FirstSize);
+    addToolBar(m_selectors);
+    buildMiddle();
+    buildDocks();
+    connectCommands();
+    connectViews();
+    connectSelectors();
+    connectSession();
+    m_selectors->setAccessLevel(System::information()->userAccessLevel());
+    retranslate();
+    onChanged();
+}
+
+DeskWindow::~DeskWindow()
+{
+    // The members go before the widgets that show them.
+    System::information()->disconnect(this);
+    m_session.undoStack()->disconnect(m_status);
+    m_language.disconnect(this);
+    m_session.disconnect(this);
+    m_snapshots.disconnect(this);
+    onAboutToChange();
+    m_comparison->compare({}, {}, {});
+}
+
+ParameterNavigationHost &DeskWindow::navigation()
+{
+    return *m_navigation;
+}
+
+void DeskWindow::setAccessLevel(quint32 level)
+{
+    if (level > SelectorBar::GreatestAccessLevel)
+        return;
+    System::information()->setUserAccessLevel(level);
+    m_selectors->setAccessLevel(level);
+    m_status->updateCount();
+}
+
+void DeskWindow::restoreState(const QString &language)
+{
+    QSettings settings;
+    const WindowState state(settings);
+    state.restore(*this, *m_tableView->horizontalHeader());
+    if (const auto level = state.accessLevel())
+        setAccessLevel(*level);
+    m_language.choose(language.isEmpty() ? state.language() : language);
+}
+
+void DeskWindow::saveState()
+{
+    QSettings settings;
+    WindowState state(settings);
+    state.save(*this, *m_tableView->horizontalHeader());
+    state.setAccessLevel(System::information()->userAccessLevel());
+    state.setLanguage(m_language.language());
+}
+
+void DeskWindow::showComparison()
+{
+    compareChecked();
+    m_pages->setCurrentWidget(m_comparison);
+}
+
+void DeskWindow::closeEvent(QCloseEvent *event)
+{
+    if (!m_session.mayClose()) {
+        event->ignore();
+        return;
+    }
+    saveState();
+    QMainWindow::closeEvent(event);
+}
+
+void DeskWindow::buildMiddle()
+{
+    m_tableView->setObjectName(QStringLiteral("parameters"));
+    m_pages->setDocumentMode(true);
+    m_pages->addTab(m_tableView, QString());
+    m_pages->addTab(m_comparison, QString());
+    setCentralWidget(m_pages);
+    connect(m_comparison, &ComparisonPage::addressActivated, this, &DeskWindow::goTo);
+}
+
+void DeskWindow::buildDocks()
+{
+    m_snapshotDock->setObjectName(QStringLiteral("snapshotDock"));
+    m_snapshotDock->setWidget(m_snapshotPane);
+    addDockWidget(Qt::RightDockWidgetArea, m_snapshotDock);
+    m_messageDock->setObjectName(QStringLiteral("messageDock"));
+    m_messagePane->setObjectName(QStringLiteral("messages"));
+    m_messageDock->setWidget(m_messagePane);
+    addDockWidget(Qt::BottomDockWidgetArea, m_messageDock);
+    resizeDocks({m_messageDock}, {FirstMessageHeight}, Qt::Vertical);
+    resizeDocks({m_snapshotDock}, {FirstSnapshotWidth}, Qt::Horizontal);
+    connect(m_messagePane, &MessagePane::addressActivated, this, &DeskWindow::goTo);
+}
+
+void DeskWindow::on(int action, const std::function<void(bool)> &function)
+{
+    connect((*m_actions)[DeskActions::eAction(action)], &QAction::triggered, this, function);
+}
+
+void DeskWindow::connectCommands()
+{
+    on(DeskActions::OpenDevice, [this](bool) { m_commands.openDevice(); });
+    on(DeskActions::LoadProject, [this](bool) { m_commands.loadProject(); });
+    on(DeskActions::SaveProject, [this](bool) { m_commands.saveProject(); });
+    on(DeskActions::SaveProjectAs, [this](bool) { m_commands.saveProjectElsewhere(); });
+    on(DeskActions::Quit, [this](bool) { close(); });
+    on(DeskActions::Undo, [this](bool) { m_session.undo(); });
+    on(DeskActions::Redo, [this](bool) { m_session.redo(); });
+    on(DeskActions::TakeSnapshot, [this](bool) { m_commands.takeSnapshot(m_snapshots); });
+    on(DeskActions::RemoveSnapshot, [this](bool) { m_snapshotPane->removeCurrent(); });
+    on(DeskActions::ClearMessages, [this](bool) { m_messages.clear(); });
+    on(DeskActions::GoOnline, [this](bool isOn) { turnOnline(isOn); });
+    on(DeskActions::ChooseDrive, [this](bool) { chooseDrive(); });
+    on(DeskActions::ReadOnly, [this](bool isOn) {
+        if (m_session.project())
+            m_session.project()->container().setReadOnly(isOn);
+        m_status->updateSwitches();
+    });
+    const QUndoStack *stack = m_session.undoStack();
+    connect(stack, &QUndoStack::canUndoChanged, m_status, &DeskStatus::updateSwitches);
+    connect(stack, &QUndoStack::canRedoChanged, m_status, &DeskStatus::updateSwitches);
+}
+
+void DeskWindow::connectViews()
+{
+    on(DeskActions::Search, [this](bool) {
+        m_pages->setCurrentWidget(m_tableView);
+        m_selectors->searchField()->setFocus();
+        m_selectors->searchField()->selectAll();
+    });
+    on(DeskActions::EditValue, [this](bool) { m_tableView->editCurrentValue(); });
+    on(DeskActions::CompareSnapshots, [this](bool) { showComparison(); });
+    on(DeskActions::ShowParameters, [this](bool) {
+        m_pages->setCurrentWidget(m_tableView);
+        m_tableView->setFocus();
+    });
+    on(DeskActions::ShowComparison, [this](bool) { m_pages->setCurrentWidget(m_comparison); });
+    on(DeskActions::GoToSnapshots, [this](bool) {
+        m_snapshotDock->show();
+        m_snapshotPane->list()->setFocus();
+    });
+    on(DeskActions::GoToMessages, [this](bool) {
+        m_messageDock->show();
+        m_messagePane->setFocus();
+    });
+    // Delete and F2 mean something else in fields and in other lists.
+    bindTo(*m_snapshotPane->list(), DeskActions::RemoveSnapshot);
+    bindTo(*m_tableView, DeskActions::EditValue);
+}
+
+/// The key works in this widget alone.
+void DeskWindow::bindTo(QWidget &widget, int action)
+{
+    QAction *bound = (*m_actions)[DeskActions::eAction(action)];
+    removeAction(bound);
+    bound->setShortcutContext(Qt::WidgetShortcut);
+    widget.addAction(bound);
+}
+
+void DeskWindow::connectSelectors()
+{
+    connect(m_selectors, &SelectorBar::searchChanged, &m_tableModel,
+        &ParameterTableModel::setSearchedText);
+    connect(m_selectors, &SelectorBar::searchLeft, this, [this] {
+        if (!m_tableView->currentIndex().isValid())
+            m_tableView->setCurrentIndex(m_tableModel.index(0, ParameterTableModel::Value));
+        m_tableView->setFocus();
+    });
+    connect(m_selectors, &SelectorBar::axisChosen, &m_tableModel, &ParameterTableModel::setAxis);
+    connect(m_selectors, &SelectorBar::accessLevelChosen, this, &DeskWindow::setAccessLevel);
+    connect(m_selectors, &SelectorBar::languageChosen, &m_language, &DeskLanguage::choose);
+    connect(&m_language, &DeskLanguage::changed, this, &DeskWindow::retranslate);
+    connect(&m_tableModel, &QAbstractItemModel::layoutChanged, m_status, &DeskStatus::updateCount);
+    connect(&m_tableModel, &QAbstractItemModel::modelReset, m_status, &DeskStatus::updateCount);
+}
+
+void DeskWindow::connectSession()
+{
+    m_session.setMakeLink([this](ParameterContainer &container) {
+        return std::make_unique<OnlineDriveLink>(container, m_drive.address());
+    });
+    connect(&m_session, &DeskSession::aboutToChange, this, &DeskWindow::onAboutToChange);
+    connect(&m_session, &DeskSession::changed, this, &DeskWindow::onChanged);
+    connect(&m_session, &DeskSession::saved, m_status, &DeskStatus::updateTitle);
+    connect(&m_session, &DeskSession::modifiedChanged, this, &QWidget::setWindowModified);
+    connect(&m_snapshots, &SnapshotListModel::checkedChanged, this, &DeskWindow::compareChecked);
+    // Values above the level must not stay in sight, nor in what is exported.
+    connect(System::information(), &SystemInformation::userAccessLevelParameterChanged, this,
+        &DeskWindow::compareChecked);
+}
+
+void DeskWindow::retranslate()
+{
+    m_actions->retranslate();
+    m_menu->retranslate();
+    m_selectors->retranslate();
+    m_selectors->setLanguage(m_language.language());
+    m_pages->setTabText(0, tr("Parameter"));
+    m_pages->setTabText(1, tr("Vergleich"));
+    m_snapshotDock->setWindowTitle(tr("Snapshots"));
+    m_messageDock->setWindowTitle(tr("Meldungen"));
+    m_tableModel.refresh();
+    compareChecked();
+    m_status->update();
+}
+
+/// A title may name a record as a whole, which has no value of its own.
+void DeskWindow::goTo(const ParameterAddress &address)
+{
+    if (m_navigation->canNavigateToAddress(address)) {
+        m_pages->setCurrentWidget(m_tableView);
+        m_navigation->navigateToAddress(address);
+    } else if (m_navigation->canNavigateToParameter(address.coordinate())) {
+        m_pages->setCurrentWidget(m_tableView);
+        m_navigation->navigateToParameter(address.coordinate());
+    }
+}
+
+void DeskWindow::turnOnline(bool on)
+{
+    const auto mayReplace = [this] {
+        // What the drive itself has changed since is read anew.
+        return m_session.undoStack()->isClean() || m_session.mayClose();
+    };
+    const bool isMeant = !on || ((m_drive.isMade() || m_drive.ask()) && mayReplace());
+    if (isMeant && m_session.onlineSwitch())
+        m_session.onlineSwitch()->turn(on);
+    m_status->updateSwitches();
+}
+
+void DeskWindow::chooseDrive()
+{
+    if (!m_drive.ask() || !m_session.onlineSwitch())
+        return;
+    if (m_session.onlineSwitch()->state() == OnlineSwitch::eState::Offline)
+        return;
+    turnOnline(false);
+    turnOnline(true);
+}
+
+void DeskWindow::reveal()
+{
+    m_selectors->searchField()->clear();
+    m_selectors->showAllAxes();
+}
+
+void DeskWindow::onAboutToChange()
+{
+    m_tableModel.setDevice(nullptr, nullptr);
+    m_navigation->setProject(nullptr);
+}
+
+void DeskWindow::onChanged()
+{
+    DriveProject *project = m_session.project();
+    m_tableModel.setDevice(project, m_session.writer());
+    m_navigation->setProject(project);
+    const QList<int> axes = project ? project->firmware().axes() : QList<int>();
+    m_selectors->setAxes(axes);
+    m_tableModel.setAxis({});
+    if (m_session.onlineSwitch()) {
+        connect(m_session.onlineSwitch(), &OnlineSwitch::stateChanged, m_status,
+            &DeskStatus::updateSwitches, Qt::UniqueConnection);
+    }
+    if (project) {
+        connect(&project->container(), &ParameterContainer::readOnlyChanged, m_status,
+            &DeskStatus::updateSwitches, Qt::UniqueConnection);
+    }
+    if (m_tableModel.rowCount() > 0)
+        m_tableView->setCurrentIndex(m_tableModel.index(0, ParameterTableModel::Value));
+    m_status->update();
+}
+
+void DeskWindow::compareChecked()
+{
+    m_comparison->compare(
+        m_snapshots.checkedSnapshots(), m_snapshots.checkedNames(), m_session.deviceName());
+}

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "apps/krparameter-desk/DeskLanguage.h"
+#include "apps/krparameter-desk/DeskSession.h"
+#include "apps/krparameter-desk/DriveChoice.h"
+#include "apps/krparameter-desk/MessageListModel.h"
+#include "apps/krparameter-desk/ParameterTableModel.h"
+#include "apps/krparameter-desk/SessionCommands.h"
+#include "apps/krparameter-desk/SnapshotListModel.h"
+
+#include <QtWidgets/QMainWindow>
+
+#include <functional>
+
+class ComparisonPage;
+class DeskActions;
+class DeskDialogs;
+class DeskMenu;
+class DeskStatus;
+class MessagePane;
+class ParameterNavigationHost;
+class ParameterTableView;
+class QDockWidget;
+class QTabWidget;
+class SelectorBar;
+class SnapshotPane;
+class TableNavigation;
+
+/// The desk: table and comparison in the middle, snapshots on the right, messages below.
+class DeskWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    /// **Owner** of the dialogs the caller; they outlive the window.
+    explicit DeskWindow(DeskDialogs &dialogs);
+    ~DeskWindow() override;
+
+    DeskSession &session() { return m_session; }
+    DeskLanguage &language() { return m_language; }
+    DeskActions &actions() { return *m_actions; }
+    SelectorBar &selectors() { return *m_selectors; }
+    ParameterTableModel &tableModel() { return m_tableModel; }
+    ParameterTableView &tableView() { return *m_tableView; }
+    SnapshotListModel &snapshots() { return m_snapshots; }
+    ParameterNavigationHost &navigation();
+    /// Which drive goOnline reaches.
+    DriveChoice &drive() { return m_drive; }
+
+    /// **Refused** a level above the greatest there is.
+    void setAccessLevel(quint32 level);
+    /// As it was left, but in a language that was asked for.
+    void restoreState(const QString &language = {});
+    void saveState();
+    void showComparison();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void buildMiddle();
+    void buildDocks();
+    void on(int action, const std::function<void(bool)> &function);
+    void connectCommands();
+    void connectViews();
+    void bindTo(QWidget &widget, int action);
+    void connectSelectors();
+    void connectSession();
+    void retranslate();
+
+    void goTo(const ParameterAddress &address);
+    /// Asks for the drive where none was chosen, and what to do with what was written and its values replace.
+    void turnOnline(bool on);
+    /// Another drive is another connection.
+    void chooseDrive();
+    void reveal();
+    void onAboutToChange();
+    void onChanged();
+    void compareChecked();
+
+    DeskLanguage m_language;
+    DriveChoice m_drive;
+    DeskSession m_session;
+    SessionCommands m_commands;
+    ParameterTableModel m_tableModel;
+    SnapshotListModel m_snapshots;
+    MessageListModel m_messages;
+    DeskActions *m_actions;
+    DeskMenu *m_menu;
+    SelectorBar *m_selectors;
+    QTabWidget *m_pages;
+    ParameterTableView *m_tableView;
+    ComparisonPage *m_comparison;
+    QDockWidget *m_snapshotDock;
+    SnapshotPane *m_snapshotPane;
+    QDockWidget *m_messageDock;
+    MessagePane *m_messagePane;
+    TableNavigation *m_navigation;
+    DeskStatus *m_status;
+};

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "apps/krparameter-desk/DriveLink.h"
+
+#include <QtCore/QPointer>
+
+#include <memory>
+
+class ParameterContainer;
+
+/// Takes a container online and offline, by way of its link where it has one.
+class OnlineSwitch : public QObject {
+    Q_OBJECT
+
+public:
+    enum class eState { Offline, Opening, Online };
+
+    /// Null for the link: the switch sets the container's state alone.
+    OnlineSwitch(ParameterContainer &container, std::unique_ptr<DriveLink> link);
+    ~OnlineSwitch() override;
+
+    eState state() const { return m_state; }
+    /// **Emits** stateChanged where it differs.
+    void turn(bool on);
+    /// Passes what the user wrote on to the drive.
+    void write(const ValuePlace &place);
+
+Q_SIGNALS:
+    void stateChanged();
+
+private:
+    void onOpened();
+    /// **Reports** critical, titled with the container's domain, where there is a reason.
+    void onClosed(const QString &reason);
+    void setState(eState state);
+
+    QPointer<ParameterContainer> m_container;
+    std::unique_ptr<DriveLink> m_link;
+    eState m_state = eState::Offline;
+};

@@ -1,0 +1,133 @@
+#include "apps/krparameter-desk/ParameterTableView.h"
+
+#include "apps/krparameter-desk/ParameterTableModel.h"
+#include "apps/krparameter-desk/RejectionNote.h"
+#include "apps/krparameter-desk/ValueDelegate.h"
+
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QHeaderView>
+
+#include <utility>
+
+namespace {
+
+/// In widths of the letter "x".
+constexpr int Widths[ParameterTableModel::ColumnCount] = {11, 43, 32, 10, 14, 13, 13, 14};
+constexpr int LinePadding = 8;
+
+} // namespace
+
+ParameterTableView::ParameterTableView(ParameterTableModel &model, QWidget *parent)
+    : QTableView(parent)
+    , m_delegate(new ValueDelegate(this))
+    , m_note(new RejectionNote(viewport()))
+{
+    setModel(&model);
+    setItemDelegate(m_delegate);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setAlternatingRowColors(true);
+    setShowGrid(false);
+    setWordWrap(false);
+    setTabKeyNavigation(false);
+    setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + LinePadding);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setStretchLastSection(true);
+    setDefaultColumnWidths();
+    connect(
+        &model, &ParameterTableModel::writeAnswered, this, &ParameterTableView::onWriteAnswered);
+    connect(m_delegate, &ValueDelegate::typed, m_note, &QWidget::hide);
+    connect(&model, &QAbstractItemModel::modelReset, m_note, &QWidget::hide);
+    connect(&model, &QAbstractItemModel::layoutChanged, this, &ParameterTableView::moveNote);
+}
+
+void ParameterTableView::goTo(const QModelIndex &index)
+{
+    setCurrentIndex(index);
+    scrollTo(index, PositionAtCenter);
+    setFocus();
+}
+
+void ParameterTableView::editCurrentValue()
+{
+    const QModelIndex value = currentIndex().siblingAtColumn(ParameterTableModel::Value);
+    if (!value.isValid())
+        return;
+    setCurrentIndex(value);
+    if (value.flags() & Qt::ItemIsEditable)
+        edit(value);
+}
+
+void ParameterTableView::setDefaultColumnWidths()
+{
+    const int letter = fontMetrics().horizontalAdvance(QLatin1Char('x'));
+    for (int column = 0; column < ParameterTableModel::ColumnCount; ++column)
+        setColumnWidth(column, Widths[column] * letter);
+}
+
+void ParameterTableView::keyPressEvent(QKeyEvent *event)
+{
+    m_note->hide();
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!isReturn || state() == EditingState || !currentIndex().isValid()) {
+        QTableView::keyPressEvent(event);
+        return;
+    }
+    editCurrentValue();
+}
+
+void ParameterTableView::scrollContentsBy(int dx, int dy)
+{
+    QTableView::scrollContentsBy(dx, dy);
+    m_note->hide();
+}
+
+void ParameterTableView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
+{
+    const int row = currentIndex().row();
+    const bool hasCorrection = std::exchange(m_hasCorrection, false);
+    QTableView::closeEditor(editor, QAbstractItemDelegate::NoHint);
+    m_note->hide();
+    if (hint == QAbstractItemDelegate::EditNextItem)
+        editFrom(row + 1, 1);
+    else if (hint == QAbstractItemDelegate::EditPreviousItem)
+        editFrom(row - 1, -1);
+    m_note->setVisible(hasCorrection);
+}
+
+/// The first value from the row on that can be written.
+void ParameterTableView::editFrom(int row, int step)
+{
+    for (; row >= 0 && row < model()->rowCount(); row += step) {
+        const QModelIndex value = model()->index(row, ParameterTableModel::Value);
+        if (!(value.flags() & Qt::ItemIsEditable))
+            continue;
+        setCurrentIndex(value);
+        edit(value);
+        return;
+    }
+}
+
+void ParameterTableView::onWriteAnswered(
+    const QModelIndex &index, bool isAccepted, const QString &message)
+{
+    m_hasCorrection = isAccepted && !message.isEmpty() && index.isValid();
+    m_noted = index;
+    if (message.isEmpty() || !index.isValid())
+        m_note->hide();
+    else
+        m_note->showBeside(visualRect(index), message);
+}
+
+/// A write may move its own row, or hide it.
+void ParameterTableView::moveNote()
+{
+    const QRect field = m_noted.isValid() ? visualRect(m_noted) : QRect();
+    if (m_note->isVisible() && viewport()->rect().intersects(field))
+        m_note->showBeside(field, m_note->text());
+    else
+        m_note->hide();
+}

@@ -1,0 +1,84 @@
+#include "apps/krparameter-desk/TableCells.h"
+
+#include "apps/krparameter-desk/RowTexts.h"
+
+namespace {
+
+constexpr const char *Titles[ParameterTableModel::ColumnCount] = {
+    QT_TRANSLATE_NOOP("TableCells", "Adresse"),
+    QT_TRANSLATE_NOOP("TableCells", "Name"),
+    QT_TRANSLATE_NOOP("TableCells", "Wert"),
+    QT_TRANSLATE_NOOP("TableCells", "Einheit"),
+    QT_TRANSLATE_NOOP("TableCells", "Default"),
+    QT_TRANSLATE_NOOP("TableCells", "Minimum"),
+    QT_TRANSLATE_NOOP("TableCells", "Maximum"),
+    QT_TRANSLATE_NOOP("TableCells", "Änderungsmarke"),
+};
+
+bool isValueColumn(ParameterTableModel::eColumn column)
+{
+    return column == ParameterTableModel::Value || column == ParameterTableModel::Default
+        || column == ParameterTableModel::LowerLimit || column == ParameterTableModel::UpperLimit;
+}
+
+} // namespace
+
+QVariant TableCells::header(eColumn column, int role)
+{
+    if (role == Qt::DisplayRole)
+        return tr(Titles[column]);
+    if (role != Qt::TextAlignmentRole)
+        return {};
+    return int((isValueColumn(column) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+}
+
+QVariant TableCells::data(const ValuePlace &place, eColumn column, int role) const
+{
+    const bool isText = role == Qt::DisplayRole || role == Qt::EditRole || role == Qt::ToolTipRole;
+    return isText ? QVariant(text(place, column)) : mark(place, column, role);
+}
+
+QString TableCells::text(const ValuePlace &place, eColumn column) const
+{
+    switch (column) {
+    case ParameterTableModel::Address:
+        return m_texts.address(place);
+    case ParameterTableModel::Name:
+        return m_texts.name(place);
+    case ParameterTableModel::Value:
+        return m_texts.value(place);
+    case ParameterTableModel::Unit:
+        return m_texts.unit(place);
+    case ParameterTableModel::Default:
+        return m_texts.defaultValue(place);
+    case ParameterTableModel::LowerLimit:
+        return m_texts.lowerLimit(place);
+    case ParameterTableModel::UpperLimit:
+        return m_texts.upperLimit(place);
+    case ParameterTableModel::ChangeTag:
+        return m_texts.changeTag(place);
+    }
+    return {};
+}
+
+QVariant TableCells::mark(const ValuePlace &place, eColumn column, int role) const
+{
+    switch (role) {
+    case Qt::TextAlignmentRole: {
+        const bool isRight = isValueColumn(column) && m_texts.isNumber(place);
+        return int((isRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    }
+    case ParameterTableModel::DiffersRole:
+        return column == ParameterTableModel::Value && m_texts.differsFromDefault(place);
+    case Qt::AccessibleDescriptionRole:
+        return column == ParameterTableModel::Value && m_texts.differsFromDefault(place)
+            ? tr("weicht vom Default ab")
+            : QVariant();
+    case ParameterTableModel::ChoicesRole:
+        return QVariant::fromValue(m_texts.choices(place));
+    case ParameterTableModel::NativeRole:
+        return m_texts.nativeValue(place);
+    default:
+        return {};
+    }
+}

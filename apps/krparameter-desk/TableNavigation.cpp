@@ -1,0 +1,83 @@
+#include "apps/krparameter-desk/TableNavigation.h"
+
+#include "apps/host/DriveProject.h"
+#include "apps/krparameter-desk/ParameterTableModel.h"
+#include "apps/krparameter-desk/ParameterTableView.h"
+
+#include <KrParameterInstance/ParameterInformation.h>
+
+namespace {
+
+/// Empty where the user may see none of them.
+std::optional<ValuePlace> firstVisible(const ParameterInformation *parameter)
+{
+    if (!parameter)
+        return {};
+    for (const ValuePlace &place : ValuePlace::allOf(*parameter)) {
+        if (parameter->isVisible(place.livingSpace, place.element))
+            return place;
+    }
+    return {};
+}
+
+} // namespace
+
+TableNavigation::TableNavigation(ParameterTableModel &model, ParameterTableView &view,
+    const std::function<void()> &reveal, QObject *parent)
+    : ParameterNavigationHost(parent)
+    , m_model(model)
+    , m_view(view)
+    , m_reveal(reveal)
+{
+}
+
+bool TableNavigation::canNavigateToParameter(const ParameterCoordinate &coordinate) const
+{
+    return m_project
+        && firstVisible(m_project->container().parameterInformation(coordinate)).has_value();
+}
+
+void TableNavigation::navigateToParameter(const ParameterCoordinate &coordinate)
+{
+    if (!m_project)
+        return;
+    const auto parameter = m_project->container().parameterInformation(coordinate);
+    if (const auto place = firstVisible(parameter))
+        navigateToAddress(parameter->address(place->livingSpace, place->element));
+}
+
+bool TableNavigation::canNavigateToAddress(const ParameterAddress &address) const
+{
+    if (!m_project || !address.isValid())
+        return false;
+    const auto parameter = m_project->container().parameterInformation(address.coordinate());
+    if (!parameter)
+        return false;
+    const ValuePlace place = ValuePlace::of(address, *parameter);
+    return m_model.contains(place) && parameter->isVisible(place.livingSpace, place.element);
+}
+
+void TableNavigation::navigateToAddress(const ParameterAddress &address)
+{
+    if (!canNavigateToAddress(address))
+        return;
+    const auto parameter = m_project->container().parameterInformation(address.coordinate());
+    const ValuePlace place = ValuePlace::of(address, *parameter);
+    if (!m_model.indexOf(place).isValid())
+        m_reveal();
+    m_view.goTo(m_model.indexOf(place));
+}
+
+ParameterAddress TableNavigation::currentAddress() const
+{
+    const std::optional<ValuePlace> place = m_model.placeAt(m_view.currentIndex());
+    const auto parameter = place && m_project
+        ? m_project->container().parameterInformation(place->coordinate)
+        : nullptr;
+    return parameter ? parameter->address(place->livingSpace, place->element) : ParameterAddress();
+}
+
+ParameterContainer *TableNavigation::parameterContainer() const
+{
+    return m_project ? &m_project->container() : nullptr;
+}

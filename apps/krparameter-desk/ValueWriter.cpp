@@ -1,0 +1,95 @@
+#include "apps/krparameter-desk/ValueWriter.h"
+
+#include "apps/krparameter-desk/SinkCapture.h"
+#include "apps/krparameter-desk/WriteCommand.h"
+
+#include <KrParameterInstance/ParameterContainer.h>
+#include <KrParameterInstance/ParameterSetup.h>
+
+#include <QtCore/QScopedValueRollback>
+#include <QtGui/QUndoStack>
+
+namespace {
+
+/// Functions that answer each other for ever end here.
+constexpr int GreatestRounds = 8;
+
+} // namespace
+
+ValueWriter::ValueWriter(ParameterContainer &container, QUndoStack &undoStack)
+    : m_container(&container)
+    , m_undoStack(&undoStack)
+    , m_recorder(container)
+{
+}
+
+ValueWriter::Outcome ValueWriter::write(const ValuePlace &place, const QString &displayText)
+{
+    const QPointer<ParameterSetup> parameter =
+        m_container ? m_container->parameterSetup(place.coordinate) : nullptr;
+    if (!parameter)
+        return {false, tr("Das Gerät hat den Parameter nicht mehr.")};
+    const QString address = place.addressText(*parameter);
+    if (!parameter->isWritable(place.livingSpace, place.element))
+        return {false, tr("Parameter %1 ist jetzt nicht schreibbar.").arg(address)};
+    const SinkCapture sink;
+    // Reports the refusal itself.
+    if (!parameter->isValueTextAcceptable(place.livingSpace, place.element, displayText))
+        return {false, sink.text()};
+    QList<ValueChange> changes;
+    if (parameter) {
+        const QScopedValueRollback writing(m_isWriting, true);
+        m_recorder.start(place);
+        parameter->setValueText(place.livingSpace, place.element, displayText);
+        changes = m_recorder.finish();
+    }
+    if (!m_container)
+        return {true, sink.text()};
+    if (!changes.isEmpty() && m_undoStack)
+        m_undoStack->push(new WriteCommand(*this, address, changes));
+    Q_EMIT written(place);
+    return {true, sink.text()};
+}
+
+bool ValueWriter::restore(const QList<ValueChange> &changes, eState state)
+{
+    if (!m_container || m_container->isReadOnly() || changes.isEmpty())
+        return false;
+    Targets targets;
+    QList<ValuePlace> places;
+    for (const ValueChange &change : changes) {
+        targets.insert(change.place, state == eState::Before ? change.before : change.after);
+        places.append(change.place);
+    }
+    {
+        const QScopedValueRollback writing(m_isWriting, true);
+        m_recorder.start(places.constFirst());
+        // A function may answer a restored value with a write; the second round puts that back.
+        for (int round = 0; round < GreatestRounds && storeDifferent(places, targets); ++round) {
+            for (const ValuePlace &place : m_recorder.places()) {
+                if (targets.contains(place))
+                    continue;
+                targets.insert(place, m_recorder.before(place));
+                places.append(place);
+            }
+        }
+        m_recorder.finish();
+    }
+    for (const ValuePlace &place : std::as_const(places))
+        Q_EMIT written(place);
+    return true;
+}
+
+/// False where nothing differs any more.
+bool ValueWriter::storeDifferent(const QList<ValuePlace> &places, const Targets &targets)
+{
+    bool isStored = false;
+    for (const ValuePlace &place : places) {
+        const StoredValue target = targets.value(place);
+        if (!m_container || StoredValue::of(*m_container, place) == target)
+            continue;
+        target.storeIn(*m_container, place);
+        isStored = true;
+    }
+    return isStored;
+}

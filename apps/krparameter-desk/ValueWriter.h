@@ -1,0 +1,53 @@
+#pragma once
+
+#include "apps/krparameter-desk/ChangeRecorder.h"
+
+#include <QtCore/QObject>
+#include <QtCore/QPointer>
+
+class ParameterContainer;
+class QUndoStack;
+
+/// Writes what the user types, so that it can be undone with all that changed along.
+class ValueWriter : public QObject {
+    Q_OBJECT
+
+public:
+    enum class eState { Before, After };
+
+    struct Outcome {
+        bool isAccepted = false;
+        /// What the sink was told; of an accepted value what was corrected.
+        QString message;
+    };
+
+    /// **Owner** the caller of both. After the container's end every write is refused.
+    ValueWriter(ParameterContainer &container, QUndoStack &undoStack);
+
+    /// Display text. **Refused** what this user cannot write now, and what the firmware refuses.
+    /// **Emits** written. **Reports** what the container reports.
+    Outcome write(const ValuePlace &place, const QString &displayText);
+    /// Stores what stood there before or after; afterwards nothing else differs from what it was, also
+    /// where the device's functions answer the restored values. **Refused** on a container that is
+    /// read only. **Emits** written for every value that was stored.
+    bool restore(const QList<ValueChange> &changes, eState state);
+    /// All values are about to change, which is nothing to undo.
+    void forget() { m_recorder.forget(); }
+    /// What changes now changes because of the user.
+    bool isWriting() const { return m_isWriting; }
+
+Q_SIGNALS:
+    /// By the user: a write, an undo or a redo. What a write changed along is not told.
+    void written(const ValuePlace &place);
+
+private:
+    /// What each value is to be.
+    using Targets = QHash<ValuePlace, StoredValue>;
+
+    bool storeDifferent(const QList<ValuePlace> &places, const Targets &targets);
+
+    QPointer<ParameterContainer> m_container;
+    QPointer<QUndoStack> m_undoStack;
+    ChangeRecorder m_recorder;
+    bool m_isWriting = false;
+};
