@@ -40,10 +40,9 @@ QString prefix(eLivingSpace livingSpace)
     return QString::number(static_cast<qint32>(livingSpace)) + QLatin1Char('.');
 }
 
+/// Deliberate: an element without name keeps the blank in front of it, a parameter does not.
 QString titled(const QString &place, const QString &name)
 {
-    if (name.isEmpty())
-        return place;
     QString result;
     result.reserve(place.size() + 1 + name.size());
     return result.append(place).append(QLatin1Char(' ')).append(name);
@@ -170,7 +169,7 @@ QList<SnapshotRow> SnapshotRowModel::parameterRows(const ParameterCoordinate &co
         SnapshotRow row;
         row.livingSpace = livingSpace;
         row.coordinate = coordinate;
-        row.title = titled(place, name);
+        row.title = name.isEmpty() ? place : titled(place, name);
         if (isSimple)
             row.cells = parameterCells(row, holdings);
         else
