@@ -147,6 +147,18 @@ void ParameterTableModel::refresh()
     Q_EMIT headerDataChanged(Qt::Horizontal, 0, ColumnCount - 1);
 }
 
+/// One value may hide or show many.
+void ParameterTableModel::updateVisibility()
+{
+    const QList<int> rows = std::exchange(m_rowsToShow, {});
+    if (rows.isEmpty())
+        return;
+    changeShown([&] {
+        for (const int row : rows)
+            m_shown.setVisible(row, m_texts->isVisible(m_places.at(row)));
+    });
+}
+
 std::optional<ValuePlace> ParameterTableModel::placeAt(const QModelIndex &index) const
 {
     if (!index.isValid() || index.row() >= m_shown.count())
@@ -286,18 +298,6 @@ void ParameterTableModel::onVisibilityChanged(const ParameterAddress &address)
         QMetaObject::invokeMethod(
             this, &ParameterTableModel::updateVisibility, Qt::QueuedConnection);
     m_rowsToShow.append(row);
-}
-
-/// All at once: one value may hide or show many.
-void ParameterTableModel::updateVisibility()
-{
-    const QList<int> rows = std::exchange(m_rowsToShow, {});
-    if (rows.isEmpty())
-        return;
-    changeShown([&] {
-        for (const int row : rows)
-            m_shown.setVisible(row, m_texts->isVisible(m_places.at(row)));
-    });
 }
 
 /// A row that is shown stays, also where its value no longer holds the searched text: it would vanish

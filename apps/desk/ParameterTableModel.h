@@ -44,6 +44,8 @@ public:
     void setSearchedText(const QString &text);
     /// Every text anew, in another language for example.
     void refresh();
+    /// Shows and hides at once what waits for the event loop.
+    void updateVisibility();
 
     /// Of the device, also of rows that are not shown.
     bool contains(const ValuePlace &place) const { return m_rowOfPlace.contains(place); }
@@ -71,7 +73,6 @@ private:
     void rebuild();
     void rebuildSoon();
     void onLevelChanged();
-    void updateVisibility();
     void changeShown(const std::function<void()> &change);
     void startSearch();
     void prepareSearch();

@@ -7,6 +7,7 @@
 #include "tests/apps/desk/FollowingDevice.h"
 #include "tests/support/MessageRecorder.h"
 
+#include <KrParameterInstance/ParameterNavigationHost.h>
 #include <KrParameterInstance/ParameterValueSnapshotWidget.h>
 #include <KrSystem/System.h>
 
@@ -39,6 +40,8 @@ private Q_SLOTS:
     void correctionIsTold_data();
     void correctionIsTold();
     void noteStaysAtItsField();
+    void navigationToWhatJustBecameVisible();
+    void navigationWhileTheLevelChanges();
     void undoTakesBackWhatChangedAlong();
     void noUndoWhileReadOnly();
     void comparisonFollowsTheAccessLevel();
@@ -232,6 +235,42 @@ void tst_DeskFollowing::noteStaysAtItsField()
     // The row goes, and with it what is told of it.
     m_window->selectors().searchField()->setText(QStringLiteral("Quelle"));
     QVERIFY(!note()->isVisible());
+}
+
+/// Rows are shown and hidden once the event is over, but who goes to one does not wait.
+void tst_DeskFollowing::navigationToWhatJustBecameVisible()
+{
+    const DeskDevice device(
+        FollowingDevice::description().replace("default\": 10,", "default\": 101,"));
+    const ParameterAddress hidden(QStringLiteral("K04"), true);
+    QVERIFY(m_window->session().open(device.fileName()));
+    QVERIFY(!m_window->tableModel().indexOf(place("K04")).isValid());
+    container().writeValueNative(
+        eLivingSpace::Global, place("K01").coordinate, 0, QStringLiteral("10"));
+    QVERIFY(!m_window->tableModel().indexOf(place("K04")).isValid());
+    QVERIFY(m_window->navigation().canNavigateToAddress(hidden));
+    m_window->navigation().navigateToAddress(hidden);
+    QCOMPARE(m_window->navigation().currentAddress(), hidden);
+    QVERIFY(m_window->tableModel().indexOf(place("K05")).isValid());
+}
+
+/// Its row is not there before the change is over: the cursor stays where it is.
+void tst_DeskFollowing::navigationWhileTheLevelChanges()
+{
+    const ParameterAddress secret(QStringLiteral("K10"), true);
+    m_window->setAccessLevel(2);
+    m_window->tableView().goTo(m_window->tableModel().indexOf(place("K08")));
+    int count = 0;
+    connect(&container(), &ParameterContainer::parameterVisibilityChanged, m_window.get(), [&] {
+        if (!m_window->navigation().canNavigateToAddress(secret))
+            return;
+        m_window->navigation().navigateToAddress(secret);
+        ++count;
+    });
+    m_window->setAccessLevel(4);
+    QVERIFY(count > 0);
+    QCOMPARE(
+        m_window->navigation().currentAddress(), ParameterAddress(QStringLiteral("K08"), true));
 }
 
 void tst_DeskFollowing::undoTakesBackWhatChangedAlong()
