@@ -399,5 +399,5 @@ int main(int argc, char **argv)
     reporter.setBound("widget-html", 2.5);
     benchmark::RunSpecifiedBenchmarks(&reporter);
     reporter.printRatios();
-    return 0;
+    return reporter.hasFailed() ? 1 : 0;
 }
