@@ -1,5 +1,6 @@
 #include "snapshot/SnapshotRowModel.h"
 
+#include "snapshot/FillingProgress.h"
 #include "snapshot/ParameterValueSnapshotPrivate.h"
 
 #include <KrParameterInstance/ParameterContainer.h>
@@ -131,12 +132,21 @@ QList<ParameterCoordinate> SnapshotRowModel::coordinates() const
     return result.values();
 }
 
-QList<SnapshotRow> SnapshotRowModel::rows(QList<ParameterCoordinate> coordinates) const
+QList<SnapshotRow> SnapshotRowModel::rows(const QList<ParameterCoordinate> &coordinates) const
+{
+    FillingProgress untold({});
+    return rows(coordinates, untold);
+}
+
+QList<SnapshotRow> SnapshotRowModel::rows(
+    QList<ParameterCoordinate> coordinates, FillingProgress &progress) const
 {
     sortByText(coordinates);
     std::map<eLivingSpace, QList<SnapshotRow>> rowsOfLivingSpace;
-    for (const ParameterCoordinate &coordinate : std::as_const(coordinates)) {
-        for (SnapshotRow &row : parameterRows(coordinate))
+    for (qsizetype i = 0; i < coordinates.size(); ++i) {
+        if (!progress.advance(FillingProgress::MakingRows, i, coordinates.size()))
+            return {};
+        for (SnapshotRow &row : parameterRows(coordinates.at(i)))
             rowsOfLivingSpace[row.livingSpace].append(std::move(row));
     }
     // A title without prefix stands behind those that begin with a digit.
