@@ -2,6 +2,7 @@
 
 #include "apps/desk/ComparisonPage.h"
 #include "apps/desk/DeskActions.h"
+#include "apps/desk/DeskDialogs.h"
 #include "apps/desk/DeskMenu.h"
 #include "apps/desk/DeskStatus.h"
 #include "apps/desk/MessagePane.h"
@@ -35,7 +36,8 @@ constexpr int FirstSnapshotWidth = 200;
 } // namespace
 
 DeskWindow::DeskWindow(DeskDialogs &dialogs)
-    : m_drive(dialogs)
+    : m_dialogs(dialogs)
+    , m_drive(dialogs)
     , m_session(dialogs)
     , m_commands(m_session, dialogs)
     , m_actions(new DeskActions(this))
@@ -75,7 +77,7 @@ DeskWindow::~DeskWindow()
     m_session.disconnect(this);
     m_snapshots.disconnect(this);
     onAboutToChange();
-    m_comparison->compare({}, {}, {});
+    m_comparison->clear();
 }
 
 ParameterNavigationHost &DeskWindow::navigation()
@@ -243,9 +245,12 @@ void DeskWindow::connectSession()
     connect(&m_session, &DeskSession::saved, m_status, &DeskStatus::updateTitle);
     connect(&m_session, &DeskSession::modifiedChanged, this, &QWidget::setWindowModified);
     connect(&m_snapshots, &SnapshotListModel::checkedChanged, this, &DeskWindow::compareChecked);
-    // Values above the level must not stay in sight, nor in what is exported.
-    connect(System::information(), &SystemInformation::userAccessLevelParameterChanged, this,
-        &DeskWindow::compareChecked);
+    // Values above the level must not stay in sight, nor in the HTML; the text export asks no level.
+    connect(
+        System::information(), &SystemInformation::userAccessLevelParameterChanged, this, [this] {
+            if (!compareChecked())
+                m_comparison->clear();
+        });
 }
 
 void DeskWindow::retranslate()
@@ -330,8 +335,12 @@ void DeskWindow::onChanged()
     m_status->update();
 }
 
-void DeskWindow::compareChecked()
+bool DeskWindow::compareChecked()
 {
-    m_comparison->compare(
-        m_snapshots.checkedSnapshots(), m_snapshots.checkedNames(), m_session.deviceName());
+    bool isCompared = false;
+    m_dialogs.run(tr("Snapshots vergleichen"), [&](Progress &progress) {
+        isCompared = m_comparison->compare(m_snapshots.checkedSnapshots(),
+            m_snapshots.checkedNames(), m_session.deviceName(), &progress);
+    });
+    return isCompared;
 }

@@ -75,8 +75,10 @@ private:
     void reveal();
     void onAboutToChange();
     void onChanged();
-    void compareChecked();
+    /// False where the user cancelled it.
+    bool compareChecked();
 
+    DeskDialogs &m_dialogs;
     DeskLanguage m_language;
     DriveChoice m_drive;
     DeskSession m_session;

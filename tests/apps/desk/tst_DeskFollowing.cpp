@@ -11,6 +11,7 @@
 #include <KrParameterInstance/ParameterValueSnapshotWidget.h>
 #include <KrSystem/System.h>
 
+#include <QtCore/QPointer>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QSettings>
 #include <QtCore/QTimer>
@@ -24,6 +25,8 @@
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QTreeWidget>
+
+#include <functional>
 
 /// The desk on a device whose values follow one another.
 class tst_DeskFollowing : public QObject {
@@ -45,6 +48,8 @@ private Q_SLOTS:
     void undoTakesBackWhatChangedAlong();
     void noUndoWhileReadOnly();
     void comparisonFollowsTheAccessLevel();
+    void cancelledComparison_data();
+    void cancelledComparison();
     void exportsByItsButtons();
     void everyLetterOnce_data();
     void everyLetterOnce();
@@ -308,7 +313,7 @@ void tst_DeskFollowing::noUndoWhileReadOnly()
     QCOMPARE(value("K08"), QStringLiteral("50.0"));
 }
 
-/// What the user may no longer see is neither shown nor exported.
+/// What the user may no longer see is neither shown nor in the HTML.
 void tst_DeskFollowing::comparisonFollowsTheAccessLevel()
 {
     m_window->actions()[DeskActions::TakeSnapshot]->trigger();
@@ -322,9 +327,59 @@ void tst_DeskFollowing::comparisonFollowsTheAccessLevel()
     clickExport(QStringLiteral("HTML exportieren"), report);
     QVERIFY(content(report).contains("K10 Geheim"));
     QVERIFY(!content(report).contains("1234"));
+    // The text holds every value of the parameters that are listed.
+    const QString text = m_device->path("all.txt");
+    clickExport(QStringLiteral("Spalte \"Snapshot 1\" exportieren"), text);
+    QVERIFY(content(text).endsWith("\"K10\";\"Geheim\";\"1234\"\n"));
     // Also where somebody else changes the level.
     System::information()->setUserAccessLevel(3);
     QCOMPARE(tree()->topLevelItem(9)->text(1), QStringLiteral("1234"));
+}
+
+void tst_DeskFollowing::cancelledComparison_data()
+{
+    QTest::addColumn<std::function<void(DeskWindow &)>>("change");
+    QTest::addColumn<bool>("stays");
+    const auto row = [](const char *name, bool stays, std::function<void(DeskWindow &)> change) {
+        QTest::newRow(name) << change << stays;
+    };
+    row("what was shown stays where another one is ticked", true, [](DeskWindow &window) {
+        SnapshotListModel &model = window.snapshots();
+        model.setData(model.index(0), Qt::Checked, Qt::CheckStateRole);
+    });
+    row("and where one is renamed", true, [](DeskWindow &window) {
+        window.snapshots().setData(
+            window.snapshots().index(1), QStringLiteral("Danach"), Qt::EditRole);
+    });
+    row("and in another language", true,
+        [](DeskWindow &window) { window.language().choose(QStringLiteral("en")); });
+    row("and where it is asked for", true, [](DeskWindow &window) { window.showComparison(); });
+    row("nothing stays of another access level", false,
+        [](DeskWindow &window) { window.setAccessLevel(2); });
+    row("nothing is shown of nothing", false, [](DeskWindow &window) {
+        SnapshotListModel &model = window.snapshots();
+        model.setData(model.index(1), Qt::Unchecked, Qt::CheckStateRole);
+    });
+}
+
+void tst_DeskFollowing::cancelledComparison()
+{
+    QFETCH(std::function<void(DeskWindow &)>, change);
+    QFETCH(bool, stays);
+    m_window->actions()[DeskActions::TakeSnapshot]->trigger();
+    type("K08", QStringLiteral("40"));
+    m_window->actions()[DeskActions::TakeSnapshot]->trigger();
+    SnapshotListModel &model = m_window->snapshots();
+    model.setData(model.index(0), Qt::Unchecked, Qt::CheckStateRole);
+    const QPointer<QTreeWidget> before(tree());
+    QCOMPARE(before->topLevelItemCount(), 10);
+    m_dialogs->cancels = true;
+    change(*m_window);
+    QCOMPARE(!before.isNull(), stays);
+    QVERIFY(tree() == before);
+    m_dialogs->cancels = false;
+    m_window->showComparison();
+    QVERIFY(before.isNull());
 }
 
 void tst_DeskFollowing::answerFileDialog(const QString &fileName)
