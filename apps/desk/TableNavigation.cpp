@@ -63,7 +63,7 @@ void TableNavigation::navigateToAddress(const ParameterAddress &address)
         return;
     const auto parameter = m_project->container().parameterInformation(address.coordinate());
     const ValuePlace place = ValuePlace::of(address, *parameter);
-    m_model.updateVisibility();
+    m_model.settle();
     if (!m_model.indexOf(place).isValid())
         m_reveal();
     // While the access level changes, a value may be visible before its row is.
