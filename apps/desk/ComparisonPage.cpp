@@ -24,12 +24,12 @@ ComparisonPage::ComparisonPage(QWidget *parent)
     clear();
 }
 
-bool ComparisonPage::compare(const QList<ParameterValueSnapshot *> &snapshots,
+void ComparisonPage::compare(const QList<ParameterValueSnapshot *> &snapshots,
     const QStringList &names, const QString &header, Progress *progress)
 {
     if (snapshots.isEmpty()) {
         clear();
-        return true;
+        return;
     }
     // The widget takes columns and never gives them back.
     auto widget = std::make_unique<ParameterValueSnapshotWidget>(nullptr);
@@ -40,10 +40,9 @@ bool ComparisonPage::compare(const QList<ParameterValueSnapshot *> &snapshots,
         return !progress || progress->advance(done, total);
     };
     if (!widget->updateStepwise(advance))
-        return false;
+        return;
     m_summary->setText(summary(names, widget->isEmpty()));
     show(std::move(widget));
-    return true;
 }
 
 void ComparisonPage::clear()

@@ -22,9 +22,9 @@ public:
     explicit ComparisonPage(QWidget *parent);
 
     /// As many names as snapshots; `header` stands above the report, as text. None: as clear().
-    /// Without progress nobody is told. False where the progress ended it: what was shown stays.
+    /// Without progress nobody is told; where it ends the comparison, what was shown stays.
     /// **Owner** of the snapshots the caller.
-    bool compare(const QList<ParameterValueSnapshot *> &snapshots, const QStringList &names,
+    void compare(const QList<ParameterValueSnapshot *> &snapshots, const QStringList &names,
         const QString &header, Progress *progress = nullptr);
     /// Says how to get a comparison.
     void clear();

@@ -248,8 +248,8 @@ void DeskWindow::connectSession()
     // Values above the level must not stay in sight, nor in the HTML; the text export asks no level.
     connect(
         System::information(), &SystemInformation::userAccessLevelParameterChanged, this, [this] {
-            if (!compareChecked())
-                m_comparison->clear();
+            m_comparison->clear();
+            compareChecked();
         });
 }
 
@@ -335,12 +335,10 @@ void DeskWindow::onChanged()
     m_status->update();
 }
 
-bool DeskWindow::compareChecked()
+void DeskWindow::compareChecked()
 {
-    bool isCompared = false;
-    m_dialogs.run(tr("Snapshots vergleichen"), [&](Progress &progress) {
-        isCompared = m_comparison->compare(m_snapshots.checkedSnapshots(),
-            m_snapshots.checkedNames(), m_session.deviceName(), &progress);
+    m_dialogs.run(tr("Snapshots vergleichen"), [this](Progress &progress) {
+        m_comparison->compare(m_snapshots.checkedSnapshots(), m_snapshots.checkedNames(),
+            m_session.deviceName(), &progress);
     });
-    return isCompared;
 }

@@ -75,8 +75,7 @@ private:
     void reveal();
     void onAboutToChange();
     void onChanged();
-    /// False where the user cancelled it.
-    bool compareChecked();
+    void compareChecked();
 
     DeskDialogs &m_dialogs;
     DeskLanguage m_language;
