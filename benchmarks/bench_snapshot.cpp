@@ -254,7 +254,9 @@ double limitMemoryPerValue(int size)
 
 void printMemory(const char *what, double bytes)
 {
-    std::printf("memory: %.0f bytes a value, %s (bound 350, aim 250)\n", bytes, what);
+    constexpr double Bound = 350;
+    std::printf("memory: %.0f bytes a value, %s (bound %.0f, aim 250)%s\n", bytes, what, Bound,
+        bytes > Bound ? "  over" : "");
 }
 
 MakeDrive many(int size)
@@ -284,7 +286,8 @@ int main(int argc, char **argv)
         printMemory(("snapshot of " + std::to_string(size) + " values").c_str(),
             memoryPerValue(many(size)));
     printMemory("snapshot of a record of 16000 elements", memoryPerValue(record));
-    printMemory("limit program at 16000 values", limitMemoryPerValue(ReferenceSize));
+    std::printf("memory: %.0f bytes a value, limit program at %d values\n",
+        limitMemoryPerValue(ReferenceSize), ReferenceSize);
     for (const int size : Sizes) {
         addPair("snapshot", size, takeLimit, takeLibrary, many(size));
         addPair("compare", size, compareLimit, compareLibrary, many(size));

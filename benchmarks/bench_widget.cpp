@@ -264,6 +264,7 @@ void search(benchmark::State &state, const std::function<void()> &show)
     const auto project = openProject(SearchRows / BenchmarkDevice::AxisCount);
     Table table(project.get());
     table.model.setSearchedText(QStringLiteral("x"));
+    table.model.settle();
     QApplication::processEvents();
     int shown = 0;
     measure(
@@ -399,5 +400,5 @@ int main(int argc, char **argv)
     reporter.setBound("widget-html", 2.5);
     benchmark::RunSpecifiedBenchmarks(&reporter);
     reporter.printRatios();
-    return 0;
+    return reporter.hasFailed() ? 1 : 0;
 }

@@ -22,7 +22,13 @@ void ParameterValueSnapshotWidget::setHtmlHeader(QString header)
 
 void ParameterValueSnapshotWidget::update()
 {
-    d->refill();
+    d->refill({});
+}
+
+bool ParameterValueSnapshotWidget::updateStepwise(
+    const std::function<bool(qsizetype done, qsizetype total)> &advance)
+{
+    return d->refill(advance);
 }
 
 bool ParameterValueSnapshotWidget::isEmpty() const

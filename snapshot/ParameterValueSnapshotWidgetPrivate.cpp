@@ -69,21 +69,27 @@ void ParameterValueSnapshotWidgetPrivate::setHtmlHeader(const QString &header)
         &ParameterValueSnapshotWidgetPrivate::onHtmlExportButtonClicked);
 }
 
-void ParameterValueSnapshotWidgetPrivate::refill()
+bool ParameterValueSnapshotWidgetPrivate::refill(const FillingProgress::Advance &advance)
 {
     clear();
     coordinateItems.clear();
     shownRows.clear();
     shownCoordinates.clear();
     if (snapshots.isEmpty())
-        return;
+        return true;
     setColumnCount(static_cast<int>(titles.size()) + 1);
     setHeaderLabels(QStringList(ParameterValueSnapshotWidget::tr("Parameter")) + titles);
     const SnapshotRowModel model(livingSnapshots(), System::information()->userAccessLevel());
-    shownCoordinates = model.coordinates();
-    shownRows = model.rows(shownCoordinates);
-    SnapshotRowComparison::hideEqualRows(shownRows, titles.size());
-    coordinateItems = SnapshotTreeFilling::fill(*this, shownRows);
+    const QList<ParameterCoordinate> coordinates = model.coordinates();
+    FillingProgress progress(advance);
+    QList<SnapshotRow> rows = model.rows(coordinates, progress);
+    SnapshotRowComparison::hideEqualRows(rows, titles.size());
+    coordinateItems = SnapshotTreeFilling::fill(*this, rows, progress);
+    if (progress.isEnded())
+        return false;
+    shownCoordinates = coordinates;
+    shownRows = rows;
+    return true;
 }
 
 bool ParameterValueSnapshotWidgetPrivate::isEmpty() const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "snapshot/FillingProgress.h"
 #include "snapshot/SnapshotHtmlReport.h"
 #include "snapshot/SnapshotRow.h"
 #include "snapshot/SnapshotTreeFilling.h"
@@ -26,7 +27,8 @@ public:
 
     void appendSnapshot(ParameterValueSnapshot *snapshot, const QString &title);
     void setHtmlHeader(const QString &header);
-    void refill();
+    /// False where `advance` ended it.
+    bool refill(const FillingProgress::Advance &advance);
     bool isEmpty() const;
     QString document(SnapshotHtmlReport::eForm form) const;
 

@@ -1,5 +1,6 @@
 #include "snapshot/SnapshotRowModel.h"
 
+#include "snapshot/FillingProgress.h"
 #include "snapshot/ParameterValueSnapshotPrivate.h"
 
 #include <KrParameterInstance/ParameterContainer.h>
@@ -40,10 +41,9 @@ QString prefix(eLivingSpace livingSpace)
     return QString::number(static_cast<qint32>(livingSpace)) + QLatin1Char('.');
 }
 
+/// Deliberate: an element without name keeps the blank in front of it, a parameter does not.
 QString titled(const QString &place, const QString &name)
 {
-    if (name.isEmpty())
-        return place;
     QString result;
     result.reserve(place.size() + 1 + name.size());
     return result.append(place).append(QLatin1Char(' ')).append(name);
@@ -132,12 +132,21 @@ QList<ParameterCoordinate> SnapshotRowModel::coordinates() const
     return result.values();
 }
 
-QList<SnapshotRow> SnapshotRowModel::rows(QList<ParameterCoordinate> coordinates) const
+QList<SnapshotRow> SnapshotRowModel::rows(const QList<ParameterCoordinate> &coordinates) const
+{
+    FillingProgress untold({});
+    return rows(coordinates, untold);
+}
+
+QList<SnapshotRow> SnapshotRowModel::rows(
+    QList<ParameterCoordinate> coordinates, FillingProgress &progress) const
 {
     sortByText(coordinates);
     std::map<eLivingSpace, QList<SnapshotRow>> rowsOfLivingSpace;
-    for (const ParameterCoordinate &coordinate : std::as_const(coordinates)) {
-        for (SnapshotRow &row : parameterRows(coordinate))
+    for (qsizetype i = 0; i < coordinates.size(); ++i) {
+        if (!progress.advance(FillingProgress::MakingRows, i, coordinates.size()))
+            return {};
+        for (SnapshotRow &row : parameterRows(coordinates.at(i)))
             rowsOfLivingSpace[row.livingSpace].append(std::move(row));
     }
     // A title without prefix stands behind those that begin with a digit.
@@ -170,7 +179,7 @@ QList<SnapshotRow> SnapshotRowModel::parameterRows(const ParameterCoordinate &co
         SnapshotRow row;
         row.livingSpace = livingSpace;
         row.coordinate = coordinate;
-        row.title = titled(place, name);
+        row.title = name.isEmpty() ? place : titled(place, name);
         if (isSimple)
             row.cells = parameterCells(row, holdings);
         else

@@ -5,6 +5,7 @@
 #include <QtCore/QList>
 #include <QtCore/QString>
 
+class FillingProgress;
 class ParameterValueSnapshot;
 class ParameterValueSnapshotPrivate;
 class SnapshotRecord;
@@ -19,7 +20,10 @@ public:
     /// particular order.
     QList<ParameterCoordinate> coordinates() const;
     /// The rows of the coordinates, ascending by title on both levels, none hidden.
-    QList<SnapshotRow> rows(QList<ParameterCoordinate> coordinates) const;
+    QList<SnapshotRow> rows(const QList<ParameterCoordinate> &coordinates) const;
+    /// None where the progress is ended.
+    QList<SnapshotRow> rows(
+        QList<ParameterCoordinate> coordinates, FillingProgress &progress) const;
 
 private:
     /// What a snapshot has of one parameter.

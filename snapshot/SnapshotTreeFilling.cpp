@@ -1,5 +1,6 @@
 #include "snapshot/SnapshotTreeFilling.h"
 
+#include "snapshot/FillingProgress.h"
 #include "snapshot/SnapshotItem.h"
 
 #include <QtWidgets/QTreeWidget>
@@ -31,7 +32,8 @@ void hideRows(QTreeWidget &tree, const QList<SnapshotRow> &rows, const QModelInd
 
 } // namespace
 
-CoordinateItems SnapshotTreeFilling::fill(QTreeWidget &tree, const QList<SnapshotRow> &rows)
+CoordinateItems SnapshotTreeFilling::fill(
+    QTreeWidget &tree, const QList<SnapshotRow> &rows, FillingProgress &progress)
 {
     const QBrush missing(tree.palette().color(QPalette::Disabled, QPalette::ButtonText));
     CoordinateItems items;
@@ -39,6 +41,10 @@ CoordinateItems SnapshotTreeFilling::fill(QTreeWidget &tree, const QList<Snapsho
     QList<QTreeWidgetItem *> topLevel;
     topLevel.reserve(rows.size());
     for (const SnapshotRow &row : rows) {
+        if (!progress.advance(FillingProgress::MakingItems, topLevel.size(), rows.size())) {
+            qDeleteAll(topLevel);
+            return {};
+        }
         CoordinateItem *item = coordinateItem(row, missing);
         items.insert({row.livingSpace, row.coordinate}, item);
         topLevel.append(item);

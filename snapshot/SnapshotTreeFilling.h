@@ -6,6 +6,7 @@
 #include <QtCore/QList>
 
 class CoordinateItem;
+class FillingProgress;
 class QTreeWidget;
 
 /// Names the item of a parameter in one living space.
@@ -28,6 +29,7 @@ class SnapshotTreeFilling {
 public:
     /// The rows stand in the order in which they are shown; column widths follow the contents.
     /// The items are made detached and inserted at once: a tree that is told of each cell takes
-    /// several times as long.
-    static CoordinateItems fill(QTreeWidget &tree, const QList<SnapshotRow> &rows);
+    /// several times as long. Inserts none where the progress is ended.
+    static CoordinateItems fill(
+        QTreeWidget &tree, const QList<SnapshotRow> &rows, FillingProgress &progress);
 };

@@ -4,10 +4,6 @@
 <context>
     <name>ComparisonPage</name>
     <message>
-        <source>Noch kein Snapshot ausgewählt. Ein Snapshot hält alle Werte fest; ausgewählte stehen hier nebeneinander.</source>
-        <translation>No snapshot is chosen yet. A snapshot records all values; chosen ones stand here side by side.</translation>
-    </message>
-    <message>
         <source>Alle Werte von &quot;%1&quot;</source>
         <translation>All values of &quot;%1&quot;</translation>
     </message>
@@ -18,6 +14,10 @@
     <message>
         <source>%1: was sich ändert</source>
         <translation>%1: what changes</translation>
+    </message>
+    <message>
+        <source>Noch kein Vergleich. Ein Snapshot hält alle Werte fest; ausgewählte stehen hier nebeneinander.</source>
+        <translation>No comparison yet. A snapshot records all values; chosen ones stand here side by side.</translation>
     </message>
 </context>
 <context>
@@ -323,6 +323,10 @@
     <message>
         <source>Meldungen</source>
         <translation>Messages</translation>
+    </message>
+    <message>
+        <source>Snapshots vergleichen</source>
+        <translation>Compare snapshots</translation>
     </message>
 </context>
 <context>

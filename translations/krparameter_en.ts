@@ -544,6 +544,12 @@ that carries them.
         <source>-o und --rfc4180 brauchen verschiedene Dateien</source>
         <translation>-o and --rfc4180 need different files</translation>
     </message>
+    <message>
+        <source>Sie enthält alle Werte, auch die über der Zugriffsstufe.
+</source>
+        <translation>It holds all values, also those above the access level.
+</translation>
+    </message>
 </context>
 <context>
     <name>ExportIssue</name>
@@ -1818,6 +1824,12 @@ like a project. It then needs no device any more.
     <message>
         <source>Texte einfrieren und als JSON schreiben</source>
         <translation>freeze texts and write them as JSON</translation>
+    </message>
+    <message>
+        <source>Sie enthält alle Werte, auch die über der Zugriffsstufe.
+</source>
+        <translation>It holds all values, also those above the access level.
+</translation>
     </message>
 </context>
 <context>

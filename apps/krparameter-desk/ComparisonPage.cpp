@@ -1,5 +1,6 @@
 #include "apps/krparameter-desk/ComparisonPage.h"
 
+#include "apps/host/Progress.h"
 #include "apps/krparameter-desk/AddressInText.h"
 #include "apps/krparameter-desk/SpaciousDelegate.h"
 
@@ -8,6 +9,8 @@
 #include <QtWidgets/QBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QTreeWidget>
+
+#include <utility>
 
 ComparisonPage::ComparisonPage(QWidget *parent)
     : QWidget(parent)
@@ -18,26 +21,40 @@ ComparisonPage::ComparisonPage(QWidget *parent)
     m_summary->setWordWrap(true);
     m_layout->addWidget(m_summary);
     m_layout->addStretch();
-    compare({}, {}, {});
+    clear();
 }
 
 void ComparisonPage::compare(const QList<ParameterValueSnapshot *> &snapshots,
-    const QStringList &names, const QString &header)
+    const QStringList &names, const QString &header, Progress *progress)
 {
-    // The widget takes columns and never gives them back.
-    delete m_widget;
-    m_widget = nullptr;
     if (snapshots.isEmpty()) {
-        m_summary->setText(tr("Noch kein Snapshot ausgewählt. Ein Snapshot hält alle Werte fest; "
-                              "ausgewählte stehen hier nebeneinander."));
+        clear();
         return;
     }
-    m_widget = new ParameterValueSnapshotWidget(this);
+    // The widget takes columns and never gives them back.
+    auto widget = std::make_unique<ParameterValueSnapshotWidget>(nullptr);
     for (qsizetype i = 0; i < snapshots.size(); ++i)
-        m_widget->appendSnapshot(snapshots.at(i), names.at(i));
-    m_widget->setHtmlHeader(header.toHtmlEscaped());
-    m_widget->update();
-    m_summary->setText(summary(names, m_widget->isEmpty()));
+        widget->appendSnapshot(snapshots.at(i), names.at(i));
+    widget->setHtmlHeader(header.toHtmlEscaped());
+    const auto advance = [progress](qsizetype done, qsizetype total) {
+        return !progress || progress->advance(done, total);
+    };
+    if (!widget->updateStepwise(advance))
+        return;
+    m_summary->setText(summary(names, widget->isEmpty()));
+    show(std::move(widget));
+}
+
+void ComparisonPage::clear()
+{
+    delete std::exchange(m_widget, nullptr);
+    m_summary->setText(tr("Noch kein Vergleich. Ein Snapshot hält alle Werte fest; ausgewählte "
+                          "stehen hier nebeneinander."));
+}
+
+void ComparisonPage::show(std::unique_ptr<ParameterValueSnapshotWidget> widget)
+{
+    delete std::exchange(m_widget, widget.release());
     m_layout->insertWidget(1, m_widget, 1);
     auto *tree = m_widget->findChild<QTreeWidget *>();
     connect(tree, &QTreeWidget::itemActivated, this, &ComparisonPage::onActivated);

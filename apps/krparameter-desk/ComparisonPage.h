@@ -4,8 +4,11 @@
 
 #include <QtWidgets/QWidget>
 
+#include <memory>
+
 class ParameterValueSnapshot;
 class ParameterValueSnapshotWidget;
+class Progress;
 class QLabel;
 class QTreeWidgetItem;
 class QVBoxLayout;
@@ -18,15 +21,19 @@ class ComparisonPage : public QWidget {
 public:
     explicit ComparisonPage(QWidget *parent);
 
-    /// As many names as snapshots; `header` stands above the report, as text. None: says how to get
-    /// some. **Owner** of the snapshots the caller.
+    /// As many names as snapshots; `header` stands above the report, as text. None: as clear().
+    /// Without progress nobody is told; where it ends the comparison, what was shown stays.
+    /// **Owner** of the snapshots the caller.
     void compare(const QList<ParameterValueSnapshot *> &snapshots, const QStringList &names,
-        const QString &header);
+        const QString &header, Progress *progress = nullptr);
+    /// Says how to get a comparison.
+    void clear();
 
 Q_SIGNALS:
     void addressActivated(const ParameterAddress &address);
 
 private:
+    void show(std::unique_ptr<ParameterValueSnapshotWidget> widget);
     void onActivated(const QTreeWidgetItem *item);
     static QString summary(const QStringList &names, bool isEmpty);
 

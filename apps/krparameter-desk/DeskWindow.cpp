@@ -3,6 +3,7 @@
 #include "apps/host/DriveProject.h"
 #include "apps/krparameter-desk/ComparisonPage.h"
 #include "apps/krparameter-desk/DeskActions.h"
+#include "apps/krparameter-desk/DeskDialogs.h"
 #include "apps/krparameter-desk/DeskMenu.h"
 #include "apps/krparameter-desk/DeskStatus.h"
 #include "apps/krparameter-desk/MessagePane.h"
@@ -35,7 +36,8 @@ constexpr int FirstSnapshotWidth = 200;
 } // namespace
 
 DeskWindow::DeskWindow(DeskDialogs &dialogs)
-    : m_drive(dialogs)
+    : m_dialogs(dialogs)
+    , m_drive(dialogs)
     , m_session(dialogs)
     , m_commands(m_session, dialogs)
     , m_actions(new DeskActions(this))
@@ -75,7 +77,7 @@ DeskWindow::~DeskWindow()
     m_session.disconnect(this);
     m_snapshots.disconnect(this);
     onAboutToChange();
-    m_comparison->compare({}, {}, {});
+    m_comparison->clear();
 }
 
 ParameterNavigationHost &DeskWindow::navigation()
@@ -243,9 +245,12 @@ void DeskWindow::connectSession()
     connect(&m_session, &DeskSession::saved, m_status, &DeskStatus::updateTitle);
     connect(&m_session, &DeskSession::modifiedChanged, this, &QWidget::setWindowModified);
     connect(&m_snapshots, &SnapshotListModel::checkedChanged, this, &DeskWindow::compareChecked);
-    // Values above the level must not stay in sight, nor in what is exported.
-    connect(System::information(), &SystemInformation::userAccessLevelParameterChanged, this,
-        &DeskWindow::compareChecked);
+    // Values above the level must not stay in sight, nor in the HTML; the text export asks no level.
+    connect(
+        System::information(), &SystemInformation::userAccessLevelParameterChanged, this, [this] {
+            m_comparison->clear();
+            compareChecked();
+        });
 }
 
 void DeskWindow::retranslate()
@@ -332,6 +337,8 @@ void DeskWindow::onChanged()
 
 void DeskWindow::compareChecked()
 {
-    m_comparison->compare(
-        m_snapshots.checkedSnapshots(), m_snapshots.checkedNames(), m_session.deviceName());
+    m_dialogs.run(tr("Snapshots vergleichen"), [this](Progress &progress) {
+        m_comparison->compare(m_snapshots.checkedSnapshots(), m_snapshots.checkedNames(),
+            m_session.deviceName(), &progress);
+    });
 }

@@ -77,6 +77,7 @@ private:
     void onChanged();
     void compareChecked();
 
+    DeskDialogs &m_dialogs;
     DeskLanguage m_language;
     DriveChoice m_drive;
     DeskSession m_session;

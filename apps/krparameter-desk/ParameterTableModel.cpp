@@ -13,7 +13,7 @@
 namespace {
 
 /// Of which the search reads the texts at a time: about 2 ms.
-constexpr qsizetype RowsWhileIdle = 1500;
+constexpr qsizetype RowsOfAPiece = 1500;
 
 } // namespace
 
@@ -131,7 +131,9 @@ void ParameterTableModel::setSearchedText(const QString &text)
 {
     changeShown([&] {
         m_searchedText = text;
-        buildSearch();
+        if (!text.isEmpty())
+            readPiece();
+        findRows();
     });
 }
 
@@ -145,6 +147,17 @@ void ParameterTableModel::refresh()
     if (m_shown.count() > 0)
         Q_EMIT dataChanged(index(0, 0), index(m_shown.count() - 1, ColumnCount - 1));
     Q_EMIT headerDataChanged(Qt::Horizontal, 0, ColumnCount - 1);
+}
+
+void ParameterTableModel::settle()
+{
+    updateVisibility();
+    if (m_searchedText.isEmpty() || m_search.size() == m_places.size())
+        return;
+    changeShown([this] {
+        readTexts(m_places.size());
+        findRows();
+    });
 }
 
 std::optional<ValuePlace> ParameterTableModel::placeAt(const QModelIndex &index) const
@@ -233,37 +246,50 @@ void ParameterTableModel::changeShown(const std::function<void()> &change)
     Q_EMIT layoutChanged();
 }
 
-/// Forgets what was read for searching.
+/// Forgets what was read. What is searched now is searched anew in full: rows that are not shown must not
+/// come up for a moment.
 void ParameterTableModel::startSearch()
 {
     m_search.clear();
     m_search.reserve(m_places.size());
     m_idle.start();
-    buildSearch();
+    if (!m_searchedText.isEmpty())
+        readTexts(m_places.size());
+    findRows();
 }
 
-/// While nothing else is to be done, so that the first key does not wait for all texts.
+/// While nothing else is to be done, so that no key waits for all texts.
 void ParameterTableModel::prepareSearch()
 {
-    fillSearch(std::min(m_search.size() + RowsWhileIdle, m_places.size()));
+    const bool isWaitedFor = !m_searchedText.isEmpty() && m_search.size() < m_places.size();
+    readPiece();
+    if (isWaitedFor)
+        changeShown([this] { findRows(); });
+}
+
+void ParameterTableModel::readPiece()
+{
+    readTexts(std::min(m_search.size() + RowsOfAPiece, m_places.size()));
+}
+
+void ParameterTableModel::readTexts(qsizetype end)
+{
+    for (qsizetype row = m_search.size(); row < end; ++row)
+        m_search.append(m_texts->searched(m_places.at(row)));
     if (m_search.size() == m_places.size())
         m_idle.stop();
 }
 
-void ParameterTableModel::fillSearch(qsizetype end)
-{
-    for (qsizetype row = m_search.size(); row < end; ++row)
-        m_search.append(m_texts->searched(m_places.at(row)));
-}
-
-void ParameterTableModel::buildSearch()
+/// A row that is not read yet counts as found: one that is selected stays so.
+void ParameterTableModel::findRows()
 {
     if (m_searchedText.isEmpty()) {
         m_shown.setFound({});
         return;
     }
-    fillSearch(m_places.size());
-    m_shown.setFound(m_search.find(m_searchedText));
+    QList<bool> found = m_search.find(m_searchedText);
+    found.append(QList<bool>(m_places.size() - found.size(), true));
+    m_shown.setFound(found);
 }
 
 void ParameterTableModel::onValueChanged(const ParameterAddress &address)

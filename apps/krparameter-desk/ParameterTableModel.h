@@ -41,9 +41,12 @@ public:
     void setDevice(DriveProject *project, ValueWriter *writer);
     /// Empty: all axes. Global parameters belong to every axis.
     void setAxis(std::optional<eLivingSpace> axis);
+    /// Rows whose texts are not read yet stay until they are, soon after.
     void setSearchedText(const QString &text);
     /// Every text anew, in another language for example.
     void refresh();
+    /// Does at once what waits for the event loop: shows and hides rows, searches those not read yet.
+    void settle();
 
     /// Of the device, also of rows that are not shown.
     bool contains(const ValuePlace &place) const { return m_rowOfPlace.contains(place); }
@@ -75,8 +78,9 @@ private:
     void changeShown(const std::function<void()> &change);
     void startSearch();
     void prepareSearch();
-    void fillSearch(qsizetype end);
-    void buildSearch();
+    void readPiece();
+    void readTexts(qsizetype end);
+    void findRows();
     void onValueChanged(const ParameterAddress &address);
     void onVisibilityChanged(const ParameterAddress &address);
     void updateRow(const ValuePlace &place);
@@ -89,7 +93,7 @@ private:
     QList<ValuePlace> m_places;
     QHash<ValuePlace, int> m_rowOfPlace;
     ShownRows m_shown;
-    /// The texts of the first rows; those of all once the desk was idle or something is searched.
+    /// The texts of the first rows; those of all once the desk was idle.
     RowSearch m_search;
     /// Runs until all texts are read.
     QTimer m_idle;

@@ -48,6 +48,7 @@ QString Screenshot::prepare()
         m_window.showComparison();
     }
     m_window.selectors().searchField()->setText(m_options.searchedText);
+    m_window.tableModel().settle();
     return m_options.edit ? leaveOpen(m_options.edit->first, m_options.edit->second) : QString();
 }
 

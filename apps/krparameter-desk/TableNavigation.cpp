@@ -63,9 +63,12 @@ void TableNavigation::navigateToAddress(const ParameterAddress &address)
         return;
     const auto parameter = m_project->container().parameterInformation(address.coordinate());
     const ValuePlace place = ValuePlace::of(address, *parameter);
+    m_model.settle();
     if (!m_model.indexOf(place).isValid())
         m_reveal();
-    m_view.goTo(m_model.indexOf(place));
+    // While the access level changes, a value may be visible before its row is.
+    if (const QModelIndex index = m_model.indexOf(place); index.isValid())
+        m_view.goTo(index);
 }
 
 ParameterAddress TableNavigation::currentAddress() const

@@ -37,6 +37,7 @@ QString ExportCommand::details() const
               "umbenannt. Texte, die sie nicht trägt (Anführungszeichen, Zeilenenden, Formeln), "
               "werden\n"
               "mit Adresse genannt; --rfc4180 schreibt eine zweite Datei, die sie trägt.\n")
+        + tr("Sie enthält alle Werte, auch die über der Zugriffsstufe.\n")
         + SnapshotSource::filterDetails();
 }
 

@@ -13,6 +13,7 @@ QString SnapshotCommand::details() const
 {
     return tr("Schreibt die Texte aller Werte, so wie sie jetzt gelten, in eine Datei, die diff,\n"
               "export und report wie ein Projekt lesen. Sie braucht dann kein Gerät mehr.\n")
+        + tr("Sie enthält alle Werte, auch die über der Zugriffsstufe.\n")
         + SnapshotSource::filterDetails();
 }
 

@@ -5,6 +5,8 @@
 #include <QtCore/QString>
 #include <QtWidgets/QWidget>
 
+#include <functional>
+
 class ParameterValueSnapshot;
 class ParameterValueSnapshotWidgetPrivate;
 
@@ -23,6 +25,10 @@ public:
     void setHtmlHeader(QString header);
     /// Fills the rows anew.
     void update();
+    /// As update(), told how far it has come: `done` rises from 0 to `total`. False where `advance`
+    /// answered false, which ends it; no rows are left then. `advance` leaves this and its snapshots as
+    /// they are.
+    bool updateStepwise(const std::function<bool(qsizetype done, qsizetype total)> &advance);
     bool isEmpty() const;
     /// The report as HTML, without charset line.
     QString report() const;

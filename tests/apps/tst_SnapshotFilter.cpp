@@ -139,6 +139,7 @@ constexpr char EveryProperty[] = R"({
   "languages": ["de"], "dataTypes": ["UINT16"],
   "parameters": [{"number": 1, "coordinates": ["A12"], "name": "Text", "global": true,
     "elements": [{"dataType": "UINT16", "kind": 11, "default": 108,
+      "choices": {"108": "Text"},
       "functions": {"preRead": 100, "preWrite": 101, "postWrite": 102, "postRead": 103,
         "hiding": 104, "limit": 107, "scaling": 121},
       "levels": {"read": 105, "write": 106}, "limits": {"lower": 108, "upper": 109},
@@ -250,6 +251,7 @@ void tst_SnapshotFilter::idOfEachName_data()
     row("AutomaticOnlineUpdate", "114");
     row("NoWrite", "115");
     row("Datatype", "6");
+    row("ChoiceMap", "117");
     row("ScaledMeasuringUnit", "118");
     row("NativeMeasuringUnit", "119");
     row("ScalingFactor", "0.5");
@@ -273,6 +275,7 @@ void tst_SnapshotFilter::idOfEachName_data()
     row("HidingDependency", "138");
     row("MeasuringUnitDependency", "139");
     row("IsScopeChoice", "140");
+    row("ChoiceMapCommonTextIndex", "141");
     row("ScaledMeasuringUnitCommonTextIndex", "142");
     row("NativeMeasuringUnitCommonTextIndex", "143");
     row("FieldbusMeasuringUnitCommonTextIndex", "144");
@@ -290,6 +293,10 @@ void tst_SnapshotFilter::idOfEachName()
     QString error;
     const auto project = DriveProject::open(description.fileName(), error);
     QVERIFY2(project, qPrintable(error));
+    // The map of a description has no text.
+    project->container()
+        .parameterSetup(ParameterCoordinate(QStringLiteral("A12")))
+        ->setProperty(0, eParameterProperty::ChoiceMap, ParameterProperty(117));
     const Question question(
         QStringLiteral("1.A012[00000]"), QString::fromLatin1(QTest::currentDataTag()));
     ParameterValueSnapshot snapshot(&project->container());

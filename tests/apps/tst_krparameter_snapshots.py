@@ -188,6 +188,11 @@ class Snapshot(SnapshotTest):
         self.assertEqual([entry["name"] for entry in json.loads(run.out)["parameters"]],
                          ["Current limit"])
 
+    def test_values_above_the_access_level(self):
+        low, high = (Run(*DEVICE, "snapshot", "--access-level", level) for level in ("0", "6"))
+        self.check(low, GOOD, out=high.out)
+        self.assertIn("auch die über der Zugriffsstufe", Run("snapshot", "--help").out)
+
     def test_reads_back_without_a_device(self):
         first = self.snapshot(self.a, "a.json")
         second = self.snapshot(self.b, "b.json")
@@ -387,6 +392,15 @@ class Export(SnapshotTest):
                          '"2.H00";"Stromgrenze";"12.600 A"\n'.encode())
         self.check(self.export(self.a, "-o", path, "--filter", "Coordinate=Z99"), GOOD)
         self.assertEqual(path.read_bytes(), BEGIN)
+
+    def test_values_above_the_access_level(self):
+        texts = []
+        for level in ("0", "6"):
+            path = self.folder / f"{level}.txt"
+            self.check(self.export(self.a, "-o", path, "--access-level", level), GOOD)
+            texts.append(path.read_bytes())
+        self.assertEqual(texts[0], texts[1])
+        self.assertIn("auch die über der Zugriffsstufe", Run("export", "--help").out)
 
     def test_texts_that_it_cannot_carry(self):
         path, table = self.folder / "c.txt", self.folder / "c.csv"

@@ -16,6 +16,7 @@ class tst_ParameterValueSnapshot : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void declaresNoSignalsOrSlots();
     void emptyUntilApplied();
     void everythingOfAParameter();
     void livingSpacesOfTheHost();
@@ -88,6 +89,18 @@ QByteArray content(const QString &fileName)
 }
 
 } // namespace
+
+/// A snapshot never listens to its container, and neither does what it holds inside.
+void tst_ParameterValueSnapshot::declaresNoSignalsOrSlots()
+{
+    const int inherited = QObject::staticMetaObject.methodCount();
+    QCOMPARE(ParameterValueSnapshot::staticMetaObject.methodCount(), inherited);
+    const ParameterValueSnapshot snapshot(nullptr);
+    QCOMPARE(snapshot.children().size(), 1);
+    QCOMPARE(
+        snapshot.children().first()->metaObject()->className(), "ParameterValueSnapshotPrivate");
+    QCOMPARE(snapshot.children().first()->metaObject()->methodCount(), inherited);
+}
 
 void tst_ParameterValueSnapshot::emptyUntilApplied()
 {

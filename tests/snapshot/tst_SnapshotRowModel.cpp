@@ -17,10 +17,15 @@ private Q_SLOTS:
     void neighboursAreCompared();
     void missingParameter();
     void missingElement();
+    void missingLivingSpace();
+    void missingLivingSpaceOfARecord();
+    void leftOutLivingSpaceOfARecord();
+    void livingSpacesOfAllSnapshots();
     void missingSnapshot();
     void unreadableValuesAreEmpty();
     void undecoratedTexts();
     void nameOfTheConnectedContainer();
+    void elementNameOfTheConnectedContainer();
     void withoutName();
     void recordOfElementZeroIsSimple();
     void titlesAreSortedAsText();
@@ -160,7 +165,73 @@ void tst_SnapshotRowModel::missingElement()
     QCOMPARE(rowTexts({before.get(), after.get()}),
         (QStringList {QStringLiteral("B01 Table"), QStringLiteral(" B01[0] First|0|0"),
             QStringLiteral(" B01[2] Second|0|<nicht vorhanden>"),
-            QStringLiteral(" B01[3]|<nicht vorhanden>|0")}));
+            QStringLiteral(" B01[3] |<nicht vorhanden>|0")}));
+}
+
+void tst_SnapshotRowModel::missingLivingSpace()
+{
+    SnapshotFixture fixture;
+    fill(fixture);
+    const auto before = taken(fixture);
+    fixture.host.setLivingSpaces({eLivingSpace::Axis1});
+    const auto after = taken(fixture);
+    QCOMPARE(rowTexts({before.get(), after.get()}),
+        (QStringList {QStringLiteral("1.A00 Speed|11 rpm|11 rpm"),
+            QStringLiteral("2.A00 Speed|12 rpm|<nicht vorhanden>")}));
+    const SnapshotRowModel model({before.get(), after.get()}, HighLevel);
+    const SnapshotRow row = model.rows(model.coordinates()).last();
+    QVERIFY(!row.cells.at(0).isMissing);
+    QVERIFY(row.cells.at(1).isMissing);
+    QCOMPARE(row.cells.at(1).undecorated(), QString());
+}
+
+/// Of a record the element alone counts: it is there, though without a value in that living space.
+void tst_SnapshotRowModel::missingLivingSpaceOfARecord()
+{
+    const DefinitionBuilder record = SnapshotFixture::parameter("C02", "Table")
+                                         .element(1, QStringLiteral("First"))
+                                         .element(2, QStringLiteral("Second"));
+    SnapshotFixture onAxes;
+    onAxes.add(record);
+    SnapshotFixture once;
+    once.add(DefinitionBuilder(record).global());
+    const auto before = taken(onAxes);
+    const auto after = taken(once);
+    QCOMPARE(rowTexts({before.get(), after.get()}),
+        (QStringList {QStringLiteral("1.C02 Table"), QStringLiteral(" 1.C02[1] First|0|"),
+            QStringLiteral(" 1.C02[2] Second|0|"), QStringLiteral("2.C02 Table"),
+            QStringLiteral(" 2.C02[1] First|0|"), QStringLiteral(" 2.C02[2] Second|0|"),
+            QStringLiteral("C02 Table"), QStringLiteral(" C02[1] First||0"),
+            QStringLiteral(" C02[2] Second||0")}));
+    const SnapshotRowModel model({before.get(), after.get()}, HighLevel);
+    QVERIFY(!model.rows(model.coordinates()).first().children.first().cells.at(1).isMissing);
+}
+
+/// A snapshot keeps the values of all living spaces, also of those that the host left out.
+void tst_SnapshotRowModel::leftOutLivingSpaceOfARecord()
+{
+    SnapshotFixture fixture;
+    fixture.add(SnapshotFixture::parameter("C02", "Table").element(1, QStringLiteral("First")));
+    fixture.write(2, "C02", 1, QStringLiteral("7"));
+    const auto before = taken(fixture);
+    fixture.host.setLivingSpaces({eLivingSpace::Axis1});
+    const auto after = taken(fixture);
+    QCOMPARE(rowTexts({before.get(), after.get()}),
+        (QStringList {QStringLiteral("1.C02 Table"), QStringLiteral(" 1.C02[1] First|0|0"),
+            QStringLiteral("2.C02 Table"), QStringLiteral(" 2.C02[1] First|7|7")}));
+}
+
+void tst_SnapshotRowModel::livingSpacesOfAllSnapshots()
+{
+    SnapshotFixture fixture;
+    fill(fixture);
+    fixture.host.setLivingSpaces({eLivingSpace::Axis2});
+    const auto second = taken(fixture);
+    fixture.host.setLivingSpaces({eLivingSpace::Axis1});
+    const auto first = taken(fixture);
+    QCOMPARE(rowTexts({second.get(), first.get()}),
+        (QStringList {QStringLiteral("1.A00 Speed|<nicht vorhanden>|11 rpm"),
+            QStringLiteral("2.A00 Speed|12 rpm|<nicht vorhanden>")}));
 }
 
 void tst_SnapshotRowModel::missingSnapshot()
@@ -229,12 +300,34 @@ void tst_SnapshotRowModel::nameOfTheConnectedContainer()
     QCOMPARE(rowTexts({&connected}).first(), QStringLiteral("1.A00 Speed|11 rpm"));
 }
 
+void tst_SnapshotRowModel::elementNameOfTheConnectedContainer()
+{
+    SnapshotFixture fixture;
+    fill(fixture);
+    ParameterValueSnapshot connected(fixture.container.get());
+    connected.applyNoFilter();
+    fixture.container->clear();
+    fixture.add(SnapshotFixture::parameter("B01", "Table")
+                    .global()
+                    .element(0, QStringLiteral("Renamed"))
+                    .element(2, QStringLiteral("Second")));
+    QCOMPARE(rowTexts({&connected}).mid(2),
+        (QStringList {QStringLiteral("B01 Table"), QStringLiteral(" B01[0] Renamed|1"),
+            QStringLiteral(" B01[2] Second|2")}));
+    connected.disconnectFromSourceContainer();
+    QCOMPARE(rowTexts({&connected}).at(3), QStringLiteral(" B01[0] First|1"));
+}
+
+/// The blank in front of the name goes with a parameter's, and stays with an element's.
 void tst_SnapshotRowModel::withoutName()
 {
     SnapshotFixture fixture;
     fixture.add(SnapshotFixture::parameter("A00", "").global());
+    fixture.add(SnapshotFixture::parameter("B01", "").global().element(1, QString()));
     const auto snapshot = taken(fixture);
-    QCOMPARE(rowTexts({snapshot.get()}), QStringList {QStringLiteral("A00|0")});
+    QCOMPARE(rowTexts({snapshot.get()}),
+        (QStringList {
+            QStringLiteral("A00|0"), QStringLiteral("B01"), QStringLiteral(" B01[1] |0")}));
 }
 
 void tst_SnapshotRowModel::recordOfElementZeroIsSimple()

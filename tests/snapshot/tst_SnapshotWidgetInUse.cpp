@@ -22,6 +22,9 @@ private Q_SLOTS:
     void threeSnapshots();
     void changedAndBack();
     void missingInTheMiddle();
+    void stepwise();
+    void stepwiseUntilEnded_data();
+    void stepwiseUntilEnded();
     void wholeRowsAreSelected();
     void english();
 
@@ -134,6 +137,45 @@ void tst_SnapshotWidgetInUse::missingInTheMiddle()
 }
 
 /// With Shift from one row to another, with Control one by one, and all at once.
+/// Four parameters and four rows, of equal weight.
+void tst_SnapshotWidgetInUse::stepwise()
+{
+    append("Jetzt");
+    QList<qsizetype> told;
+    QVERIFY(m_widget->updateStepwise([&](qsizetype done, qsizetype total) {
+        told.append(done * 100 / total);
+        return true;
+    }));
+    QCOMPARE(told, (QList<qsizetype> {0, 12, 25, 37, 50, 62, 75, 87}));
+    QCOMPARE(visibleRows().size(), 4);
+    QVERIFY(m_widget->updateStepwise({}));
+    QCOMPARE(visibleRows().size(), 4);
+    QVERIFY(ParameterValueSnapshotWidget(nullptr).updateStepwise([](auto, auto) { return false; }));
+}
+
+void tst_SnapshotWidgetInUse::stepwiseUntilEnded_data()
+{
+    QTest::addColumn<int>("steps");
+    QTest::newRow("at once") << 1;
+    QTest::newRow("among the parameters") << 3;
+    QTest::newRow("at the first row") << 5;
+    QTest::newRow("at the last row") << 8;
+}
+
+void tst_SnapshotWidgetInUse::stepwiseUntilEnded()
+{
+    QFETCH(int, steps);
+    append("Jetzt");
+    m_widget->update();
+    int told = 0;
+    QVERIFY(!m_widget->updateStepwise([&](qsizetype, qsizetype) { return ++told < steps; }));
+    QCOMPARE(told, steps);
+    QVERIFY(m_widget->isEmpty());
+    QVERIFY(!m_widget->report().contains(QStringLiteral("<tr>")));
+    m_widget->update();
+    QCOMPARE(visibleRows().size(), 4);
+}
+
 void tst_SnapshotWidgetInUse::wholeRowsAreSelected()
 {
     append("eins");

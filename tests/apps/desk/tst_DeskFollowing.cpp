@@ -7,9 +7,11 @@
 #include "tests/apps/desk/FollowingDevice.h"
 #include "tests/support/MessageRecorder.h"
 
+#include <KrParameterInstance/ParameterNavigationHost.h>
 #include <KrParameterInstance/ParameterValueSnapshotWidget.h>
 #include <KrSystem/System.h>
 
+#include <QtCore/QPointer>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QSettings>
 #include <QtCore/QTimer>
@@ -23,6 +25,8 @@
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QTreeWidget>
+
+#include <functional>
 
 /// The desk on a device whose values follow one another.
 class tst_DeskFollowing : public QObject {
@@ -39,9 +43,13 @@ private Q_SLOTS:
     void correctionIsTold_data();
     void correctionIsTold();
     void noteStaysAtItsField();
+    void navigationToWhatJustBecameVisible();
+    void navigationWhileTheLevelChanges();
     void undoTakesBackWhatChangedAlong();
     void noUndoWhileReadOnly();
     void comparisonFollowsTheAccessLevel();
+    void cancelledComparison_data();
+    void cancelledComparison();
     void exportsByItsButtons();
     void everyLetterOnce_data();
     void everyLetterOnce();
@@ -234,6 +242,42 @@ void tst_DeskFollowing::noteStaysAtItsField()
     QVERIFY(!note()->isVisible());
 }
 
+/// Rows are shown and hidden once the event is over, but who goes to one does not wait.
+void tst_DeskFollowing::navigationToWhatJustBecameVisible()
+{
+    const DeskDevice device(
+        FollowingDevice::description().replace("default\": 10,", "default\": 101,"));
+    const ParameterAddress hidden(QStringLiteral("K04"), true);
+    QVERIFY(m_window->session().open(device.fileName()));
+    QVERIFY(!m_window->tableModel().indexOf(place("K04")).isValid());
+    container().writeValueNative(
+        eLivingSpace::Global, place("K01").coordinate, 0, QStringLiteral("10"));
+    QVERIFY(!m_window->tableModel().indexOf(place("K04")).isValid());
+    QVERIFY(m_window->navigation().canNavigateToAddress(hidden));
+    m_window->navigation().navigateToAddress(hidden);
+    QCOMPARE(m_window->navigation().currentAddress(), hidden);
+    QVERIFY(m_window->tableModel().indexOf(place("K05")).isValid());
+}
+
+/// Its row is not there before the change is over: the cursor stays where it is.
+void tst_DeskFollowing::navigationWhileTheLevelChanges()
+{
+    const ParameterAddress secret(QStringLiteral("K10"), true);
+    m_window->setAccessLevel(2);
+    m_window->tableView().goTo(m_window->tableModel().indexOf(place("K08")));
+    int count = 0;
+    connect(&container(), &ParameterContainer::parameterVisibilityChanged, m_window.get(), [&] {
+        if (!m_window->navigation().canNavigateToAddress(secret))
+            return;
+        m_window->navigation().navigateToAddress(secret);
+        ++count;
+    });
+    m_window->setAccessLevel(4);
+    QVERIFY(count > 0);
+    QCOMPARE(
+        m_window->navigation().currentAddress(), ParameterAddress(QStringLiteral("K08"), true));
+}
+
 void tst_DeskFollowing::undoTakesBackWhatChangedAlong()
 {
     type("K01", QStringLiteral("30"));
@@ -269,7 +313,7 @@ void tst_DeskFollowing::noUndoWhileReadOnly()
     QCOMPARE(value("K08"), QStringLiteral("50.0"));
 }
 
-/// What the user may no longer see is neither shown nor exported.
+/// What the user may no longer see is neither shown nor in the HTML.
 void tst_DeskFollowing::comparisonFollowsTheAccessLevel()
 {
     m_window->actions()[DeskActions::TakeSnapshot]->trigger();
@@ -283,9 +327,59 @@ void tst_DeskFollowing::comparisonFollowsTheAccessLevel()
     clickExport(QStringLiteral("HTML exportieren"), report);
     QVERIFY(content(report).contains("K10 Geheim"));
     QVERIFY(!content(report).contains("1234"));
+    // The text holds every value of the parameters that are listed.
+    const QString text = m_device->path("all.txt");
+    clickExport(QStringLiteral("Spalte \"Snapshot 1\" exportieren"), text);
+    QVERIFY(content(text).endsWith("\"K10\";\"Geheim\";\"1234\"\n"));
     // Also where somebody else changes the level.
     System::information()->setUserAccessLevel(3);
     QCOMPARE(tree()->topLevelItem(9)->text(1), QStringLiteral("1234"));
+}
+
+void tst_DeskFollowing::cancelledComparison_data()
+{
+    QTest::addColumn<std::function<void(DeskWindow &)>>("change");
+    QTest::addColumn<bool>("stays");
+    const auto row = [](const char *name, bool stays, std::function<void(DeskWindow &)> change) {
+        QTest::newRow(name) << change << stays;
+    };
+    row("what was shown stays where another one is ticked", true, [](DeskWindow &window) {
+        SnapshotListModel &model = window.snapshots();
+        model.setData(model.index(0), Qt::Checked, Qt::CheckStateRole);
+    });
+    row("and where one is renamed", true, [](DeskWindow &window) {
+        window.snapshots().setData(
+            window.snapshots().index(1), QStringLiteral("Danach"), Qt::EditRole);
+    });
+    row("and in another language", true,
+        [](DeskWindow &window) { window.language().choose(QStringLiteral("en")); });
+    row("and where it is asked for", true, [](DeskWindow &window) { window.showComparison(); });
+    row("nothing stays of another access level", false,
+        [](DeskWindow &window) { window.setAccessLevel(2); });
+    row("nothing is shown of nothing", false, [](DeskWindow &window) {
+        SnapshotListModel &model = window.snapshots();
+        model.setData(model.index(1), Qt::Unchecked, Qt::CheckStateRole);
+    });
+}
+
+void tst_DeskFollowing::cancelledComparison()
+{
+    QFETCH(std::function<void(DeskWindow &)>, change);
+    QFETCH(bool, stays);
+    m_window->actions()[DeskActions::TakeSnapshot]->trigger();
+    type("K08", QStringLiteral("40"));
+    m_window->actions()[DeskActions::TakeSnapshot]->trigger();
+    SnapshotListModel &model = m_window->snapshots();
+    model.setData(model.index(0), Qt::Unchecked, Qt::CheckStateRole);
+    const QPointer<QTreeWidget> before(tree());
+    QCOMPARE(before->topLevelItemCount(), 10);
+    m_dialogs->cancels = true;
+    change(*m_window);
+    QCOMPARE(!before.isNull(), stays);
+    QVERIFY(tree() == before);
+    m_dialogs->cancels = false;
+    m_window->showComparison();
+    QVERIFY(before.isNull());
 }
 
 void tst_DeskFollowing::answerFileDialog(const QString &fileName)

@@ -32,6 +32,9 @@ private Q_SLOTS:
     void search();
     void searchFollowsValues();
     void searchIsReadWhileIdle();
+    void searchOfManyRows();
+    void searchOfManyRowsAtOnce();
+    void searchOfManyRowsStays();
     void selectionSurvivesTheSearch();
     void differsFromDefault();
     void choices();
@@ -64,6 +67,25 @@ private:
 };
 
 using Model = ParameterTableModel;
+
+namespace {
+
+/// K01 with 4000 elements of the value 7: more than are read for searching before the first key.
+QByteArray manyRows()
+{
+    return R"json({
+  "format": "kr-device-description", "version": 1,
+  "family": {"identifier": 79, "name": "Many", "hasPhysicalAxes": true, "axes": [1]},
+  "languages": ["de", "en"], "dataTypes": ["UINT16"],
+  "parameters": [
+    {"number": 1, "coordinates": ["K01"], "name": {"de": "Viele", "en": "Many"}, "global": true,
+     "elementCount": 4000,
+     "elements": [{"dataType": "UINT16", "kind": 0, "default": 7,
+                   "levels": {"read": 0, "write": 2}}]}]
+})json";
+}
+
+} // namespace
 
 void tst_ParameterTableModel::init()
 {
@@ -223,6 +245,52 @@ void tst_ParameterTableModel::searchIsReadWhileIdle()
     m_model->setSearchedText(QStringLiteral("6.000"));
     QCOMPARE(addresses(), QStringList(QStringLiteral("2.B01")));
     m_model->setSearchedText(QStringLiteral("4.200"));
+    QCOMPARE(m_model->rowCount(), 0);
+}
+
+/// What is not read yet stays, also what is selected, until it is read.
+void tst_ParameterTableModel::searchOfManyRows()
+{
+    open(std::make_unique<DeskDevice>(manyRows()));
+    QVERIFY(m_writer->write(place("K01", 0, 3999), QStringLiteral("815")).isAccepted);
+    const QPersistentModelIndex first(m_model->indexOf(place("K01", 0, 0)));
+    const QPersistentModelIndex last(m_model->indexOf(place("K01", 0, 3999)));
+    m_model->setSearchedText(QStringLiteral("815"));
+    QVERIFY(!first.isValid());
+    QVERIFY(last.isValid());
+    QCOMPARE(m_model->index(0, Model::Address).data().toString(), QStringLiteral("K01[815]"));
+    QVERIFY(m_model->rowCount() > 2);
+    QVERIFY(m_model->rowCount() < 4000);
+    QTRY_COMPARE(m_model->rowCount(), 5);
+    QCOMPARE(addresses().join(QLatin1Char(' ')),
+        QStringLiteral("K01[815] K01[1815] K01[2815] K01[3815] K01[3999]"));
+    QCOMPARE(last.row(), 4);
+    m_model->setSearchedText(QString());
+    QCOMPARE(m_model->rowCount(), 4000);
+}
+
+void tst_ParameterTableModel::searchOfManyRowsAtOnce()
+{
+    open(std::make_unique<DeskDevice>(manyRows()));
+    m_model->setSearchedText(QStringLiteral("k01[3"));
+    m_model->settle();
+    QCOMPARE(m_model->rowCount(), 1111);
+    m_model->setSearchedText(QStringLiteral("k01[39"));
+    QCOMPARE(m_model->rowCount(), 111);
+    QSignalSpy changes(m_model.get(), &QAbstractItemModel::layoutChanged);
+    m_model->settle();
+    QCOMPARE(changes.size(), 0);
+}
+
+/// Nothing comes up for a moment when all texts change.
+void tst_ParameterTableModel::searchOfManyRowsStays()
+{
+    open(std::make_unique<DeskDevice>(manyRows()));
+    m_model->setSearchedText(QStringLiteral("viele"));
+    m_model->settle();
+    QCOMPARE(m_model->rowCount(), 4000);
+    LanguageManager::instance()->setActiveLanguage(QStringLiteral("en"));
+    m_model->refresh();
     QCOMPARE(m_model->rowCount(), 0);
 }
 
