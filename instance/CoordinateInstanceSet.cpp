@@ -111,6 +111,7 @@ ParameterInstanceData *CoordinateInstanceSet::attachInstance(eLivingSpace living
 
 void CoordinateInstanceSet::createInstancesFromAnchors()
 {
+    const LifeGuard guard(this);
     int systemAnchors = 0;
     for (const QString &anchor : m_definition ? m_definition->anchors() : QStringList()) {
         Locator locator;
@@ -119,6 +120,9 @@ void CoordinateInstanceSet::createInstancesFromAnchors()
             ++systemAnchors;
         else if (locator.hasLivingSpace())
             attachInstance(key(locator.livingSpace()));
+        // The report of an anchor too many reaches listeners.
+        if (!guard)
+            return;
     }
     if (systemAnchors != 1) {
         System::addCriticalMessage(ClassTitle,

@@ -50,6 +50,8 @@ private Q_SLOTS:
     void valueOfAGoneElementDispatchesNothing();
     void setDeletedByItsOwnMessage_data();
     void setDeletedByItsOwnMessage();
+    void setDeletedByAnAnchorTooMany_data();
+    void setDeletedByAnAnchorTooMany();
     void endedByAMissingProperty_data();
     void endedByAMissingProperty();
     void endedByAPlaceholder_data();
@@ -569,6 +571,34 @@ void tst_CoordinateInstanceSetReentrancy::setDeletedByItsOwnMessage()
     });
     stand.expectWarning(u"missing property \"limit dependency\" at parameter A12\""_s);
     set->setOnlineValueText(Axis1, 0, u"9"_s);
+    QVERIFY(stand.messages.verify());
+}
+
+void tst_CoordinateInstanceSetReentrancy::setDeletedByAnAnchorTooMany_data()
+{
+    QTest::addColumn<bool>("isContainer");
+    QTest::newRow("the parameter") << false;
+    QTest::newRow("the container") << true;
+}
+
+void tst_CoordinateInstanceSetReentrancy::setDeletedByAnAnchorTooMany()
+{
+    QFETCH(bool, isContainer);
+    InstanceStand stand;
+    // Axis 1 is taken; neither the third anchor nor the missing system anchor is looked at any more.
+    const QPointer<CoordinateInstanceSet> set = stand.add(
+        DefinitionBuilder().anchors({u"D.2;{P1}"_s, u"D.1;{P1}"_s, u"D.3;{P1}"_s}), u"A12"_s);
+    QObject listener;
+    connect(System::instance(), &System::messageAdded, &listener, [&] {
+        if (isContainer)
+            stand.container.reset();
+        else
+            stand.container->clear();
+    });
+    stand.messages.expect(SystemMessage::eSeverity::Critical, u"CoordinateInstanceSet"_s,
+        u"Unable to attach new Instance due to already existing instance"_s);
+    set->createInstancesFromAnchors();
+    QVERIFY(!set);
     QVERIFY(stand.messages.verify());
 }
 
