@@ -279,10 +279,12 @@ void CoordinateInstanceSet::onSuppressedHidingTimerTimedout()
     if (!m_hiding || !m_hiding->timer)
         return;
     const Guard guard(this);
+    QTimer *const timer = m_hiding->timer;
     m_container->dispatchDependencyChange(eParameterProperty::HidingDependency,
         eLivingSpace::Global, m_coordinate, m_hiding->deferredElement);
-    if (!guard)
+    // A listener may have invoked this too.
+    if (!guard || m_hiding->timer != timer)
         return;
-    m_hiding->timer->deleteLater();
     m_hiding->timer = nullptr;
+    timer->deleteLater();
 }
