@@ -345,7 +345,8 @@ void CoordinateInstanceSet::setParameterNeedsConsistence(
     const ParameterProperty automatic =
         elementProperty(element, eParameterProperty::AutomaticOnlineUpdate);
     const Guard guard(this);
-    if (!automatic.isValid()) {
+    // An override without a value has none, and yet the definition knows the property.
+    if (!hasElementProperty(element, eParameterProperty::AutomaticOnlineUpdate)) {
         System::addWarningMessage(QStringLiteral("CoordinateInstanceSet"),
             QLatin1String("Missing property \"automatic online update\" at parameter ")
                 + m_coordinate.toText() + QLatin1Char('"'));
