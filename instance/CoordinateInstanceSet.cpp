@@ -645,9 +645,8 @@ QString CoordinateInstanceSet::description(quint16 element) const
             + DescriptionRenderer::html(
                 m_coordinate, name().longText(), m_definition->descriptionText());
     }
-    return DescriptionRenderer::referenceKey(
-        ParameterAddress(0, m_coordinate, element)
-            .toTextGlobalInstance(isRecordParameter() || definedElementCount() > 1),
+    return DescriptionRenderer::referenceKey(ParameterAddress(0, m_coordinate, element)
+                                                 .toTextGlobalInstance(m_elements.isElementNamed()),
         m_properties.read(element, eParameterProperty::DescriptionReference).asString(),
         elementVersion(element));
 }

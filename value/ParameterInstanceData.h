@@ -88,7 +88,7 @@ public:
     void checkElement(quint16 element) const;
     /// Invalid without owner.
     ParameterAddress address(quint16 element) const;
-    /// With axis prefix unless global, with element where there is more than one.
+    /// With axis prefix unless global, with element of a record and where more than one is defined.
     QString addressText(quint16 element) const;
     /// Whether the firmware accepts the native text; everything is accepted without firmware.
     /// **Reports** a refused text critical, titled with the container's domain.

@@ -44,6 +44,8 @@ private Q_SLOTS:
     void changeTags();
     void addressText_data();
     void addressText();
+    void addressTextUnderAChangedCount_data();
+    void addressTextUnderAChangedCount();
     void checkValue_data();
     void checkValue();
     void checkValueAsksInOrder();
@@ -455,6 +457,28 @@ void tst_ParameterInstanceData::addressText()
         builder.elementCount(count);
     const auto *set = stand.add(builder, u"A12"_s, {livingSpace});
     QCOMPARE(recordOf(set, eLivingSpace(livingSpace))->addressText(0), expected);
+}
+
+void tst_ParameterInstanceData::addressTextUnderAChangedCount_data()
+{
+    QTest::addColumn<quint16>("defined");
+    QTest::addColumn<quint16>("changed");
+    QTest::addColumn<QString>("expected");
+
+    QTest::newRow("one defined, three now") << quint16(1) << quint16(3) << u"1.A12"_s;
+    QTest::newRow("three defined, one now") << quint16(3) << quint16(1) << u"1.A12[0]"_s;
+}
+
+// As the description names the element: by what is defined.
+void tst_ParameterInstanceData::addressTextUnderAChangedCount()
+{
+    QFETCH(quint16, defined);
+    QFETCH(quint16, changed);
+    QFETCH(QString, expected);
+    InstanceStand stand;
+    auto *set = stand.add(DefinitionBuilder().elementCount(defined), u"A12"_s);
+    set->setElementCount(changed);
+    QCOMPARE(recordOf(set)->addressText(0), expected);
 }
 
 void tst_ParameterInstanceData::checkValue_data()
