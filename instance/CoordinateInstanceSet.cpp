@@ -205,9 +205,9 @@ void CoordinateInstanceSet::onAccessLevelChanged(quint32 oldLevel, quint32 newLe
             && !record->isHidden(element);
         if (!has(guard, element))
             return;
-        if (isVisibilityChanged && !emitVisibilityChanged(livingSpace, element))
-            return;
-        if (isWritabilityChanged)
+        if (isVisibilityChanged)
+            emitVisibilityChanged(livingSpace, element);
+        if (isWritabilityChanged && has(guard, element))
             Q_EMIT writabilityChanged(address(livingSpace, element));
     });
 }

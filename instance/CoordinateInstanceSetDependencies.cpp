@@ -148,7 +148,7 @@ void CoordinateInstanceSet::followDependency(
     case eParameterProperty::ScalingDependency:
         // The native value stays; what changed is how it is shown.
         Q_EMIT valueChanged(address(livingSpace, element));
-        if (guard)
+        if (has(guard, element))
             Q_EMIT m_container->parameterValueChanged(address(livingSpace, element));
         return;
     case eParameterProperty::PostwriteDependency:
