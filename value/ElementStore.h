@@ -15,6 +15,13 @@ struct ElementTexts {
     ChangeTag defaultTag;
     bool isHiddenKnown = false;
     bool isHidden = false;
+
+    /// Whether it holds nothing that is to be kept.
+    bool isEmpty() const
+    {
+        return value.isNull() && defaultValue.isNull() && valueTag.isEmpty()
+            && defaultTag.isEmpty();
+    }
 };
 
 /// The texts of a record's elements by their position. Most parameters have one element: it stands in

@@ -130,18 +130,40 @@ void ParameterInstanceData::rearrange(const ElementCatalogue &before, const Elem
     if (!before.isRecord() && !after.isRecord())
         return;
     ElementStore texts;
-    const QList<quint16> list = before.list();
-    for (qsizetype i = 0; i < list.size() && size_t(i) < m_texts.size(); ++i) {
-        const qsizetype position = after.position(list.at(i));
-        if (position != ElementCatalogue::NoPosition)
-            texts.at(size_t(position)) = std::move(m_texts.at(size_t(i)));
+    QHash<quint16, ElementTexts> absent;
+    // A simple parameter keeps every element at the place of its number, beyond its count too.
+    const auto place = [&after, &texts, &absent](quint16 element, ElementTexts &&moved) {
+        const bool isWithinCount = !after.isRecord() && element < ElementCatalogue::GreatestCount;
+        const qsizetype position = isWithinCount ? element : after.position(element);
+        if (moved.isEmpty() && !after.contains(element))
+            return;
+        ElementTexts &placed =
+            position == ElementCatalogue::NoPosition ? absent[element] : texts.at(size_t(position));
+        placed = std::move(moved);
+    };
+    const QList<quint16> list = before.isRecord() ? before.list() : QList<quint16>();
+    for (size_t i = 0; i < m_texts.size(); ++i) {
+        if (!before.isRecord())
+            place(quint16(i), std::move(m_texts.at(i)));
+        else if (i < size_t(list.size()))
+            place(list.at(qsizetype(i)), std::move(m_texts.at(i)));
     }
+    if (m_rare) {
+        // Order carries no meaning.
+        for (auto it = m_rare->absent.begin(); it != m_rare->absent.end(); ++it)
+            place(it.key(), std::move(it.value()));
+        m_rare->absent.clear();
+    }
+    for (ElementTexts &each : absent)
+        each.isHiddenKnown = false;
+    if (!absent.isEmpty())
+        rare().absent = std::move(absent);
     m_texts = std::move(texts);
 }
 
 QString ParameterInstanceData::value(quint16 element)
 {
-    const ElementTexts *texts = find(element);
+    const ElementTexts *texts = findKept(element);
     if (texts && !texts->value.isNull())
         return texts->value;
     checkElement(element);
@@ -171,7 +193,7 @@ QString ParameterInstanceData::valueWithoutFirmware(quint16 element) const
 
 QString ParameterInstanceData::defaultValue(quint16 element)
 {
-    const ElementTexts *texts = find(element);
+    const ElementTexts *texts = findKept(element);
     if (texts && !texts->defaultValue.isNull())
         return texts->defaultValue;
     if (!m_owner)
@@ -242,13 +264,13 @@ void ParameterInstanceData::setDefaultValue(quint16 element, const QString &nati
 
 QString ParameterInstanceData::valueChangeTag(quint16 element) const
 {
-    const ElementTexts *texts = find(element);
+    const ElementTexts *texts = findKept(element);
     return texts ? texts->valueTag.text() : QString();
 }
 
 QString ParameterInstanceData::defaultValueChangeTag(quint16 element) const
 {
-    const ElementTexts *texts = find(element);
+    const ElementTexts *texts = findKept(element);
     return texts ? texts->defaultTag.text() : QString();
 }
 
@@ -503,20 +525,28 @@ ParameterInstanceData::Changes ParameterInstanceData::discard(
     const auto isDiscarded = [&tagPattern](const QString &text, const ChangeTag &tag) {
         return !text.isNull() && !tag.isEmpty() && tagPattern.match(tag.text()).hasMatch();
     };
-    const QList<quint16> list = elements().list();
-    for (size_t i = 0; i < m_texts.size(); ++i) {
-        ElementTexts &texts = m_texts.at(i);
-        const bool isShown = qsizetype(i) < list.size();
+    // Null for an element that the parameter lacks: nobody hears of it.
+    const auto discardFrom = [&isDiscarded](ElementTexts &texts, quint16 element, Changes *shown) {
         if (isDiscarded(texts.value, texts.valueTag)) {
             texts.value = QString();
-            if (isShown)
-                changes.values.append(list.at(qsizetype(i)));
+            if (shown)
+                shown->values.append(element);
         }
         if (isDiscarded(texts.defaultValue, texts.defaultTag)) {
             texts.defaultValue = QString();
-            if (isShown)
-                changes.defaults.append(list.at(qsizetype(i)));
+            if (shown)
+                shown->defaults.append(element);
         }
+    };
+    const QList<quint16> list = elements().list();
+    for (size_t i = 0; i < m_texts.size(); ++i) {
+        const bool isShown = qsizetype(i) < list.size();
+        discardFrom(m_texts.at(i), isShown ? list.at(qsizetype(i)) : quint16(0),
+            isShown ? &changes : nullptr);
+    }
+    if (m_rare) {
+        for (ElementTexts &texts : m_rare->absent)
+            discardFrom(texts, 0, nullptr);
     }
     return changes;
 }
@@ -589,6 +619,23 @@ const ElementTexts *ParameterInstanceData::find(quint16 element) const
         return nullptr;
     const qsizetype position = elements().position(element);
     return position == ElementCatalogue::NoPosition ? nullptr : m_texts.find(size_t(position));
+}
+
+const ElementTexts *ParameterInstanceData::findKept(quint16 element) const
+{
+    const ElementTexts *texts = find(element);
+    return texts ? texts : findAbsent(element);
+}
+
+const ElementTexts *ParameterInstanceData::findAbsent(quint16 element) const
+{
+    if (!m_properties || elements().contains(element))
+        return nullptr;
+    const ElementTexts *beyond = elements().isRecord() ? nullptr : m_texts.find(element);
+    if (beyond || !m_rare)
+        return beyond;
+    const auto found = m_rare->absent.constFind(element);
+    return found != m_rare->absent.constEnd() ? &*found : nullptr;
 }
 
 ElementTexts &ParameterInstanceData::entry(quint16 element)
