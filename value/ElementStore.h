@@ -5,6 +5,7 @@
 #include <QtCore/QString>
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 /// What is stored of one element. A text is null where there is none; a stored empty text is not.
@@ -16,6 +17,11 @@ struct ElementTexts {
     bool isHiddenKnown = false;
     bool isHidden = false;
 
+    /// A text as it is stored: never null, so that null means "not there".
+    static QString stored(QString text)
+    {
+        return text.isNull() ? QString(QLatin1String("")) : std::move(text);
+    }
     /// Whether it holds nothing that is to be kept.
     bool isEmpty() const
     {

@@ -1,21 +1,15 @@
 #include "value/ParameterInstanceData.h"
 
-#include "value/DisplayForms.h"
-#include "value/NumberText.h"
 #include "value/PropertyResolver.h"
-#include "value/RejectionReport.h"
 #include "value/ValueTextConverter.h"
 
-#include <KrDatatype/SimpleType.h>
 #include <KrFirmware/ParameterFunctionProvider.h>
 #include <KrParameterDefinition/ParameterDefinition.h>
 #include <KrParameterDefinition/ParameterException.h>
 #include <KrParameterInstance/ParameterContainer.h>
 #include <KrParameterInstance/ParameterSetup.h>
-#include <KrSystem/System.h>
 #include <LmUtilities/IniSection.h>
 
-#include <QtCore/QCoreApplication>
 #include <QtCore/QPointer>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QVarLengthArray>
@@ -28,20 +22,6 @@
 namespace {
 
 quint32 lastSerialNumber = 0;
-
-/// A stored text is never null, so that null means "not there".
-QString stored(QString text)
-{
-    return text.isNull() ? QString(QLatin1String("")) : std::move(text);
-}
-
-/// Stores the text. True where it differs from the one that was there; what nobody knew did not change.
-bool remember(QString &text, const QString &now)
-{
-    const bool isChanged = !text.isNull() && text != now;
-    text = stored(now);
-    return isChanged;
-}
 
 /// The four keys of one element. "V_1_0" ends "DV_1_0", so two buffers carry them all.
 class SectionKeys {
@@ -72,7 +52,7 @@ private:
 
 QString decoded(QByteArrayView bytes, bool utf8)
 {
-    return stored(utf8 ? QString::fromUtf8(bytes) : QString::fromLatin1(bytes));
+    return ElementTexts::stored(utf8 ? QString::fromUtf8(bytes) : QString::fromLatin1(bytes));
 }
 
 /// Writes without a byte array of its own; what Latin-1 lacks becomes "?".
@@ -251,14 +231,14 @@ bool ParameterInstanceData::isBeingComputed(quint16 element) const
 void ParameterInstanceData::setValue(quint16 element, QString nativeText)
 {
     ElementTexts &texts = entry(element);
-    texts.value = stored(std::move(nativeText));
+    texts.value = ElementTexts::stored(std::move(nativeText));
     texts.valueTag = currentTag();
 }
 
 void ParameterInstanceData::setDefaultValue(quint16 element, const QString &nativeText)
 {
     ElementTexts &texts = entry(element);
-    texts.defaultValue = stored(nativeText);
+    texts.defaultValue = ElementTexts::stored(nativeText);
     texts.defaultTag = currentTag();
 }
 
@@ -319,189 +299,6 @@ QString ParameterInstanceData::addressText(quint16 element) const
 {
     checkElement(element);
     return address(element).toText(m_owner->isGlobalParameter(), elements().isElementNamed());
-}
-
-bool ParameterInstanceData::checkValue(quint16 element, const QString &nativeText)
-{
-    const QPointer<ParameterSetup> owner(m_owner);
-    const quint32 code = checkCode(element, nativeText);
-    if (owner && code != 0 && elements().contains(element))
-        rejectValue(element, nativeText, code);
-    return owner && code == 0;
-}
-
-quint32 ParameterInstanceData::checkCode(quint16 element, const QString &nativeText)
-{
-    checkElement(element);
-    ParameterFunctionProvider *firmware = provider();
-    return firmware ? firmware->checkValue(nativeText, &m_delegate, element) : 0;
-}
-
-void ParameterInstanceData::rejectValue(quint16 element, const QString &nativeText, quint32 code)
-{
-    const QPointer<ParameterSetup> owner(m_owner);
-    ParameterFunctionProvider *firmware = provider();
-    const QString corrected =
-        firmware ? firmware->correctValue(nativeText, &m_delegate, element) : nativeText;
-    // Deliberate: the report names the corrected value, not the typed one.
-    if (owner && elements().contains(element))
-        reportRejection(element, corrected, code);
-}
-
-void ParameterInstanceData::reportRejection(
-    quint16 element, const QString &nativeText, quint32 code)
-{
-    const QPointer<ParameterSetup> owner(m_owner);
-    const QString valueText = toValueText(element, nativeText);
-    if (!owner)
-        return;
-    // A text that is no number has no display form of a number: it is named as it was typed.
-    const bool isNumberExpected =
-        DisplayForms::showsNumbers(facts(element).kind, facts(element).type);
-    const QString shown = isNumberExpected && !NumberText::isNumber(valueText)
-        ? valueText
-        : owner->prepareValueText(valueText, livingSpace(), element, true, nullptr);
-    if (!owner || !elements().contains(element))
-        return;
-    System::addCriticalMessage(container()->domain(),
-        RejectionReport::rejectionMessage(addressText(element), shown, code));
-}
-
-bool ParameterInstanceData::isWritable(quint16 element) const
-{
-    return !facts(element).isNeverWritten;
-}
-
-QString ParameterInstanceData::toValueText(quint16 element, const QString &nativeText) const
-{
-    ParameterFunctionProvider *firmware = provider();
-    return firmware ? firmware->valueText(nativeText, &m_delegate, element) : nativeText;
-}
-
-QString ParameterInstanceData::toNativeText(quint16 element, const QString &valueText) const
-{
-    ParameterFunctionProvider *firmware = provider();
-    return firmware ? firmware->nativeText(valueText, &m_delegate, element) : valueText;
-}
-
-QString ParameterInstanceData::lowerLimit(quint16 element) const
-{
-    ParameterFunctionProvider *firmware = provider();
-    const QPointer<ParameterSetup> owner(m_owner);
-    const QString limit = firmware ? firmware->lowerLimit(&m_delegate, element) : QString();
-    return limit.isEmpty() && owner ? facts(element).lowerLimit : limit;
-}
-
-QString ParameterInstanceData::upperLimit(quint16 element) const
-{
-    ParameterFunctionProvider *firmware = provider();
-    const QPointer<ParameterSetup> owner(m_owner);
-    const QString limit = firmware ? firmware->upperLimit(&m_delegate, element) : QString();
-    return limit.isEmpty() && owner ? facts(element).upperLimit : limit;
-}
-
-void ParameterInstanceData::runFunction(eFunctionKind kind, quint16 element)
-{
-    if (ParameterFunctionProvider *firmware = provider())
-        firmware->runFunction(kind, &m_delegate, element);
-}
-
-bool ParameterInstanceData::updateLimits(quint16 element)
-{
-    const QPointer<ParameterSetup> owner(m_owner);
-    const auto isThere = [&] { return owner && elements().contains(element); };
-    const QString lower = isThere() ? lowerLimit(element) : QString();
-    const QString upper = isThere() ? upperLimit(element) : QString();
-    return isThere() && remember(rare().told[element].limits, lower + QChar(QChar::Null) + upper);
-}
-
-bool ParameterInstanceData::updateUnits(quint16 element, const QString &unitTexts)
-{
-    return remember(rare().told[element].units, unitTexts);
-}
-
-bool ParameterInstanceData::areLimitsKnown(quint16 element) const
-{
-    const Told *known = told(element);
-    return known && !known->limits.isNull();
-}
-
-bool ParameterInstanceData::areUnitsKnown(quint16 element) const
-{
-    const Told *known = told(element);
-    return known && !known->units.isNull();
-}
-
-void ParameterInstanceData::forgetAnswers()
-{
-    if (m_rare)
-        m_rare->told.clear();
-    for (size_t position = elements().count(); position < m_texts.size(); ++position)
-        m_texts.at(position).isHiddenKnown = false;
-}
-
-bool ParameterInstanceData::isHidden(quint16 element)
-{
-    const ElementTexts *texts = find(element);
-    return texts && texts->isHiddenKnown ? texts->isHidden : updateHidden(element);
-}
-
-bool ParameterInstanceData::updateHidden(quint16 element)
-{
-    ParameterFunctionProvider *firmware = provider();
-    const QPointer<ParameterSetup> owner(m_owner);
-    const bool isHidden = firmware && firmware->isHidden(&m_delegate, element);
-    if (!owner || !elements().contains(element))
-        return isHidden;
-    ElementTexts &texts = entry(element);
-    texts.isHidden = isHidden;
-    texts.isHiddenKnown = true;
-    return isHidden;
-}
-
-bool ParameterInstanceData::isHiddenKnown(quint16 element) const
-{
-    const ElementTexts *texts = find(element);
-    return texts && texts->isHiddenKnown;
-}
-
-void ParameterInstanceData::correctUntagged(
-    quint16 element, const QString &tag, const QString &expectedValueText)
-{
-    checkElement(element);
-    const QPointer<ParameterSetup> owner(m_owner);
-    const auto isThere = [&] { return owner && elements().contains(element); };
-    const auto differs = [&](const QString &nativeText) {
-        const QString current = isThere() ? toValueText(element, nativeText) : QString();
-        return isThere() && current != expectedValueText;
-    };
-    const auto report = [&](const char *text) {
-        if (owner) {
-            System::addInformationMessage(container()->domain(),
-                QCoreApplication::translate("ParameterInstanceData", text)
-                    .arg(m_owner->coordinate().toText()));
-        }
-    };
-    // Asked first: reading the value may fill in the default with its tag.
-    const bool isValueTagged = !valueChangeTag(element).isEmpty();
-    const bool isDefaultTagged = !defaultValueChangeTag(element).isEmpty();
-    if (!isValueTagged) {
-        if (differs(value(element))) {
-            owner->setNativeValue(livingSpace(), element, expectedValueText);
-            report(QT_TRANSLATE_NOOP("ParameterInstanceData", "Wert von Parameter %1 korrigiert!"));
-        }
-        if (isThere())
-            setValueChangeTag(element, tag);
-    }
-    if (!isThere() || isDefaultTagged)
-        return;
-    if (differs(defaultValue(element))) {
-        owner->setDefaultNativeValue(livingSpace(), element, expectedValueText);
-        report(QT_TRANSLATE_NOOP(
-            "ParameterInstanceData", "Default-Wert von Parameter %1 korrigiert!"));
-    }
-    if (isThere())
-        setDefaultValueChangeTag(element, tag);
 }
 
 QString ParameterInstanceData::namedText(const QString &name) const
@@ -644,14 +441,6 @@ ElementTexts &ParameterInstanceData::entry(quint16 element)
     return m_texts.at(size_t(elements().position(element)));
 }
 
-const ParameterInstanceData::Told *ParameterInstanceData::told(quint16 element) const
-{
-    if (!m_rare)
-        return nullptr;
-    const auto found = m_rare->told.constFind(element);
-    return found != m_rare->told.constEnd() ? &*found : nullptr;
-}
-
 ParameterInstanceData::Rare &ParameterInstanceData::rare()
 {
     if (!m_rare)
@@ -672,11 +461,6 @@ const ElementCatalogue &ParameterInstanceData::elements() const
 ParameterContainer *ParameterInstanceData::container() const
 {
     return m_owner->parameterContainer();
-}
-
-ParameterFunctionProvider *ParameterInstanceData::provider() const
-{
-    return container()->functionProvider();
 }
 
 ChangeTag ParameterInstanceData::currentTag() const
