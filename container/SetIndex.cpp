@@ -8,13 +8,8 @@ void SetIndex::remove(CoordinateInstanceSet *set)
 {
     // The new ones first, so that removing many costs no search among them for each.
     lookAtNew();
+    m_changed.remove(set);
     leave(set);
-}
-
-void SetIndex::update(CoordinateInstanceSet *set)
-{
-    remove(set);
-    enter(set);
 }
 
 void SetIndex::clear()
@@ -24,7 +19,7 @@ void SetIndex::clear()
 
 QList<CoordinateInstanceSet *> SetIndex::mappingSets()
 {
-    lookAtNew();
+    lookAtAll();
     QList<CoordinateInstanceSet *> sets;
     for (const auto &[coordinate, set] : m_mappingSets)
         sets.append(set);
@@ -33,7 +28,7 @@ QList<CoordinateInstanceSet *> SetIndex::mappingSets()
 
 QList<DependencyReceiver> SetIndex::receivers(const DependencyKey &key)
 {
-    lookAtNew();
+    lookAtAll();
     QList<DependencyReceiver> list;
     const auto found = m_receivers.constFind(key);
     if (found == m_receivers.constEnd())
@@ -48,6 +43,15 @@ void SetIndex::lookAtNew()
 {
     for (CoordinateInstanceSet *set : std::exchange(m_new, {}))
         enter(set);
+}
+
+void SetIndex::lookAtAll()
+{
+    lookAtNew();
+    for (CoordinateInstanceSet *set : std::exchange(m_changed, {})) {
+        leave(set);
+        enter(set);
+    }
 }
 
 void SetIndex::enter(CoordinateInstanceSet *set)

@@ -148,7 +148,7 @@ void CoordinateInstanceSet::followDependency(
     case eParameterProperty::ScalingDependency:
         // The native value stays; what changed is how it is shown.
         Q_EMIT valueChanged(address(livingSpace, element));
-        if (guard)
+        if (has(guard, element))
             Q_EMIT m_container->parameterValueChanged(address(livingSpace, element));
         return;
     case eParameterProperty::PostwriteDependency:
@@ -279,10 +279,12 @@ void CoordinateInstanceSet::onSuppressedHidingTimerTimedout()
     if (!m_hiding || !m_hiding->timer)
         return;
     const Guard guard(this);
+    QTimer *const timer = m_hiding->timer;
     m_container->dispatchDependencyChange(eParameterProperty::HidingDependency,
         eLivingSpace::Global, m_coordinate, m_hiding->deferredElement);
-    if (!guard)
+    // A listener may have invoked this too.
+    if (!guard || m_hiding->timer != timer)
         return;
-    m_hiding->timer->deleteLater();
     m_hiding->timer = nullptr;
+    timer->deleteLater();
 }

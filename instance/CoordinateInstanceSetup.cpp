@@ -48,8 +48,9 @@ void CoordinateInstanceSet::setElementCount(quint16 count)
         return;
     const ParameterAddress first =
         address(isGlobalParameter() ? eLivingSpace::Global : eLivingSpace::Axis1, 0);
-    Q_EMIT nativeValueChanged(first);
-    if (guard)
+    if (has(guard, 0))
+        Q_EMIT nativeValueChanged(first);
+    if (has(guard, 0))
         Q_EMIT m_container->parameterNativeValueChanged(first);
 }
 
@@ -155,8 +156,12 @@ void CoordinateInstanceSet::emitAnswerChanges(const QList<PropertyAnswer> &befor
 {
     const Guard guard(this);
     for (qsizetype i = 0; i < qMin(before.size(), after.size()) && guard; ++i) {
+        const PropertyAnswer &was = before.at(i);
         const PropertyAnswer &now = after.at(i);
-        if (now.text != before.at(i).text)
+        // The elements changed meanwhile; definitionChanged has told that.
+        if (was.livingSpace != now.livingSpace || was.element != now.element)
+            return;
+        if (now.text != was.text && has(guard, now.element))
             emitAnswerChanged(property, now.livingSpace, now.element);
     }
 }
@@ -345,7 +350,8 @@ void CoordinateInstanceSet::setParameterNeedsConsistence(
     const ParameterProperty automatic =
         elementProperty(element, eParameterProperty::AutomaticOnlineUpdate);
     const Guard guard(this);
-    if (!automatic.isValid()) {
+    // An override without a value has none, and yet the definition knows the property.
+    if (!hasElementProperty(element, eParameterProperty::AutomaticOnlineUpdate)) {
         System::addWarningMessage(QStringLiteral("CoordinateInstanceSet"),
             QLatin1String("Missing property \"automatic online update\" at parameter ")
                 + m_coordinate.toText() + QLatin1Char('"'));
@@ -355,7 +361,7 @@ void CoordinateInstanceSet::setParameterNeedsConsistence(
         if (!guard || (!isMapped && !m_container->isParameterBlockUsed(at)))
             return;
     }
-    if (guard)
+    if (has(guard, element))
         m_container->dispatchParameterOnlineConsistenceNeed(at, needed);
 }
 
@@ -371,6 +377,8 @@ void CoordinateInstanceSet::startAllElementsConsistenceOnce(eLivingSpace livingS
     const quint32 run = m_consistence.start(instanceKey, elements);
     const Guard guard(this);
     for (const quint16 element : elements) {
+        if (!m_elements.contains(element))
+            continue;
         m_container->dispatchParameterOnlineConsistenceNeedOnce(address(instanceKey, element));
         // A listener may cancel the run or start another while it is being asked for.
         if (!guard || !m_consistence.isCurrent(instanceKey, run))
@@ -410,11 +418,11 @@ bool CoordinateInstanceSet::emitValueChanged(const Guard &guard, eLivingSpace ke
 {
     const ParameterAddress at = address(key, element);
     Q_EMIT valueChanged(at);
-    if (guard)
+    if (has(guard, element))
         Q_EMIT nativeValueChanged(at);
-    if (guard)
+    if (has(guard, element))
         Q_EMIT m_container->parameterValueChanged(at);
-    if (guard)
+    if (has(guard, element))
         Q_EMIT m_container->parameterNativeValueChanged(at);
     return bool(guard);
 }
@@ -424,7 +432,7 @@ bool CoordinateInstanceSet::emitDefaultChanged(eLivingSpace key, quint16 element
     const Guard guard(this);
     const ParameterAddress at = address(key, element);
     Q_EMIT defaultValueChanged(at);
-    if (guard)
+    if (has(guard, element))
         Q_EMIT m_container->parameterDefaultValueChanged(at);
     return bool(guard);
 }
@@ -435,7 +443,7 @@ bool CoordinateInstanceSet::emitDefinitionChanged()
         const Guard guard(this);
         const ParameterAddress at = address(record->livingSpace(), element);
         Q_EMIT definitionChanged(at);
-        if (guard)
+        if (has(guard, element))
             Q_EMIT m_container->parameterDefinitionChanged(at);
     });
     return isThere && endRunsOfLostElements();
@@ -459,7 +467,7 @@ bool CoordinateInstanceSet::emitVisibilityChanged(eLivingSpace key, quint16 elem
     const Guard guard(this);
     const ParameterAddress at = address(key, element);
     Q_EMIT visibilityChanged(at);
-    if (guard)
+    if (has(guard, element))
         Q_EMIT m_container->parameterVisibilityChanged(at);
     return bool(guard);
 }
@@ -469,7 +477,7 @@ bool CoordinateInstanceSet::emitMeasuringUnitChanged(eLivingSpace key, quint16 e
     const Guard guard(this);
     const ParameterAddress at = address(key, element);
     Q_EMIT measuringUnitChanged(at);
-    if (guard)
+    if (has(guard, element))
         Q_EMIT m_container->parameterMeasuringUnitChanged(at);
     return bool(guard);
 }

@@ -81,3 +81,8 @@ const IParameterElementInformation *ElementCatalogue::information(quint16 elemen
 {
     return m_definition ? m_definition->queryElementInformation(informationKey(element)) : nullptr;
 }
+
+bool ElementCatalogue::isElementNamed() const
+{
+    return isRecord() || (m_definition && m_definition->elementCount() > 1);
+}

@@ -49,8 +49,9 @@ public:
     quint16 informationKey(quint16 element) const { return isRecord() ? element : 0; }
     /// Null for an element that the parameter lacks. **Owner** the definition.
     const IParameterElementInformation *information(quint16 element) const;
-    /// Whether texts name an element: a record, or more than one element.
-    bool isElementNamed() const { return isRecord() || m_count > 1; }
+    /// Whether texts name an element: of a record, or where more than one is defined. A changed count
+    /// renames nothing.
+    bool isElementNamed() const;
 
 private:
     struct Positions;

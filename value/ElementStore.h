@@ -5,6 +5,7 @@
 #include <QtCore/QString>
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 /// What is stored of one element. A text is null where there is none; a stored empty text is not.
@@ -15,6 +16,18 @@ struct ElementTexts {
     ChangeTag defaultTag;
     bool isHiddenKnown = false;
     bool isHidden = false;
+
+    /// A text as it is stored: never null, so that null means "not there".
+    static QString stored(QString text)
+    {
+        return text.isNull() ? QString(QLatin1String("")) : std::move(text);
+    }
+    /// Whether it holds nothing that is to be kept.
+    bool isEmpty() const
+    {
+        return value.isNull() && defaultValue.isNull() && valueTag.isEmpty()
+            && defaultTag.isEmpty();
+    }
 };
 
 /// The texts of a record's elements by their position. Most parameters have one element: it stands in

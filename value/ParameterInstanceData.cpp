@@ -1,21 +1,15 @@
 #include "value/ParameterInstanceData.h"
 
-#include "value/DisplayForms.h"
-#include "value/NumberText.h"
 #include "value/PropertyResolver.h"
-#include "value/RejectionReport.h"
 #include "value/ValueTextConverter.h"
 
-#include <KrDatatype/SimpleType.h>
 #include <KrFirmware/ParameterFunctionProvider.h>
 #include <KrParameterDefinition/ParameterDefinition.h>
 #include <KrParameterDefinition/ParameterException.h>
 #include <KrParameterInstance/ParameterContainer.h>
 #include <KrParameterInstance/ParameterSetup.h>
-#include <KrSystem/System.h>
 #include <LmUtilities/IniSection.h>
 
-#include <QtCore/QCoreApplication>
 #include <QtCore/QPointer>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QVarLengthArray>
@@ -28,20 +22,6 @@
 namespace {
 
 quint32 lastSerialNumber = 0;
-
-/// A stored text is never null, so that null means "not there".
-QString stored(QString text)
-{
-    return text.isNull() ? QString(QLatin1String("")) : std::move(text);
-}
-
-/// Stores the text. True where it differs from the one that was there; what nobody knew did not change.
-bool remember(QString &text, const QString &now)
-{
-    const bool isChanged = !text.isNull() && text != now;
-    text = stored(now);
-    return isChanged;
-}
 
 /// The four keys of one element. "V_1_0" ends "DV_1_0", so two buffers carry them all.
 class SectionKeys {
@@ -72,7 +52,7 @@ private:
 
 QString decoded(QByteArrayView bytes, bool utf8)
 {
-    return stored(utf8 ? QString::fromUtf8(bytes) : QString::fromLatin1(bytes));
+    return ElementTexts::stored(utf8 ? QString::fromUtf8(bytes) : QString::fromLatin1(bytes));
 }
 
 /// Writes without a byte array of its own; what Latin-1 lacks becomes "?".
@@ -130,18 +110,40 @@ void ParameterInstanceData::rearrange(const ElementCatalogue &before, const Elem
     if (!before.isRecord() && !after.isRecord())
         return;
     ElementStore texts;
-    const QList<quint16> list = before.list();
-    for (qsizetype i = 0; i < list.size() && size_t(i) < m_texts.size(); ++i) {
-        const qsizetype position = after.position(list.at(i));
-        if (position != ElementCatalogue::NoPosition)
-            texts.at(size_t(position)) = std::move(m_texts.at(size_t(i)));
+    QHash<quint16, ElementTexts> absent;
+    // A simple parameter keeps every element at the place of its number, beyond its count too.
+    const auto place = [&after, &texts, &absent](quint16 element, ElementTexts &&moved) {
+        const bool isWithinCount = !after.isRecord() && element < ElementCatalogue::GreatestCount;
+        const qsizetype position = isWithinCount ? element : after.position(element);
+        if (moved.isEmpty() && !after.contains(element))
+            return;
+        ElementTexts &placed =
+            position == ElementCatalogue::NoPosition ? absent[element] : texts.at(size_t(position));
+        placed = std::move(moved);
+    };
+    const QList<quint16> list = before.isRecord() ? before.list() : QList<quint16>();
+    for (size_t i = 0; i < m_texts.size(); ++i) {
+        if (!before.isRecord())
+            place(quint16(i), std::move(m_texts.at(i)));
+        else if (i < size_t(list.size()))
+            place(list.at(qsizetype(i)), std::move(m_texts.at(i)));
     }
+    if (m_rare) {
+        // Order carries no meaning.
+        for (auto it = m_rare->absent.begin(); it != m_rare->absent.end(); ++it)
+            place(it.key(), std::move(it.value()));
+        m_rare->absent.clear();
+    }
+    for (ElementTexts &each : absent)
+        each.isHiddenKnown = false;
+    if (!absent.isEmpty())
+        rare().absent = std::move(absent);
     m_texts = std::move(texts);
 }
 
 QString ParameterInstanceData::value(quint16 element)
 {
-    const ElementTexts *texts = find(element);
+    const ElementTexts *texts = findKept(element);
     if (texts && !texts->value.isNull())
         return texts->value;
     checkElement(element);
@@ -171,7 +173,7 @@ QString ParameterInstanceData::valueWithoutFirmware(quint16 element) const
 
 QString ParameterInstanceData::defaultValue(quint16 element)
 {
-    const ElementTexts *texts = find(element);
+    const ElementTexts *texts = findKept(element);
     if (texts && !texts->defaultValue.isNull())
         return texts->defaultValue;
     if (!m_owner)
@@ -229,26 +231,26 @@ bool ParameterInstanceData::isBeingComputed(quint16 element) const
 void ParameterInstanceData::setValue(quint16 element, QString nativeText)
 {
     ElementTexts &texts = entry(element);
-    texts.value = stored(std::move(nativeText));
+    texts.value = ElementTexts::stored(std::move(nativeText));
     texts.valueTag = currentTag();
 }
 
 void ParameterInstanceData::setDefaultValue(quint16 element, const QString &nativeText)
 {
     ElementTexts &texts = entry(element);
-    texts.defaultValue = stored(nativeText);
+    texts.defaultValue = ElementTexts::stored(nativeText);
     texts.defaultTag = currentTag();
 }
 
 QString ParameterInstanceData::valueChangeTag(quint16 element) const
 {
-    const ElementTexts *texts = find(element);
+    const ElementTexts *texts = findKept(element);
     return texts ? texts->valueTag.text() : QString();
 }
 
 QString ParameterInstanceData::defaultValueChangeTag(quint16 element) const
 {
-    const ElementTexts *texts = find(element);
+    const ElementTexts *texts = findKept(element);
     return texts ? texts->defaultTag.text() : QString();
 }
 
@@ -299,189 +301,6 @@ QString ParameterInstanceData::addressText(quint16 element) const
     return address(element).toText(m_owner->isGlobalParameter(), elements().isElementNamed());
 }
 
-bool ParameterInstanceData::checkValue(quint16 element, const QString &nativeText)
-{
-    const QPointer<ParameterSetup> owner(m_owner);
-    const quint32 code = checkCode(element, nativeText);
-    if (owner && code != 0 && elements().contains(element))
-        rejectValue(element, nativeText, code);
-    return owner && code == 0;
-}
-
-quint32 ParameterInstanceData::checkCode(quint16 element, const QString &nativeText)
-{
-    checkElement(element);
-    ParameterFunctionProvider *firmware = provider();
-    return firmware ? firmware->checkValue(nativeText, &m_delegate, element) : 0;
-}
-
-void ParameterInstanceData::rejectValue(quint16 element, const QString &nativeText, quint32 code)
-{
-    const QPointer<ParameterSetup> owner(m_owner);
-    ParameterFunctionProvider *firmware = provider();
-    const QString corrected =
-        firmware ? firmware->correctValue(nativeText, &m_delegate, element) : nativeText;
-    // Deliberate: the report names the corrected value, not the typed one.
-    if (owner && elements().contains(element))
-        reportRejection(element, corrected, code);
-}
-
-void ParameterInstanceData::reportRejection(
-    quint16 element, const QString &nativeText, quint32 code)
-{
-    const QPointer<ParameterSetup> owner(m_owner);
-    const QString valueText = toValueText(element, nativeText);
-    if (!owner)
-        return;
-    // A text that is no number has no display form of a number: it is named as it was typed.
-    const bool isNumberExpected =
-        DisplayForms::showsNumbers(facts(element).kind, facts(element).type);
-    const QString shown = isNumberExpected && !NumberText::isNumber(valueText)
-        ? valueText
-        : owner->prepareValueText(valueText, livingSpace(), element, true, nullptr);
-    if (!owner || !elements().contains(element))
-        return;
-    System::addCriticalMessage(container()->domain(),
-        RejectionReport::rejectionMessage(addressText(element), shown, code));
-}
-
-bool ParameterInstanceData::isWritable(quint16 element) const
-{
-    return !facts(element).isNeverWritten;
-}
-
-QString ParameterInstanceData::toValueText(quint16 element, const QString &nativeText) const
-{
-    ParameterFunctionProvider *firmware = provider();
-    return firmware ? firmware->valueText(nativeText, &m_delegate, element) : nativeText;
-}
-
-QString ParameterInstanceData::toNativeText(quint16 element, const QString &valueText) const
-{
-    ParameterFunctionProvider *firmware = provider();
-    return firmware ? firmware->nativeText(valueText, &m_delegate, element) : valueText;
-}
-
-QString ParameterInstanceData::lowerLimit(quint16 element) const
-{
-    ParameterFunctionProvider *firmware = provider();
-    const QPointer<ParameterSetup> owner(m_owner);
-    const QString limit = firmware ? firmware->lowerLimit(&m_delegate, element) : QString();
-    return limit.isEmpty() && owner ? facts(element).lowerLimit : limit;
-}
-
-QString ParameterInstanceData::upperLimit(quint16 element) const
-{
-    ParameterFunctionProvider *firmware = provider();
-    const QPointer<ParameterSetup> owner(m_owner);
-    const QString limit = firmware ? firmware->upperLimit(&m_delegate, element) : QString();
-    return limit.isEmpty() && owner ? facts(element).upperLimit : limit;
-}
-
-void ParameterInstanceData::runFunction(eFunctionKind kind, quint16 element)
-{
-    if (ParameterFunctionProvider *firmware = provider())
-        firmware->runFunction(kind, &m_delegate, element);
-}
-
-bool ParameterInstanceData::updateLimits(quint16 element)
-{
-    const QPointer<ParameterSetup> owner(m_owner);
-    const auto isThere = [&] { return owner && elements().contains(element); };
-    const QString lower = isThere() ? lowerLimit(element) : QString();
-    const QString upper = isThere() ? upperLimit(element) : QString();
-    return isThere() && remember(rare().told[element].limits, lower + QChar(QChar::Null) + upper);
-}
-
-bool ParameterInstanceData::updateUnits(quint16 element, const QString &unitTexts)
-{
-    return remember(rare().told[element].units, unitTexts);
-}
-
-bool ParameterInstanceData::areLimitsKnown(quint16 element) const
-{
-    const Told *known = told(element);
-    return known && !known->limits.isNull();
-}
-
-bool ParameterInstanceData::areUnitsKnown(quint16 element) const
-{
-    const Told *known = told(element);
-    return known && !known->units.isNull();
-}
-
-void ParameterInstanceData::forgetAnswers()
-{
-    if (m_rare)
-        m_rare->told.clear();
-    for (size_t position = elements().count(); position < m_texts.size(); ++position)
-        m_texts.at(position).isHiddenKnown = false;
-}
-
-bool ParameterInstanceData::isHidden(quint16 element)
-{
-    const ElementTexts *texts = find(element);
-    return texts && texts->isHiddenKnown ? texts->isHidden : updateHidden(element);
-}
-
-bool ParameterInstanceData::updateHidden(quint16 element)
-{
-    ParameterFunctionProvider *firmware = provider();
-    const QPointer<ParameterSetup> owner(m_owner);
-    const bool isHidden = firmware && firmware->isHidden(&m_delegate, element);
-    if (!owner || !elements().contains(element))
-        return isHidden;
-    ElementTexts &texts = entry(element);
-    texts.isHidden = isHidden;
-    texts.isHiddenKnown = true;
-    return isHidden;
-}
-
-bool ParameterInstanceData::isHiddenKnown(quint16 element) const
-{
-    const ElementTexts *texts = find(element);
-    return texts && texts->isHiddenKnown;
-}
-
-void ParameterInstanceData::correctUntagged(
-    quint16 element, const QString &tag, const QString &expectedValueText)
-{
-    checkElement(element);
-    const QPointer<ParameterSetup> owner(m_owner);
-    const auto isThere = [&] { return owner && elements().contains(element); };
-    const auto differs = [&](const QString &nativeText) {
-        const QString current = isThere() ? toValueText(element, nativeText) : QString();
-        return isThere() && current != expectedValueText;
-    };
-    const auto report = [&](const char *text) {
-        if (owner) {
-            System::addInformationMessage(container()->domain(),
-                QCoreApplication::translate("ParameterInstanceData", text)
-                    .arg(m_owner->coordinate().toText()));
-        }
-    };
-    // Asked first: reading the value may fill in the default with its tag.
-    const bool isValueTagged = !valueChangeTag(element).isEmpty();
-    const bool isDefaultTagged = !defaultValueChangeTag(element).isEmpty();
-    if (!isValueTagged) {
-        if (differs(value(element))) {
-            owner->setNativeValue(livingSpace(), element, expectedValueText);
-            report(QT_TRANSLATE_NOOP("ParameterInstanceData", "Wert von Parameter %1 korrigiert!"));
-        }
-        if (isThere())
-            setValueChangeTag(element, tag);
-    }
-    if (!isThere() || isDefaultTagged)
-        return;
-    if (differs(defaultValue(element))) {
-        owner->setDefaultNativeValue(livingSpace(), element, expectedValueText);
-        report(QT_TRANSLATE_NOOP(
-            "ParameterInstanceData", "Default-Wert von Parameter %1 korrigiert!"));
-    }
-    if (isThere())
-        setDefaultValueChangeTag(element, tag);
-}
-
 QString ParameterInstanceData::namedText(const QString &name) const
 {
     return m_rare ? m_rare->namedTexts.value(name) : QString();
@@ -503,20 +322,28 @@ ParameterInstanceData::Changes ParameterInstanceData::discard(
     const auto isDiscarded = [&tagPattern](const QString &text, const ChangeTag &tag) {
         return !text.isNull() && !tag.isEmpty() && tagPattern.match(tag.text()).hasMatch();
     };
-    const QList<quint16> list = elements().list();
-    for (size_t i = 0; i < m_texts.size(); ++i) {
-        ElementTexts &texts = m_texts.at(i);
-        const bool isShown = qsizetype(i) < list.size();
+    // Null for an element that the parameter lacks: nobody hears of it.
+    const auto discardFrom = [&isDiscarded](ElementTexts &texts, quint16 element, Changes *shown) {
         if (isDiscarded(texts.value, texts.valueTag)) {
             texts.value = QString();
-            if (isShown)
-                changes.values.append(list.at(qsizetype(i)));
+            if (shown)
+                shown->values.append(element);
         }
         if (isDiscarded(texts.defaultValue, texts.defaultTag)) {
             texts.defaultValue = QString();
-            if (isShown)
-                changes.defaults.append(list.at(qsizetype(i)));
+            if (shown)
+                shown->defaults.append(element);
         }
+    };
+    const QList<quint16> list = elements().list();
+    for (size_t i = 0; i < m_texts.size(); ++i) {
+        const bool isShown = qsizetype(i) < list.size();
+        discardFrom(m_texts.at(i), isShown ? list.at(qsizetype(i)) : quint16(0),
+            isShown ? &changes : nullptr);
+    }
+    if (m_rare) {
+        for (ElementTexts &texts : m_rare->absent)
+            discardFrom(texts, 0, nullptr);
     }
     return changes;
 }
@@ -591,18 +418,27 @@ const ElementTexts *ParameterInstanceData::find(quint16 element) const
     return position == ElementCatalogue::NoPosition ? nullptr : m_texts.find(size_t(position));
 }
 
+const ElementTexts *ParameterInstanceData::findKept(quint16 element) const
+{
+    const ElementTexts *texts = find(element);
+    return texts ? texts : findAbsent(element);
+}
+
+const ElementTexts *ParameterInstanceData::findAbsent(quint16 element) const
+{
+    if (!m_properties || elements().contains(element))
+        return nullptr;
+    const ElementTexts *beyond = elements().isRecord() ? nullptr : m_texts.find(element);
+    if (beyond || !m_rare)
+        return beyond;
+    const auto found = m_rare->absent.constFind(element);
+    return found != m_rare->absent.constEnd() ? &*found : nullptr;
+}
+
 ElementTexts &ParameterInstanceData::entry(quint16 element)
 {
     checkElement(element);
     return m_texts.at(size_t(elements().position(element)));
-}
-
-const ParameterInstanceData::Told *ParameterInstanceData::told(quint16 element) const
-{
-    if (!m_rare)
-        return nullptr;
-    const auto found = m_rare->told.constFind(element);
-    return found != m_rare->told.constEnd() ? &*found : nullptr;
 }
 
 ParameterInstanceData::Rare &ParameterInstanceData::rare()
@@ -625,11 +461,6 @@ const ElementCatalogue &ParameterInstanceData::elements() const
 ParameterContainer *ParameterInstanceData::container() const
 {
     return m_owner->parameterContainer();
-}
-
-ParameterFunctionProvider *ParameterInstanceData::provider() const
-{
-    return container()->functionProvider();
 }
 
 ChangeTag ParameterInstanceData::currentTag() const

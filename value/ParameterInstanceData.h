@@ -29,8 +29,9 @@ class IniSection;
 /// The value record of one parameter in one living space: for every element the native text, the
 /// default's native text and a change tag for each.
 ///
-/// A text that is not there is computed on the first read and stored. Texts of elements beyond a
-/// shortened element count stay, so that a count that grows again finds them.
+/// A text that is not there is computed on the first read and stored. Texts of elements that the
+/// parameter lacks now, by a shortened element count or another definition, stay: a count that grows
+/// again, or a definition that has them again, finds them.
 class ParameterInstanceData {
 public:
     /// What a load changed, in the order of the element list.
@@ -56,11 +57,12 @@ public:
     const ParameterData *delegate() const { return &m_delegate; }
     /// Empty for an element that the parameter lacks.
     const ElementFacts &facts(quint16 element) const;
-    /// Reaches the same element's texts under a new order of elements. Texts of elements that the new
-    /// order lacks go.
+    /// Reaches the same element's texts under a new order of elements; what the new order lacks is kept
+    /// aside.
     void rearrange(const ElementCatalogue &before, const ElementCatalogue &after);
 
-    /// The native text. Where there is none the default is taken, stored and stamped.
+    /// The native text. Where there is none the default is taken, stored and stamped. A stored text is
+    /// told of an element that the parameter lacks now too, like defaultValue() and the tags.
     /// **Throws** ParameterException, like every operation that takes an element: reason 2 for an
     /// element that the parameter lacks, reason 7 without owner.
     QString value(quint16 element);
@@ -88,7 +90,7 @@ public:
     void checkElement(quint16 element) const;
     /// Invalid without owner.
     ParameterAddress address(quint16 element) const;
-    /// With axis prefix unless global, with element where there is more than one.
+    /// With axis prefix unless global, with element of a record and where more than one is defined.
     QString addressText(quint16 element) const;
     /// Whether the firmware accepts the native text; everything is accepted without firmware.
     /// **Reports** a refused text critical, titled with the container's domain.
@@ -147,6 +149,9 @@ private:
 
     /// Null where nothing is stored for the element.
     const ElementTexts *find(quint16 element) const;
+    /// Also of an element that the parameter lacks now.
+    const ElementTexts *findKept(quint16 element) const;
+    const ElementTexts *findAbsent(quint16 element) const;
     ElementTexts &entry(quint16 element);
     const ElementCatalogue &elements() const;
     ParameterContainer *container() const;
@@ -170,6 +175,8 @@ private:
         QHash<QString, QString> namedTexts;
         /// What listeners were told last of elements that follow other values.
         QHash<quint16, Told> told;
+        /// Texts of elements that the definition lacks and m_texts has no place for.
+        QHash<quint16, ElementTexts> absent;
     };
     Rare &rare();
     /// Null where nothing was told.

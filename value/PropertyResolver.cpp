@@ -10,7 +10,8 @@
 
 #include <algorithm>
 #include <array>
-#include <tuple>
+#include <map>
+#include <utility>
 
 namespace {
 
@@ -56,17 +57,9 @@ constexpr std::array<const char *, 4> FaultTexts {"missing property", "unknown p
 
 /// Overrides, and the facts of the elements that have any.
 struct PropertyResolver::Overrides {
-    std::vector<Override> entries;
+    /// A tree, so that overrides may come in any order at the same cost.
+    std::map<std::pair<quint16, eParameterProperty>, Override> entries;
     QHash<quint16, std::shared_ptr<const ElementFacts>> facts;
-
-    std::vector<Override>::const_iterator lowerBound(
-        quint16 element, eParameterProperty property) const
-    {
-        return std::lower_bound(entries.begin(), entries.end(), std::tuple(element, property),
-            [](const Override &entry, const std::tuple<quint16, eParameterProperty> &wanted) {
-                return std::tie(entry.element, entry.property) < wanted;
-            });
-    }
 };
 
 /// Elements with one information share their facts; the one asked for last is found at once.
@@ -87,8 +80,7 @@ void PropertyResolver::onDefinitionChanged()
 {
     m_facts.reset();
     m_recordFacts.reset();
-    if (m_overrides)
-        replaceOverrides(std::move(m_overrides->entries));
+    replaceOverrides(overrides());
 }
 
 bool PropertyResolver::isDefined(quint16 element, eParameterProperty property) const
@@ -148,11 +140,8 @@ const PropertyResolver::Override *PropertyResolver::find(
 {
     if (!m_overrides)
         return nullptr;
-    const quint16 key = m_elements.informationKey(element);
-    const auto found = m_overrides->lowerBound(key, property);
-    const bool isFound = found != m_overrides->entries.cend() && found->property == property
-        && found->element == key;
-    return isFound ? &*found : nullptr;
+    const auto found = m_overrides->entries.find({m_elements.informationKey(element), property});
+    return found != m_overrides->entries.end() ? &found->second : nullptr;
 }
 
 void PropertyResolver::setOverride(quint16 element, eParameterProperty property,
@@ -161,18 +150,20 @@ void PropertyResolver::setOverride(quint16 element, eParameterProperty property,
     if (!m_overrides)
         m_overrides = std::make_unique<Overrides>();
     const quint16 key = m_elements.informationKey(element);
-    const auto place = m_overrides->lowerBound(key, property);
-    Override entry {key, property, value, changeTag};
-    if (find(element, property))
-        m_overrides->entries[size_t(place - m_overrides->entries.cbegin())] = std::move(entry);
-    else
-        m_overrides->entries.insert(place, std::move(entry));
+    m_overrides->entries.insert_or_assign(
+        {key, property}, Override {key, property, value, changeTag});
     m_overrides->facts.insert(key, factsOf(key));
 }
 
 std::vector<PropertyResolver::Override> PropertyResolver::overrides() const
 {
-    return m_overrides ? m_overrides->entries : std::vector<Override>();
+    std::vector<Override> list;
+    if (!m_overrides)
+        return list;
+    list.reserve(m_overrides->entries.size());
+    for (const auto &[place, entry] : m_overrides->entries)
+        list.push_back(entry);
+    return list;
 }
 
 void PropertyResolver::replaceOverrides(std::vector<Override> overrides)
@@ -181,12 +172,12 @@ void PropertyResolver::replaceOverrides(std::vector<Override> overrides)
         m_overrides.reset();
         return;
     }
-    std::sort(overrides.begin(), overrides.end(), [](const Override &a, const Override &b) {
-        return std::tie(a.element, a.property) < std::tie(b.element, b.property);
-    });
     m_overrides = std::make_unique<Overrides>();
-    m_overrides->entries = std::move(overrides);
-    for (const Override &entry : m_overrides->entries) {
+    for (Override &entry : overrides) {
+        const std::pair place(entry.element, entry.property);
+        m_overrides->entries.insert_or_assign(place, std::move(entry));
+    }
+    for (const auto &[place, entry] : m_overrides->entries) {
         if (!m_overrides->facts.contains(entry.element))
             m_overrides->facts.insert(entry.element, factsOf(entry.element));
     }

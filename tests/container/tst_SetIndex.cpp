@@ -12,6 +12,9 @@ class tst_SetIndex : public QObject {
 private Q_SLOTS:
     void receiversByCoordinate();
     void updatedSet();
+    void updatedSetIsLookedAtWhenSomebodyAsks();
+    void removedAfterAnUpdate();
+    void exchangedCoordinates();
     void movedSet();
     void setsThatShareAKeyGo();
     void mappingSets();
@@ -66,6 +69,64 @@ void tst_SetIndex::updatedSet()
     set->setProperty(0, LimitFunctionIndex, ParameterProperty(0U));
     index.update(set);
     QCOMPARE(texts(index.receivers({LimitDependency, 6})), QStringList());
+}
+
+void tst_SetIndex::updatedSetIsLookedAtWhenSomebodyAsks()
+{
+    InstanceStand stand;
+    SetIndex index;
+    auto *set = stand.add(following(), u"A12"_s);
+    auto *other = stand.add(following(), u"B07"_s);
+    index.add(set);
+    QCOMPARE(texts(index.receivers(Limits)), QStringList {u"A12"_s});
+    // What it says when somebody asks counts, not what it said when it told of the change.
+    set->setProperty(0, LimitFunctionIndex, ParameterProperty(6U));
+    index.update(set);
+    set->setProperty(0, LimitFunctionIndex, ParameterProperty(7U));
+    index.update(set);
+    index.add(other);
+    // Another that goes meanwhile changes nothing.
+    index.remove(other);
+    QCOMPARE(texts(index.receivers({LimitDependency, 6})), QStringList());
+    QCOMPARE(texts(index.receivers({LimitDependency, 7})), QStringList {u"A12"_s});
+    QCOMPARE(texts(index.receivers(Limits)), QStringList());
+}
+
+void tst_SetIndex::removedAfterAnUpdate()
+{
+    InstanceStand stand;
+    SetIndex index;
+    auto *set = stand.add(following(), u"A12"_s);
+    index.add(set);
+    QCOMPARE(index.receivers(Limits).size(), 1);
+    index.update(set);
+    index.remove(set);
+    QCOMPARE(index.receivers(Limits).size(), 0);
+    auto *never = stand.add(following(), u"B07"_s);
+    index.add(never);
+    index.update(never);
+    index.remove(never);
+    QCOMPARE(index.receivers(Limits).size(), 0);
+}
+
+// Each may be looked at first.
+void tst_SetIndex::exchangedCoordinates()
+{
+    InstanceStand stand;
+    SetIndex index;
+    auto *first = stand.add(following(), moveable(0));
+    auto *second = stand.add(following(), moveable(1));
+    index.add(first);
+    index.add(second);
+    QCOMPARE(texts(index.receivers(Limits)), (QStringList {moveable(0), moveable(1)}));
+    first->setCoordinate(ParameterCoordinate(moveable(2)));
+    second->setCoordinate(ParameterCoordinate(moveable(0)));
+    first->setCoordinate(ParameterCoordinate(moveable(1)));
+    index.update(first);
+    index.update(second);
+    QCOMPARE(texts(index.receivers(Limits)), (QStringList {moveable(0), moveable(1)}));
+    QCOMPARE(index.receivers(Limits).constFirst().set, second);
+    QCOMPARE(index.receivers(Limits).constLast().set, first);
 }
 
 void tst_SetIndex::movedSet()

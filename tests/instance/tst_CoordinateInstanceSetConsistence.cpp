@@ -13,11 +13,13 @@ class tst_CoordinateInstanceSetConsistence : public QObject {
 private Q_SLOTS:
     void needsConsistence_data();
     void needsConsistence();
+    void needsConsistenceOverriddenWithoutValue();
     void needsConsistenceOfAbsentValues();
     void needsConsistenceOfAGlobalParameter_data();
     void needsConsistenceOfAGlobalParameter();
     void slotsAreInvokable();
     void startOffline();
+    void startOfflineKeepsARun();
     void startAsksForEveryElement();
     void startOfARecordAsksAscending();
     void doneWhenAllCameBack();
@@ -31,6 +33,8 @@ private Q_SLOTS:
     void withoutInstance();
     void startReplacesARun();
     void cancel();
+    void cancelOfAGlobalRun_data();
+    void cancelOfAGlobalRun();
     void cancelWithoutRun();
     void cancelInsideARequest();
     void restartInsideARequest();
@@ -102,6 +106,18 @@ void tst_CoordinateInstanceSetConsistence::needsConsistence()
     }
 }
 
+// The definition knows the property, so nothing is missing: it counts as 0.
+void tst_CoordinateInstanceSetConsistence::needsConsistenceOverriddenWithoutValue()
+{
+    InstanceStand stand;
+    auto *set = stand.add(DefinitionBuilder().property(AutomaticOnlineUpdate, 1U), u"A12"_s);
+    set->setProperty(0, AutomaticOnlineUpdate, ParameterProperty());
+    stand.listen(set);
+    set->setParameterNeedsConsistence(Axis1, 0, true);
+    QCOMPARE(stand.log.take(),
+        QStringList {u"container.parameterNeedsOnlineConsistence(1.A012[00000], true)"_s});
+}
+
 void tst_CoordinateInstanceSetConsistence::needsConsistenceOfAbsentValues()
 {
     InstanceStand stand;
@@ -156,6 +172,21 @@ void tst_CoordinateInstanceSetConsistence::startOffline()
     set->setOnlineValueText(Axis2, 0, u"1"_s);
     set->setOnlineValueText(Axis2, 1, u"1"_s);
     QCOMPARE(stand.log.count(u"allElementsConsistenceOnceDone"_s), 0);
+}
+
+void tst_CoordinateInstanceSetConsistence::startOfflineKeepsARun()
+{
+    InstanceStand stand;
+    auto *set = stand.add(DefinitionBuilder().elementCount(2), u"A12"_s);
+    stand.container->setOnline(true);
+    set->startAllElementsConsistenceOnce(Axis1);
+    set->setOnlineValueText(Axis1, 0, u"0"_s);
+    stand.container->setOnline(false);
+    stand.log.attach(set, u"set"_s);
+    set->startAllElementsConsistenceOnce(Axis1);
+    QCOMPARE(stand.log.take(), QStringList {u"set.allElementsConsistenceOnceCanceled(A12, 1)"_s});
+    set->setOnlineValueText(Axis1, 1, u"0"_s);
+    QCOMPARE(stand.log.take(), QStringList {u"set.allElementsConsistenceOnceDone(A12, 1)"_s});
 }
 
 void tst_CoordinateInstanceSetConsistence::startAsksForEveryElement()
@@ -333,6 +364,31 @@ void tst_CoordinateInstanceSetConsistence::cancel()
     set->cancelAllElementsConsistenceOnce(Axis1);
     QCOMPARE(stand.log.take(), QStringList {u"set.allElementsConsistenceOnceCanceled(A12, 1)"_s});
     set->setOnlineValueText(Axis1, 0, u"0"_s);
+    QCOMPARE(stand.log.take(), QStringList());
+}
+
+void tst_CoordinateInstanceSetConsistence::cancelOfAGlobalRun_data()
+{
+    QTest::addColumn<int>("started");
+    QTest::addColumn<int>("cancelled");
+    QTest::newRow("axis 2, cancelled globally") << 2 << 0;
+    QTest::newRow("global, cancelled by axis 4") << 0 << 4;
+    QTest::newRow("axis 1, cancelled by axis 3") << 1 << 3;
+}
+
+void tst_CoordinateInstanceSetConsistence::cancelOfAGlobalRun()
+{
+    QFETCH(int, started);
+    QFETCH(int, cancelled);
+    InstanceStand stand;
+    auto *set = stand.add(DefinitionBuilder().global(), u"A12"_s, {0});
+    stand.container->setOnline(true);
+    set->startAllElementsConsistenceOnce(eLivingSpace(started));
+    stand.log.attach(set, u"set"_s);
+    set->cancelAllElementsConsistenceOnce(eLivingSpace(cancelled));
+    QCOMPARE(stand.log.take(),
+        QStringList {u"set.allElementsConsistenceOnceCanceled(A12, %1)"_s.arg(cancelled)});
+    set->setOnlineValueText(Global, 0, u"0"_s);
     QCOMPARE(stand.log.take(), QStringList());
 }
 

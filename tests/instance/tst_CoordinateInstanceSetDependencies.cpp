@@ -42,6 +42,7 @@ private Q_SLOTS:
     void deferredUpdate();
     void deferredUpdateOfABurst();
     void timeoutWithoutTimer();
+    void timeoutInsideATimeout();
     void cyclicHidingIsReported_data();
     void cyclicHidingIsReported();
     void cyclicHidingIsReportedAgainAfterADispatch();
@@ -645,6 +646,30 @@ void tst_CoordinateInstanceSetDependencies::timeoutWithoutTimer()
     source->onSuppressedHidingTimerTimedout();
     QCOMPARE(firmware->calls, QStringList());
     QVERIFY(receiver->hasInstance(Axis1));
+}
+
+void tst_CoordinateInstanceSetDependencies::timeoutInsideATimeout()
+{
+    InstanceStand stand;
+    TestClock clock(stand);
+    const auto [source, receiver] = addPair(stand, HidingDependency, 5U, HidingFunctionIndex, 5U);
+    ProgrammedFunctions *firmware = stand.programFirmware();
+    QVERIFY(receiver->isVisible(Axis1, 0));
+    source->setOnlineValueText(Axis1, 0, u"1"_s);
+    clock.now = clock.now.addMSecs(1);
+    source->setOnlineValueText(Axis1, 0, u"2"_s);
+    QVERIFY(suppressionTimer(source));
+    firmware->isHidden = [](const ParameterData &, quint16) { return true; };
+    const CoordinateInstanceSet *changed = receiver;
+    int heard = 0;
+    connect(changed, &ParameterInformation::visibilityChanged, source, [&heard, set = source] {
+        ++heard;
+        set->onSuppressedHidingTimerTimedout();
+    });
+    source->onSuppressedHidingTimerTimedout();
+    QCOMPARE(heard, 1);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!suppressionTimer(source));
 }
 
 void tst_CoordinateInstanceSetDependencies::cyclicHidingIsReported_data()

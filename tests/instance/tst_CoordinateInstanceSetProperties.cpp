@@ -1,4 +1,5 @@
 #include "tests/instance/InstanceStand.h"
+#include "tests/support/ProcessorTimer.h"
 
 #include <LmUtilities/IniParser.h>
 
@@ -29,6 +30,8 @@ private Q_SLOTS:
     void firmwareLimitsHideAnOverride();
     void stampsTheChangeTag();
     void elementsOfARecordHaveTheirOwn();
+    void everyElementOfALargeRecord_data();
+    void everyElementOfALargeRecord();
     void saved_data();
     void saved();
     void savedAfterTheElementCount();
@@ -284,6 +287,43 @@ void tst_CoordinateInstanceSetProperties::elementsOfARecordHaveTheirOwn()
     QVERIFY(!set->hasPropertyOverride(7, ReadLevel));
     QCOMPARE(set->attribute(Axis1, 2, u"ReadLevelChangeTag"_s), u"eins"_s);
     QCOMPARE(set->attribute(Axis1, 7, u"ReadLevelChangeTag"_s), QString());
+}
+
+void tst_CoordinateInstanceSetProperties::everyElementOfALargeRecord_data()
+{
+    QTest::addColumn<quint32>("property");
+    QTest::addColumn<bool>("isDescending");
+    for (const quint32 property : {4U, 11U, 18U, 38U}) {
+        QTest::addRow("%u, ascending", property) << property << false;
+        QTest::addRow("%u, descending", property) << property << true;
+    }
+}
+
+// An override costs the same in a large record as in a small one: no change looks at all elements, in
+// whatever order they come.
+void tst_CoordinateInstanceSetProperties::everyElementOfALargeRecord()
+{
+    QFETCH(quint32, property);
+    QFETCH(bool, isDescending);
+    constexpr quint16 Count = 16000;
+    // Takes about a tenth of a second; looking at all elements each time takes half a minute.
+    constexpr double MostMilliseconds = 5000;
+    InstanceStand stand;
+    DefinitionBuilder builder;
+    for (quint16 element = 0; element < Count; ++element)
+        builder.element(element, u"a"_s);
+    auto *set = stand.add(builder, u"A12"_s);
+    const ProcessorTimer timer;
+    const ParameterProperty value = of(QVariant(u"11"_s));
+    for (quint16 i = 0; i < Count; ++i) {
+        const quint16 element = isDescending ? quint16(Count - 1 - i) : i;
+        set->setProperty(element, eParameterProperty(property), value);
+    }
+    QVERIFY2(timer.elapsed() < MostMilliseconds, qPrintable(QString::number(timer.elapsed())));
+    for (const quint16 element : {quint16(0), quint16(8000), quint16(Count - 1)}) {
+        const QString text = set->elementProperty(element, eParameterProperty(property)).asString();
+        QCOMPARE(text, u"11"_s);
+    }
 }
 
 void tst_CoordinateInstanceSetProperties::saved_data()

@@ -750,21 +750,29 @@ void tst_CoordinateInstanceSetQueries::createInstancesFromAnchors_data()
     QTest::addColumn<QList<int>>("livingSpaces");
     QTest::addColumn<bool>("isReported");
     QTest::addColumn<bool>("isGlobal");
+    QTest::addColumn<int>("refused");
 
     QTest::newRow("one anchor of a global parameter")
-        << QStringList {u"S;{P1}"_s, u"D.2;{P1}"_s} << QList<int> {0} << false << true;
-    QTest::newRow("one system anchor and two axes") << QStringList {u"S;{P1}"_s, u"D.1;{P1}"_s,
-        u"D.3;{P1}"_s} << QList<int> {1, 3} << false << false;
+        << QStringList {u"S;{P1}"_s, u"D.2;{P1}"_s} << QList<int> {0} << false << true << 0;
+    QTest::newRow("two axes of a global parameter")
+        << QStringList {u"S;{P1}"_s, u"D.1;{P1}"_s, u"D.2;{P1}"_s} << QList<int> {0} << false
+        << true << 1;
+    QTest::newRow("two anchors of one living space")
+        << QStringList {u"S;{P1}"_s, u"D.3;{P1}"_s, u"D.3;{P2}"_s, u"D.4;{P1}"_s}
+        << QList<int> {3, 4} << false << false << 1;
+    QTest::newRow("one system anchor and two axes")
+        << QStringList {u"S;{P1}"_s, u"D.1;{P1}"_s, u"D.3;{P1}"_s} << QList<int> {1, 3} << false
+        << false << 0;
     QTest::newRow("system anchor alone")
-        << QStringList {u"S;{P1}"_s} << QList<int>() << false << false;
-    QTest::newRow("no anchor") << QStringList() << QList<int>() << true << false;
+        << QStringList {u"S;{P1}"_s} << QList<int>() << false << false << 0;
+    QTest::newRow("no anchor") << QStringList() << QList<int>() << true << false << 0;
     QTest::newRow("no system anchor")
-        << QStringList {u"D.2;{P1}"_s} << QList<int> {2} << true << false;
+        << QStringList {u"D.2;{P1}"_s} << QList<int> {2} << true << false << 0;
     QTest::newRow("two system anchors")
-        << QStringList {u"S;{P1}"_s, u"S;{P2}"_s} << QList<int>() << true << false;
+        << QStringList {u"S;{P1}"_s, u"S;{P2}"_s} << QList<int>() << true << false << 0;
     QTest::newRow("relative and invalid anchors name nothing")
         << QStringList {u"S;{P1}"_s, u"D;{P1}"_s, u"D.1"_s, QString()} << QList<int>() << false
-        << false;
+        << false << 0;
 }
 
 void tst_CoordinateInstanceSetQueries::createInstancesFromAnchors()
@@ -773,10 +781,15 @@ void tst_CoordinateInstanceSetQueries::createInstancesFromAnchors()
     QFETCH(QList<int>, livingSpaces);
     QFETCH(bool, isReported);
     QFETCH(bool, isGlobal);
+    QFETCH(int, refused);
     InstanceStand stand;
     CoordinateInstanceSet set(stand.container.get());
     set.initialize(stand.define(DefinitionBuilder().global(isGlobal).anchors(anchors), u"A12"_s),
         ParameterCoordinate(u"A12"_s));
+    for (int i = 0; i < refused; ++i) {
+        stand.messages.expect(eSeverity::Critical, u"CoordinateInstanceSet"_s,
+            u"Unable to attach new Instance due to already existing instance"_s);
+    }
     if (isReported) {
         stand.messages.expect(eSeverity::Critical, u"CoordinateInstanceSet"_s,
             u"Too many anchors for system parameter A12\""_s);

@@ -17,11 +17,19 @@ class Trap : public QObject {
     Q_OBJECT
 
 public:
-    explicit Trap(std::function<void()> act)
+    explicit Trap(std::function<void()> act, quint16 element = 0)
         : m_act(std::move(act))
+        , m_element(element)
     {
     }
     bool hasFired() const { return !m_act; }
+    /// Connects the signal. One that tells an address fires from the trap's element on.
+    void listenTo(const QObject *source, const QMetaMethod &signal)
+    {
+        const bool tellsAddress = signal.parameterTypes().value(0) == "ParameterAddress";
+        const char *slot = tellsAddress ? "fireAt(ParameterAddress)" : "fire()";
+        connect(source, signal, this, metaObject()->method(metaObject()->indexOfSlot(slot)));
+    }
 
 public Q_SLOTS:
     void fire()
@@ -29,9 +37,15 @@ public Q_SLOTS:
         if (m_act)
             std::exchange(m_act, nullptr)();
     }
+    void fireAt(ParameterAddress address)
+    {
+        if (address.element() >= m_element)
+            fire();
+    }
 
 private:
     std::function<void()> m_act;
+    quint16 m_element;
 };
 
 /// Listeners and firmware functions that delete, clear, write, move and switch inside every signal
@@ -50,6 +64,8 @@ private Q_SLOTS:
     void valueOfAGoneElementDispatchesNothing();
     void setDeletedByItsOwnMessage_data();
     void setDeletedByItsOwnMessage();
+    void setDeletedByAnAnchorTooMany_data();
+    void setDeletedByAnAnchorTooMany();
     void endedByAMissingProperty_data();
     void endedByAMissingProperty();
     void endedByAPlaceholder_data();
@@ -70,6 +86,7 @@ struct Scene {
         set = stand.add(source, u"Q05"_s, {1, 2});
         other = stand.add(follower(u"<localAxis:Q05>"_s), u"B07"_s, {1, 2});
         newer = stand.define(DefinitionBuilder(source).version(2).elementCount(4), u"Q05"_s);
+        smaller = stand.define(DefinitionBuilder(source).version(3).elementCount(1), u"Q05"_s);
         bind();
         // Known flags, texts and limits can change.
         for (CoordinateInstanceSet *each : {set.data(), other.data()}) {
@@ -125,6 +142,7 @@ struct Scene {
     QPointer<CoordinateInstanceSet> set;
     QPointer<CoordinateInstanceSet> other;
     ParameterDefinition *newer = nullptr;
+    ParameterDefinition *smaller = nullptr;
     int written = 100;
     bool isAllHidden = false;
 };
@@ -271,6 +289,8 @@ struct Act {
     std::function<void(Scene &)> run;
     /// After it nothing may come from Q05 any more.
     bool removesTheSet = false;
+    /// After it nothing may come from elements that Q05 lacks.
+    bool removesElements = false;
 };
 
 const QList<Act> &acts()
@@ -297,7 +317,8 @@ const QList<Act> &acts()
             [](Scene &s) {
                 if (s.set)
                     s.set->setElementCount(1);
-            }},
+            },
+            false, true},
         {"move the coordinate",
             [](Scene &s) {
                 if (s.set)
@@ -305,6 +326,9 @@ const QList<Act> &acts()
             }},
         {"take another definition",
             [](Scene &s) { s.stand.container->createOrUpdateParameter(s.newer, u"D.1;Q05"_s); }},
+        {"take a definition of one element",
+            [](Scene &s) { s.stand.container->createOrUpdateParameter(s.smaller, u"D.1;Q05"_s); },
+            false, true},
         {"override a property",
             [](Scene &s) {
                 if (s.set)
@@ -340,36 +364,55 @@ QList<QMetaMethod> signalsOf(const QObject *object)
     return list;
 }
 
-/// Runs the operation with the act in the signal. Empty when all went well.
-QString run(const Operation &operation, const Act &act, int source, const QMetaMethod &signal)
+/// Whether an entry is about the address of an element that the set lacks.
+bool namesAbsentElement(const QString &entry, const CoordinateInstanceSet *set)
+{
+    const qsizetype start = entry.indexOf(u'[');
+    const QString element = start < 0 ? QString() : entry.sliced(start + 1, 5);
+    return set && !element.isEmpty() && !set->elementSet().contains(element.toUShort());
+}
+
+/// What came after the act although it is about what the act removed; empty: nothing.
+QString goneButTold(const SignalLog &log, const Act &act, const Scene &scene)
+{
+    if (!act.removesTheSet && !act.removesElements)
+        return {};
+    const QStringList after = log.entries().mid(log.entries().indexOf(u"acted"_s) + 1);
+    for (const QString &entry : after) {
+        const bool isOfTheSet = entry.startsWith(u"set."_s) || entry.contains(u"Q005"_s);
+        if (act.removesTheSet ? isOfTheSet || !scene.stand.container
+                              : isOfTheSet && namesAbsentElement(entry, scene.set))
+            return u"emitted for what is gone: "_s + entry;
+    }
+    return {};
+}
+
+/// Runs the operation with the act in the signal, from the element on where the signal tells one.
+/// Empty when all went well.
+QString run(const Operation &operation, const Act &act, int source, const QMetaMethod &signal,
+    quint16 element)
 {
     Scene scene;
     QObject *const sources[] {scene.set, scene.other, scene.stand.container.get()};
     SignalLog log;
-    Trap trap([&] {
-        log.note(u"act"_s);
-        act.run(scene);
-        log.note(u"acted"_s);
-    });
+    Trap trap(
+        [&] {
+            log.note(u"act"_s);
+            act.run(scene);
+            log.note(u"acted"_s);
+        },
+        element);
     log.attach(scene.set, u"set"_s);
     log.attach(scene.other, u"other"_s);
     log.attach(scene.stand.container.get(), u"container"_s);
     // After the log: what fired the trap is noted before the act.
-    QObject::connect(sources[source], signal, &trap,
-        trap.metaObject()->method(trap.metaObject()->indexOfSlot("fire()")));
+    trap.listenTo(sources[source], signal);
     try {
         operation.run(scene);
     } catch (const std::exception &exception) {
         return QString::fromLatin1(exception.what());
     }
-    if (!trap.hasFired() || !act.removesTheSet)
-        return {};
-    const QStringList after = log.entries().mid(log.entries().indexOf(u"acted"_s) + 1);
-    for (const QString &entry : after) {
-        if (entry.startsWith(u"set."_s) || entry.contains(u"Q005"_s) || !scene.stand.container)
-            return u"emitted for what is gone: "_s + entry;
-    }
-    return {};
+    return trap.hasFired() ? goneButTold(log, act, scene) : QString();
 }
 
 constexpr int FunctionCount = 8;
@@ -379,10 +422,15 @@ QString runInFunction(const Operation &operation, const Act &act, int function, 
 {
     Scene scene;
     const std::shared_ptr<ProgrammedFunctions> functions = scene.stand.functions;
+    SignalLog log;
+    log.attach(scene.set, u"set"_s);
+    log.attach(scene.stand.container.get(), u"container"_s);
     int remaining = calls;
     const auto fire = [&] {
-        if (remaining-- == 0 && scene.stand.container)
-            act.run(scene);
+        if (remaining-- != 0 || !scene.stand.container)
+            return;
+        act.run(scene);
+        log.note(u"acted"_s);
     };
     const auto text = [&](const QString &given, const ParameterData &, quint16) {
         fire();
@@ -431,7 +479,8 @@ QString runInFunction(const Operation &operation, const Act &act, int function, 
         return u"function %1, call %2: "_s.arg(function).arg(calls)
             + QString::fromLatin1(exception.what());
     }
-    return {};
+    const QString told = remaining < 0 ? goneButTold(log, act, scene) : QString();
+    return told.isEmpty() ? told : u"function %1, call %2: "_s.arg(function).arg(calls) + told;
 }
 
 } // namespace
@@ -480,9 +529,14 @@ void tst_CoordinateInstanceSetReentrancy::hostileListeners()
     }
     for (int source = 0; source < signalLists.size(); ++source) {
         for (const QMetaMethod &signal : signalLists.at(source)) {
-            const QString problem = run(operations().at(operation), acts().at(act), source, signal);
-            QVERIFY2(problem.isEmpty(),
-                qPrintable(QString::fromLatin1(signal.name()) + u": "_s + problem));
+            // What an act removes is the element that is being told, or one that comes after it.
+            for (const quint16 element :
+                acts().at(act).removesElements ? QList<quint16> {0, 1} : QList<quint16> {0}) {
+                const QString problem =
+                    run(operations().at(operation), acts().at(act), source, signal, element);
+                QVERIFY2(problem.isEmpty(),
+                    qPrintable(QString::fromLatin1(signal.name()) + u": "_s + problem));
+            }
         }
     }
 }
@@ -569,6 +623,34 @@ void tst_CoordinateInstanceSetReentrancy::setDeletedByItsOwnMessage()
     });
     stand.expectWarning(u"missing property \"limit dependency\" at parameter A12\""_s);
     set->setOnlineValueText(Axis1, 0, u"9"_s);
+    QVERIFY(stand.messages.verify());
+}
+
+void tst_CoordinateInstanceSetReentrancy::setDeletedByAnAnchorTooMany_data()
+{
+    QTest::addColumn<bool>("isContainer");
+    QTest::newRow("the parameter") << false;
+    QTest::newRow("the container") << true;
+}
+
+void tst_CoordinateInstanceSetReentrancy::setDeletedByAnAnchorTooMany()
+{
+    QFETCH(bool, isContainer);
+    InstanceStand stand;
+    // Axis 1 is taken; neither the third anchor nor the missing system anchor is looked at any more.
+    const QPointer<CoordinateInstanceSet> set = stand.add(
+        DefinitionBuilder().anchors({u"D.2;{P1}"_s, u"D.1;{P1}"_s, u"D.3;{P1}"_s}), u"A12"_s);
+    QObject listener;
+    connect(System::instance(), &System::messageAdded, &listener, [&] {
+        if (isContainer)
+            stand.container.reset();
+        else
+            stand.container->clear();
+    });
+    stand.messages.expect(SystemMessage::eSeverity::Critical, u"CoordinateInstanceSet"_s,
+        u"Unable to attach new Instance due to already existing instance"_s);
+    set->createInstancesFromAnchors();
+    QVERIFY(!set);
     QVERIFY(stand.messages.verify());
 }
 

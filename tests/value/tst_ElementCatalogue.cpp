@@ -145,27 +145,33 @@ void tst_ElementCatalogue::recordWithGreatestNumbers()
 void tst_ElementCatalogue::isElementNamed_data()
 {
     QTest::addColumn<bool>("isRecord");
+    QTest::addColumn<quint16>("defined");
     QTest::addColumn<quint16>("count");
     QTest::addColumn<bool>("expected");
 
-    QTest::newRow("simple, one element") << false << quint16(1) << false;
-    QTest::newRow("simple, two elements") << false << quint16(2) << true;
-    QTest::newRow("record of one element") << true << quint16(1) << true;
+    QTest::newRow("simple, one element") << false << quint16(1) << quint16(1) << false;
+    QTest::newRow("simple, one element defined") << false << quint16(1) << quint16(5) << false;
+    QTest::newRow("simple, two elements") << false << quint16(2) << quint16(2) << true;
+    QTest::newRow("simple, two elements defined") << false << quint16(2) << quint16(1) << true;
+    QTest::newRow("record of one element") << true << quint16(1) << quint16(1) << true;
 }
 
 void tst_ElementCatalogue::isElementNamed()
 {
     QFETCH(bool, isRecord);
+    QFETCH(quint16, defined);
     QFETCH(quint16, count);
     QFETCH(bool, expected);
     DefinitionBuilder builder;
     if (isRecord)
         builder.element(0, u"a"_s);
     else
-        builder.elementCount(count);
+        builder.elementCount(defined);
     const auto definition = builder.build();
     ElementCatalogue elements;
     elements.setDefinition(definition.get());
+    if (!isRecord)
+        elements.setCount(count);
     QCOMPARE(elements.isElementNamed(), expected);
 }
 

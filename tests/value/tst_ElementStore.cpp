@@ -12,6 +12,7 @@ private Q_SLOTS:
     void growsToThePosition();
     void reserve();
     void tags();
+    void emptyTexts();
 };
 
 void tst_ElementStore::startsWithOneElement()
@@ -67,6 +68,26 @@ void tst_ElementStore::tags()
     store.at(0).valueTag = ChangeTag();
     QCOMPARE(store.at(0).valueTag.text(), QString());
     QCOMPARE(store.at(1).valueTag.text(), u"a"_s);
+}
+
+void tst_ElementStore::emptyTexts()
+{
+    QVERIFY(ElementTexts().isEmpty());
+    ElementTexts texts;
+    texts.isHiddenKnown = true;
+    QVERIFY(texts.isEmpty());
+    // A stored empty text is one.
+    texts.value = u""_s;
+    QVERIFY(!texts.isEmpty());
+    texts = {};
+    texts.defaultValue = u""_s;
+    QVERIFY(!texts.isEmpty());
+    texts = {};
+    texts.valueTag = ChangeTag(u"t"_s);
+    QVERIFY(!texts.isEmpty());
+    texts = {};
+    texts.defaultTag = ChangeTag(u"t"_s);
+    QVERIFY(!texts.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(tst_ElementStore)

@@ -44,6 +44,8 @@ private Q_SLOTS:
     void changeTags();
     void addressText_data();
     void addressText();
+    void addressTextUnderAChangedCount_data();
+    void addressTextUnderAChangedCount();
     void checkValue_data();
     void checkValue();
     void checkValueAsksInOrder();
@@ -86,6 +88,12 @@ private Q_SLOTS:
     void discardWithInvalidPattern();
     void discardDropsTheNamedText();
     void rearrangeRecord();
+    void textsReturnWithTheirElement_data();
+    void textsReturnWithTheirElement();
+    void storedTextsOfAbsentElements_data();
+    void storedTextsOfAbsentElements();
+    void absentElementsShowNothing();
+    void discardReachesAbsentElements();
     void nestedReadOfADefault();
     void nestedReadBeyondTheDefinedCount();
     void nestedWriteDuringADefault();
@@ -109,6 +117,11 @@ int reasonOf(Call call)
     }
     return -1;
 }
+
+// A step is a definition, by the elements of a record or by the count of a simple parameter, or a
+// shortened count under the same definition.
+constexpr int Simple = -1;
+constexpr int Shortened = -2;
 
 QStringList linesOf(const IniSection &section)
 {
@@ -455,6 +468,28 @@ void tst_ParameterInstanceData::addressText()
         builder.elementCount(count);
     const auto *set = stand.add(builder, u"A12"_s, {livingSpace});
     QCOMPARE(recordOf(set, eLivingSpace(livingSpace))->addressText(0), expected);
+}
+
+void tst_ParameterInstanceData::addressTextUnderAChangedCount_data()
+{
+    QTest::addColumn<quint16>("defined");
+    QTest::addColumn<quint16>("changed");
+    QTest::addColumn<QString>("expected");
+
+    QTest::newRow("one defined, three now") << quint16(1) << quint16(3) << u"1.A12"_s;
+    QTest::newRow("three defined, one now") << quint16(3) << quint16(1) << u"1.A12[0]"_s;
+}
+
+// As the description names the element: by what is defined.
+void tst_ParameterInstanceData::addressTextUnderAChangedCount()
+{
+    QFETCH(quint16, defined);
+    QFETCH(quint16, changed);
+    QFETCH(QString, expected);
+    InstanceStand stand;
+    auto *set = stand.add(DefinitionBuilder().elementCount(defined), u"A12"_s);
+    set->setElementCount(changed);
+    QCOMPARE(recordOf(set)->addressText(0), expected);
 }
 
 void tst_ParameterInstanceData::checkValue_data()
@@ -1124,7 +1159,135 @@ void tst_ParameterInstanceData::rearrangeRecord()
     QCOMPARE(record->value(1), u"10"_s);
     QCOMPARE(record->value(3), u"30"_s);
     QCOMPARE(record->value(4), u"0"_s);
-    QCOMPARE(reasonOf([&] { record->value(2); }), 2);
+    QCOMPARE(reasonOf([&] { record->checkElement(2); }), 2);
+    QCOMPARE(reasonOf([&] { record->setValue(2, u"1"_s); }), 2);
+}
+
+void tst_ParameterInstanceData::textsReturnWithTheirElement_data()
+{
+    using Steps = QList<QList<int>>;
+    QTest::addColumn<Steps>("steps");
+    QTest::newRow("record that loses an element") << Steps {{1, 2, 3}, {1, 3}, {1, 2, 3}};
+    QTest::newRow("record that loses it twice") << Steps {{1, 2, 3}, {1, 3}, {1}, {4}, {3, 2, 1}};
+    QTest::newRow("record in another order") << Steps {{3, 1, 2}, {2}, {2, 3, 1}};
+    QTest::newRow("shortened count, then a record")
+        << Steps {{Simple, 3}, {Shortened, 1}, {0, 1, 2}};
+    QTest::newRow("simple to record") << Steps {{Simple, 3}, {0, 2}, {0, 1, 2}};
+    QTest::newRow("simple to record and back") << Steps {{Simple, 3}, {1}, {Simple, 3}};
+    QTest::newRow("simple of one element in between") << Steps {{0, 1, 2}, {Simple, 1}, {0, 1, 2}};
+    QTest::newRow("record to simple") << Steps {{0, 1, 2}, {2}, {Simple, 3}};
+    QTest::newRow("simple that grows again") << Steps {{Simple, 3}, {Simple, 1}, {Simple, 3}};
+    QTest::newRow("element that no simple parameter has")
+        << Steps {{1, 16383}, {Simple, 2}, {1, 16383}};
+}
+
+void tst_ParameterInstanceData::textsReturnWithTheirElement()
+{
+    QFETCH(QList<QList<int>>, steps);
+    InstanceStand stand;
+    quint32 version = 0;
+    const auto define = [&](const QList<int> &step) {
+        DefinitionBuilder builder = DefinitionBuilder().version(++version).defaultValue(u"-1"_s);
+        if (step.constFirst() == Simple)
+            builder.elementCount(quint16(step.constLast()));
+        else
+            for (const int element : step)
+                builder.element(quint16(element), u"a"_s);
+        return builder;
+    };
+    auto *set = stand.add(define(steps.constFirst()), u"A12"_s);
+    ParameterInstanceData *record = recordOf(set);
+    const QList<quint16> elements = set->elementList();
+    for (const quint16 element : elements) {
+        record->setValue(element, QString::number(element * 10));
+        record->setDefaultValue(element, QString::number(element * 10 + 1));
+        record->setValueChangeTag(element, u"v%1"_s.arg(element));
+        record->setDefaultValueChangeTag(element, u"d%1"_s.arg(element));
+    }
+    for (const QList<int> &step : steps.sliced(1)) {
+        if (step.constFirst() == Shortened)
+            set->setElementCount(quint16(step.constLast()));
+        else
+            set->takeDefinition(stand.define(define(step), u"A12"_s));
+    }
+    QVERIFY(set->elementSet().contains(elements.constFirst()));
+    for (const quint16 element : elements) {
+        if (!set->elementSet().contains(element))
+            continue;
+        QCOMPARE(record->value(element), QString::number(element * 10));
+        QCOMPARE(record->defaultValue(element), QString::number(element * 10 + 1));
+        QCOMPARE(record->valueChangeTag(element), u"v%1"_s.arg(element));
+        QCOMPARE(record->defaultValueChangeTag(element), u"d%1"_s.arg(element));
+    }
+}
+
+void tst_ParameterInstanceData::storedTextsOfAbsentElements_data()
+{
+    QTest::addColumn<bool>("isRecord");
+    QTest::newRow("beyond a shortened count") << false;
+    QTest::newRow("that a definition lacks") << true;
+}
+
+// What is stored is told before the element is looked at; nothing more is stored.
+void tst_ParameterInstanceData::storedTextsOfAbsentElements()
+{
+    QFETCH(bool, isRecord);
+    InstanceStand stand;
+    auto *set = stand.add(DefinitionBuilder().elementCount(3), u"A12"_s);
+    ParameterInstanceData *record = recordOf(set);
+    record->setValue(2, u"7"_s);
+    record->setDefaultValue(2, u"8"_s);
+    record->setValueChangeTag(2, u"t"_s);
+    if (isRecord)
+        set->takeDefinition(
+            stand.define(DefinitionBuilder().version(2).element(0, u"a"_s), u"A12"_s));
+    else
+        set->setElementCount(1);
+    QCOMPARE(record->value(2), u"7"_s);
+    QCOMPARE(record->defaultValue(2), u"8"_s);
+    QCOMPARE(record->valueChangeTag(2), u"t"_s);
+    QCOMPARE(record->defaultValueChangeTag(2), QString());
+    QCOMPARE(reasonOf([&] { record->value(1); }), 2);
+    QCOMPARE(reasonOf([&] { record->setValue(2, u"1"_s); }), 2);
+    QCOMPARE(reasonOf([&] { record->setValueChangeTag(2, u"1"_s); }), 2);
+}
+
+void tst_ParameterInstanceData::absentElementsShowNothing()
+{
+    InstanceStand stand;
+    auto *set = stand.add(DefinitionBuilder().element(1, u"a"_s).element(2, u"b"_s), u"A12"_s);
+    ParameterInstanceData *record = recordOf(set);
+    stand.container->setParameterChangeTag(u"t"_s);
+    record->setValue(2, u"7"_s);
+    set->takeDefinition(stand.define(DefinitionBuilder().version(2).element(1, u"a"_s), u"A12"_s));
+    stand.container->setParameterChangeTag(QString());
+    QCOMPARE(set->nativeValueText(Axis1, 2, false), QString());
+    QCOMPARE(set->attribute(Axis1, 2, u"ValueChangeTag"_s), QString());
+    QCOMPARE(record->valueWithoutFirmware(2), QString());
+    QCOMPARE(record->changeTags(), QStringList());
+    IniSection section;
+    record->saveToSection(section);
+    QCOMPARE(linesOf(section), (QStringList {u"V_1_1=0"_s, u"DV_1_1=0"_s}));
+}
+
+void tst_ParameterInstanceData::discardReachesAbsentElements()
+{
+    InstanceStand stand;
+    const DefinitionBuilder both = DefinitionBuilder().element(1, u"a"_s).element(2, u"b"_s);
+    auto *set = stand.add(both, u"A12"_s);
+    ParameterInstanceData *record = recordOf(set);
+    stand.container->setParameterChangeTag(u"ts_1"_s);
+    record->setValue(2, u"7"_s);
+    record->setDefaultValue(2, u"8"_s);
+    stand.container->setParameterChangeTag(QString());
+    set->takeDefinition(stand.define(DefinitionBuilder().version(2).element(1, u"a"_s), u"A12"_s));
+    const ParameterInstanceData::Changes changes =
+        record->discard(u"ts_1"_s, QRegularExpression(u"ts_1"_s));
+    QCOMPARE(changes.values, QList<quint16>());
+    QCOMPARE(changes.defaults, QList<quint16>());
+    set->takeDefinition(stand.define(DefinitionBuilder(both).version(3), u"A12"_s));
+    QCOMPARE(record->value(2), u"0"_s);
+    QCOMPARE(record->defaultValue(2), u"0"_s);
 }
 
 void tst_ParameterInstanceData::nestedReadOfADefault()
