@@ -256,8 +256,7 @@ quint32 ParameterContainerPrivate::addInstance(CoordinateInstanceSet *set, eLivi
         return present->serialNumber();
     const quint32 serialNumber = set->attachInstance(livingSpace)->serialNumber();
     addressLists.clear();
-    // On the container itself: the way over this object's own signal costs ten times as much.
-    Q_EMIT owner->parameterAdded(set->coordinate());
+    Q_EMIT parameterAdded(set->coordinate());
     return serialNumber;
 }
 

@@ -38,6 +38,7 @@ private Q_SLOTS:
 
     void declaredSignalsAndSlots();
     void signalsPassThrough();
+    void structuralSignalsComeFromHere();
     void listsAreKeptInStep();
     void pendingNamesGoBeforeAHostHears();
     void locatorTextsOfASet();
@@ -96,6 +97,27 @@ void tst_ParameterContainerPrivate::signalsPassThrough()
     d.setOnline(true);
     QVERIFY(!container->isOnline());
     QCOMPARE(log.take(), QStringList());
+}
+
+void tst_ParameterContainerPrivate::structuralSignalsComeFromHere()
+{
+    MessageRecorder messages;
+    TestContainer container;
+    QStringList heard;
+    const auto hear = [&](auto *sender, auto signal, const QString &name) {
+        connect(sender, signal, this,
+            [&heard, name](const ParameterCoordinate &at) { heard.append(name + at.toText()); });
+    };
+    ParameterContainerPrivate *d = &internals(container);
+    hear(d, &ParameterContainerPrivate::parameterAdded, u"d.added "_s);
+    hear(d, &ParameterContainerPrivate::parameterRemoved, u"d.removed "_s);
+    hear(container.get(), &ParameterContainer::parameterAdded, u"c.added "_s);
+    hear(container.get(), &ParameterContainer::parameterRemoved, u"c.removed "_s);
+    QVERIFY(container.create(at(u"A12"_s), u"D.1;a"_s));
+    container->deleteParameter(u"D.1;a"_s);
+    // The way to the container was connected first.
+    QCOMPARE(heard,
+        (QStringList {u"c.added A12"_s, u"d.added A12"_s, u"c.removed A12"_s, u"d.removed A12"_s}));
 }
 
 void tst_ParameterContainerPrivate::pendingNamesGoBeforeAHostHears()
