@@ -2,15 +2,22 @@
 
 #include "RatioReporter.h"
 
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <ctime>
+#include <fstream>
 #include <malloc.h>
 #include <vector>
 
 namespace {
 
 constexpr int Rounds = 9;
-/// Of one repetition.
+/// Of one side in one round.
 constexpr double MinimumSeconds = 0.02;
+
+/// A figure that was printed is over its bound.
+bool isAnyOver = false;
 
 double now()
 {
@@ -54,20 +61,46 @@ std::size_t allocated()
     return info.uordblks + info.hblkhd;
 }
 
-int runPairs(int argc, char **argv, int referenceSize, const std::map<std::string, double> &bounds)
+double peakMebibytes()
+{
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);) {
+        if (line.starts_with("VmHWM:"))
+            return std::atof(line.c_str() + std::strlen("VmHWM:")) / 1024;
+    }
+    return -1;
+}
+
+void forgetPeak()
+{
+    std::ofstream("/proc/self/clear_refs") << "5";
+}
+
+void printBounded(const std::string &what, double figure, const char *unit, double bound)
+{
+    const bool isOver = figure > bound;
+    isAnyOver = isAnyOver || isOver;
+    std::printf("%s: %.3f %s, bound %g%s\n", what.c_str(), figure, unit, bound,
+        isOver ? "  over" : (figure < 0 ? "  not measured" : ""));
+}
+
+int runPairs(
+    int argc, char **argv, int referenceSize, const Bounds &bounds, const Bounds &growthBounds)
 {
     std::vector<char *> arguments(argv, argv + argc);
-    std::string repetitions = "--benchmark_repetitions=" + std::to_string(Rounds);
-    std::string interleaving = "--benchmark_enable_random_interleaving=true";
-    std::string aggregates = "--benchmark_report_aggregates_only=false";
-    arguments.insert(
-        arguments.begin() + 1, {repetitions.data(), interleaving.data(), aggregates.data()});
+    const bool isStrict = std::erase_if(arguments, [](const char *argument) {
+        return std::strcmp(argument, "--strict") == 0;
+    }) > 0;
     int count = int(arguments.size());
     benchmark::Initialize(&count, arguments.data());
     RatioReporter reporter;
     for (const auto &[operation, ratio] : bounds)
         reporter.setBound(operation, ratio);
-    benchmark::RunSpecifiedBenchmarks(&reporter);
+    for (const auto &[operation, exponent] : growthBounds)
+        reporter.setGrowthBound(operation, exponent);
+    for (int round = 0; round < Rounds; ++round)
+        benchmark::RunSpecifiedBenchmarks(&reporter);
     reporter.printRatios(referenceSize);
-    return reporter.hasFailed() ? 1 : 0;
+    const bool isOver = isStrict && (isAnyOver || reporter.isOver());
+    return reporter.hasFailed() || isOver ? 1 : 0;
 }

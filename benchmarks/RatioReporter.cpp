@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <utility>
 
 namespace {
 
@@ -16,6 +17,15 @@ double median(std::vector<double> values)
     return *middle;
 }
 
+/// Of what was measured in the same rounds; the machine's load is much the same in both.
+double medianRatio(const std::vector<double> &measured, const std::vector<double> &limit)
+{
+    std::vector<double> ratios;
+    for (size_t round = 0; round < std::min(measured.size(), limit.size()); ++round)
+        ratios.push_back(measured[round] / limit[round]);
+    return median(ratios);
+}
+
 /// Of the time a value between the smallest and the largest size.
 double growthExponent(const std::map<long long, std::vector<double>> &times)
 {
@@ -26,6 +36,12 @@ double growthExponent(const std::map<long long, std::vector<double>> &times)
 }
 
 } // namespace
+
+bool RatioReporter::ReportContext(const Context &context)
+{
+    // Of the first round alone.
+    return std::exchange(m_isBegun, true) || ConsoleReporter::ReportContext(context);
+}
 
 void RatioReporter::ReportRuns(const std::vector<Run> &runs)
 {
@@ -47,7 +63,7 @@ void RatioReporter::ReportRuns(const std::vector<Run> &runs)
     }
 }
 
-void RatioReporter::printRatios(long long referenceSize) const
+void RatioReporter::printRatios(long long referenceSize)
 {
     std::printf("\n%-28s %8s %12s %12s %8s %8s\n", "operation", "size", "limit ns", "library ns",
         "ratio", "bound");
@@ -56,21 +72,37 @@ void RatioReporter::printRatios(long long referenceSize) const
             const auto limit = series.limit.find(size);
             if (limit == series.limit.end())
                 continue;
-            const double ratio = median(times) / median(limit->second);
+            const double ratio = medianRatio(times, limit->second);
             std::printf("%-28s %8lld %12.1f %12.1f %8.2f", operation.c_str(), size,
                 median(limit->second), median(times), ratio);
             const auto bound = m_bounds.find(operation);
             const bool isReference = referenceSize == 0 || size == referenceSize
                 || !series.measured.contains(referenceSize);
             if (bound != m_bounds.end() && isReference)
-                std::printf(" %8.2f%s", bound->second, ratio > bound->second ? "  over" : "");
+                std::printf(" %8.2f%s", bound->second, verdict(ratio > bound->second));
             std::printf("\n");
         }
-        if (series.measured.size() > 1) {
-            const double limit = growthExponent(series.limit);
-            const double measured = growthExponent(series.measured);
-            std::printf("%-28s growth exponent: limit %+.3f, library %+.3f%s\n", operation.c_str(),
-                limit, measured, measured > limit + GrowthMargin ? "  over" : "");
-        }
+        if (series.measured.size() > 1)
+            printGrowth(operation, series);
     }
+}
+
+const char *RatioReporter::verdict(bool isOver)
+{
+    m_isOver = m_isOver || isOver;
+    return isOver ? "  over" : "";
+}
+
+void RatioReporter::printGrowth(const std::string &operation, const Series &series)
+{
+    const double limit = growthExponent(series.limit);
+    const double measured = growthExponent(series.measured);
+    std::printf("%-28s growth exponent: limit %+.3f, library %+.3f%s\n", operation.c_str(), limit,
+        measured, verdict(measured > limit + GrowthMargin));
+    const auto bound = m_growthBounds.find(operation);
+    if (bound == m_growthBounds.end())
+        return;
+    // The time for all values is that of one times their number.
+    std::printf("%-28s of all values: library %.3f, bound %.2f%s\n", operation.c_str(),
+        measured + 1, bound->second, verdict(measured + 1 > bound->second));
 }

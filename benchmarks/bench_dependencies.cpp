@@ -1,8 +1,10 @@
 // What dependencies cost: writing with them beside writing without, few among many parameters beside few
-// among few, and limits of a function beside limits of the definition.
+// among few, and a limit function of a description beside the same one in C++.
 
 #include "Measurement.h"
+#include "tests/support/ContainerInternals.h"
 
+#include <KrFirmware/CallbackProvider.h>
 #include <KrFirmware/ServoDriveFirmware.h>
 #include <KrParameterInstance/ParameterContainer.h>
 #include <KrParameterInstance/ParameterSetup.h>
@@ -115,6 +117,60 @@ std::function<Links(int)> tenth(const QString &kind)
     };
 }
 
+/// One parameter in ten leads to its neighbour, in turn by its limits, whether it is hidden, its scaling.
+Links tenthOfEachKind(int parameter)
+{
+    const QList<QString> kinds {u"limit"_s, u"hiding"_s, u"scaling"_s};
+    return tenth(kinds.at(parameter / 10 % kinds.size()))(parameter);
+}
+
+/// What the neighbours are computed by: good for every value that is written.
+QJsonObject functionsOfEachKind(int count)
+{
+    const std::pair<QString, QString> texts[] = {
+        {u"limit"_s, u"return -1000000, 1000000 + parameter.element"_s},
+        {u"hiding"_s, u"return parameter.element == 1"_s},
+        {u"scaling"_s, u"return 1 + parameter.element"_s}};
+    QJsonObject functions;
+    for (const auto &[kind, text] : texts) {
+        QJsonObject table;
+        for (int i = 1; i <= count; ++i)
+            table.insert(QString::number(i), text);
+        functions.insert(kind, table);
+    }
+    return functions;
+}
+
+/// The limits of every value are those that the first one says, as the function of the description does.
+class LimitProvider final : public ParameterFunctionProvider {
+public:
+    void setCallbackProvider(CallbackProvider *callbacks) override { m_callbacks = callbacks; }
+    quint32 checkValue(const QString &, const ParameterData *, quint16) override { return 0; }
+    QString correctValue(const QString &text, const ParameterData *, quint16) override
+    {
+        return text;
+    }
+    QString valueText(const QString &text, const ParameterData *, quint16) override { return text; }
+    QString nativeText(const QString &text, const ParameterData *, quint16) override
+    {
+        return text;
+    }
+    QString lowerLimit(const ParameterData *, quint16) override { return limits().first; }
+    QString upperLimit(const ParameterData *, quint16) override { return limits().second; }
+    bool isHidden(const ParameterData *, quint16) override { return false; }
+    void runFunction(eFunctionKind, const ParameterData *, quint16) override { }
+
+private:
+    std::pair<QString, QString> limits() const
+    {
+        const qint64 most =
+            m_callbacks->readValueNative(1, coordinateOf(0).toNumber(), 0, false).toLongLong();
+        return {QString::number(-most), QString::number(most)};
+    }
+
+    CallbackProvider *m_callbacks = nullptr;
+};
+
 double processorSeconds()
 {
     timespec time {};
@@ -189,11 +245,14 @@ void writeOne(benchmark::State &state, Device &device)
     check(state, device.text(0) == typed.constLast());
 }
 
+/// Of the second parameter; the first one says them.
 void readLimits(benchmark::State &state, Device &device)
 {
     constexpr int Reads = 1000;
+    device.container().writeValueNative(
+        eLivingSpace::Axis1, device.coordinates().constFirst(), 0, u"90000"_s);
     const ParameterSetup *setup =
-        device.container().parameterSetup(device.coordinates().constFirst()).data();
+        device.container().parameterSetup(device.coordinates().at(1)).data();
     QString limit;
     measure(
         state, Reads, [] {},
@@ -201,7 +260,7 @@ void readLimits(benchmark::State &state, Device &device)
             for (int i = 0; i < Reads; ++i)
                 limit = setup->upperLimitText(eLivingSpace::Axis1, 0);
         });
-    check(state, limit == u"1000000"_s);
+    check(state, limit == u"90000"_s);
 }
 
 using Run = void (*)(benchmark::State &, Device &);
@@ -217,15 +276,20 @@ void addWith(const std::string &name, int size, Run run, const std::function<Dev
     });
 }
 
-double mebibytesAfterAMillionWrites()
+/// By which a million writes raise the most memory that the program holds at once.
+double peakOfAMillionWrites()
 {
-    Device device(400, {}, tenth(u"scaling"_s));
-    for (int i = 0; i < 1000; ++i)
-        device.write(0, QString::number(i));
-    const size_t before = allocated();
+    constexpr int Parameters = 400;
+    Device device(Parameters, functionsOfEachKind(Parameters / 10), tenthOfEachKind);
+    for (const ParameterCoordinate &coordinate : device.coordinates())
+        device.container().parameterSetup(coordinate)->isVisible(eLivingSpace::Axis1, 0);
+    for (int i = 0; i < 10 * Parameters; ++i)
+        device.write(i % Parameters, QString::number(i));
+    forgetPeak();
+    const double before = peakMebibytes();
     for (int i = 0; i < MillionWrites; ++i)
-        device.write(i % 400, QString::number(i % 90001));
-    return (double(allocated()) - double(before)) / (1024 * 1024);
+        device.write(i % Parameters, QString::number(i % 90001));
+    return before < 0 ? before : peakMebibytes() - before;
 }
 
 /// Of the first write to a value that 1,000 others follow by this limit function, and of the second.
@@ -252,8 +316,9 @@ int main(int argc, char **argv)
 {
     QCoreApplication application(argc, argv);
     System::information()->setUserAccessLevel(6);
-    std::printf(
-        "memory: %.3f MiB more after a million writes (bound 1)\n", mebibytesAfterAMillionWrites());
+    printBounded(
+        "peak memory of a million writes to values with limit, hiding and scaling receivers",
+        peakOfAMillionWrites(), "MiB more", 1);
     printHostileWrite("endless function of 1,000 followers", u"while true do end"_s);
     printHostileWrite("slow function of 1,000 followers",
         u"for i = 1, 900000 do end return readValueNative(1, 'A00'), 1000"_s);
@@ -263,12 +328,16 @@ int main(int argc, char **argv)
         addWith("write-all/library", size, writeAll,
             [size] { return new Device(size, {}, tenth(u"scaling"_s)); });
     }
-    const QJsonObject limits {{u"1"_s, u"return -1000000, 1000000"_s}};
-    addWith("limit-function/limit", ReferenceSize, readLimits,
-        [] { return new Device(1, {}, withoutLinks); });
-    addWith("limit-function/library", ReferenceSize, readLimits, [limits] {
-        return new Device(1, {{u"limit"_s, limits}}, [](int) -> Links {
-            return {{}, {{u"limit"_s, 1}}};
+    addWith("limit-function/limit", ReferenceSize, readLimits, [] {
+        auto device = std::make_unique<Device>(2, QJsonObject(), withoutLinks);
+        ContainerInternals::bind(device->container(), std::make_unique<LimitProvider>());
+        return device.release();
+    });
+    addWith("limit-function/library", ReferenceSize, readLimits, [] {
+        const QString function = u"local most = readValueNative(1, '%1') return -most, most"_s.arg(
+            coordinateOf(0).toText());
+        return new Device(2, {{u"limit"_s, QJsonObject {{u"1"_s, function}}}}, [](int parameter) {
+            return parameter == 1 ? Links {{}, {{u"limit"_s, 1}}} : Links {};
         });
     });
     addWith("all-kinds/limit", ReferenceSize, writeOne,
@@ -283,5 +352,6 @@ int main(int argc, char **argv)
         addWith("followed-by/library", receivers, writeOne,
             [receivers] { return new Device(20000, {}, followed(receivers, 20000)); });
     }
-    return runPairs(argc, argv, 0, {{"write-all", 1.25}, {"followed-by", 1.5}});
+    return runPairs(
+        argc, argv, 0, {{"write-all", 1.25}, {"followed-by", 1.5}}, {{"write-all", 1.25}});
 }

@@ -317,19 +317,24 @@ double measureIdleCycle(quint16 port, int valueCount)
     return (threadSeconds() - start) / CycleRounds;
 }
 
-void report(const Kind &kind, int window, const Series &series)
+/// Whether the bound holds.
+bool report(const Kind &kind, int window, const Series &series)
 {
     const double bare = median(series.bare.wall);
-    const auto line = [bare](const char *name, const Times &times) {
+    bool isHeld = true;
+    const auto line = [bare, &isHeld](const char *name, const Times &times) {
         const double time = median(times.wall);
+        const bool isOver = bare / time < LeastShare;
+        isHeld = isHeld && !isOver;
         std::printf("  %-28s %7.2f ms %9.0f values/s %4.0f %%; %5.2f ms of this thread%s\n", name,
             time * 1e3, ValueCount / time, 100.0 * bare / time, median(times.thread) * 1e3,
-            bare / time < LeastShare ? "  over" : "");
+            isOver ? "  over" : "");
     };
     std::printf("%s, requests under way: %d\n", kind.name, window);
     line("bare protocol", series.bare);
     line("upload, every value changes", series.changed);
     line("upload, no value changes", series.unchanged);
+    return isHeld;
 }
 
 } // namespace
@@ -341,13 +346,15 @@ int main(int argc, char *argv[])
     if (words.value(1) == QLatin1String("--drive"))
         return runDrive(Kinds[std::clamp(words.value(2).toInt(), 0, int(std::size(Kinds)) - 1)]);
     bool isRight = true;
+    bool isHeld = true;
     std::printf(
         "%d values in registers, medians of %d rounds; over: below %.0f %% of the bare protocol\n",
         ValueCount, Rounds, 100.0 * LeastShare);
     for (const Kind &kind : Kinds) {
         const Drive drive(kind);
         for (const int window : Windows)
-            report(kind, window, measureUploads(kind, drive.port(), window, isRight));
+            isHeld =
+                report(kind, window, measureUploads(kind, drive.port(), window, isRight)) && isHeld;
     }
     const Drive drive(Kinds[0]);
     for (const int count : PolledCounts) {
@@ -358,5 +365,6 @@ int main(int argc, char *argv[])
         std::fprintf(stderr, "wrong result\n");
         return EXIT_FAILURE;
     }
-    return EXIT_SUCCESS;
+    // Without the option the machine's load may break a bound.
+    return isHeld || !words.contains(QLatin1String("--strict")) ? EXIT_SUCCESS : EXIT_FAILURE;
 }

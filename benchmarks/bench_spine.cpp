@@ -278,22 +278,51 @@ void loadLibrary(benchmark::State &state, int size)
 }
 
 /// The same work a value on one record of 16,000 elements, beside 4,000 parameters of four axes.
+void recordCreate(benchmark::State &state)
+{
+    std::unique_ptr<ParameterContainer> container;
+    measure(
+        state, record().valueCount(),
+        [&] {
+            container.reset();
+            container = makeContainer(record().firmware());
+        },
+        [&] { record().fill(*container); });
+    check(state,
+        container->parameterInformation(record().coordinate())->elementCount() == RecordElements);
+}
+
+std::unique_ptr<ParameterContainer> writtenRecord()
+{
+    auto container = makeContainer(record().firmware());
+    record().fill(*container);
+    for (quint16 e = 0; e < RecordElements; ++e)
+        container->writeValue(eLivingSpace::Axis1, record().coordinate(), e, typed(e, 1));
+    return container;
+}
+
+/// Four listeners hear of each value, as of those of simple parameters.
 void recordWrite(benchmark::State &state)
 {
-    const auto container = makeContainer(record().firmware());
-    record().fill(*container);
+    const auto container = writtenRecord();
+    quint64 heard = 0;
+    const auto hear = [&heard](ParameterAddress address) { heard += address.toNumber(); };
+    QObject::connect(container.get(), &ParameterContainer::parameterValueChanged, hear);
+    QObject::connect(container.get(), &ParameterContainer::parameterNativeValueChanged, hear);
+    ParameterSetup *setup = container->parameterSetup(record().coordinate());
+    QObject::connect(setup, &ParameterInformation::valueChanged, hear);
+    QObject::connect(setup, &ParameterInformation::nativeValueChanged, hear);
     QList<QString> texts;
-    qint64 round = 0;
+    qint64 round = 1;
     measure(
         state, record().valueCount(), [&] { texts = typedTexts(record().valueCount(), ++round); },
         [&] {
             for (quint16 e = 0; e < RecordElements; ++e)
                 container->writeValue(eLivingSpace::Axis1, record().coordinate(), e, texts.at(e));
         });
-    check(state,
-        container->readUndecoratedValue(eLivingSpace::Axis1, record().coordinate(), 1, false)
-                .toDouble()
-            == texts.at(1).toDouble());
+    const QString second =
+        container->readUndecoratedValue(eLivingSpace::Axis1, record().coordinate(), 1, false);
+    check(state, heard > 0 && second.toDouble() == texts.at(1).toDouble());
 }
 
 void recordRead(benchmark::State &state)
@@ -347,6 +376,14 @@ double memoryPerValue(int size)
     return double(allocated() - before) / double(used.valueCount());
 }
 
+double recordMemoryPerValue()
+{
+    record();
+    const size_t before = allocated();
+    const auto container = writtenRecord();
+    return double(allocated() - before) / double(record().valueCount());
+}
+
 void addSized(const char *name, int size, void (*function)(benchmark::State &, int))
 {
     add(name, size, [function, size](benchmark::State &state) { function(state, size); });
@@ -359,8 +396,9 @@ int main(int argc, char **argv)
     QCoreApplication application(argc, argv);
     System::information()->setUserAccessLevel(6);
     const double memory = memoryPerValue(ReferenceSize);
-    std::printf("memory: %.0f bytes a value at %d parameters of four axes, bound %.0f%s\n", memory,
-        ReferenceSize, MemoryBound, memory > MemoryBound ? "  over" : "");
+    printBounded("memory of 4,000 parameters of four axes", memory, "bytes a value", MemoryBound);
+    printBounded("memory of a record of 16,000 elements beside it", recordMemoryPerValue() / memory,
+        "times", RecordBound);
     for (const int size : Sizes) {
         addSized("create/limit", size, createLimit);
         addSized("create/library", size, createLibrary);
@@ -379,14 +417,16 @@ int main(int argc, char **argv)
     const auto plain = [](auto function) {
         return [function](benchmark::State &state) { function(state, ReferenceSize); };
     };
-    add("record-write/library", RecordElements, recordWrite);
-    add("record-read/library", RecordElements, recordRead);
-    add("record-save-load/library", RecordElements, recordSaveLoad);
+    add("record-create/limit", RecordElements, plain(createLibrary));
+    add("record-create/library", RecordElements, recordCreate);
     add("record-write/limit", RecordElements, plain(writeLibrary));
+    add("record-write/library", RecordElements, recordWrite);
     add("record-read/limit", RecordElements, plain(readLibrary));
+    add("record-read/library", RecordElements, recordRead);
     add("record-save-load/limit", RecordElements, plainSaveLoad);
+    add("record-save-load/library", RecordElements, recordSaveLoad);
     return runPairs(argc, argv, ReferenceSize,
         {{"create", 3.0}, {"write", 3.0}, {"read", 1.9}, {"save", 4.0}, {"load", 4.0},
-            {"record-write", RecordBound}, {"record-read", RecordBound},
-            {"record-save-load", RecordBound}});
+            {"record-create", RecordBound}, {"record-write", RecordBound},
+            {"record-read", RecordBound}, {"record-save-load", RecordBound}});
 }

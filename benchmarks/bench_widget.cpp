@@ -2,7 +2,7 @@
 // and opening a device until its first rows stand there.
 
 #include "BenchmarkDevice.h"
-#include "RatioReporter.h"
+#include "Measurement.h"
 #include "apps/host/DriveHostInformation.h"
 #include "apps/host/DriveProject.h"
 #include "apps/krparameter-desk/ParameterTableModel.h"
@@ -31,8 +31,6 @@
 namespace {
 
 constexpr int Rounds = 9;
-/// Of one repetition.
-constexpr double MinimumSeconds = 0.05;
 constexpr int WidgetRows = 16000;
 constexpr int ReportRows = 160;
 constexpr int SearchRows = 20000;
@@ -49,25 +47,6 @@ double now()
     timespec time {};
     clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
     return double(time.tv_sec) + double(time.tv_nsec) * 1e-9;
-}
-
-void check(benchmark::State &state, bool isRight)
-{
-    if (!isRight)
-        state.SkipWithError("wrong result");
-}
-
-/// Runs `timed` once an iteration after an untimed `prepare`.
-void measure(benchmark::State &state, qint64 values, const std::function<void()> &prepare,
-    const std::function<void()> &timed)
-{
-    for ([[maybe_unused]] const auto &round : state) {
-        prepare();
-        const double start = now();
-        timed();
-        state.SetIterationTime(now() - start);
-    }
-    state.SetItemsProcessed(state.iterations() * values);
 }
 
 /// Two snapshots of a device between which every value changed.
@@ -359,14 +338,6 @@ void openDevice(benchmark::State &state)
     table.reset();
 }
 
-void add(const char *name, void (*function)(benchmark::State &))
-{
-    benchmark::RegisterBenchmark(name, function)
-        ->UseManualTime()
-        ->Unit(benchmark::kMillisecond)
-        ->MinTime(MinimumSeconds);
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -374,31 +345,16 @@ int main(int argc, char **argv)
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
     QApplication application(argc, argv);
     System::information()->setUserAccessLevel(6);
-    std::vector<char *> arguments(argv, argv + argc);
-    std::string repetitions = "--benchmark_repetitions=" + std::to_string(Rounds);
-    std::string interleaving = "--benchmark_enable_random_interleaving=true";
-    std::string aggregates = "--benchmark_report_aggregates_only=false";
-    arguments.insert(
-        arguments.begin() + 1, {repetitions.data(), interleaving.data(), aggregates.data()});
-    int count = int(arguments.size());
-    benchmark::Initialize(&count, arguments.data());
-
     printKeys();
-    add("widget-update/limit/16000", updateLimit);
-    add("widget-update/library/16000", updateWidget);
-    add("widget-html/limit/160", htmlLimit);
-    add("widget-html/library/160", htmlReport);
-    add("search-key/limit/20000", searchLimit);
-    add("search-key/desk/20000", searchTable);
-    add("search-key-painted/limit/20000", searchLimit);
-    add("search-key-painted/desk/20000", searchAndPaint);
-    add("open-device/limit/4000", openLimit);
-    add("open-device/desk/4000", openDevice);
-
-    RatioReporter reporter;
-    reporter.setBound("widget-update", 1.3);
-    reporter.setBound("widget-html", 2.5);
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    reporter.printRatios();
-    return reporter.hasFailed() ? 1 : 0;
+    add("widget-update/limit", WidgetRows, updateLimit);
+    add("widget-update/library", WidgetRows, updateWidget);
+    add("widget-html/limit", ReportRows, htmlLimit);
+    add("widget-html/library", ReportRows, htmlReport);
+    add("search-key/limit", SearchRows, searchLimit);
+    add("search-key/desk", SearchRows, searchTable);
+    add("search-key-painted/limit", SearchRows, searchLimit);
+    add("search-key-painted/desk", SearchRows, searchAndPaint);
+    add("open-device/limit", OpenedParameters, openLimit);
+    add("open-device/desk", OpenedParameters, openDevice);
+    return runPairs(argc, argv, 0, {{"widget-update", 1.3}, {"widget-html", 2.5}});
 }

@@ -1,6 +1,7 @@
 #include "container/ContainerPersistence.h"
 
 #include "container/ParameterContainerPrivate.h"
+#include "container/QuestionRound.h"
 
 #include <LmUtilities/IniParser.h>
 
@@ -18,6 +19,8 @@ QString ContainerPersistence::blockName()
 QByteArray ContainerPersistence::save(const ParameterContainerPrivate &container)
 {
     LmIniParser::IniParser parser;
+    // A text that is not there yet is asked from the functions.
+    const QuestionRound round(container);
     for (const QPointer<CoordinateInstanceSet> &set : container.guardedSets()) {
         if (!set)
             continue;
@@ -45,10 +48,5 @@ void ContainerPersistence::load(const QByteArray &block, ParameterContainerPriva
             return;
     }
     // At the end, as a parameter may follow one that was loaded after it.
-    for (const QPointer<CoordinateInstanceSet> &set : container.guardedSets()) {
-        if (set)
-            set->askKnownFlagsAnew();
-        if (!guard)
-            return;
-    }
+    container.askKnownFlagsAnew();
 }

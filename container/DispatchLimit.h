@@ -45,18 +45,27 @@ public:
     /// A change dispatches several kinds of dependency. They nest.
     void beginChange()
     {
-        if (m_changes++ == 0)
-            ++m_outermostChanges;
+        ++m_changes;
+        beginQuestions();
     }
     void endChange()
     {
         --m_changes;
+        endQuestions();
         resetWhenIdle();
     }
-    /// Number of the outermost change that runs, from 1. Nothing: none.
+    /// Many questions to the functions count as one change for what functions may use, and as none for
+    /// the dispatches. They nest.
+    void beginQuestions()
+    {
+        if (m_rounds++ == 0)
+            ++m_outermostRounds;
+    }
+    void endQuestions() { --m_rounds; }
+    /// Number of the outermost change or round of questions that runs, from 1. Nothing: none.
     std::optional<quint64> change() const
     {
-        return m_changes > 0 ? std::optional(m_outermostChanges) : std::nullopt;
+        return m_rounds > 0 ? std::optional(m_outermostRounds) : std::nullopt;
     }
 
 private:
@@ -70,7 +79,9 @@ private:
     }
 
     int m_changes = 0;
-    quint64 m_outermostChanges = 0;
+    /// Of questions, the changes included.
+    int m_rounds = 0;
+    quint64 m_outermostRounds = 0;
     int m_depth = 0;
     int m_count = 0;
     int m_preparations = 0;

@@ -5,6 +5,7 @@
 #include "container/ContainerPersistence.h"
 #include "container/FirmwareContent.h"
 #include "container/ParameterContainerPrivate.h"
+#include "container/QuestionRound.h"
 #include "value/ActionParameterImplementation.h"
 
 #include <KrFirmware/ParameterFunctionProvider.h>
@@ -387,6 +388,7 @@ void ParameterContainer::updateParameterChangeTagsIfEmpty(
 {
     // A tag is kept with a text, and a text that is not there is taken from the firmware first.
     const QPointer<ParameterContainer> guard(this);
+    const QuestionRound round(*d);
     const auto each = [&](const QMap<QString, QString> &tags, auto fill) {
         for (auto it = tags.cbegin(); guard && it != tags.cend(); ++it) {
             const ParameterAddress address(it.key(), true);

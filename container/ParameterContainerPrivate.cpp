@@ -1,10 +1,10 @@
 #include "container/ParameterContainerPrivate.h"
 
 #include "container/CreationRules.h"
+#include "container/QuestionRound.h"
 #include "instance/DependencyChange.h"
 #include "instance/DependencyPairs.h"
 
-#include <KrDatatype/DatatypeProvider.h>
 #include <KrFirmware/ParameterFunctionProvider.h>
 #include <KrFirmware/ServoDriveFirmware.h>
 #include <KrLocator/Locator.h>
@@ -16,8 +16,6 @@
 #include <QtCore/QScopeGuard>
 
 #include <algorithm>
-#include <cstdint>
-#include <cstdlib>
 #include <utility>
 
 namespace {
@@ -173,6 +171,7 @@ bool ParameterContainerPrivate::update(CoordinateInstanceSet *set, ParameterDefi
         return true;
     addressLists.clear();
     const QPointer<ParameterContainerPrivate> guard(this);
+    const QuestionRound round(*this);
     set->takeDefinition(definition);
     return guard;
 }
@@ -256,8 +255,7 @@ quint32 ParameterContainerPrivate::addInstance(CoordinateInstanceSet *set, eLivi
         return present->serialNumber();
     const quint32 serialNumber = set->attachInstance(livingSpace)->serialNumber();
     addressLists.clear();
-    // On the container itself: the way over this object's own signal costs ten times as much.
-    Q_EMIT owner->parameterAdded(set->coordinate());
+    Q_EMIT parameterAdded(set->coordinate());
     return serialNumber;
 }
 
@@ -340,10 +338,19 @@ void ParameterContainerPrivate::setFirmware(ServoDriveFirmware *newFirmware)
     if (isOutdated())
         return;
     // At the end, because hiding functions may read system parameters.
+    askKnownFlagsAnew();
+}
+
+void ParameterContainerPrivate::askKnownFlagsAnew()
+{
+    const LifeGuard guard(this);
+    const quint32 generation = m_firmwareGeneration;
+    const QuestionRound round(*this);
     for (const QPointer<CoordinateInstanceSet> &set : guardedSets()) {
         if (set)
             set->askKnownFlagsAnew();
-        if (isOutdated())
+        // Whoever set another firmware meanwhile has asked all of them.
+        if (!guard || generation != m_firmwareGeneration)
             return;
     }
 }
@@ -379,6 +386,7 @@ bool ParameterContainerPrivate::isMapped(const ParameterAddress &address) const
 {
     const quint32 number = address.toNumber();
     // Reading a value may run the firmware, whose functions may lead to anything.
+    const QuestionRound round(*this);
     const QList<CoordinateInstanceSet *> mapping = mappingSets();
     const QList<QPointer<CoordinateInstanceSet>> sets(mapping.cbegin(), mapping.cend());
     for (const QPointer<CoordinateInstanceSet> &set : sets) {
@@ -446,120 +454,6 @@ QList<ParameterAddress> ParameterContainerPrivate::addresses() const
     return list;
 }
 
-QString ParameterContainerPrivate::readForFirmware(CallbackProviderDelegate::eForm form,
-    int livingSpace, quint16 coordinate, quint16 element, bool withUnit)
-{
-    const LifeGuard guard(this);
-    const eLivingSpace resolved = resolveForFirmware(livingSpace);
-    // A listener of the message that no axis is active may have ended the container.
-    if (!guard)
-        return {};
-    if (!online) {
-        pendingNames.insert(QString::number(qint32(resolved)) + QLatin1Char(';')
-            + QString::number(coordinate) + QLatin1Char(';') + QString::number(element));
-    }
-    const ParameterCoordinate at(coordinate);
-    switch (form) {
-    case CallbackProviderDelegate::eForm::Display:
-        return owner->readValue(resolved, at, element, withUnit);
-    case CallbackProviderDelegate::eForm::Native:
-        return owner->readValueNative(resolved, at, element, withUnit);
-    case CallbackProviderDelegate::eForm::Undecorated:
-        return owner->readUndecoratedValue(resolved, at, element, withUnit);
-    }
-    return {};
-}
-
-void ParameterContainerPrivate::writeForFirmware(CallbackProviderDelegate::eForm form,
-    int livingSpace, quint16 coordinate, quint16 element, const QString &text)
-{
-    const LifeGuard guard(this);
-    const eLivingSpace resolved = resolveForFirmware(livingSpace);
-    if (!guard)
-        return;
-    const ParameterCoordinate at(coordinate);
-    switch (form) {
-    case CallbackProviderDelegate::eForm::Display:
-        owner->writeValue(resolved, at, element, text);
-        return;
-    case CallbackProviderDelegate::eForm::Native:
-        owner->writeValueNative(resolved, at, element, text);
-        return;
-    case CallbackProviderDelegate::eForm::Undecorated:
-        owner->writeUndecoratedValue(resolved, at, element, text);
-        return;
-    }
-}
-
-eLivingSpace ParameterContainerPrivate::resolveForFirmware(int livingSpace) const
-{
-    if (livingSpace >= 0)
-        return eLivingSpace(livingSpace);
-    // In 64 bits: the lowest number has no absolute value of its own size.
-    const qint64 active = qint32(activeLivingSpace(eLivingSpace(livingSpace)));
-    return eLivingSpace(qint32(std::min(std::abs(active), qint64(INT32_MAX))));
-}
-
-QVariant ParameterContainerPrivate::parameterProperty(
-    quint16 coordinate, const QString &key, const QVariant &fallback) const
-{
-    const CoordinateInstanceSet *set = find(ParameterCoordinate(coordinate));
-    if (!set)
-        return fallback;
-    if (key == QLatin1String("isGlobalParameter"))
-        return set->isGlobalParameter();
-    if (key == QLatin1String("isOnline"))
-        return online;
-    if (key == QLatin1String("isReadOnly"))
-        return readOnly;
-    if (key == QLatin1String("elementCount"))
-        return uint(set->elementCount());
-    if (key == QLatin1String("name"))
-        return set->name().longText();
-    return fallback;
-}
-
-QVariant ParameterContainerPrivate::elementProperty(
-    quint16 coordinate, quint16 element, quint32 property) const
-{
-    const CoordinateInstanceSet *set = find(ParameterCoordinate(coordinate));
-    return set ? set->elementProperty(element, eParameterProperty(property)).asVariant()
-               : QVariant();
-}
-
-QVariant ParameterContainerPrivate::datatypeProperty(quint16 coordinate, const QString &key) const
-{
-    const CoordinateInstanceSet *set = find(ParameterCoordinate(coordinate));
-    if (!set)
-        return {};
-    const quint32 id = set->elementProperty(0, eParameterProperty::Datatype).asUint32();
-    const SimpleType *type = DatatypeProvider::instance()->simpleType(quint8(id));
-    if (!type)
-        return {};
-    if (key == QLatin1String("kind"))
-        return quint32(type->kind());
-    if (key == QLatin1String("name"))
-        return type->name();
-    if (key == QLatin1String("shortName"))
-        return type->shortName();
-    if (key == QLatin1String("sizeInBytes"))
-        return type->sizeInBytes();
-    return {};
-}
-
-QString ParameterContainerPrivate::containerText(const QString &key) const
-{
-    if (key == QLatin1String("domain"))
-        return domain;
-    if (key == QLatin1String("parameterChangeTag"))
-        return parameterChangeTag;
-    if (key == QLatin1String("change")) {
-        const std::optional<quint64> change = m_dispatchLimit.change();
-        return change ? QString::number(*change) : QString();
-    }
-    return {};
-}
-
 void ParameterContainerPrivate::onCoordinateChanged(
     ParameterAddress oldAddress, ParameterAddress newAddress)
 {
@@ -588,11 +482,19 @@ void ParameterContainerPrivate::updateAllParameterVisibility()
     Q_EMIT accessLevelUpdateStarted();
     if (!guard)
         return;
+    tellAccessLevel(before, now);
+    if (guard)
+        Q_EMIT accessLevelUpdateFinished();
+}
+
+void ParameterContainerPrivate::tellAccessLevel(quint32 before, quint32 now)
+{
+    const LifeGuard guard(this);
+    const QuestionRound round(*this);
     for (const QPointer<CoordinateInstanceSet> &set : guardedSets()) {
         if (set)
             set->onAccessLevelChanged(before, now);
         if (!guard)
             return;
     }
-    Q_EMIT accessLevelUpdateFinished();
 }

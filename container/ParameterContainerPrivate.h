@@ -58,6 +58,9 @@ public:
     void remove(CoordinateInstanceSet *set);
     void removeAll(const QList<QPointer<CoordinateInstanceSet>> &sets);
     void setFirmware(ServoDriveFirmware *newFirmware);
+    /// The functions or the values behind them changed. **Emits** the differences of hidden flags that
+    /// were known.
+    void askKnownFlagsAnew();
     eLivingSpace activeLivingSpace(eLivingSpace requested) const;
     bool isMapped(const ParameterAddress &address) const;
     /// Hands the change to every value that depends on it, by coordinate. A change that follows from too
@@ -79,6 +82,9 @@ public:
 
     void onElementsChanged() override { addressLists.clear(); }
     void onPropertiesChanged(CoordinateInstanceSet *set) override;
+    /// Many questions to the functions, without a change of a value; see QuestionRound.
+    void beginQuestions() const { m_dispatchLimit.beginQuestions(); }
+    void endQuestions() const { m_dispatchLimit.endQuestions(); }
     void beginChange() override { m_dispatchLimit.beginChange(); }
     void endChange() override { m_dispatchLimit.endChange(); }
     bool beginPreparation() override { return m_dispatchLimit.enterPreparation(); }
@@ -108,7 +114,7 @@ public:
     CallbackProviderDelegate callbackDelegate;
     /// Name of a value store to all addresses; no key: not built since the parameters changed.
     QHash<QString, QList<ParameterAddress>> addressLists;
-    /// "livingSpace;coordinate;element" of the values that firmware functions read while offline.
+    /// "livingSpace;coordinate;element" of the values here that firmware functions read while offline.
     QSet<QString> pendingNames;
     /// Time of day of the sets' hiding throttles; empty: the system's.
     CoordinateInstanceSet::Clock clock;
@@ -141,13 +147,19 @@ private:
     quint32 addInstance(CoordinateInstanceSet *set, eLivingSpace livingSpace);
     void reportCut(const ParameterCoordinate &source) const;
     void createSystemParameters();
+    /// Notes what the container holds, by one name; nothing else, so that a function that reads on and
+    /// on does not fill the list.
+    void notePending(
+        eLivingSpace livingSpace, const ParameterCoordinate &coordinate, quint16 element);
+    void tellAccessLevel(quint32 before, quint32 now);
     /// A negative number asks for the active axis.
     eLivingSpace resolveForFirmware(int livingSpace) const;
 
     mutable SetIndex m_index;
     /// Out of the tables, and alive until everyone has heard of their removal.
     std::vector<std::unique_ptr<CoordinateTable::Entry>> m_going;
-    DispatchLimit m_dispatchLimit;
+    /// Questions do not change a container, and yet they are counted.
+    mutable DispatchLimit m_dispatchLimit;
     quint32 m_knownAccessLevel;
     quint32 m_firmwareGeneration = 0;
 };

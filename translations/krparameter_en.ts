@@ -139,6 +139,14 @@ something to show.
         <source>%1 bis %2</source>
         <translation>%1 to %2</translation>
     </message>
+    <message>
+        <source>Einheit %1 -&gt; %2</source>
+        <translation>unit %1 -&gt; %2</translation>
+    </message>
+    <message>
+        <source>native Einheit %1 -&gt; %2</source>
+        <translation>native unit %1 -&gt; %2</translation>
+    </message>
 </context>
 <context>
     <name>ContentCheck</name>
@@ -1723,12 +1731,14 @@ level stay empty. The document forbids scripts and loading, and names in it are 
         <source>WERT ist ein Anzeigetext, so wie list ihn zeigt, mit oder ohne Einheit; eine Auswahl
 nimmt Nummer oder Text. Die Paare werden der Reihe nach geschrieben; wird eines
 abgewiesen, wird nichts gespeichert. Ohne --project wird nur gezeigt, was gälte.
-Eingerückt folgt, was sich dadurch sonst ändert: Werte, Grenzen, Sichtbarkeit.
+Eingerückt folgt, was sich dadurch sonst ändert: Werte, Einheiten, Grenzen,
+Sichtbarkeit; von den geschriebenen Werten selbst Einheiten, Grenzen, Sichtbarkeit.
 </source>
         <translation>VALUE is a display text as shown by list, with or without its unit; a choice takes its
 number or its text. The pairs are written in order; if one is rejected, nothing is
 saved. Without --project the command only shows what would apply. Indented lines
-follow with what changes elsewhere: values, limits, visibility.
+follow with what changes elsewhere: values, units, limits, visibility; of the values
+written themselves units, limits, visibility.
 </translation>
     </message>
 </context>

@@ -9,6 +9,7 @@
 #include <KrParameterInstance/ParameterInformation.h>
 #include <KrSystem/System.h>
 
+#include <QtCore/QRegularExpression>
 #include <QtCore/QSet>
 
 #include <limits>
@@ -37,17 +38,15 @@ constexpr DependencyKind DependencyKinds[] = {
 constexpr eParameterProperty UnitProperties[] = {
     ScaledMeasuringUnit, NativeMeasuringUnit, FieldbusMeasuringUnit};
 
-/// "<localAxis:E12>" names E12.
+/// "<localAxis:E12>" and "<activeAxis:E12>" name E12; the library takes nothing else for a locator.
 ParameterCoordinate locatedCoordinate(const ParameterProperty &unit)
 {
+    static const QRegularExpression locator(QRegularExpression::anchoredPattern(
+        QStringLiteral("<(?:localAxis|activeAxis):([A-Z][0-9]{1,3})>")));
     const QVariant &value = unit.asVariant();
     if (value.metaType() != QMetaType::fromType<QString>())
         return {};
-    const QString text = value.toString();
-    const qsizetype colon = text.indexOf(u':');
-    if (!text.startsWith(u'<') || !text.endsWith(u'>') || colon < 0)
-        return {};
-    return ParameterCoordinate(text.sliced(colon + 1).chopped(1));
+    return ParameterCoordinate(locator.match(value.toString()).captured(1));
 }
 
 /// Of whole numbers; true for any other type.

@@ -11,6 +11,17 @@ bool areLimitsEqual(const auto &a, const auto &b)
     return a.lower == b.lower && a.upper == b.upper;
 }
 
+bool areUnitsEqual(const auto &a, const auto &b)
+{
+    return a.unit == b.unit && a.nativeUnit == b.nativeUnit;
+}
+
+/// What is not there, as a line shows it.
+QString orNone(const QString &text)
+{
+    return text.isEmpty() ? QStringLiteral("-") : text;
+}
+
 } // namespace
 
 Consequences::Consequences(DriveProject &project)
@@ -37,11 +48,14 @@ Consequences::State Consequences::stateOf(const ValuePlace &place) const
     const auto parameter = m_project.container().parameterInformation(place.coordinate);
     if (!parameter || !parameter->hasInstance(place.livingSpace))
         return {};
+    const ValueView view(*parameter, place);
     return {
         .display = parameter->displayValueText(place.livingSpace, place.element, true),
         .native = parameter->nativeValueText(place.livingSpace, place.element, false),
         .lower = parameter->lowerLimitText(place.livingSpace, place.element),
         .upper = parameter->upperLimitText(place.livingSpace, place.element),
+        .unit = view.unit(),
+        .nativeUnit = view.nativeUnit(),
         .isVisible = parameter->isVisible(place.livingSpace, place.element),
     };
 }
@@ -53,7 +67,8 @@ QList<Consequences::Change> Consequences::changes(const QSet<ValuePlace> &writte
         const State after = stateOf(place);
         const bool isWritten = written.contains(place);
         const bool isOther = (!isWritten && before.display != after.display)
-            || !areLimitsEqual(before, after) || before.isVisible != after.isVisible;
+            || !areUnitsEqual(before, after) || !areLimitsEqual(before, after)
+            || before.isVisible != after.isVisible;
         if (isOther && (before.isVisible || after.isVisible))
             changed.append({place, before, after, isWritten});
     }
@@ -68,18 +83,23 @@ void Consequences::writeText(const Change &change, TrialCopy &now, Console &cons
     const ValueView view(*parameter, change.place);
     const QString heading =
         QStringLiteral("  %1  %2: ").arg(view.address(), ValueView::singleLine(view.name()));
-    const QString step = QStringLiteral("%1 -> %2");
     if (change.before.isVisible != change.after.isVisible) {
         console.writeLine(
             heading + (change.after.isVisible ? tr("jetzt sichtbar") : tr("jetzt verborgen")));
     }
     if (!change.after.isVisible)
         return;
-    if (!change.isWritten && change.before.display != change.after.display) {
-        console.writeLine(heading
-            + step.arg(ValueView::singleLine(change.before.display),
-                ValueView::singleLine(change.after.display)));
-    }
+    const auto writeStep = [&](const QString &step, const QString &before, const QString &after) {
+        if (before != after) {
+            console.writeLine(
+                heading + step.arg(ValueView::singleLine(before), ValueView::singleLine(after)));
+        }
+    };
+    if (!change.isWritten)
+        writeStep(QStringLiteral("%1 -> %2"), change.before.display, change.after.display);
+    writeStep(tr("Einheit %1 -> %2"), orNone(change.before.unit), orNone(change.after.unit));
+    writeStep(tr("native Einheit %1 -> %2"), orNone(change.before.nativeUnit),
+        orNone(change.after.nativeUnit));
     if (!areLimitsEqual(change.before, change.after)) {
         console.writeLine(heading
             + tr("Grenzen %1 -> %2")
@@ -100,6 +120,8 @@ void Consequences::writeJson(const Change &change, TrialCopy &now, Console &cons
         return QJsonObject {
             {QStringLiteral("display"), state.display},
             {QStringLiteral("native"), state.native},
+            {QStringLiteral("unit"), state.unit},
+            {QStringLiteral("nativeUnit"), state.nativeUnit},
             {QStringLiteral("lowerLimit"), shown(state.lower, trial)},
             {QStringLiteral("upperLimit"), shown(state.upper, trial)},
             {QStringLiteral("visible"), state.isVisible},

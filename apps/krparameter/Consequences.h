@@ -11,8 +11,8 @@
 class Console;
 class DriveProject;
 
-/// What writing some values changes elsewhere: values, limits and visibility. Units and scalings show
-/// in the values.
+/// What writing some values changes elsewhere: values, units, limits and visibility. Scalings show in
+/// the values.
 class Consequences {
     Q_DECLARE_TR_FUNCTIONS(Consequences)
 
@@ -20,8 +20,8 @@ public:
     /// To stand before the writes. **Owner** the caller; the project outlives this.
     explicit Consequences(DriveProject &project);
 
-    /// After them. The values of `written` are the user's own and not told; what others see of a
-    /// value that this user cannot is not either.
+    /// After them. The values of `written` are the user's own and not told, but their units, limits and
+    /// visibility are; what others see of a value that this user cannot is not told either.
     void write(const QSet<ValuePlace> &written, bool asJson, Console &console);
 
 private:
@@ -30,6 +30,8 @@ private:
         QString native;
         QString lower;
         QString upper;
+        QString unit;
+        QString nativeUnit;
         bool isVisible = false;
     };
     struct Change {

@@ -31,7 +31,8 @@ QString SetCommand::details() const
         "WERT ist ein Anzeigetext, so wie list ihn zeigt, mit oder ohne Einheit; eine Auswahl\n"
         "nimmt Nummer oder Text. Die Paare werden der Reihe nach geschrieben; wird eines\n"
         "abgewiesen, wird nichts gespeichert. Ohne --project wird nur gezeigt, was gälte.\n"
-        "Eingerückt folgt, was sich dadurch sonst ändert: Werte, Grenzen, Sichtbarkeit.\n");
+        "Eingerückt folgt, was sich dadurch sonst ändert: Werte, Einheiten, Grenzen,\n"
+        "Sichtbarkeit; von den geschriebenen Werten selbst Einheiten, Grenzen, Sichtbarkeit.\n");
 }
 
 eExitCode SetCommand::run(const CommandLine &line, Console &console)

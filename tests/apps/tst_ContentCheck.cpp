@@ -62,6 +62,24 @@ void tst_ContentCheck::findings_data()
             u"A12: die Abhängigkeit hiding -2 führt zu keinem Wert"_s});
     row("a unit that is followed", uR"(, "dependencies": {"measuringUnit": 1})"_s,
         uR"(, "units": {"scaled": "<localAxis:A12>"})"_s, {});
+    row("a unit of the active axis that is followed",
+        uR"(, "dependencies": {"measuringUnit": 1})"_s,
+        uR"(, "units": {"native": "<activeAxis:A012>"})"_s, {});
+    const QString nowhere = u"A12: die Abhängigkeit measuringUnit führt zu keiner Einheit"_s;
+    for (const QString &unit : {u"localAxis:A12>"_s, u" <localAxis:A12>"_s}) {
+        row(qPrintable(u"a unit as it stands: "_s + unit),
+            uR"(, "dependencies": {"measuringUnit": 1})"_s,
+            uR"(, "units": {"scaled": "%1"})"_s.arg(unit), {nowhere});
+    }
+    for (const QString &unit : {u"<A12>"_s, u"<anyAxis:A12>"_s, u"<:A12>"_s, u"<localAxis:a12>"_s,
+             u"<localAxis:A>"_s, u"<localAxis:A0012>"_s, u"<localAxis:A12"_s, u"<localAxis: A12>"_s,
+             u"<localAxis:A12>\\n"_s}) {
+        row(qPrintable(u"no locator: "_s + unit), uR"(, "dependencies": {"measuringUnit": 1})"_s,
+            uR"(, "units": {"scaled": "%1"})"_s.arg(unit),
+            {u"parameters[1].elements[0].units.scaled: begins with '<' and is no unit locator such "
+             "as \"<localAxis:E12>\""_s,
+                nowhere, u"unknown property value \"scaled measuring unit\" at parameter B07\""_s});
+    }
     row("a unit that nothing follows", uR"(, "dependencies": {"measuringUnit": 1})"_s,
         uR"(, "units": {"scaled": "mm"})"_s,
         {u"A12: die Abhängigkeit measuringUnit führt zu keiner Einheit"_s});

@@ -389,10 +389,75 @@ class Set(CommandLineTest):
                          ["1.B01", "1.B04", "1.H00"])
         self.assertEqual(run.lines()[2], {
             "consequence": "1.H00", "name": "Stromgrenze",
-            "before": {"display": "12.600 A", "native": "12600", "lowerLimit": "0.000 A",
-                       "upperLimit": "60.000 A", "visible": True},
-            "after": {"display": "12.600 A", "native": "12600", "lowerLimit": "0.000 A",
-                      "upperLimit": "30.000 A", "visible": True}})
+            "before": {"display": "12.600 A", "native": "12600", "unit": "A", "nativeUnit": "mA",
+                       "lowerLimit": "0.000 A", "upperLimit": "60.000 A", "visible": True},
+            "after": {"display": "12.600 A", "native": "12600", "unit": "A", "nativeUnit": "mA",
+                      "lowerLimit": "0.000 A", "upperLimit": "30.000 A", "visible": True}})
+
+    def test_tells_units_that_another_value_names(self):
+        run = on_drive("set", "1.E12", "m")
+        self.check(run, GOOD)
+        self.assertEqual(run.out.splitlines()[:4], [
+            "1.E12  Einheit der Position: mm -> m",
+            "  1.C09  Gebernullpunkt: 0.000 mm -> 0.000 m",
+            "  1.C09  Gebernullpunkt: Einheit mm -> m",
+            # Its value cannot be seen offline, its unit can.
+            "  1.C10  Absolute Lage des Gebers: Einheit mm -> m"])
+        self.assertNotIn("native Einheit", run.out)
+        self.assertNotIn("\n  2.", run.out)
+        run = on_drive("--lang", "en", "set", "1.E12", "m")
+        self.assertIn("\n  1.C09  Encoder zero offset: unit mm -> m\n", run.out)
+
+    def test_tells_the_unit_of_a_written_value(self):
+        run = on_drive("set", "1.E12", "m", "1.G10", "5")
+        self.check(run, GOOD)
+        self.assertEqual([line for line in run.out.splitlines() if "G10" in line], [
+            "1.G10  Zielposition: 0.000 m -> 5.000 m",
+            "  1.G10  Zielposition: Einheit mm -> m"])
+
+    def test_tells_native_units(self):
+        description = json.loads((SOURCE / "devices/two-axis-drive.json").read_text("utf-8"))
+        description["profiles"]["current"]["units"]["native"] = "<localAxis:E12>"
+        device = self.folder / "device.json"
+        device.write_text(json.dumps(description), "utf-8")
+        run = Run("--device", str(device), "set", "1.E12", "m")
+        self.check(run, GOOD)
+        self.assertEqual([line for line in run.out.splitlines() if "H00" in line],
+                         ["  1.H00  Stromgrenze: native Einheit mm -> m"])
+        run = Run("--device", str(device), "set", "1.E12", "", "--json")
+        self.check(run, GOOD)
+        found = [line for line in run.lines() if line.get("consequence") == "1.H00"]
+        self.assertEqual([(line["before"]["nativeUnit"], line["after"]["nativeUnit"],
+                           line["after"]["unit"]) for line in found], [("mm", "", "A")])
+        run = Run("--device", str(device), "set", "1.E12", "")
+        self.assertIn("\n  1.H00  Stromgrenze: native Einheit mm -> -\n", run.out)
+
+    def test_tells_values_that_a_function_wrote(self):
+        run = on_drive("set", "2.E11", "2")
+        self.check(run, GOOD)
+        for line in ("  2.E12  Einheit der Position: mm -> in",
+                     "  2.E14  Einheit der Geschwindigkeit: mm/s -> in/s",
+                     "  2.E15  Einheit der Beschleunigung: mm/s² -> in/s²",
+                     "  2.E16  Einheit des Rucks: mm/s³ -> in/s³"):
+            self.assertIn(line, run.out.splitlines())
+        run = on_drive("set", "2.E11", "2", "--json")
+        found = [line for line in run.lines() if line.get("consequence") == "2.E12"]
+        self.assertEqual([(line["before"]["native"], line["after"]["native"]) for line in found],
+                         [("mm", "in")])
+
+    def test_list_shows_what_a_write_hid(self):
+        def listed(*words):
+            run = on_drive("--project", self.project, "list", "--axis", "1", "--json", *words)
+            self.check(run, GOOD)
+            return {line["address"] for line in run.lines()} & {"1.B21", "1.B24"}
+        self.save("2.H00", "9")
+        self.assertEqual(listed(), {"1.B21"})
+        self.save("1.B00", "7")
+        self.assertEqual(listed(), {"1.B24"})
+        self.assertEqual(listed("--hidden"), {"1.B21", "1.B24"})
+        # Below the level that reads it nothing is shown, hidden or not.
+        self.assertEqual(listed("--access-level", "0"), set())
+        self.assertEqual(listed("--access-level", "0", "--hidden"), {"1.B21", "1.B24"})
 
     def test_both_of_two_writes_are_the_users_own(self):
         run = on_drive("set", "B01", "10", "H01", "360")

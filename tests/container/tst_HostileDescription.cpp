@@ -90,6 +90,72 @@ QStringList reasons(MessageRecorder &messages)
     return list;
 }
 
+/// Where many functions are asked at once without a change of a value. What they answer is good while
+/// A12 is 0.
+struct Road {
+    const char *name;
+    /// Of the function that it asks.
+    const char *kind;
+    void (*ask)(TestContainer &container, ServoDriveFirmware *other);
+};
+
+/// Asks for the hidden flags, so that they are known, and makes A12 what functions fail at.
+void makeBadWhenKnown(TestContainer &container)
+{
+    for (const ParameterCoordinate &coordinate : container->parameterList()) {
+        const ParameterSetup *setup = container.setup(coordinate.toText());
+        for (const quint16 element : setup->elementList())
+            static_cast<void>(setup->isHidden(Axis1, element));
+    }
+    write(container, u"7"_s);
+}
+
+constexpr Road Roads[] = {
+    {"level", "hiding",
+        [](TestContainer &container, ServoDriveFirmware *) {
+            write(container, u"7"_s);
+            System::information()->setUserAccessLevel(4);
+        }},
+    {"load", "hiding",
+        [](TestContainer &container, ServoDriveFirmware *) {
+            makeBadWhenKnown(container);
+            QMap<QString, QByteArray> blocks;
+            container->saveTo(blocks);
+            write(container, u"0"_s);
+            container->loadFrom(blocks);
+        }},
+    {"firmware", "hiding",
+        [](TestContainer &container, ServoDriveFirmware *other) {
+            makeBadWhenKnown(container);
+            container->setFirmware(other);
+        }},
+    {"definition", "hiding",
+        [](TestContainer &container, ServoDriveFirmware *) {
+            makeBadWhenKnown(container);
+            container.create(
+                at(u"C00"_s).elementCount(1000).property(HidingFunctionIndex, 1U), u"D.1;c"_s);
+        }},
+    {"save", "limit",
+        [](TestContainer &container, ServoDriveFirmware *) {
+            write(container, u"7"_s);
+            QMap<QString, QByteArray> blocks;
+            container->saveTo(blocks);
+        }},
+    {"change tags", "limit",
+        [](TestContainer &container, ServoDriveFirmware *) {
+            write(container, u"7"_s);
+            QMap<QString, QString> tags;
+            for (int i = 0; i < ReceiverCount; ++i)
+                tags.insert(receiver(i).toText(), u"tag"_s);
+            container->updateParameterChangeTagsIfEmpty({}, tags);
+        }},
+    {"mapping", "limit",
+        [](TestContainer &container, ServoDriveFirmware *) {
+            write(container, u"7"_s);
+            static_cast<void>(container->isParameterMapped(ParameterAddress(u"A12"_s, true)));
+        }},
+};
+
 } // namespace
 
 /// A device whose functions never end, take long or lead to themselves: the container goes on, the
@@ -107,6 +173,9 @@ private Q_SLOTS:
     void slowFunctionsOfManyReceivers();
     void failingFunctionOfManyReceivers();
     void deferredDispatchIsBoundToo();
+    void manyQuestionsAtOnce_data();
+    void manyQuestionsAtOnce();
+    void dispatchesOfListenersAreCountedApart();
     void endlessHidingThroughTheLevel();
     void endlessHidingThroughALoad();
     void endlessHidingThroughTheFirmware();
@@ -245,6 +314,74 @@ void tst_HostileDescription::deferredDispatchIsBoundToo()
     fill(container, PostwriteDependency, PostwriteFunctionIndex);
     container->dispatchDependencyChange(PostwriteDependency, Axis1, Source, 0);
     QCOMPARE(reasons(messages).size(), 1);
+}
+
+void tst_HostileDescription::manyQuestionsAtOnce_data()
+{
+    QTest::addColumn<int>("road");
+    QTest::addColumn<QString>("function");
+    QTest::addColumn<int>("told");
+    QTest::addColumn<QString>("last");
+    for (int i = 0; i < int(std::size(Roads)); ++i) {
+        QTest::addRow("slow but finite: %s", Roads[i].name)
+            << i << u"if readValueNative(1, 'A12') ~= 0 then for i = 1, 900000 do end end"_s << 1
+            << u"the functions that follow from one change need more than 50000000 "
+               "instructions; the rest of them is not run"_s;
+        QTest::addRow("failing: %s", Roads[i].name)
+            << i << u"if readValueNative(1, 'A12') ~= 0 then error('broken', 0) end"_s << 17
+            << u"further failures of functions are not told for this change"_s;
+    }
+}
+
+void tst_HostileDescription::manyQuestionsAtOnce()
+{
+    QFETCH(int, road);
+    QFETCH(QString, function);
+    QFETCH(int, told);
+    QFETCH(QString, last);
+    const Road &asked = Roads[road];
+    MessageRecorder messages;
+    const QString kind = QString::fromLatin1(asked.kind);
+    const auto firmware = firmwareWith(kind, function);
+    const auto other = firmwareWith(kind, function);
+    const eParameterProperty index = kind == u"limit"_s ? LimitFunctionIndex : HidingFunctionIndex;
+    TestContainer container;
+    container->setFirmware(firmware.get());
+    fill(container, PostwriteDependency, index);
+    container.create(at(u"C00"_s).kind(11).elementCount(1000).property(index, 1U), u"D.1;c"_s);
+    const ProcessorTimer timer;
+    asked.ask(container, other.get());
+    const QList<SystemMessage> heard = messages.take();
+    QCOMPARE(heard.size(), told);
+    QVERIFY2(heard.constLast().text.endsWith(last), qPrintable(heard.constLast().text));
+    QVERIFY2(timer.elapsed() < MostMilliseconds, qPrintable(QString::number(timer.elapsed())));
+    // A question apart is answered for.
+    static_cast<void>(container.setup(receiver(999).toText())->upperLimitText(Axis1, 0));
+    for (const SystemMessage &message : messages.take())
+        QVERIFY2(message.text.endsWith(u"element 0: broken"_s), qPrintable(message.text));
+}
+
+void tst_HostileDescription::dispatchesOfListenersAreCountedApart()
+{
+    MessageRecorder messages;
+    const auto firmware =
+        firmwareWith(u"postWrite"_s, u"writeValueNative(1, 'A12', 0, parameter.value + 1)"_s);
+    TestContainer container;
+    container->setDomain(u"Antrieb"_s);
+    container->setFirmware(firmware.get());
+    QVERIFY(container.create(
+        at(u"A12"_s).property(PostwriteDependency, 1).property(PostwriteFunctionIndex, 1U),
+        u"D.1;a"_s));
+    for (int i = 0; i < 3; ++i) {
+        const QString text = receiver(i).toText();
+        QVERIFY(container.create(at(text).levels(3, 0), u"D.1;"_s + text));
+    }
+    // Each write of a listener is an outermost one, with a message of its own.
+    connect(container.get(), &ParameterContainer::parameterVisibilityChanged, this,
+        [&] { write(container, u"100"_s); });
+    System::information()->setUserAccessLevel(4);
+    QCOMPARE(messages.take().size(), 3);
+    QCOMPARE(sourceText(container), u"164"_s);
 }
 
 void tst_HostileDescription::endlessHidingThroughTheLevel()

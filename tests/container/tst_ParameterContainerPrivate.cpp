@@ -38,12 +38,15 @@ private Q_SLOTS:
 
     void declaredSignalsAndSlots();
     void signalsPassThrough();
+    void structuralSignalsComeFromHere();
     void listsAreKeptInStep();
     void pendingNamesGoBeforeAHostHears();
     void locatorTextsOfASet();
     void coordinateChangeMovesTheKey();
     void coordinateOfAnotherSetIsRefused();
     void pendingNames();
+    void pendingNamesOfWhatIsThere_data();
+    void pendingNamesOfWhatIsThere();
     void providerIsReplacedInOrder();
     void providerIsUnboundAtTheEnd();
     void everySetIsToldOfTheProvider();
@@ -96,6 +99,27 @@ void tst_ParameterContainerPrivate::signalsPassThrough()
     d.setOnline(true);
     QVERIFY(!container->isOnline());
     QCOMPARE(log.take(), QStringList());
+}
+
+void tst_ParameterContainerPrivate::structuralSignalsComeFromHere()
+{
+    MessageRecorder messages;
+    TestContainer container;
+    QStringList heard;
+    const auto hear = [&](auto *sender, auto signal, const QString &name) {
+        connect(sender, signal, this,
+            [&heard, name](const ParameterCoordinate &at) { heard.append(name + at.toText()); });
+    };
+    ParameterContainerPrivate *d = &internals(container);
+    hear(d, &ParameterContainerPrivate::parameterAdded, u"d.added "_s);
+    hear(d, &ParameterContainerPrivate::parameterRemoved, u"d.removed "_s);
+    hear(container.get(), &ParameterContainer::parameterAdded, u"c.added "_s);
+    hear(container.get(), &ParameterContainer::parameterRemoved, u"c.removed "_s);
+    QVERIFY(container.create(at(u"A12"_s), u"D.1;a"_s));
+    container->deleteParameter(u"D.1;a"_s);
+    // The way to the container was connected first.
+    QCOMPARE(heard,
+        (QStringList {u"c.added A12"_s, u"d.added A12"_s, u"c.removed A12"_s, u"d.removed A12"_s}));
 }
 
 void tst_ParameterContainerPrivate::pendingNamesGoBeforeAHostHears()
@@ -204,8 +228,7 @@ void tst_ParameterContainerPrivate::pendingNames()
     callbacks.readValue(2, 1012, 3, false);
     callbacks.readValueNative(2, 1012, 3, true);
     callbacks.readUndecoratedValue(2, 1012, 0, false);
-    callbacks.readValue(0, 65535, 65535, false);
-    const QSet<QString> noted {u"2;1012;3"_s, u"2;1012;0"_s, u"0;65535;65535"_s};
+    const QSet<QString> noted {u"2;1012;3"_s, u"2;1012;0"_s};
     QCOMPARE(d.pendingNames, noted);
     callbacks.writeValueNative(2, 1012, 1, u"5"_s);
     container->readValue(Axis2, ParameterCoordinate(u"A12"_s), 1, false);
@@ -217,8 +240,51 @@ void tst_ParameterContainerPrivate::pendingNames()
     callbacks.readValue(2, 1012, 3, false);
     QCOMPARE(d.pendingNames, QSet<QString>());
     container->setOnline(false);
-    callbacks.readValue(1, 1012, 3, false);
-    QCOMPARE(d.pendingNames, QSet<QString> {u"1;1012;3"_s});
+    callbacks.readValue(2, 1012, 3, false);
+    QCOMPARE(d.pendingNames, QSet<QString> {u"2;1012;3"_s});
+}
+
+void tst_ParameterContainerPrivate::pendingNamesOfWhatIsThere_data()
+{
+    QTest::addColumn<int>("livingSpace");
+    QTest::addColumn<quint16>("coordinate");
+    QTest::addColumn<quint16>("element");
+    QTest::addColumn<QSet<QString>>("noted");
+    const auto row = [](const char *name, int livingSpace, quint16 coordinate, quint16 element,
+                         const QSet<QString> &noted) {
+        QTest::newRow(name) << livingSpace << coordinate << element << noted;
+    };
+    row("the last element", 2, 1012, 3, {u"2;1012;3"_s});
+    row("no element behind the last", 2, 1012, 4, {});
+    row("no instance in another axis", 1, 1012, 0, {});
+    row("no instance in space 0", 0, 1012, 0, {});
+    row("no such living space", 2147483647, 1012, 0, {});
+    row("no such parameter", 2, 1013, 0, {});
+    row("no such coordinate", 2, 65535, 65535, {});
+    row("a global value in its space", 0, 2001, 0, {u"0;2001;0"_s});
+    row("a global value by any space", 7, 2001, 0, {u"0;2001;0"_s});
+    row("the active axis", -1, 1012, 0, {u"2;1012;0"_s});
+    row("the active axis of the lowest number", -2147483647 - 1, 1012, 0, {u"2;1012;0"_s});
+}
+
+void tst_ParameterContainerPrivate::pendingNamesOfWhatIsThere()
+{
+    QFETCH(int, livingSpace);
+    QFETCH(quint16, coordinate);
+    QFETCH(quint16, element);
+    QFETCH(QSet<QString>, noted);
+    MessageRecorder messages;
+    TestContainer container;
+    QVERIFY(container.create(at(u"A12"_s).elementCount(4), u"D.2;a"_s));
+    QVERIFY(container.create(at(u"B01"_s).global(), u"S;b"_s));
+    QVERIFY(container.create(at(u"E84"_s).global().defaultValue(u"1"_s), u"S;e"_s));
+    // Its own record says which axis is active: a value that nobody asked for yet says none.
+    container->readValueNative(Global, ParameterCoordinate(u"E84"_s), 0, false);
+    ParameterContainerPrivate &d = internals(container);
+    for (int i = 0; i < 2; ++i) {
+        d.callbackDelegate.readValueNative(livingSpace, coordinate, element, false);
+        QCOMPARE(d.pendingNames, noted);
+    }
 }
 
 void tst_ParameterContainerPrivate::providerIsReplacedInOrder()

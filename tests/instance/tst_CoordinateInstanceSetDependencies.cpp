@@ -1,4 +1,4 @@
-#include "tests/instance/InstanceStand.h"
+#include "tests/instance/DependencyStand.h"
 
 #include <KrParameterInstance/ParameterData.h>
 
@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 using enum eLivingSpace;
 using enum eParameterProperty;
 
-/// A change travels: who is reached, what follows, in which order, and how hiding is throttled.
+/// A change travels: who is reached, what follows, in which order.
 class tst_CoordinateInstanceSetDependencies : public QObject {
     Q_OBJECT
 
@@ -36,51 +36,7 @@ private Q_SLOTS:
     void onlineValuesDispatchToo();
     void equalValuesAndDefaultsDispatchNothing();
     void newProviderAsksKnownFlagsAnew();
-    void throttle_data();
-    void throttle();
-    void throttleAtMidnight();
-    void deferredUpdate();
-    void deferredUpdateOfABurst();
-    void timeoutWithoutTimer();
-    void timeoutInsideATimeout();
-    void cyclicHidingIsReported_data();
-    void cyclicHidingIsReported();
-    void cyclicHidingIsReportedAgainAfterADispatch();
-    void otherKindsAreNotThrottled();
-    void throttlesAreIndependent();
-    void clockBelongsToTheContainer();
 };
-
-namespace {
-
-/// Source A12 with a dependency, receiver B07 with a function index.
-struct Pair {
-    CoordinateInstanceSet *source;
-    CoordinateInstanceSet *receiver;
-};
-
-Pair addPair(InstanceStand &stand, eParameterProperty dependency, const QVariant &reference,
-    eParameterProperty index, const QVariant &receiverIndex)
-{
-    return {stand.add(DefinitionBuilder().property(dependency, reference), u"A12"_s),
-        stand.add(DefinitionBuilder().property(index, receiverIndex), u"B07"_s)};
-}
-
-/// A time of day that the test moves.
-struct TestClock {
-    explicit TestClock(InstanceStand &stand)
-    {
-        ContainerInternals::of(*stand.container)->clock = [this] { return now; };
-    }
-    QTime now {12, 0};
-};
-
-QTimer *suppressionTimer(const CoordinateInstanceSet *set)
-{
-    return set->findChild<QTimer *>();
-}
-
-} // namespace
 
 void tst_CoordinateInstanceSetDependencies::orderOfAllKinds()
 {
@@ -175,14 +131,19 @@ void tst_CoordinateInstanceSetDependencies::whoDependsByUnitLocator_data()
     QTest::addColumn<QString>("scaled");
     QTest::addColumn<QString>("native");
     QTest::addColumn<QString>("fieldbus");
+    QTest::addColumn<int>("reference");
     QTest::addColumn<bool>("isReached");
     const QString locator = u"<localAxis:A12>"_s;
-    QTest::newRow("scaled") << locator << QString() << QString() << true;
-    QTest::newRow("native") << QString() << locator << QString() << true;
-    QTest::newRow("fieldbus") << QString() << QString() << locator << true;
-    QTest::newRow("active axis") << u"<activeAxis:A12>"_s << QString() << QString() << true;
-    QTest::newRow("another parameter") << u"<localAxis:E84>"_s << QString() << QString() << false;
-    QTest::newRow("plain unit") << u"A12"_s << QString() << QString() << false;
+    const QString active = u"<activeAxis:A12>"_s;
+    QTest::newRow("scaled") << locator << QString() << QString() << -3 << true;
+    QTest::newRow("native") << QString() << locator << QString() << -3 << true;
+    QTest::newRow("fieldbus") << QString() << QString() << locator << -3 << true;
+    QTest::newRow("active axis") << active << QString() << QString() << -3 << true;
+    QTest::newRow("another parameter")
+        << u"<localAxis:E84>"_s << QString() << QString() << -3 << false;
+    QTest::newRow("plain unit") << u"A12"_s << QString() << QString() << -3 << false;
+    QTest::newRow("a reference of 0 leads to nobody")
+        << locator << locator << locator << 0 << false;
 }
 
 void tst_CoordinateInstanceSetDependencies::whoDependsByUnitLocator()
@@ -190,10 +151,12 @@ void tst_CoordinateInstanceSetDependencies::whoDependsByUnitLocator()
     QFETCH(QString, scaled);
     QFETCH(QString, native);
     QFETCH(QString, fieldbus);
+    QFETCH(int, reference);
     QFETCH(bool, isReached);
     InstanceStand stand;
     stand.add(DefinitionBuilder().global(), u"E84"_s, {0});
-    auto *source = stand.add(DefinitionBuilder().property(MeasuringUnitDependency, -3), u"A12"_s);
+    auto *source =
+        stand.add(DefinitionBuilder().property(MeasuringUnitDependency, reference), u"A12"_s);
     auto *receiver = stand.add(DefinitionBuilder().units(scaled, native, fieldbus), u"B07"_s);
     stand.log.attach(receiver, u"receiver"_s);
     source->setOnlineValueText(Axis1, 0, u"9"_s);
@@ -383,7 +346,7 @@ void tst_CoordinateInstanceSetDependencies::hiding()
 {
     InstanceStand stand;
     TestClock clock(stand);
-    const Pair pair = addPair(stand, HidingDependency, 5U, HidingFunctionIndex, 5U);
+    const DependencyPair pair = addPair(stand, HidingDependency, 5U, HidingFunctionIndex, 5U);
     CoordinateInstanceSet *const source = pair.source;
     CoordinateInstanceSet *const receiver = pair.receiver;
     ProgrammedFunctions *firmware = stand.programFirmware();
@@ -524,249 +487,6 @@ void tst_CoordinateInstanceSetDependencies::newProviderAsksKnownFlagsAnew()
     ContainerInternals::bind(*stand.container, nullptr);
     QCOMPARE(stand.log.take().size(), 2);
     QVERIFY(!set->isHidden(Axis1, 1));
-}
-
-void tst_CoordinateInstanceSetDependencies::throttle_data()
-{
-    QTest::addColumn<int>("after");
-    QTest::addColumn<bool>("isDispatched");
-    QTest::newRow("0 ms after the first") << 0 << true;
-    QTest::newRow("1 ms after the first") << 1 << false;
-    QTest::newRow("4999 ms after the first") << 4999 << false;
-    QTest::newRow("5000 ms after the first") << 5000 << true;
-    QTest::newRow("5001 ms after the first") << 5001 << true;
-}
-
-void tst_CoordinateInstanceSetDependencies::throttle()
-{
-    QFETCH(int, after);
-    QFETCH(bool, isDispatched);
-    InstanceStand stand;
-    TestClock clock(stand);
-    const auto [source, receiver] = addPair(stand, HidingDependency, 5U, HidingFunctionIndex, 5U);
-    ProgrammedFunctions *firmware = stand.programFirmware();
-    QVERIFY(!receiver->isHidden(Axis1, 0));
-    firmware->takeCalls();
-    source->setOnlineValueText(Axis1, 0, u"1"_s);
-    QCOMPARE(
-        firmware->takeCalls().filter(u"isHidden"_s), QStringList {u"isHidden 1.B007[00000]"_s});
-    QVERIFY(!suppressionTimer(source));
-    clock.now = clock.now.addMSecs(after);
-    source->setOnlineValueText(Axis1, 0, u"2"_s);
-    QCOMPARE(firmware->callsOf(u"isHidden"_s).size(), isDispatched ? 1 : 0);
-    QCOMPARE(suppressionTimer(source) == nullptr, isDispatched);
-}
-
-void tst_CoordinateInstanceSetDependencies::throttleAtMidnight()
-{
-    InstanceStand stand;
-    TestClock clock(stand);
-    clock.now = QTime(23, 59, 59);
-    const auto [source, receiver] = addPair(stand, HidingDependency, 5U, HidingFunctionIndex, 5U);
-    const ProgrammedFunctions *firmware = stand.programFirmware();
-    QVERIFY(!receiver->isHidden(Axis1, 0));
-    source->setOnlineValueText(Axis1, 0, u"1"_s);
-    const qsizetype before = firmware->callsOf(u"isHidden"_s).size();
-    clock.now = QTime(0, 0, 30);
-    source->setOnlineValueText(Axis1, 0, u"2"_s);
-    QCOMPARE(firmware->callsOf(u"isHidden"_s).size(), before);
-    QVERIFY(suppressionTimer(source));
-}
-
-void tst_CoordinateInstanceSetDependencies::deferredUpdate()
-{
-    InstanceStand stand;
-    TestClock clock(stand);
-    auto *source = stand.add(
-        DefinitionBuilder().elementCount(3).property(HidingDependency, 5U), u"A12"_s, {1, 2});
-    auto *receiver =
-        stand.add(DefinitionBuilder().property(HidingFunctionIndex, 5U), u"B07"_s, {1, 2});
-    ProgrammedFunctions *firmware = stand.programFirmware();
-    for (const eLivingSpace livingSpace : {Axis1, Axis2})
-        QVERIFY(!receiver->isHidden(livingSpace, 0));
-    source->setOnlineValueText(Axis2, 1, u"1"_s);
-    clock.now = clock.now.addMSecs(10);
-    source->setOnlineValueText(Axis2, 1, u"2"_s);
-
-    const QTimer *timer = suppressionTimer(source);
-    QVERIFY(timer);
-    QVERIFY(timer->isSingleShot());
-    QVERIFY(timer->isActive());
-    QCOMPARE(timer->interval(), 5100);
-
-    firmware->takeCalls();
-    source->onSuppressedHidingTimerTimedout();
-    // Living space 0: every instance of the receiver, not axis 2 alone.
-    QCOMPARE(firmware->takeCalls().filter(u"isHidden"_s),
-        (QStringList {u"isHidden 1.B007[00000]"_s, u"isHidden 2.B007[00000]"_s}));
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QVERIFY(!suppressionTimer(source));
-
-    // Neither time nor count was renewed.
-    clock.now = clock.now.addMSecs(10);
-    source->setOnlineValueText(Axis2, 1, u"3"_s);
-    QCOMPARE(firmware->callsOf(u"isHidden"_s).size(), 0);
-    QVERIFY(suppressionTimer(source));
-}
-
-void tst_CoordinateInstanceSetDependencies::deferredUpdateOfABurst()
-{
-    InstanceStand stand;
-    TestClock clock(stand);
-    auto *source = stand.add(DefinitionBuilder()
-                                 .element(0, u"a"_s)
-                                 .property(HidingDependency, 5U)
-                                 .element(1, u"b"_s)
-                                 .property(HidingDependency, 6U)
-                                 .element(2, u"c"_s)
-                                 .property(HidingDependency, 7U),
-        u"A12"_s);
-    auto *receiver = stand.add(DefinitionBuilder().property(HidingFunctionIndex, 6U), u"B07"_s);
-    ProgrammedFunctions *firmware = stand.programFirmware();
-    QVERIFY(!receiver->isHidden(Axis1, 0));
-    source->setOnlineValueText(Axis1, 0, u"1"_s);
-    clock.now = clock.now.addMSecs(1);
-    source->setOnlineValueText(Axis1, 1, u"1"_s);
-    const QTimer *timer = suppressionTimer(source);
-    clock.now = clock.now.addMSecs(1);
-    source->setOnlineValueText(Axis1, 2, u"1"_s);
-    QCOMPARE(source->findChildren<QTimer *>().size(), 1);
-    QCOMPARE(suppressionTimer(source), timer);
-    firmware->takeCalls();
-    // The element of the first suppressed update: its reference is the receiver's.
-    source->onSuppressedHidingTimerTimedout();
-    QCOMPARE(firmware->callsOf(u"isHidden"_s), QStringList {u"isHidden 1.B007[00000]"_s});
-}
-
-void tst_CoordinateInstanceSetDependencies::timeoutWithoutTimer()
-{
-    InstanceStand stand;
-    const auto [source, receiver] = addPair(stand, HidingDependency, 5U, HidingFunctionIndex, 5U);
-    const ProgrammedFunctions *firmware = stand.programFirmware();
-    source->onSuppressedHidingTimerTimedout();
-    QCOMPARE(firmware->calls, QStringList());
-    QVERIFY(receiver->hasInstance(Axis1));
-}
-
-void tst_CoordinateInstanceSetDependencies::timeoutInsideATimeout()
-{
-    InstanceStand stand;
-    TestClock clock(stand);
-    const auto [source, receiver] = addPair(stand, HidingDependency, 5U, HidingFunctionIndex, 5U);
-    ProgrammedFunctions *firmware = stand.programFirmware();
-    QVERIFY(receiver->isVisible(Axis1, 0));
-    source->setOnlineValueText(Axis1, 0, u"1"_s);
-    clock.now = clock.now.addMSecs(1);
-    source->setOnlineValueText(Axis1, 0, u"2"_s);
-    QVERIFY(suppressionTimer(source));
-    firmware->isHidden = [](const ParameterData &, quint16) { return true; };
-    const CoordinateInstanceSet *changed = receiver;
-    int heard = 0;
-    connect(changed, &ParameterInformation::visibilityChanged, source, [&heard, set = source] {
-        ++heard;
-        set->onSuppressedHidingTimerTimedout();
-    });
-    source->onSuppressedHidingTimerTimedout();
-    QCOMPARE(heard, 1);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QVERIFY(!suppressionTimer(source));
-}
-
-void tst_CoordinateInstanceSetDependencies::cyclicHidingIsReported_data()
-{
-    QTest::addColumn<quint32>("userLevel");
-    QTest::addColumn<bool>("isReported");
-    for (const quint32 level : {0U, 4U, 5U, 6U, 7U})
-        QTest::addRow("user of level %u", level) << level << (level == 5);
-}
-
-void tst_CoordinateInstanceSetDependencies::cyclicHidingIsReported()
-{
-    QFETCH(quint32, userLevel);
-    QFETCH(bool, isReported);
-    InstanceStand stand;
-    TestClock clock(stand);
-    auto *source = stand.add(DefinitionBuilder().property(HidingDependency, 5U), u"A12"_s);
-    stand.setUserLevel(userLevel);
-    auto write = [&, value = 0](int times) mutable {
-        for (int i = 0; i < times; ++i) {
-            source->setOnlineValueText(Axis1, 0, QString::number(++value));
-            clock.now = clock.now.addMSecs(1);
-        }
-    };
-    // One that goes through, ten that are suppressed.
-    write(11);
-    QVERIFY(stand.messages.verify());
-    if (isReported) {
-        stand.expectCritical(
-            u"A12 verursacht zyklisch Aktualisierungen der Parametersichtbarkeit. Mehr als zehn "
-            u"davon wurden in den letzten 5 Sekunden unterdrückt!"_s);
-    }
-    write(1);
-    QVERIFY(stand.messages.verify());
-    write(50);
-}
-
-void tst_CoordinateInstanceSetDependencies::cyclicHidingIsReportedAgainAfterADispatch()
-{
-    InstanceStand stand;
-    TestClock clock(stand);
-    auto *source = stand.add(DefinitionBuilder().property(HidingDependency, 5U), u"A12"_s);
-    stand.setUserLevel(5);
-    int value = 0;
-    for (int burst = 0; burst < 2; ++burst) {
-        stand.expectCritical(
-            u"A12 verursacht zyklisch Aktualisierungen der Parametersichtbarkeit. Mehr als zehn "
-            u"davon wurden in den letzten 5 Sekunden unterdrückt!"_s);
-        for (int i = 0; i < 13; ++i) {
-            source->setOnlineValueText(Axis1, 0, QString::number(++value));
-            clock.now = clock.now.addMSecs(1);
-        }
-        QVERIFY(stand.messages.verify());
-        clock.now = clock.now.addMSecs(5000);
-    }
-}
-
-void tst_CoordinateInstanceSetDependencies::otherKindsAreNotThrottled()
-{
-    InstanceStand stand;
-    TestClock clock(stand);
-    const auto [source, receiver] =
-        addPair(stand, PostwriteDependency, 5U, PostwriteFunctionIndex, 5U);
-    const ProgrammedFunctions *firmware = stand.programFirmware();
-    for (int i = 1; i <= 20; ++i) {
-        source->setOnlineValueText(Axis1, 0, QString::number(i));
-        clock.now = clock.now.addMSecs(1);
-    }
-    QCOMPARE(firmware->callsOf(u"runFunction"_s).size(), 20);
-    QVERIFY(receiver->hasInstance(Axis1));
-}
-
-void tst_CoordinateInstanceSetDependencies::throttlesAreIndependent()
-{
-    InstanceStand stand;
-    TestClock clock(stand);
-    auto *first = stand.add(DefinitionBuilder().property(HidingDependency, 5U), u"A12"_s);
-    auto *second = stand.add(DefinitionBuilder().property(HidingDependency, 5U), u"A13"_s);
-    first->setOnlineValueText(Axis1, 0, u"1"_s);
-    clock.now = clock.now.addMSecs(1);
-    second->setOnlineValueText(Axis1, 0, u"1"_s);
-    QVERIFY(!suppressionTimer(second));
-    first->setOnlineValueText(Axis1, 0, u"2"_s);
-    QVERIFY(suppressionTimer(first));
-}
-
-void tst_CoordinateInstanceSetDependencies::clockBelongsToTheContainer()
-{
-    InstanceStand stand;
-    TestClock clock(stand);
-    auto *set = stand.add(DefinitionBuilder().property(HidingDependency, 5U), u"A12"_s);
-    set->setOnlineValueText(Axis1, 0, u"1"_s);
-    clock.now = clock.now.addMSecs(1);
-    set->setOnlineValueText(Axis1, 0, u"2"_s);
-    QVERIFY(suppressionTimer(set));
-    // A pending update goes with the set.
-    stand.container->clear();
 }
 
 QTEST_GUILESS_MAIN(tst_CoordinateInstanceSetDependencies)

@@ -1,6 +1,7 @@
 #include "tests/model/ContainerModel.h"
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -20,6 +21,12 @@ quint32 ContainerModel::readLevel(int parameter, int version)
 {
     constexpr std::array<quint32, ParameterCount> levels {0, 2, 3, 0, 4, 1};
     return parameter == A12 ? quint32(2 * version) : levels[size_t(parameter)];
+}
+
+quint32 ContainerModel::writeLevel(int parameter)
+{
+    constexpr std::array<quint32, ParameterCount> levels {0, 2, 0, 1, 3, 4};
+    return levels[size_t(parameter)];
 }
 
 quint16 ContainerModel::definedCount(int parameter, int version)
@@ -90,9 +97,7 @@ QStringList ContainerModel::take(const Step &step)
             u"c.onlineChanged(%1)"_s.arg(truth(isOnline))};
         break;
     case Step::ReadOnly:
-        isReadOnly = step.number % 2 == 0;
-        told = {u"c.readOnlySetToChange(%1)"_s.arg(truth(isReadOnly)),
-            u"c.readOnlyChanged(%1)"_s.arg(truth(isReadOnly))};
+        told = changeReadOnly(step.number % 2 == 0);
         break;
     case Step::Level:
         told = changeLevel(quint32(step.number % 6));
@@ -163,6 +168,11 @@ bool ContainerModel::isVisible(int parameter, int livingSpace, quint16 element) 
         && readLevel(parameter, p.version) <= level;
 }
 
+bool ContainerModel::isWritable(int parameter) const
+{
+    return !isReadOnly && writeLevel(parameter) <= level;
+}
+
 std::pair<QString, QString> ContainerModel::limits(int parameter, int livingSpace) const
 {
     if (parameter != B07 || firmware == 0)
@@ -194,6 +204,12 @@ QString ContainerModel::container(
 {
     return u"c.parameter%1(%2)"_s.arg(
         QLatin1String(signal), address(parameter, livingSpace, element));
+}
+
+QString ContainerModel::set(
+    const char *signal, int parameter, int livingSpace, quint16 element) const
+{
+    return u"s.%1(%2)"_s.arg(QLatin1String(signal), address(parameter, livingSpace, element));
 }
 
 QString ContainerModel::run(const char *signal, int parameter, int livingSpace) const
@@ -236,7 +252,7 @@ QStringList ContainerModel::update(const Step &step)
             }
         }
     }
-    forgetFlags(step.parameter);
+    forgetAnswers(step.parameter);
     return definitionChanged(step.parameter) + loseElements(step.parameter)
         + askFlagsAnew(step.parameter);
 }
@@ -263,12 +279,27 @@ QStringList ContainerModel::store(
 {
     if (value(parameter, livingSpace, element) == text)
         return {};
+    if (parameter == A12) {
+        // Asked for before the change where nobody did since.
+        for (const quint16 each : elements(C01)) {
+            if (parameters[C01].instances.contains(livingSpace)
+                && !parameters[C01].instances[livingSpace].toldUnits.contains(each))
+                parameters[C01].instances[livingSpace].toldUnits.insert(
+                    each, value(A12, livingSpace, 0));
+        }
+    }
     parameters[size_t(parameter)].instances[livingSpace].values.insert(element, text);
     QStringList told {container("ValueChanged", parameter, livingSpace, element),
         container("NativeValueChanged", parameter, livingSpace, element)};
-    if (parameter != A12)
-        return told;
-    // Post-write before hiding.
+    return parameter == A12 ? told + followers(livingSpace, text) : told;
+}
+
+/// Limits, scaling, post-write, hiding, units.
+QStringList ContainerModel::followers(int livingSpace, const QString &text)
+{
+    QStringList told = followLimits(livingSpace);
+    if (parameters[E01].instances.contains(0))
+        told += container("ValueChanged", E01, 0, 0);
     const int number = text.toInt();
     if (firmware != 0 && parameters[C01].instances.contains(livingSpace)
         && elements(D20).contains(5))
@@ -278,7 +309,42 @@ QStringList ContainerModel::store(
         for (const quint16 each : elements(B07))
             told += askFlagAnew(B07, livingSpace, each);
     }
+    return told + followUnits(livingSpace, text);
+}
+
+QStringList ContainerModel::followLimits(int livingSpace)
+{
+    if (!parameters[B07].instances.contains(livingSpace))
+        return {};
+    QStringList told;
+    for (const quint16 element : elements(B07)) {
+        QString &known = parameters[B07].instances[livingSpace].toldLimits[element];
+        const QString now = limitTexts(livingSpace);
+        if (std::exchange(known, now) != now)
+            told += set("limitsChanged", B07, livingSpace, element);
+    }
     return told;
+}
+
+QStringList ContainerModel::followUnits(int livingSpace, const QString &text)
+{
+    if (!parameters[C01].instances.contains(livingSpace))
+        return {};
+    QStringList told;
+    for (const quint16 element : elements(C01)) {
+        QString &known = parameters[C01].instances[livingSpace].toldUnits[element];
+        if (std::exchange(known, text) != text) {
+            told += set("measuringUnitChanged", C01, livingSpace, element);
+            told += container("MeasuringUnitChanged", C01, livingSpace, element);
+        }
+    }
+    return told;
+}
+
+QString ContainerModel::limitTexts(int livingSpace) const
+{
+    const auto [lower, upper] = limits(B07, livingSpace);
+    return lower + u' ' + upper;
 }
 
 QStringList ContainerModel::storeOnline(
@@ -311,10 +377,28 @@ QStringList ContainerModel::changeLevel(quint32 newLevel)
             for (const quint16 element : elements(i)) {
                 if (isVisible(i, space, element) != before.isVisible(i, space, element))
                     told += container("VisibilityChanged", i, space, element);
+                if (isWritable(i) != before.isWritable(i))
+                    told += set("writabilityChanged", i, space, element);
             }
         }
     }
     return told + QStringList {u"c.accessLevelUpdateFinished()"_s};
+}
+
+QStringList ContainerModel::changeReadOnly(bool newReadOnly)
+{
+    QStringList told {u"c.readOnlySetToChange(%1)"_s.arg(truth(newReadOnly))};
+    const ContainerModel before = *this;
+    isReadOnly = newReadOnly;
+    for (int i = 0; i < ParameterCount; ++i) {
+        for (const int space : parameters[size_t(i)].instances.keys()) {
+            for (const quint16 element : elements(i)) {
+                if (isWritable(i) != before.isWritable(i))
+                    told += set("writabilityChanged", i, space, element);
+            }
+        }
+    }
+    return told + QStringList {u"c.readOnlyChanged(%1)"_s.arg(truth(newReadOnly))};
 }
 
 QStringList ContainerModel::changeCount(quint16 count)
@@ -323,7 +407,7 @@ QStringList ContainerModel::changeCount(quint16 count)
     if (parameter.instances.isEmpty() || isOnline || isReadOnly || count == 0)
         return {};
     parameter.count = count;
-    forgetFlags(B07);
+    forgetAnswers(B07);
     return definitionChanged(B07) + loseElements(B07)
         + QStringList {container("NativeValueChanged", B07, 1, 0)};
 }
@@ -354,7 +438,7 @@ QStringList ContainerModel::load()
                 parameter.instances[space].defaults.insert(element);
             }
         }
-        forgetFlags(i);
+        forgetAnswers(i);
         if (isRecounted)
             told += definitionChanged(i) + loseElements(i);
         told += values;
@@ -405,7 +489,7 @@ QStringList ContainerModel::definitionChanged(int parameter) const
 
 QStringList ContainerModel::askFlagsAnew(int parameter)
 {
-    forgetFlags(parameter);
+    forgetAnswers(parameter);
     QStringList told;
     for (const int space : parameters[size_t(parameter)].instances.keys()) {
         for (const quint16 element : elements(parameter)) {
@@ -435,11 +519,13 @@ bool ContainerModel::answerHidden(int parameter, int livingSpace) const
     return firmware == 1 ? number % 2 != 0 : number > 5 && number != 7;
 }
 
-/// Of elements beyond the count.
-void ContainerModel::forgetFlags(int parameter)
+/// What a change is measured by, and the flags of elements beyond the count.
+void ContainerModel::forgetAnswers(int parameter)
 {
     const QList<quint16> list = elements(parameter);
     for (Instance &instance : parameters[size_t(parameter)].instances) {
+        instance.toldLimits.clear();
+        instance.toldUnits.clear();
         for (const quint16 element : instance.hidden.keys()) {
             if (!list.contains(element))
                 instance.hidden.remove(element);
@@ -480,6 +566,8 @@ void ContainerModel::materialize()
                 }
                 if (!instance.hidden.contains(element))
                     instance.hidden.insert(element, answerHidden(i, space));
+                if (i == B07 && !instance.toldLimits.contains(element))
+                    instance.toldLimits.insert(element, limitTexts(space));
             }
         }
     }

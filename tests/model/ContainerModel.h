@@ -44,8 +44,9 @@ struct Step {
 /// A container as plain maps: what it holds after each step, and what it tells.
 ///
 /// Its device: A12, which others follow; B07, whose limits and visibility follow A12; C01, whose
-/// post-write function, run at a change of A12, writes D20[5]; the record D20; the global E01; the
-/// moveable Q00. Firmware 1 and 2 answer differently, 0 is none.
+/// post-write function, run at a change of A12, writes D20[5], and whose fieldbus unit is A12's text; the
+/// record D20; the global E01, whose scaling follows A12; the moveable Q00. Firmware 1 and 2 answer
+/// differently, 0 is none.
 class ContainerModel {
 public:
     enum eParameter { A12, B07, C01, D20, E01, Q00, ParameterCount };
@@ -58,6 +59,9 @@ public:
         /// Elements whose default is stored: one that is not is new where it is loaded.
         QSet<quint16> defaults;
         QMap<quint16, bool> hidden;
+        /// What a change is measured by: asked for since the functions or the definition changed.
+        QMap<quint16, QString> toldLimits;
+        QMap<quint16, QString> toldUnits;
 
         bool operator==(const Instance &) const = default;
     };
@@ -75,6 +79,7 @@ public:
     };
 
     static quint32 readLevel(int parameter, int version);
+    static quint32 writeLevel(int parameter);
     /// Of a definition.
     static quint16 definedCount(int parameter, int version);
     static QList<quint16> recordElements(int version);
@@ -89,6 +94,7 @@ public:
     QString coordinateText(int parameter) const;
     QString value(int parameter, int livingSpace, quint16 element) const;
     bool isVisible(int parameter, int livingSpace, quint16 element) const;
+    bool isWritable(int parameter) const;
     /// Lower and upper limit.
     std::pair<QString, QString> limits(int parameter, int livingSpace) const;
 
@@ -102,6 +108,8 @@ private:
     bool isThere(int parameter, int livingSpace, quint16 element) const;
     QString address(int parameter, int livingSpace, quint16 element) const;
     QString container(const char *signal, int parameter, int livingSpace, quint16 element) const;
+    /// Of a set alone.
+    QString set(const char *signal, int parameter, int livingSpace, quint16 element) const;
     QString run(const char *signal, int parameter, int livingSpace) const;
 
     QStringList create(const Step &step);
@@ -110,8 +118,13 @@ private:
     QStringList clear();
     QStringList store(int parameter, int livingSpace, quint16 element, const QString &text);
     QStringList storeOnline(int parameter, int livingSpace, quint16 element, const QString &text);
+    QStringList followers(int livingSpace, const QString &text);
+    QStringList followLimits(int livingSpace);
+    QStringList followUnits(int livingSpace, const QString &text);
+    QString limitTexts(int livingSpace) const;
     QStringList arrived(int parameter, int livingSpace, quint16 element);
     QStringList changeLevel(quint32 newLevel);
+    QStringList changeReadOnly(bool newReadOnly);
     QStringList changeCount(quint16 count);
     QStringList load();
     QStringList startRun(const Step &step);
@@ -120,7 +133,7 @@ private:
     QStringList askFlagsAnew(int parameter);
     QStringList askFlagAnew(int parameter, int livingSpace, quint16 element);
     bool answerHidden(int parameter, int livingSpace) const;
-    void forgetFlags(int parameter);
+    void forgetAnswers(int parameter);
     /// Beyond its count a simple parameter has the default of element 0, and stores none.
     bool storesDefault(int parameter, quint16 element) const;
     void save();

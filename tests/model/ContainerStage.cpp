@@ -34,12 +34,15 @@ std::unique_ptr<ParameterDefinition> makeDefinition(int parameter, int version)
     builder.identifier(name(parameter))
         .coordinates({name(parameter)})
         .version(quint32(version) + 1)
-        .levels(ContainerModel::readLevel(parameter, version), 0);
+        .levels(
+            ContainerModel::readLevel(parameter, version), ContainerModel::writeLevel(parameter));
     switch (parameter) {
     case ContainerModel::A12:
         builder.property(LimitDependency, 1)
+            .property(ScalingDependency, 1)
             .property(PostwriteDependency, 1)
-            .property(HidingDependency, 1);
+            .property(HidingDependency, 1)
+            .property(MeasuringUnitDependency, 1);
         break;
     case ContainerModel::B07:
         builder.elementCount(ContainerModel::definedCount(parameter, version))
@@ -47,14 +50,14 @@ std::unique_ptr<ParameterDefinition> makeDefinition(int parameter, int version)
             .property(HidingFunctionIndex, 1U);
         break;
     case ContainerModel::C01:
-        builder.property(PostwriteFunctionIndex, 1U);
+        builder.property(PostwriteFunctionIndex, 1U).units({}, {}, u"<localAxis:A12>"_s);
         break;
     case ContainerModel::D20:
         for (const quint16 element : ContainerModel::recordElements(version))
             builder.element(element, u"x"_s);
         break;
     case ContainerModel::E01:
-        builder.global();
+        builder.global().property(ScalingFunctionIndex, 1U);
         break;
     default:
         break;
@@ -239,6 +242,15 @@ void ContainerStage::create(const Step &step)
                 m_log.note(u"run%1(%2 %3)"_s.arg(told, coordinate.toText()).arg(int(space)));
             });
     }
+    const std::pair<void (ParameterInformation::*)(ParameterAddress), QString> ofTheSetAlone[] = {
+        {&ParameterInformation::limitsChanged, u"limitsChanged"_s},
+        {&ParameterInformation::writabilityChanged, u"writabilityChanged"_s},
+        {&ParameterInformation::measuringUnitChanged, u"measuringUnitChanged"_s}};
+    for (const auto &[signal, told] : ofTheSetAlone) {
+        connect(created, signal, this, [this, told = told](const ParameterAddress &at) {
+            m_log.note(u"s.%1(%2)"_s.arg(told, at.toSortableText()));
+        });
+    }
     if (isHostile())
         listen(created);
 }
@@ -324,6 +336,8 @@ QString ContainerStage::difference(const ContainerModel &model) const
                     return place + value + u" instead of "_s + model.value(i, space, element);
                 if (set->isVisible(at, element) != model.isVisible(i, space, element))
                     return place + u"visibility"_s;
+                if (set->isWritable(at, element) != model.isWritable(i))
+                    return place + u"writability"_s;
                 const auto [lower, upper] = model.limits(i, space);
                 if (set->lowerLimitText(at, element) != lower
                     || set->upperLimitText(at, element) != upper)

@@ -25,10 +25,7 @@ inline void bind(
         provider ? std::make_unique<GuardedFunctionProvider>(std::move(provider)) : nullptr;
     if (internals->functionProvider)
         internals->functionProvider->setCallbackProvider(&internals->callbackDelegate);
-    for (const QPointer<CoordinateInstanceSet> &set : internals->guardedSets()) {
-        if (set)
-            set->askKnownFlagsAnew();
-    }
+    internals->askKnownFlagsAnew();
 }
 
 } // namespace ContainerInternals

@@ -33,8 +33,8 @@ public:
     /// Key "activeLanguage".
     virtual QVariant systemProperty(const QString &key) = 0;
     /// Keys "domain", "parameterChangeTag", and "change": a text that names the outermost change of a
-    /// value that runs with all that follows from it, another one for each; empty while none runs.
-    /// An unknown key gives an empty text.
+    /// value, or round of questions, that runs with all that follows from it, another one for each;
+    /// empty while none runs. An unknown key gives an empty text.
     virtual QString containerText(const QString &key) = 0;
     virtual void addInformationMessage(const QString &text) = 0;
     virtual void addWarningMessage(const QString &text) = 0;
