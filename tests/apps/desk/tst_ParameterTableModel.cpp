@@ -75,7 +75,7 @@ QByteArray manyRows()
 {
     return R"json({
   "format": "kr-device-description", "version": 1,
-  "family": {"identifier": 79, "name": "Many", "hasPhysicalAxes": true, "axes": [1]},
+  "family": {"identifier": 80, "name": "Many", "hasPhysicalAxes": true, "axes": [1]},
   "languages": ["de", "en"], "dataTypes": ["UINT16"],
   "parameters": [
     {"number": 1, "coordinates": ["K01"], "name": {"de": "Viele", "en": "Many"}, "global": true,
