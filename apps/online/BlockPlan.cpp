@@ -13,6 +13,41 @@ bool continues(const RegisterSpan &block, const RegisterSpan &next)
         && next.end() - block.first <= BlockPlan::LongestBlock;
 }
 
+bool isReadWith(const MappedValue &leader, const MappedValue &value)
+{
+    return value.span.unit == leader.span.unit && value.place.coordinate == leader.place.coordinate
+        && value.onlineOrder == leader.onlineOrder;
+}
+
+/// The registers from element 0 of a record to the last element of the same order; of any other value its
+/// own ones.
+RegisterSpan spanTogether(const RegisterMap &map, const QList<qsizetype> &values, qsizetype index)
+{
+    const MappedValue &first = map.values().at(values.at(index));
+    RegisterSpan span = first.span;
+    if (!first.leadsRecord)
+        return span;
+    for (qsizetype i = index + 1; i < values.size(); ++i) {
+        const MappedValue &next = map.values().at(values.at(i));
+        if (!isReadWith(first, next))
+            break;
+        span.count = quint16(next.span.end() - span.first);
+    }
+    return span;
+}
+
+void putLeadersLast(const RegisterMap &map, QList<qsizetype> &values)
+{
+    for (auto leader = values.begin(); leader != values.end(); ++leader) {
+        const MappedValue &first = map.values().at(*leader);
+        if (!first.leadsRecord)
+            continue;
+        const auto end = std::find_if(leader + 1, values.end(),
+            [&](qsizetype value) { return !isReadWith(first, map.values().at(value)); });
+        leader = std::rotate(leader, leader + 1, end);
+    }
+}
+
 } // namespace
 
 QList<qsizetype> BlockPlan::inOnlineOrder(const RegisterMap &map, QList<qsizetype> values)
@@ -32,9 +67,11 @@ QList<qsizetype> BlockPlan::inOnlineOrder(const RegisterMap &map, QList<qsizetyp
 QList<BlockPlan::Block> BlockPlan::blocksOf(const RegisterMap &map, const QList<qsizetype> &values)
 {
     QList<Block> blocks;
-    for (const qsizetype value : inOnlineOrder(map, values)) {
+    const QList<qsizetype> sorted = inOnlineOrder(map, values);
+    for (qsizetype i = 0; i < sorted.size(); ++i) {
+        const qsizetype value = sorted.at(i);
         const RegisterSpan &span = map.values().at(value).span;
-        if (blocks.isEmpty() || !continues(blocks.constLast().span, span)) {
+        if (blocks.isEmpty() || !continues(blocks.constLast().span, spanTogether(map, sorted, i))) {
             blocks.append({span, {value}});
             continue;
         }
@@ -42,5 +79,7 @@ QList<BlockPlan::Block> BlockPlan::blocksOf(const RegisterMap &map, const QList<
         block.span.count = quint16(span.end() - block.span.first);
         block.values.append(value);
     }
+    for (Block &block : blocks)
+        putLeadersLast(map, block.values);
     return blocks;
 }

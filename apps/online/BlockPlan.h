@@ -11,7 +11,8 @@ namespace BlockPlan {
 
 struct Block {
     RegisterSpan span;
-    /// Positions in RegisterMap::values(), in the order of reading.
+    /// Positions in RegisterMap::values(), in the order in which they are to be taken: as they are read,
+    /// but element 0 of a record behind its other elements, so that who hears of it finds these.
     QList<qsizetype> values;
 };
 
@@ -22,8 +23,8 @@ constexpr int LongestGap = 8;
 
 /// Ascending by property 45, equal ones by unit and register.
 QList<qsizetype> inOnlineOrder(const RegisterMap &map, QList<qsizetype> values);
-/// In that order. A block goes on as long as
-/// the next value lies in its unit behind it, near enough.
+/// In that order. A block goes on as long as the next value lies in its unit behind it, near enough. The
+/// elements of a record that one block can hold are not parted.
 QList<Block> blocksOf(const RegisterMap &map, const QList<qsizetype> &values);
 
 } // namespace BlockPlan

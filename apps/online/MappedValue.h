@@ -26,6 +26,8 @@ struct MappedValue {
     /// The drive keeps it; any other writable value is a command.
     bool isStored = true;
     bool isReadOnly = false;
+    /// Element 0 of a record: what it says holds for the other ones, as the idle action for its result.
+    bool leadsRecord = false;
     /// Functions of the device may write when it changes.
     bool leadsToFunctions = false;
     /// What the drive may need beyond the usual for an answer.

@@ -52,10 +52,15 @@ MappedValue mappedValue(const ParameterInformation &parameter, const ValuePlace 
     MappedValue value;
     value.place = place;
     value.address = parameter.address(place.livingSpace, place.element);
-    value.addressText = place.addressText(parameter);
+    // Element 1 is not to be taken for the parameter where the project has but one.
+    const bool isCutOff =
+        !parameter.isRecordParameter() && place.element >= parameter.elementCount();
+    value.addressText = isCutOff ? value.address.toText(parameter.isGlobalParameter(), true)
+                                 : place.addressText(parameter);
     value.onlineOrder = of(P::OnlineOrder).asUint32();
     value.isStored = of(P::MemoryAllocation).asInt32() == 0;
     value.isReadOnly = of(P::NoWrite).asInt32() != 0;
+    value.leadsRecord = place.element == 0 && parameter.isRecordParameter();
     value.leadsToFunctions = of(P::PostwriteDependency).asInt32() != 0
         || of(P::PrereadDependency).asInt32() != 0 || of(P::PostreadDependency).asInt32() != 0
         || of(P::PrewriteDependency).asInt32() != 0;

@@ -36,6 +36,36 @@ QString text(const QList<BlockPlan::Block> &blocks)
     return texts.join(u' ');
 }
 
+/// 120 values of one register each from 16 on, behind them two records of three and one of 130 registers.
+QByteArray deviceOfRecords()
+{
+    QByteArrayList elements;
+    for (int e = 0; e < 65; ++e)
+        elements.append("{\"number\": " + QByteArray::number(e)
+            + R"(, "name": "E", "dataType": "UINT32", "onlineOrder": 1})");
+    return R"({"format": "kr-device-description", "version": 1,
+  "family": {"identifier": 9, "name": "Device", "hasPhysicalAxes": true, "axes": [1]},
+  "languages": ["de"], "dataTypes": ["UINT16", "UINT32"],
+  "parameters": [
+    {"number": 1, "coordinates": ["A01"], "name": "N", "global": true, "elementCount": 120,
+     "elements": [{"dataType": "UINT16", "onlineOrder": 1}]},
+    {"number": 2, "coordinates": ["A02"], "name": "N", "global": true, "type": "record",
+     "elements": [{"number": 0, "name": "E", "dataType": "UINT16", "onlineOrder": 1},
+                  {"number": 1, "name": "E", "dataType": "UINT16", "onlineOrder": 1},
+                  {"number": 2, "name": "E", "dataType": "UINT16", "onlineOrder": 1}]},
+    {"number": 3, "coordinates": ["A03"], "name": "N", "global": true, "type": "record",
+     "elements": [{"number": 0, "name": "E", "dataType": "UINT16", "onlineOrder": 1},
+                  {"number": 1, "name": "E", "dataType": "UINT16", "onlineOrder": 1},
+                  {"number": 2, "name": "E", "dataType": "UINT16", "onlineOrder": 1}]},
+    {"number": 4, "coordinates": ["A04"], "name": "N", "global": true, "type": "record",
+     "elements": [)"
+        + elements.join(", ") + R"(]},
+    {"number": 5, "coordinates": ["A05"], "name": "N", "global": true, "type": "record",
+     "elements": [{"number": 0, "name": "E", "dataType": "UINT16", "onlineOrder": 3},
+                  {"number": 1, "name": "E", "dataType": "UINT16", "onlineOrder": 4}]}
+  ]})";
+}
+
 QList<qsizetype> range(qsizetype first, qsizetype count)
 {
     QList<qsizetype> values;
@@ -54,6 +84,8 @@ private Q_SLOTS:
     void partsValues();
     void followsTheOnlineOrder();
     void keepsUnitsApart();
+    void takesTheFirstElementOfARecordLast();
+    void keepsRecordsTogether();
 };
 
 void tst_BlockPlan::partsValues_data()
@@ -110,6 +142,36 @@ void tst_BlockPlan::keepsUnitsApart()
     // Position 202 is A03 of axis 1: unit 2.
     QCOMPARE(text(BlockPlan::blocksOf(RegisterMap(project->container()), {199, 202})),
         QStringLiteral("1:215+1 2:16+1"));
+}
+
+void tst_BlockPlan::takesTheFirstElementOfARecordLast()
+{
+    const OnlineDevice device(deviceOfRecords());
+    const auto project = device.open();
+    const RegisterMap map(project->container());
+    // Two records: positions 120 to 122 and 123 to 125.
+    const auto blocks = BlockPlan::blocksOf(map, range(119, 7));
+    QCOMPARE(text(blocks), QStringLiteral("1:135+7"));
+    QCOMPARE(blocks.at(0).values, (QList<qsizetype> {119, 121, 122, 120, 124, 125, 123}));
+    QCOMPARE(map.values().size(), 193);
+    // Not behind what has a greater order.
+    QCOMPARE(BlockPlan::blocksOf(map, {191, 192}).at(0).values, (QList<qsizetype> {191, 192}));
+    QCOMPARE(BlockPlan::blocksOf(map, {120}).at(0).values, QList<qsizetype> {120});
+}
+
+void tst_BlockPlan::keepsRecordsTogether()
+{
+    const OnlineDevice device(deviceOfRecords());
+    const auto project = device.open();
+    const RegisterMap map(project->container());
+    // 120 and 3 are within the 125; the second record is not.
+    QCOMPARE(text(BlockPlan::blocksOf(map, range(0, 126))), QStringLiteral("1:16+123 1:139+3"));
+    // Without its first element it is parted like anything else.
+    QCOMPARE(text(BlockPlan::blocksOf(map, range(0, 123) + QList<qsizetype> {124, 125})),
+        QStringLiteral("1:16+125 1:141+1"));
+    // A record that no block can hold.
+    QCOMPARE(text(BlockPlan::blocksOf(map, range(123, 68))),
+        QStringLiteral("1:139+3 1:142+124 1:266+6"));
 }
 
 QTEST_GUILESS_MAIN(tst_BlockPlan)
