@@ -96,6 +96,15 @@ QString ContainerValues::nativeText(const ValuePlace &place) const
     return m_container.readValueNative(place.livingSpace, place.coordinate, place.element, false);
 }
 
+bool ContainerValues::holds(const MappedValue &value) const
+{
+    const ParameterSetup *parameter = parameterAt(value.place.coordinate);
+    // Every element that is there has this property.
+    return parameter
+        && parameter->hasElementProperty(
+            value.place.element, eParameterProperty::IsSimpleParameter);
+}
+
 QList<quint16> ContainerValues::registers(const MappedValue &value) const
 {
     const QByteArray bytes = m_container.nativeValueBinary(value.address, BigEndian);
@@ -168,12 +177,17 @@ void ContainerValues::store(const Adoption &adoption, const QByteArray &bytes)
         return;
     }
     const ValuePlace &place = adoption.place;
-    if (!m_parameter || m_coordinate != place.coordinate) {
-        m_parameter = m_container.parameterSetup(place.coordinate);
-        m_coordinate = place.coordinate;
+    if (ParameterSetup *parameter = parameterAt(place.coordinate))
+        parameter->setOnlineValueText(place.livingSpace, place.element, adoption.text);
+}
+
+ParameterSetup *ContainerValues::parameterAt(const ParameterCoordinate &coordinate) const
+{
+    if (!m_parameter || m_coordinate != coordinate) {
+        m_parameter = m_container.parameterSetup(coordinate);
+        m_coordinate = coordinate;
     }
-    if (m_parameter)
-        m_parameter->setOnlineValueText(place.livingSpace, place.element, adoption.text);
+    return m_parameter;
 }
 
 void ContainerValues::onChanged(const ParameterAddress &address)

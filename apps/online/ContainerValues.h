@@ -21,7 +21,9 @@ public:
     explicit ContainerValues(ParameterContainer &container);
 
     QString nativeText(const MappedValue &value) const;
-    /// Empty where the container has the value no more.
+    /// Whether the container has it; a project may have fewer elements than the device.
+    bool holds(const MappedValue &value) const;
+    /// Empty where the container does not hold the value.
     QList<quint16> registers(const MappedValue &value) const;
     /// What became of a value of the drive.
     struct Adopted {
@@ -62,6 +64,8 @@ private:
     };
 
     QString nativeText(const ValuePlace &place) const;
+    /// Null where there is none.
+    ParameterSetup *parameterAt(const ParameterCoordinate &coordinate) const;
     void store(const Adoption &adoption, const QByteArray &bytes);
     void onChanged(const ParameterAddress &address);
     void onAllTold(const ParameterAddress &address);
@@ -70,8 +74,8 @@ private:
 
     ParameterContainer &m_container;
     /// Values come parameter by parameter: the last one that was looked for, and where it stood.
-    QPointer<ParameterSetup> m_parameter;
-    ParameterCoordinate m_coordinate;
+    mutable QPointer<ParameterSetup> m_parameter;
+    mutable ParameterCoordinate m_coordinate;
     /// Null while nothing is being stored. **Owner** adopt().
     Adoption *m_adoption = nullptr;
 };

@@ -6,12 +6,12 @@
 
 using std::chrono::milliseconds;
 
-void CyclicNeeds::add(const ParameterAddress &address, milliseconds now)
+void CyclicNeeds::add(const ParameterAddress &address, milliseconds due)
 {
     m_addresses.insert(address);
     const qsizetype value = m_map ? m_map->indexOf(address) : -1;
     if (value >= 0 && !contains(value))
-        wait(value, now);
+        wait(value, due);
 }
 
 void CyclicNeeds::remove(const ParameterAddress &address)
@@ -20,6 +20,11 @@ void CyclicNeeds::remove(const ParameterAddress &address)
     const qsizetype value = m_map ? m_map->indexOf(address) : -1;
     if (value >= 0)
         m_states[std::size_t(value)].step = eStep::NotNeeded;
+}
+
+void CyclicNeeds::clear()
+{
+    *this = CyclicNeeds(m_interval);
 }
 
 void CyclicNeeds::setMap(const RegisterMap *map, milliseconds now)

@@ -23,9 +23,11 @@ public:
     }
 
     /// Remembered also while there is no map. An address that the map lacks is remembered for the
-    /// next one.
-    void add(const ParameterAddress &address, milliseconds now);
+    /// next one. What is needed already keeps its time.
+    void add(const ParameterAddress &address, milliseconds due);
     void remove(const ParameterAddress &address);
+    /// Nothing is needed any more, and there is no map.
+    void clear();
     /// **Owner** the caller; the map outlives the use. All values are due at once. Null: none.
     void setMap(const RegisterMap *map, milliseconds now);
 
@@ -51,7 +53,7 @@ private:
 
     void wait(qsizetype value, milliseconds due);
 
-    const milliseconds m_interval;
+    milliseconds m_interval;
     const RegisterMap *m_map = nullptr;
     QSet<ParameterAddress> m_addresses;
     /// By position.

@@ -90,8 +90,8 @@ void DriveWriter::send(qsizetype value)
     if (registers.isEmpty()) {
         m_pending.remove(value);
         finish(value,
-            {mapped.place, mapped.addressText, eKind::Lost, {}, {},
-                tr("es gibt den Wert nicht mehr")});
+            {mapped.place, mapped.addressText, eKind::Unmapped, {}, {},
+                OnlineOutcome::tr("das Projekt hat den Wert nicht")});
         return;
     }
     m_pending.insert(value, {eStep::Sent, m_values.nativeText(mapped), {}, false});
@@ -110,41 +110,93 @@ void DriveWriter::onFinished(quint32 request, const OnlineAnswer &answer)
     m_requests.erase(found);
     Pending &pending = m_pending[value];
     if (pending.step == eStep::ReadBack) {
-        conclude(value, answer);
+        conclude(value, request, answer);
         return;
     }
     pending.answer = answer;
     pending.step = eStep::ReadBack;
     // Also where the drive refused, and where its answer is missing: it tells what arrived.
-    const MappedValue &mapped = m_map->values().at(value);
-    const quint32 number = m_exchange.read(mapped.span, mapped.additionalReadTime);
+    readBack(value, readBackSpan(m_map->values().at(value)));
+}
+
+void DriveWriter::readBack(qsizetype value, const RegisterSpan &span)
+{
+    m_pending[value].readBack = span;
+    const quint32 number = m_exchange.read(span, m_map->values().at(value).additionalReadTime);
     m_requests.insert(number, value);
     m_lastReadBacks.insert(value, number);
 }
 
-void DriveWriter::conclude(qsizetype value, const OnlineAnswer &answer)
+RegisterSpan DriveWriter::readBackSpan(const MappedValue &value) const
+{
+    RegisterSpan span = value.span;
+    if (!value.leadsRecord || value.isStored)
+        return span;
+    const auto [first, last] = m_map->positionsOf(value.place.coordinate, value.place.livingSpace);
+    const int count = m_map->values().at(last).span.end() - span.first;
+    if (count <= BlockPlan::LongestBlock)
+        span.count = quint16(count);
+    return span;
+}
+
+void DriveWriter::concludeUnknown(qsizetype value, const OnlineAnswer &answer)
+{
+    const MappedValue &mapped = m_map->values().at(value);
+    // An element may be one that the drive lets nobody read.
+    if (m_pending.value(value).readBack != mapped.span) {
+        readBack(value, mapped.span);
+        return;
+    }
+    const Pending pending = m_pending.take(value);
+    const bool isRefused = pending.answer.kind == OnlineAnswer::eKind::Refused;
+    const QPointer<QObject> guard(this);
+    const quint32 run = m_runs;
+    finish(value,
+        {mapped.place, mapped.addressText, isRefused ? eKind::Refused : eKind::Lost, pending.sent,
+            {},
+            isRefused ? pending.answer.reason : tr("nicht zurückgelesen: %1").arg(answer.reason)});
+    if (guard && m_runs == run)
+        Q_EMIT leftUnknown(value);
+}
+
+void DriveWriter::conclude(qsizetype value, quint32 request, const OnlineAnswer &answer)
 {
     if (m_pending.value(value).isToBeRepeated) {
         send(value);
         return;
     }
-    // Listeners may end the run, and the map with it.
-    const MappedValue mapped = m_map->values().at(value);
-    if (answer.kind != OnlineAnswer::eKind::Good || answer.registers.size() != mapped.span.count) {
-        const Pending pending = m_pending.take(value);
-        const bool isRefused = pending.answer.kind == OnlineAnswer::eKind::Refused;
-        finish(value,
-            {mapped.place, mapped.addressText, isRefused ? eKind::Refused : eKind::Lost,
-                pending.sent, {},
-                isRefused ? pending.answer.reason
-                          : tr("nicht zurückgelesen: %1").arg(answer.reason)});
+    const RegisterSpan span = m_pending.value(value).readBack;
+    if (answer.kind != OnlineAnswer::eKind::Good || answer.registers.size() != span.count) {
+        concludeUnknown(value, answer);
         return;
     }
+    // Listeners may end the run, and the map with it.
+    const MappedValue mapped = m_map->values().at(value);
+    const QByteArray bytes = RegisterBytes::flat(answer.registers);
     const QPointer<QObject> guard(this);
     const quint32 run = m_runs;
-    const ContainerValues::Adopted adopted = m_values.adopt(mapped,
-        RegisterBytes::valueAt(RegisterBytes::flat(answer.registers), 0, *mapped.type), guard);
+    if (span != mapped.span) {
+        BlockPlan::Block others {span, {}};
+        const auto [first, last] =
+            m_map->positionsOf(mapped.place.coordinate, mapped.place.livingSpace);
+        for (qsizetype other = value + 1; other <= last; ++other)
+            others.values.append(other);
+        Q_EMIT recordReadBack(others, bytes, request);
+        // What was asked for before and comes behind is older.
+        if (guard && m_runs == run) {
+            for (const qsizetype other : std::as_const(others.values))
+                m_lastReadBacks.insert(other, request);
+        }
+    }
     // A run that was ended has reported the value.
+    if (!guard || m_runs != run)
+        return;
+    if (m_pending.value(value).isToBeRepeated) {
+        send(value);
+        return;
+    }
+    const ContainerValues::Adopted adopted =
+        m_values.adopt(mapped, RegisterBytes::valueAt(bytes, 0, *mapped.type), guard);
     if (!guard || m_runs != run)
         return;
     const Pending pending = m_pending.take(value);

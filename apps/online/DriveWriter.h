@@ -1,5 +1,6 @@
 #pragma once
 
+#include "apps/online/BlockPlan.h"
 #include "apps/online/OnlineAnswer.h"
 #include "apps/online/OnlineOutcome.h"
 
@@ -40,6 +41,13 @@ public:
     quint32 lastReadBack(qsizetype value) const { return m_lastReadBacks.value(value); }
 
 Q_SIGNALS:
+    /// Elements of a record came with the command at its head: they are to be taken before it.
+    /// `bytes` are those of all registers of the block, `request` is the number of the exchange's
+    /// request.
+    void recordReadBack(const BlockPlan::Block &block, const QByteArray &bytes, quint32 request);
+    /// What the drive has now could not be read; the container has what was to be written. Behind
+    /// finished.
+    void leftUnknown(qsizetype value);
     void finished(qsizetype value, const OnlineOutcome &outcome);
 
 private:
@@ -50,13 +58,20 @@ private:
         QString sent;
         OnlineAnswer answer;
         bool isToBeRepeated = false;
+        /// While it is read back: of the value, or of all elements of its record.
+        RegisterSpan readBack {};
     };
 
     void send(qsizetype value);
     /// Sends the next ones of equal order where all before them are back.
     void sendNext();
     void onFinished(quint32 request, const OnlineAnswer &answer);
-    void conclude(qsizetype value, const OnlineAnswer &answer);
+    void readBack(qsizetype value, const RegisterSpan &span);
+    /// Of a command at the head of a record that of all elements: it may be over already, and who hears
+    /// of that wants the result.
+    RegisterSpan readBackSpan(const MappedValue &value) const;
+    void concludeUnknown(qsizetype value, const OnlineAnswer &answer);
+    void conclude(qsizetype value, quint32 request, const OnlineAnswer &answer);
     void finish(qsizetype value, const OnlineOutcome &outcome);
     static OnlineOutcome outcomeOf(
         const MappedValue &value, const Pending &pending, const QString &kept);

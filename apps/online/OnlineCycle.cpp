@@ -11,10 +11,20 @@
 
 #include <QtCore/QPointer>
 
+#include <algorithm>
 #include <utility>
 
 using eKind = OnlineOutcome::eKind;
 using std::chrono::milliseconds;
+
+namespace {
+
+std::optional<milliseconds> earliest(std::optional<milliseconds> a, std::optional<milliseconds> b)
+{
+    return a && b ? std::min(*a, *b) : (a ? a : b);
+}
+
+} // namespace
 
 OnlineCycle::OnlineCycle(ParameterContainer &container, RequestExchange &exchange,
     OnlineClock &clock, const OnlineRules &rules)
@@ -25,6 +35,8 @@ OnlineCycle::OnlineCycle(ParameterContainer &container, RequestExchange &exchang
     , m_reader(exchange)
     , m_writer(exchange, m_values)
     , m_cyclic(rules.cycleInterval)
+    , m_unknown(rules.longestPause)
+    , m_unknownPause(rules.longestPause)
 {
     connect(&m_values, &ContainerValues::changedHere, this, &OnlineCycle::onChangedHere);
     connect(
@@ -36,7 +48,9 @@ OnlineCycle::OnlineCycle(ParameterContainer &container, RequestExchange &exchang
     connect(&clock, &OnlineClock::rang, this, &OnlineCycle::onRang);
     connect(&m_reader, &DriveReader::blockRead, this, &OnlineCycle::onBlockRead);
     connect(&m_reader, &DriveReader::blockFailed, this, &OnlineCycle::onBlockFailed);
+    connect(&m_writer, &DriveWriter::recordReadBack, this, &OnlineCycle::onBlockRead);
     connect(&m_writer, &DriveWriter::finished, this, &OnlineCycle::onWritten);
+    connect(&m_writer, &DriveWriter::leftUnknown, this, &OnlineCycle::onLeftUnknown);
 }
 
 void OnlineCycle::start(const RegisterMap &map)
@@ -47,6 +61,7 @@ void OnlineCycle::start(const RegisterMap &map)
     m_writer.start(map);
     m_requests.assign(std::size_t(map.values().size()), Request());
     m_cyclic.setMap(&map, m_clock.now());
+    m_unknown.setMap(&map, m_clock.now());
     arm();
     const QPointer<OnlineCycle> guard(this);
     const QList<ParameterAddress> unmapped = m_cyclic.unmapped();
@@ -65,6 +80,7 @@ void OnlineCycle::stop(const QString &reason)
     m_exchange.clear();
     m_reader.stop();
     m_cyclic.setMap(nullptr, m_clock.now());
+    m_unknown.clear();
     m_clock.clearAlarm(eOnlineAlarm::Cycle);
     std::vector<Request> requests = std::exchange(m_requests, {});
     const QList<qsizetype> writes = m_writer.stop();
@@ -114,13 +130,21 @@ void OnlineCycle::onChangedHere(const ParameterAddress &address)
         reportUnmapped(address);
     else if (!m_map->values().at(value).isReadOnly)
         m_writer.write(value);
+    else
+        review(value);
 }
 
 void OnlineCycle::onChangedByFunction(const ParameterAddress &address)
 {
     const qsizetype value = m_map ? m_map->indexOf(address) : -1;
+    if (value >= 0)
+        review(value);
+}
+
+void OnlineCycle::review(qsizetype value)
+{
     // Functions that correct each other would have values read without end.
-    if (value < 0 || m_isReviewing)
+    if (m_isReviewing)
         return;
     m_requests[std::size_t(value)].isReview = true;
     m_reader.want(value);
@@ -135,6 +159,12 @@ void OnlineCycle::onWritten(qsizetype value, const OnlineOutcome &outcome)
         arm();
     }
     Q_EMIT finished({{value, outcome}});
+}
+
+void OnlineCycle::onLeftUnknown(qsizetype value)
+{
+    m_unknown.add(m_map->values().at(value).address, m_clock.now());
+    arm();
 }
 
 void OnlineCycle::onNeeded(const ParameterAddress &address, bool isNeeded)
@@ -158,6 +188,10 @@ void OnlineCycle::onNeededOnce(const ParameterAddress &address)
         return;
     const qsizetype value = m_map->indexOf(address);
     if (value >= 0) {
+        if (const auto parameter = m_container.parameterInformation(address.coordinate())) {
+            connect(parameter, &ParameterInformation::allElementsConsistenceOnceCanceled, this,
+                &OnlineCycle::onCanceled, Qt::UniqueConnection);
+        }
         m_requests[std::size_t(value)].isWaitedFor = true;
         read({value});
         return;
@@ -168,12 +202,25 @@ void OnlineCycle::onNeededOnce(const ParameterAddress &address)
         cancelWaiting(placeOf(address));
 }
 
+void OnlineCycle::onCanceled(const ParameterCoordinate &coordinate, eLivingSpace livingSpace)
+{
+    if (!m_map)
+        return;
+    const bool isGlobal = m_container.isGlobalParameter(coordinate);
+    const auto [first, last] =
+        m_map->positionsOf(coordinate, isGlobal ? eLivingSpace::Global : livingSpace);
+    for (qsizetype value = first; value <= last; ++value)
+        m_requests[std::size_t(value)].isWaitedFor = false;
+}
+
 void OnlineCycle::onRang(eOnlineAlarm alarm)
 {
     if (alarm != eOnlineAlarm::Cycle || !m_map)
         return;
-    for (const qsizetype value : m_cyclic.takeDue(m_clock.now()))
-        m_reader.want(value);
+    for (CyclicNeeds *needs : {&m_cyclic, &m_unknown}) {
+        for (const qsizetype value : needs->takeDue(m_clock.now()))
+            m_reader.want(value);
+    }
     m_reader.send();
     arm();
 }
@@ -216,6 +263,10 @@ bool OnlineCycle::take(qsizetype value, const QByteArray &bytes, quint32 request
             return false;
     }
     m_cyclic.done(value, now);
+    if (isOld)
+        m_unknown.done(value, now);
+    else if (m_unknown.contains(value))
+        m_unknown.remove(mapped.address);
     // A listener has asked for it anew: it ends with that.
     if (m_reader.isAwaited(value))
         return true;
@@ -225,8 +276,11 @@ bool OnlineCycle::take(qsizetype value, const QByteArray &bytes, quint32 request
     state.isWaitedFor = before.isWaitedFor && isOld;
     if (state.isWaitedFor && !isBeingWritten)
         m_reader.want(value);
-    if (before.isOnce)
+    if (before.isOnce && (hasChanged || m_values.holds(mapped)))
         m_news.append(ended(value, mapped, hasChanged ? eKind::Changed : eKind::Unchanged));
+    else if (before.isOnce)
+        m_news.append(ended(
+            value, mapped, eKind::Unmapped, OnlineOutcome::tr("das Projekt hat den Wert nicht")));
     return true;
 }
 
@@ -241,7 +295,10 @@ void OnlineCycle::onBlockFailed(const BlockPlan::Block &block, const OnlineAnswe
         const MappedValue &mapped = m_map->values().at(value);
         const bool isCyclic = m_cyclic.contains(value);
         m_cyclic.done(value, now);
+        m_unknown.done(value, now);
         Request &request = m_requests[std::size_t(value)];
+        if (request.isReview && !m_unknown.contains(value))
+            m_unknown.add(mapped.address, now + m_unknownPause);
         if (request.isOnce || (isCyclic && !request.hasFailed)) {
             news.append(
                 ended(value, mapped, isRefused ? eKind::Refused : eKind::Lost, answer.reason));
@@ -269,7 +326,7 @@ void OnlineCycle::arm()
     // Not sent at once: what is asked for value by value goes out in blocks.
     if (m_reader.hasUnsent())
         m_clock.setAlarm(eOnlineAlarm::Cycle, m_clock.now());
-    else if (const auto due = m_cyclic.nextDue())
+    else if (const auto due = earliest(m_cyclic.nextDue(), m_unknown.nextDue()))
         m_clock.setAlarm(eOnlineAlarm::Cycle, *due);
 }
 
@@ -291,11 +348,7 @@ void OnlineCycle::reportUnmapped(const ParameterAddress &address)
 void OnlineCycle::cancelWaiting(const ValuePlace &place)
 {
     // Its other elements wait for nothing then.
-    if (m_map) {
-        const auto [first, last] = m_map->positionsOf(place.coordinate, place.livingSpace);
-        for (qsizetype value = first; value <= last; ++value)
-            m_requests[std::size_t(value)].isWaitedFor = false;
-    }
+    onCanceled(place.coordinate, place.livingSpace);
     if (const auto parameter = m_container.parameterInformation(place.coordinate))
         parameter->cancelAllElementsConsistenceOnce(place.livingSpace);
 }

@@ -41,6 +41,8 @@ public:
     /// Ends the run. **Emits** finished for every value that is awaited: lost, for this reason.
     void stop(const QString &reason);
 
+    /// Whether the container has the value; a project may have fewer elements than the device.
+    bool isInProject(const MappedValue &value) const { return m_values.holds(value); }
     /// Positions in the map. **Emits** finished for each, later. Only while running.
     void read(const QList<qsizetype> &values);
     /// Writes what the container has, in the order of property 45. **Emits** finished for each, later.
@@ -55,8 +57,11 @@ private:
     void onChangedHere(const ParameterAddress &address);
     void onChangedByFunction(const ParameterAddress &address);
     void onWritten(qsizetype value, const OnlineOutcome &outcome);
+    void onLeftUnknown(qsizetype value);
     void onNeeded(const ParameterAddress &address, bool isNeeded);
     void onNeededOnce(const ParameterAddress &address);
+    /// Whoever waited for all elements does so no more.
+    void onCanceled(const ParameterCoordinate &coordinate, eLivingSpace livingSpace);
     void onRang(eOnlineAlarm alarm);
     void onBlockRead(const BlockPlan::Block &block, const QByteArray &bytes, quint32 request);
     /// A value of the drive came. **Emits** nothing of its own. False where the run was ended, or this
@@ -64,6 +69,8 @@ private:
     bool take(qsizetype value, const QByteArray &bytes, quint32 request,
         std::chrono::milliseconds now, const QPointer<QObject> &guard);
     void onBlockFailed(const BlockPlan::Block &block, const OnlineAnswer &answer);
+    /// The container has something else than the drive: reads the value, once, and believes it.
+    void review(qsizetype value);
     void arm();
     ValuePlace placeOf(const ParameterAddress &address) const;
     void reportUnmapped(const ParameterAddress &address);
@@ -77,7 +84,8 @@ private:
         bool isOnce = false;
         /// Asked for by a parameter that waits for all its elements.
         bool isWaitedFor = false;
-        /// A function made something else of what the drive has; what it reads now is believed.
+        /// A function made something else of what the drive has, or somebody changed what is only read;
+        /// what it reads now is believed.
         bool isReview = false;
         /// The cyclic read failed and was reported.
         bool hasFailed = false;
@@ -90,6 +98,10 @@ private:
     DriveReader m_reader;
     DriveWriter m_writer;
     CyclicNeeds m_cyclic;
+    /// The values of which the container has something else than the drive, read until they come.
+    CyclicNeeds m_unknown;
+    /// Before an unknown value is asked for once more.
+    const std::chrono::milliseconds m_unknownPause;
     /// Null while stopped.
     const RegisterMap *m_map = nullptr;
     /// By position.

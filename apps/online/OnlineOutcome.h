@@ -17,7 +17,7 @@ public:
         Altered, ///< Written; the drive keeps something else, and so does the container now.
         Refused,
         Lost,
-        Unmapped, ///< No register carries the value.
+        Unmapped, ///< No register carries the value, or the project has none such.
     };
 
     ValuePlace place;

@@ -9,7 +9,6 @@
 
 #include <QtCore/QPointer>
 
-#include <numeric>
 #include <utility>
 #include <vector>
 
@@ -59,6 +58,7 @@ void OnlineSession::goOnline()
     if (m_state != eState::Offline || m_isLeaving)
         return;
     m_failedCalls = 0;
+    m_isReturning = false;
     m_state = eState::Connecting;
     const quint32 turn = ++m_turns;
     const QPointer<OnlineSession> guard(this);
@@ -81,9 +81,16 @@ bool OnlineSession::upload()
 {
     if (!canTransfer())
         return false;
-    QList<qsizetype> values(m_map->values().size());
-    std::iota(values.begin(), values.end(), 0);
+    QList<qsizetype> values;
+    values.reserve(m_map->values().size());
     QList<OnlineOutcome> unmapped;
+    for (qsizetype i = 0; i < m_map->values().size(); ++i) {
+        const MappedValue &value = m_map->values().at(i);
+        if (m_cycle.isInProject(value))
+            values.append(i);
+        else
+            unmapped.append(unmappedOutcome(value));
+    }
     for (const RegisterMap::Refusal &refusal : m_map->refusals())
         unmapped.append(unmappedOutcome(refusal));
     return transfer(values, unmapped, eDirection::FromDrive);
@@ -96,7 +103,8 @@ bool OnlineSession::download()
     QList<qsizetype> values;
     for (qsizetype i = 0; i < m_map->values().size(); ++i) {
         const MappedValue &value = m_map->values().at(i);
-        if (value.isSetting())
+        // What the project does not have is not to be written.
+        if (value.isSetting() && m_cycle.isInProject(value))
             values.append(i);
     }
     QList<OnlineOutcome> unmapped;
@@ -144,6 +152,7 @@ void OnlineSession::onOpened()
 void OnlineSession::onAgreed()
 {
     m_failedCalls = 0;
+    const bool isBack = std::exchange(m_isReturning, false);
     m_state = eState::Online;
     const quint32 turn = ++m_turns;
     const QPointer<OnlineSession> guard(this);
@@ -154,6 +163,9 @@ void OnlineSession::onAgreed()
         m_container.setOnline(true);
     if (guard && m_turns == turn)
         Q_EMIT stateChanged(m_state);
+    // A listener may read it as well.
+    if (isBack && guard && m_turns == turn)
+        upload();
 }
 
 void OnlineSession::onRang(eOnlineAlarm alarm)
@@ -179,6 +191,7 @@ void OnlineSession::onLineLost(const QString &reason)
         giveUp(reason);
         return;
     }
+    m_isReturning = m_isReturning || wasOnline;
     if (!leave(eState::Connecting, reason))
         return;
     callLater();
@@ -328,4 +341,10 @@ OnlineOutcome OnlineSession::unmappedOutcome(const RegisterMap::Refusal &refusal
 {
     return {refusal.place, refusal.address, OnlineOutcome::eKind::Unmapped, {}, {},
         RegisterMap::reasonText(refusal.reason)};
+}
+
+OnlineOutcome OnlineSession::unmappedOutcome(const MappedValue &value)
+{
+    return {value.place, value.addressText, OnlineOutcome::eKind::Unmapped, {}, {},
+        OnlineOutcome::tr("das Projekt hat den Wert nicht")};
 }

@@ -20,6 +20,7 @@ class ParameterContainer;
 /// A container's time with its drive: calls the drive, switches the container online while it answers,
 /// transfers values both ways, and lets go of a drive that vanishes.
 ///
+/// A drive that vanished and is back is read as a whole: nobody knows what it did meanwhile.
 /// While online, what the container's parameters ask for is read, and what is changed in the container
 /// is written and read back. What cannot be brought across is told by valueReported.
 class OnlineSession : public QObject {
@@ -97,6 +98,8 @@ private:
     void finishTransfer();
     OnlineOutcome unmappedOutcome(const ValuePlace &place) const;
     static OnlineOutcome unmappedOutcome(const RegisterMap::Refusal &refusal);
+    /// Of a value that the project does not have.
+    static OnlineOutcome unmappedOutcome(const MappedValue &value);
 
     ParameterContainer &m_container;
     const OnlineRules m_rules;
@@ -113,6 +116,8 @@ private:
     /// The line is being opened; otherwise the alarm means the next call.
     bool m_isCalling = false;
     bool m_isLeaving = false;
+    /// The drive vanished and is called again.
+    bool m_isReturning = false;
     /// Changes of the state so far.
     quint32 m_turns = 0;
     /// Null while none runs.

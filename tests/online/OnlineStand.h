@@ -28,8 +28,10 @@ inline OnlineRules onlineRules()
 
 /// A session with a drive that has the same registers as the host, and a log of what it tells.
 struct OnlineStand {
-    explicit OnlineStand(const OnlineRules &rules = onlineRules())
-        : project(device.open())
+    explicit OnlineStand(const OnlineRules &rules = onlineRules(),
+        const QByteArray &description = OnlineDevice::description())
+        : device(description)
+        , project(device.open())
         , container(project->container())
     {
         auto ownedLink = std::make_unique<FakeLink>();

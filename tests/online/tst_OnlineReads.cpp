@@ -27,8 +27,26 @@ private Q_SLOTS:
     void cancelsWaitingForWhatDoesNotCome();
     void cancelsWaitingWhereTheReadBackIsLost();
     void asksAgainForWhatAWriteOvertook();
+    void hearsOfASecondCancel();
     void reportsWhatHasNoRegister();
+    void reportsWhatTheProjectDoesNotHave();
+    void downloadsWhatTheProjectHas();
+    void reportsWhatIsDeletedMeanwhile();
 };
+
+namespace {
+
+/// A01 (UINT16, three elements) at 16.
+QByteArray deviceOfThree()
+{
+    return R"({"format": "kr-device-description", "version": 1,
+      "family": {"identifier": 9, "name": "Device", "hasPhysicalAxes": true, "axes": [1]},
+      "languages": ["de"], "dataTypes": ["UINT16"],
+      "parameters": [{"number": 1, "coordinates": ["A01"], "name": "N", "global": true,
+                      "elementCount": 3, "elements": [{"dataType": "UINT16", "default": 4}]}]})";
+}
+
+} // namespace
 
 void tst_OnlineReads::uploadsEverything()
 {
@@ -247,7 +265,7 @@ void tst_OnlineReads::cancelsWaitingForWhatDoesNotCome()
     QCOMPARE(done.size(), 0);
     QCOMPARE(canceled.size(), 1);
     QCOMPARE(s.take(),
-        texts({"1.C01[0]: abgelehnt - reason", "1.C01[1]: unverändert", "1.C01[2]: unverändert"}));
+        texts({"1.C01[1]: abgelehnt - reason", "1.C01[2]: unverändert", "1.C01[0]: unverändert"}));
 
     // And with the line.
     parameter->startAllElementsConsistenceOnce(eLivingSpace::Axis2);
@@ -301,6 +319,31 @@ void tst_OnlineReads::asksAgainForWhatAWriteOvertook()
     QCOMPARE(done.size(), 1);
 }
 
+void tst_OnlineReads::hearsOfASecondCancel()
+{
+    OnlineStand s;
+    s.beOnline();
+    const auto parameter = s.container.parameterSetup(at("C01"));
+    const QSignalSpy done(parameter, &ParameterInformation::allElementsConsistenceOnceDone);
+    const QSignalSpy canceled(parameter, &ParameterInformation::allElementsConsistenceOnceCanceled);
+    const auto refuseAll = [&s] {
+        for (s.turn(); !s.link->sent.isEmpty();)
+            s.link->answer(s.link->take(), eKind::Refused);
+    };
+    parameter->startAllElementsConsistenceOnce(eLivingSpace::Axis1);
+    parameter->cancelAllElementsConsistenceOnce(eLivingSpace::Axis1);
+    QCOMPARE(canceled.size(), 1);
+    refuseAll();
+    QCOMPARE(canceled.size(), 1);
+    // Another axis is another run, and so is the next one.
+    parameter->startAllElementsConsistenceOnce(eLivingSpace::Axis1);
+    parameter->cancelAllElementsConsistenceOnce(eLivingSpace::Axis2);
+    QCOMPARE(canceled.size(), 2);
+    refuseAll();
+    QCOMPARE(canceled.size(), 3);
+    QCOMPARE(done.size(), 0);
+}
+
 void tst_OnlineReads::reportsWhatHasNoRegister()
 {
     OnlineStand s;
@@ -326,6 +369,56 @@ void tst_OnlineReads::reportsWhatHasNoRegister()
     s.settle();
     QVERIFY(s.take().contains(
         QStringLiteral("A01[1]: nicht übertragbar - das Gerät hat dieses Element nicht")));
+}
+
+void tst_OnlineReads::reportsWhatTheProjectDoesNotHave()
+{
+    OnlineStand s(onlineRules(), deviceOfThree());
+    s.container.parameterSetup(at("A01"))->setElementCount(1);
+    s.beOnline();
+    QVERIFY(s.session->upload());
+    s.settle();
+    QCOMPARE(s.take(),
+        texts({"A01[1]: nicht übertragbar - das Projekt hat den Wert nicht",
+            "A01[2]: nicht übertragbar - das Projekt hat den Wert nicht", "A01: unverändert",
+            "3 Werte: 1 unverändert, 2 nicht übertragbar"}));
+    // Also where it is asked for by name.
+    QVERIFY(s.session->readValues({{at("A01"), eLivingSpace::Global, 2}}));
+    s.settle();
+    QCOMPARE(s.take(),
+        texts({"A01[2]: nicht übertragbar - das Projekt hat den Wert nicht",
+            "1 Werte: 1 nicht übertragbar"}));
+}
+
+void tst_OnlineReads::downloadsWhatTheProjectHas()
+{
+    OnlineStand s(onlineRules(), deviceOfThree());
+    s.container.parameterSetup(at("A01"))->setElementCount(2);
+    s.beOnline();
+    s.link->memory[1][16] = 1;
+    s.link->memory[1][17] = 2;
+    s.link->memory[1][18] = 3;
+    QVERIFY(s.session->download());
+    s.settle();
+    QVERIFY(s.session->report().isGood());
+    QCOMPARE(s.log.constLast(), QStringLiteral("2 Werte: 2 geschrieben"));
+    QCOMPARE(s.link->memory[1].sliced(16), (QList<quint16> {4, 4, 3}));
+}
+
+void tst_OnlineReads::reportsWhatIsDeletedMeanwhile()
+{
+    OnlineStand s;
+    s.beOnline();
+    QVERIFY(s.session->readValues({{at("A01"), eLivingSpace::Global, 0}}));
+    s.turn();
+    s.container.deleteParameter(QStringLiteral("Drive.1;{P1}"));
+    s.settle();
+    QCOMPARE(s.take(),
+        texts({"A01: nicht übertragbar - das Projekt hat den Wert nicht",
+            "1 Werte: 1 nicht übertragbar"}));
+    QVERIFY(s.session->upload());
+    s.settle();
+    QCOMPARE(s.log.constLast(), QStringLiteral("16 Werte: 15 unverändert, 1 nicht übertragbar"));
 }
 
 QTEST_GUILESS_MAIN(tst_OnlineReads)

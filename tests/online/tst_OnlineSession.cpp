@@ -219,11 +219,15 @@ void tst_OnlineSession::returnsToADriveThatVanished()
     s.clock->advance(250);
     QCOMPARE(s.link->openings, 2);
     s.registerAt("1.B01") = 77;
+    // Nobody asks for this one again and again.
+    s.registerAt("2.B01") = 78;
     s.link->comeUp();
     s.link->answerAll();
     s.settle();
-    QCOMPARE(s.take(), texts({"container online", "online"}));
+    QCOMPARE(s.log.first(2), texts({"container online", "online"}));
+    QCOMPARE(s.take().constLast(), QStringLiteral("16 Werte: 14 unverändert, 2 geändert"));
     QCOMPARE(s.native("1.B01"), QStringLiteral("77"));
+    QCOMPARE(s.native("2.B01"), QStringLiteral("78"));
     // Gone for good.
     s.link->breakDown();
     s.clock->advance(250);

@@ -25,8 +25,39 @@ private Q_SLOTS:
     void downloadsSettingsInOrder();
     void keepsTheOrderThroughRepetitions();
     void readsNothingOverWhatWaitsForItsTurn();
+    void readsOnAfterARefusedReadBack();
     void runsAnAction();
+    void tellsTheEndOfAnActionWithItsResult();
+    void readsBackACommandWithItsRecord();
+    void readsBackACommandAloneWhereItsRecordIsRefused();
 };
+
+namespace {
+
+/// What a listener finds within the signals of an action.
+class ActionLog {
+public:
+    explicit ActionLog(OnlineStand &stand)
+        : m_action(stand.container.createAction(QStringLiteral("C01"), eLivingSpace::Axis1))
+    {
+        QObject::connect(m_action.get(), &ActionParameter::progressChanged, m_action.get(),
+            [this](int percent) { m_entries.append(QString::number(percent)); });
+        QObject::connect(m_action.get(), &ActionParameter::stateChanged, m_action.get(), [this] {
+            m_entries.append(
+                (m_action->isIdle() ? QStringLiteral("idle, ") : QStringLiteral("running, "))
+                + m_action->stateText());
+        });
+        stand.settle();
+    }
+    ActionParameter &action() { return *m_action; }
+    QStringList take() { return std::exchange(m_entries, {}); }
+
+private:
+    std::unique_ptr<ActionParameter> m_action;
+    QStringList m_entries;
+};
+
+} // namespace
 
 void tst_OnlineWrites::writesWhatChanges()
 {
@@ -181,6 +212,19 @@ void tst_OnlineWrites::writesNoValueThatIsOnlyRead()
     s.settle();
     QVERIFY(s.log.isEmpty());
     QCOMPARE(s.registerAt("1.B02"), quint16(0xFFFF));
+    // It is read again, until it was read.
+    QCOMPARE(s.native("1.B02"), QStringLiteral("-3"));
+    s.container.writeValueNative(eLivingSpace::Axis1, at("B02"), 0, QStringLiteral("98"));
+    s.turn();
+    s.link->answer(s.link->take(), eKind::Refused);
+    QVERIFY(s.link->sent.isEmpty());
+    s.clock->advance(999);
+    QVERIFY(s.link->sent.isEmpty());
+    s.clock->advance(1);
+    s.settle();
+    QCOMPARE(s.native("1.B02"), QStringLiteral("-3"));
+    s.clock->advance(100000);
+    QVERIFY(s.link->sent.isEmpty());
 }
 
 void tst_OnlineWrites::storesNoOlderReadOverAWrite()
@@ -260,9 +304,11 @@ void tst_OnlineWrites::keepsTheOrderThroughRepetitions()
     s.container.clear();
     s.link->answerAll();
     QVERIFY(!s.session->isTransferring());
+    QCOMPARE(s.log.constLast(), QStringLiteral("5 Werte: 1 geschrieben, 4 nicht übertragbar"));
+    // What is not there is not to be written.
     QVERIFY(s.session->download());
-    QVERIFY(!s.session->isTransferring());
-    QCOMPARE(s.log.constLast(), QStringLiteral("5 Werte: 5 verloren"));
+    QTRY_VERIFY(!s.session->isTransferring());
+    QCOMPARE(s.log.constLast(), QStringLiteral("0 Werte: "));
 }
 
 void tst_OnlineWrites::readsNothingOverWhatWaitsForItsTurn()
@@ -282,6 +328,37 @@ void tst_OnlineWrites::readsNothingOverWhatWaitsForItsTurn()
     QCOMPARE(s.native("1.B01"), QStringLiteral("9"));
     s.link->answerAll();
     QCOMPARE(s.registerAt("1.B01"), quint16(9));
+}
+
+void tst_OnlineWrites::readsOnAfterARefusedReadBack()
+{
+    OnlineStand s;
+    s.beOnline();
+    s.write("1.B01", "90");
+    s.link->answer(s.link->take(), eKind::Refused);
+    s.link->answer(s.link->take(), eKind::Refused);
+    QCOMPARE(s.take(), texts({"1.B01: abgelehnt - reason"}));
+    s.settle();
+    QCOMPARE(s.native("1.B01"), QStringLiteral("5"));
+
+    // A drive that goes on refusing is asked every second.
+    s.write("1.B01", "91");
+    for (int i = 0; i < 2; ++i)
+        s.link->answer(s.link->take(), eKind::Refused);
+    s.turn();
+    for (int i = 0; i < 3; ++i) {
+        QCOMPARE(s.link->sent.size(), 1);
+        s.link->answer(s.link->take(), eKind::Refused);
+        s.clock->advance(999);
+        QVERIFY(s.link->sent.isEmpty());
+        s.clock->advance(1);
+    }
+    s.settle();
+    QCOMPARE(s.native("1.B01"), QStringLiteral("5"));
+    s.clock->advance(100000);
+    QVERIFY(s.link->sent.isEmpty());
+    // Told was the write alone.
+    QCOMPARE(s.take(), texts({"1.B01: abgelehnt - reason"}));
 }
 
 void tst_OnlineWrites::runsAnAction()
@@ -305,6 +382,65 @@ void tst_OnlineWrites::runsAnAction()
     s.clock->advance(100);
     s.link->answerAll();
     QVERIFY(action->isIdle());
+}
+
+void tst_OnlineWrites::tellsTheEndOfAnActionWithItsResult()
+{
+    OnlineStand s;
+    s.beOnline();
+    ActionLog log(s);
+    QVERIFY(log.action().start());
+    s.settle();
+    QCOMPARE(log.take(), texts({"running, Ergebnis: 0"}));
+    s.registerAt("1.C01[1]") = 99;
+    s.clock->advance(100);
+    s.link->answerAll();
+    QCOMPARE(log.take(), texts({"99"}));
+    s.registerAt("1.C01[0]") = 0;
+    s.registerAt("1.C01[1]") = 100;
+    s.registerAt("1.C01[2]") = 1;
+    s.clock->advance(100);
+    s.link->answerAll();
+    QCOMPARE(log.take(), texts({"100", "idle, Ergebnis: 1"}));
+}
+
+void tst_OnlineWrites::readsBackACommandWithItsRecord()
+{
+    OnlineStand s;
+    s.beOnline();
+    ActionLog log(s);
+    s.clock->advance(100);
+    const FakeLink::Sent older = s.link->take();
+    QVERIFY(log.action().start());
+    s.link->answer(s.link->take());
+    // It is over before it is read back.
+    s.registerAt("1.C01[0]") = 0;
+    s.registerAt("1.C01[1]") = 100;
+    s.registerAt("1.C01[2]") = 1;
+    QCOMPARE(s.link->sent.size(), 1);
+    QCOMPARE(s.link->sent.at(0).span, (RegisterSpan {2, 19, 3}));
+    s.link->answer(s.link->take());
+    QCOMPARE(log.take(), texts({"running, Ergebnis: 0", "100", "idle, Ergebnis: 1"}));
+    QCOMPARE(s.take(), texts({"1.C01[0]: geschrieben"}));
+    // What was asked for before comes late.
+    Q_EMIT s.link->answered(older.ticket, {eKind::Good, {0, 0, 0}, {}});
+    QVERIFY(log.take().isEmpty());
+    QCOMPARE(log.action().stateText(), QStringLiteral("Ergebnis: 1"));
+}
+
+void tst_OnlineWrites::readsBackACommandAloneWhereItsRecordIsRefused()
+{
+    OnlineStand s;
+    s.beOnline();
+    s.write("1.C01[0]", "1");
+    s.link->answer(s.link->take());
+    s.link->answer(s.link->take(), eKind::Refused);
+    QCOMPARE(s.link->sent.size(), 1);
+    QCOMPARE(s.link->sent.at(0).span, (RegisterSpan {2, 19, 1}));
+    s.registerAt("1.C01[0]") = 0;
+    s.settle();
+    QCOMPARE(s.take(), texts({"1.C01[0]: geschrieben"}));
+    QCOMPARE(s.native("1.C01[0]"), QStringLiteral("0"));
 }
 
 QTEST_GUILESS_MAIN(tst_OnlineWrites)
