@@ -25,6 +25,10 @@ private Q_SLOTS:
     void texts();
     void textsAreLong();
     void stateTextIsMaskedOffline();
+    void stateTextIsMaskedOfflineByItsLevel();
+    void unitsAreForTheReader();
+    void requirementThatIsNot1_data();
+    void requirementThatIsNot1();
     void changesOfElements_data();
     void changesOfElements();
     void changesOnAnotherAxis();
@@ -101,6 +105,9 @@ void tst_ActionParameterImplementation::start_data()
         QTest::addRow("requirement 2, state \"%s\"", state)
             << 2U << QString::fromLatin1(state) << true;
     }
+    // Digits of another base are no number: 0, which is no enabled state.
+    QTest::newRow("enable off required, state \"0x4\" counts as 0") << 1U << u"0x4"_s << true;
+    QTest::newRow("enable off required, state \"04\" is enabled") << 1U << u"04"_s << false;
 }
 
 void tst_ActionParameterImplementation::start()
@@ -186,6 +193,8 @@ void tst_ActionParameterImplementation::isIdle_data()
     QTest::newRow("no number") << u"läuft"_s << true;
     QTest::newRow("empty") << QString() << true;
     QTest::newRow("fraction") << u"1.5"_s << true;
+    QTest::newRow("digits of base 16") << u"0x1"_s << true;
+    QTest::newRow("a zero before is no base 8") << u"010"_s << false;
     QTest::newRow("beyond the range") << u"4294967296"_s << true;
 }
 
@@ -240,6 +249,80 @@ void tst_ActionParameterImplementation::stateTextIsMaskedOffline()
     QCOMPARE(object.stateText(), u"Ergebnis: 0"_s);
 }
 
+void tst_ActionParameterImplementation::stateTextIsMaskedOfflineByItsLevel()
+{
+    InstanceStand stand;
+    auto *set = stand.add(DefinitionBuilder()
+                              .name(u"Referenzfahrt"_s)
+                              .property(EnableOffRequired, 0U)
+                              .levels(0, 6)
+                              .element(0, u"Steuerung"_s)
+                              .element(1, u"Fortschritt"_s)
+                              .element(2, u"Ergebnis"_s),
+        u"A12"_s);
+    ActionParameterImplementation object(set, Axis1);
+    stand.log.attach(&object, u"action"_s);
+    QCOMPARE(object.stateText(), u"Ergebnis: <offline>"_s);
+    // What is masked for the reader is there for the action.
+    set->setOnlineValueText(Axis1, 1, u"50"_s);
+    set->setOnlineValueText(Axis1, 0, u"1"_s);
+    QVERIFY(!object.isIdle());
+    QCOMPARE(stand.log.entries(),
+        (QStringList {u"action.progressChanged(50)"_s, u"action.stateChanged()"_s}));
+}
+
+void tst_ActionParameterImplementation::unitsAreForTheReader()
+{
+    InstanceStand stand;
+    auto *state = stand.add(deviceState().units(u"%"_s), u"E48"_s);
+    auto *set = stand.add(DefinitionBuilder()
+                              .name(u"Referenzfahrt"_s)
+                              .property(EnableOffRequired, 1U)
+                              .units(u"%"_s)
+                              .element(0, u"Steuerung"_s)
+                              .element(1, u"Fortschritt"_s)
+                              .element(2, u"Ergebnis"_s),
+        u"A12"_s);
+    ActionParameterImplementation object(set, Axis1);
+    stand.log.attach(&object, u"action"_s);
+    set->setOnlineValueText(Axis1, 2, u"17"_s);
+    QCOMPARE(object.stateText(), u"Ergebnis: 17 %"_s);
+    set->setOnlineValueText(Axis1, 1, u"50"_s);
+    QCOMPARE(stand.log.take(), QStringList {u"action.progressChanged(50)"_s});
+    state->setNativeValue(Axis1, 0, u"4"_s);
+    QCOMPARE(stand.log.take(), QStringList {u"action.enableChanged(false)"_s});
+    QVERIFY(object.isIdle());
+    set->setOnlineValueText(Axis1, 0, u"2"_s);
+    QVERIFY(!object.isIdle());
+}
+
+void tst_ActionParameterImplementation::requirementThatIsNot1_data()
+{
+    QTest::addColumn<bool>("isThere");
+    QTest::newRow("absent") << false;
+    QTest::newRow("negative") << true;
+}
+
+void tst_ActionParameterImplementation::requirementThatIsNot1()
+{
+    QFETCH(bool, isThere);
+
+    DefinitionBuilder builder;
+    if (isThere)
+        builder.property(EnableOffRequired, -1);
+    else
+        builder.without(EnableOffRequired);
+    InstanceStand stand;
+    stand.add(deviceState(), u"E48"_s)->setNativeValue(Axis1, 0, u"4"_s);
+    auto *set = stand.add(
+        builder.element(0, u"Steuerung"_s).element(1, u"Fortschritt"_s).element(2, u"Ergebnis"_s),
+        u"A12"_s);
+    QCOMPARE(set->hasElementProperty(0, EnableOffRequired), isThere);
+    ActionParameterImplementation object(set, Axis1);
+    QVERIFY(object.start());
+    QCOMPARE(set->valueText(Axis1, 0, false), u"1"_s);
+}
+
 void tst_ActionParameterImplementation::changesOfElements_data()
 {
     QTest::addColumn<quint16>("element");
@@ -284,6 +367,8 @@ void tst_ActionParameterImplementation::progress_data()
     QTest::newRow("percent") << u"100"_s << 100;
     QTest::newRow("negative") << u"-5"_s << -5;
     QTest::newRow("no number") << u"viel"_s << 0;
+    QTest::newRow("digits of base 16") << u"0x1"_s << 0;
+    QTest::newRow("a zero before is no base 8") << u"010"_s << 10;
     QTest::newRow("empty") << QString() << 0;
 }
 
