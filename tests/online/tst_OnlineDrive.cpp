@@ -1,6 +1,6 @@
 #include "apps/online/OnlineSession.h"
-#include "tests/online/DriveProcess.h"
-#include "tests/online/OnlineDevice.h"
+#include "tests/online/DriveStand.h"
+#include "tests/online/Patience.h"
 #include "tests/support/MessageRecorder.h"
 
 #include <KrParameterInstance/ActionParameter.h>
@@ -14,10 +14,6 @@
 using eState = OnlineSession::eState;
 using eKind = OnlineOutcome::eKind;
 using std::chrono::milliseconds;
-
-// A drive on a busy machine takes its time; waiting for what comes at once costs nothing.
-#define QTRY_COMPARE_PATIENTLY(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, 60000)
-#define QTRY_VERIFY_PATIENTLY(condition) QTRY_VERIFY_WITH_TIMEOUT(condition, 60000)
 
 namespace {
 
@@ -56,56 +52,10 @@ QByteArray largeDevice(eDefaults defaults)
         .toUtf8();
 }
 
-OnlineRules rules()
-{
-    OnlineRules rules;
-    rules.answerSpan = milliseconds(200);
-    rules.firstPause = milliseconds(10);
-    rules.cycleInterval = milliseconds(5);
-    rules.firstContactPause = milliseconds(50);
-    rules.contactAttempts = 20;
-    return rules;
-}
-
-/// A host and a drive. Their descriptions may differ in what does not move registers.
-struct Setting {
-    Setting(const QByteArray &hostDescription, const QByteArray &driveDescription,
-        const QStringList &options = {QStringLiteral("--tick"), QStringLiteral("0")},
-        const OnlineRules &rules = ::rules())
-        : host(hostDescription)
-        , driveDevice(driveDescription)
-        , driveOptions(options)
-        , project(host.open())
-        , container(project->container())
+struct LargeStand : DriveStand {
+    explicit LargeStand(eDefaults ofHost = eDefaults::Zero, eDefaults ofDrive = eDefaults::Numbered)
+        : DriveStand(largeDevice(ofHost), largeDevice(ofDrive))
     {
-        isUp = drive.start(driveDevice.fileName(), 0, options);
-        session = OnlineSession::overModbusTcp(
-            container, QStringLiteral("127.0.0.1"), drive.port(), rules);
-        QObject::connect(session.get(), &OnlineSession::valueReported, session.get(),
-            [this](const OnlineOutcome &outcome) {
-                ++reports;
-                if (!outcome.isGood())
-                    losses.append(outcome.toText());
-            });
-        QObject::connect(session.get(), &OnlineSession::connectionFailed, session.get(),
-            [this](const QString &reason) { failures.append(reason); });
-    }
-
-    bool restartDrive()
-    {
-        drive.kill();
-        return drive.start(driveDevice.fileName(), drive.port(), driveOptions);
-    }
-    QString native(const char *text)
-    {
-        const ParameterAddress a = address(text);
-        return container.readValueNative(
-            eLivingSpace(a.axis() + 1), a.coordinate(), a.element(), false);
-    }
-    void write(const char *text, const QString &display)
-    {
-        const ParameterAddress a = address(text);
-        container.writeValue(eLivingSpace(a.axis() + 1), a.coordinate(), a.element(), display);
     }
     /// The first value that is not 1000 p + e; empty where all are.
     QString firstWrongNumber()
@@ -123,32 +73,7 @@ struct Setting {
         }
         return {};
     }
-
-    OnlineDevice host;
-    OnlineDevice driveDevice;
-    QStringList driveOptions;
-    std::unique_ptr<DriveProject> project;
-    ParameterContainer &container;
-    DriveProcess drive;
-    bool isUp = false;
-    int reports = 0;
-    QStringList losses;
-    QStringList failures;
-    /// Goes first: it tells of its end.
-    std::unique_ptr<OnlineSession> session;
 };
-
-struct LargeSetting : Setting {
-    LargeSetting()
-        : Setting(largeDevice(eDefaults::Zero), largeDevice(eDefaults::Numbered))
-    {
-    }
-};
-
-QByteArray smallDevice()
-{
-    return OnlineDevice::description();
-}
 
 } // namespace
 
@@ -168,22 +93,18 @@ private Q_SLOTS:
     void losesTheDriveInTheMiddleOfAnUpload();
     void losesADriveThatFallsSilent();
 
-    void runsAnAction();
-    void losesTheDriveInTheMiddleOfAnAction();
-    void startsAnActionOnceThoughTheAnswerIsLost();
-
     void isRefusedAWrite();
+    void endsInTheDrivesStateThoughTheReadBackIsRefused();
     void learnsWhatTheDriveCut();
     void writesThroughFaults_data();
     void writesThroughFaults();
     void downloadsEverything();
-    void followsTheState();
 };
 
 void tst_OnlineDrive::meetsItsDrive()
 {
     const MessageRecorder recorder;
-    Setting s(smallDevice(), smallDevice());
+    DriveStand s;
     QVERIFY(s.isUp);
     s.session->goOnline();
     QTRY_COMPARE_PATIENTLY(s.session->state(), eState::Online);
@@ -198,10 +119,10 @@ void tst_OnlineDrive::meetsItsDrive()
 
 void tst_OnlineDrive::meetsAnotherDevice()
 {
-    QByteArray other = smallDevice();
+    QByteArray other = OnlineDevice::description();
     other.replace("\"dataType\": \"INT16\"", "\"dataType\": \"UINT16\"");
     other.replace("\"lower\": -100", "\"lower\": 0");
-    Setting s(smallDevice(), other);
+    DriveStand s(OnlineDevice::description(), other);
     QVERIFY(s.isUp);
     s.session->goOnline();
     QTRY_COMPARE_PATIENTLY(s.failures,
@@ -214,9 +135,9 @@ void tst_OnlineDrive::meetsAnotherDevice()
 
 void tst_OnlineDrive::meetsNobody()
 {
-    OnlineRules rules = ::rules();
+    OnlineRules rules = driveRules();
     rules.contactAttempts = 2;
-    Setting s(smallDevice(), smallDevice(), {}, rules);
+    DriveStand s(OnlineDevice::description(), OnlineDevice::description(), {}, rules);
     QVERIFY(s.isUp);
     s.drive.kill();
     s.session->goOnline();
@@ -260,10 +181,12 @@ void tst_OnlineDrive::meetsSomethingElse()
                 socket->abort();
         });
     });
-    const OnlineDevice device(smallDevice());
+    const OnlineDevice device(OnlineDevice::description());
     const auto project = device.open();
-    OnlineRules rules = ::rules();
+    OnlineRules rules = driveRules();
     rules.contactAttempts = 2;
+    // Nothing that it says is an answer, however long it may take.
+    rules.answerSpan = milliseconds(50);
     const auto session = OnlineSession::overModbusTcp(
         project->container(), QStringLiteral("127.0.0.1"), server.serverPort(), rules);
     const QSignalSpy failures(session.get(), &OnlineSession::connectionFailed);
@@ -276,7 +199,7 @@ void tst_OnlineDrive::meetsSomethingElse()
 void tst_OnlineDrive::uploadsEverything()
 {
     const MessageRecorder recorder;
-    LargeSetting s;
+    LargeStand s;
     QVERIFY(s.isUp);
     s.session->goOnline();
     QTRY_COMPARE_PATIENTLY(s.session->state(), eState::Online);
@@ -314,7 +237,7 @@ void tst_OnlineDrive::uploadsThroughFaults()
     QFETCH(QStringList, orders);
 
     const MessageRecorder recorder;
-    LargeSetting s;
+    LargeStand s;
     QVERIFY(s.isUp);
     s.session->goOnline();
     QTRY_COMPARE_PATIENTLY(s.session->state(), eState::Online);
@@ -331,7 +254,7 @@ void tst_OnlineDrive::uploadsThroughFaults()
 void tst_OnlineDrive::losesTheDriveInTheMiddleOfAnUpload()
 {
     const MessageRecorder recorder;
-    LargeSetting s;
+    LargeStand s;
     QVERIFY(s.isUp);
     s.session->goOnline();
     QTRY_COMPARE_PATIENTLY(s.session->state(), eState::Online);
@@ -361,7 +284,7 @@ void tst_OnlineDrive::losesTheDriveInTheMiddleOfAnUpload()
 
 void tst_OnlineDrive::losesADriveThatFallsSilent()
 {
-    LargeSetting s;
+    LargeStand s;
     QVERIFY(s.isUp);
     s.session->goOnline();
     QTRY_COMPARE_PATIENTLY(s.session->state(), eState::Online);
@@ -377,101 +300,12 @@ void tst_OnlineDrive::losesADriveThatFallsSilent()
     QCOMPARE(s.firstWrongNumber(), QString());
 }
 
-void tst_OnlineDrive::runsAnAction()
-{
-    const MessageRecorder recorder;
-    Setting s(smallDevice(), smallDevice(), {QStringLiteral("--tick"), QStringLiteral("2")});
-    QVERIFY(s.isUp);
-    s.session->goOnline();
-    QTRY_COMPARE_PATIENTLY(s.session->state(), eState::Online);
-    const std::unique_ptr<ActionParameter> action(
-        s.container.createAction(QStringLiteral("C01"), eLivingSpace::Axis2));
-    QVERIFY(action);
-    QList<int> percents;
-    connect(action.get(), &ActionParameter::progressChanged, action.get(),
-        [&percents](int percent) { percents.append(percent); });
-    QStringList states;
-    connect(action.get(), &ActionParameter::stateChanged, action.get(), [&] {
-        states.append(QStringLiteral("%1 %2").arg(
-            action->isIdle() ? QStringLiteral("idle") : QStringLiteral("running"),
-            action->stateText()));
-        // Whoever hears of the end has heard of everything before.
-        if (action->isIdle())
-            QCOMPARE(percents.value(percents.size() - 1), 100);
-    });
-    QVERIFY(action->start());
-    QTRY_VERIFY_PATIENTLY(percents.size() > 3);
-    QVERIFY(!action->isIdle());
-    QTRY_COMPARE_PATIENTLY(states,
-        (QStringList {QStringLiteral("running Ergebnis: 0"), QStringLiteral("idle Ergebnis: 1")}));
-    QVERIFY(std::is_sorted(percents.begin(), percents.end()));
-    QCOMPARE(action->stateText(), QStringLiteral("Ergebnis: 1"));
-    QCOMPARE(s.native("1.C01[2]"), QStringLiteral("0"));
-    QCOMPARE(s.losses, QStringList());
-}
-
-void tst_OnlineDrive::losesTheDriveInTheMiddleOfAnAction()
-{
-    const MessageRecorder recorder;
-    OnlineRules rules = ::rules();
-    rules.returnsToVanished = true;
-    Setting s(smallDevice(), smallDevice(), {QStringLiteral("--tick"), QStringLiteral("0")}, rules);
-    QVERIFY(s.isUp);
-    s.session->goOnline();
-    QTRY_COMPARE_PATIENTLY(s.session->state(), eState::Online);
-    const std::unique_ptr<ActionParameter> action(
-        s.container.createAction(QStringLiteral("C01"), eLivingSpace::Axis1));
-    QVERIFY(action->start());
-    QTRY_COMPARE_PATIENTLY(s.drive.value("1.C01[0]"), QStringLiteral("1"));
-    s.drive.order(QStringLiteral("tick 40"));
-    QTRY_COMPARE_PATIENTLY(s.native("1.C01[1]"), QStringLiteral("40"));
-    s.drive.kill();
-    QTRY_VERIFY_PATIENTLY(!s.container.isOnline());
-    QCOMPARE(s.failures.size(), 1);
-    // What it was doing when it was last heard of.
-    QVERIFY(!action->isIdle());
-
-    QVERIFY(s.restartDrive());
-    QTRY_COMPARE_PATIENTLY(s.session->state(), eState::Online);
-    QTRY_VERIFY_PATIENTLY(action->isIdle());
-    QTRY_COMPARE_PATIENTLY(s.native("1.C01[1]"), QStringLiteral("0"));
-    QCOMPARE(s.drive.value("1.C01[0]"), QStringLiteral("0"));
-    QVERIFY(action->start());
-    QTRY_COMPARE_PATIENTLY(s.drive.value("1.C01[0]"), QStringLiteral("1"));
-}
-
-void tst_OnlineDrive::startsAnActionOnceThoughTheAnswerIsLost()
-{
-    const MessageRecorder recorder;
-    Setting s(smallDevice(), smallDevice());
-    QVERIFY(s.isUp);
-    s.session->goOnline();
-    QTRY_COMPARE_PATIENTLY(s.session->state(), eState::Online);
-    s.drive.order(QStringLiteral("lose 1"));
-    s.write("1.C01[0]", QStringLiteral("1"));
-    QTRY_COMPARE_PATIENTLY(s.reports, 1);
-    QCOMPARE(s.losses, QStringList());
-    QCOMPARE(s.drive.value("1.C01[0]"), QStringLiteral("1"));
-    // One whose end came before the answer was missed is not started again either.
-    s.drive.order(QStringLiteral("tick 100"));
-    s.session->upload();
-    QTRY_VERIFY_PATIENTLY(!s.session->isTransferring());
-    s.drive.order(QStringLiteral("lose 1"));
-    s.write("1.C01[0]", QStringLiteral("1"));
-    QTRY_COMPARE_PATIENTLY(s.drive.value("1.C01[0]"), QStringLiteral("1"));
-    s.drive.order(QStringLiteral("tick 100"));
-    QTRY_COMPARE_PATIENTLY(
-        s.losses, QStringList {QStringLiteral("1.C01[0]: verloren - keine Antwort")});
-    QCOMPARE(s.drive.value("1.C01[0]"), QStringLiteral("0"));
-    QCOMPARE(s.native("1.C01[0]"), QStringLiteral("0"));
-}
-
 void tst_OnlineDrive::isRefusedAWrite()
 {
     const MessageRecorder recorder;
-    QByteArray narrow = smallDevice();
+    QByteArray narrow = OnlineDevice::description();
     narrow.replace("\"upper\": 100", "\"upper\": 50");
-    Setting s(smallDevice(), narrow);
+    DriveStand s(OnlineDevice::description(), narrow);
     QVERIFY(s.isUp);
     s.session->goOnline();
     QTRY_COMPARE_PATIENTLY(s.session->state(), eState::Online);
@@ -491,9 +325,25 @@ void tst_OnlineDrive::isRefusedAWrite()
     QCOMPARE(s.native("2.C01[0]"), QStringLiteral("0"));
 }
 
+void tst_OnlineDrive::endsInTheDrivesStateThoughTheReadBackIsRefused()
+{
+    const MessageRecorder recorder;
+    DriveStand s;
+    QVERIFY(s.isUp);
+    s.session->goOnline();
+    QTRY_COMPARE_PATIENTLY(s.session->state(), eState::Online);
+    QCOMPARE(s.drive.order(QStringLiteral("refuse 2")), QStringLiteral("ok"));
+    s.write("2.B01", QStringLiteral("50"));
+    QCOMPARE(s.native("2.B01"), QStringLiteral("50"));
+    QTRY_COMPARE_PATIENTLY(s.losses.size(), 1);
+    QTRY_COMPARE_PATIENTLY(s.native("2.B01"), QStringLiteral("5"));
+    QCOMPARE(s.drive.value("2.B01"), QStringLiteral("5"));
+    QCOMPARE(s.session->state(), eState::Online);
+}
+
 void tst_OnlineDrive::learnsWhatTheDriveCut()
 {
-    Setting s(smallDevice(), smallDevice());
+    DriveStand s;
     QVERIFY(s.isUp);
     s.session->goOnline();
     QTRY_COMPARE_PATIENTLY(s.session->state(), eState::Online);
@@ -522,7 +372,7 @@ void tst_OnlineDrive::writesThroughFaults()
     QFETCH(QString, order);
 
     const MessageRecorder recorder;
-    Setting s(smallDevice(), smallDevice());
+    DriveStand s;
     QVERIFY(s.isUp);
     s.session->goOnline();
     QTRY_COMPARE_PATIENTLY(s.session->state(), eState::Online);
@@ -547,7 +397,7 @@ void tst_OnlineDrive::writesThroughFaults()
 void tst_OnlineDrive::downloadsEverything()
 {
     const MessageRecorder recorder;
-    Setting s(largeDevice(eDefaults::Numbered), largeDevice(eDefaults::Zero));
+    LargeStand s(eDefaults::Numbered, eDefaults::Zero);
     QVERIFY(s.isUp);
     s.session->goOnline();
     QTRY_COMPARE_PATIENTLY(s.session->state(), eState::Online);
@@ -559,26 +409,6 @@ void tst_OnlineDrive::downloadsEverything()
     QCOMPARE(s.drive.value("2.A13[7]"), QStringLiteral("13007"));
     QCOMPARE(s.drive.value("2.A20[99]"), QStringLiteral("20099"));
     QCOMPARE(s.firstWrongNumber(), QString());
-}
-
-void tst_OnlineDrive::followsTheState()
-{
-    Setting s(smallDevice(), smallDevice());
-    QVERIFY(s.isUp);
-    s.session->goOnline();
-    QTRY_COMPARE_PATIENTLY(s.session->state(), eState::Online);
-    s.container.parameterSetup(at("E48"))->setParameterNeedsConsistence(
-        eLivingSpace::Axis1, 0, true);
-    const std::unique_ptr<ActionParameter> action(
-        s.container.createAction(QStringLiteral("C01"), eLivingSpace::Axis1));
-    const QSignalSpy enables(action.get(), &ActionParameter::enableChanged);
-    s.drive.order(QStringLiteral("set 1.E48 4"));
-    QTRY_COMPARE_PATIENTLY(enables.size(), 1);
-    QCOMPARE(enables.at(0).at(0).toBool(), false);
-    QVERIFY(!action->start());
-    s.drive.order(QStringLiteral("set 1.E48 2"));
-    QTRY_COMPARE_PATIENTLY(enables.size(), 2);
-    QVERIFY(action->start());
 }
 
 QTEST_GUILESS_MAIN(tst_OnlineDrive)
