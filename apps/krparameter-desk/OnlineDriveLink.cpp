@@ -57,7 +57,7 @@ void OnlineDriveLink::write(const ValuePlace &place)
 {
     // What changed is on its way already; a value that was written once more goes to the drive too.
     if (m_session)
-        m_session->writeValues({place});
+        m_session->writeValue(place);
 }
 
 void OnlineDriveLink::onStateChanged()
@@ -89,7 +89,8 @@ void OnlineDriveLink::follow()
 
 void OnlineDriveLink::onReported(const OnlineOutcome &outcome)
 {
-    if (!m_isReadingAll && !outcome.isGood())
+    // What is not read of all values is told at their end; what is not written has been sent.
+    if ((!m_isReadingAll || !outcome.sent.isEmpty()) && !outcome.isGood())
         warn(outcome.toText());
 }
 

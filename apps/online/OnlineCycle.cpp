@@ -121,6 +121,11 @@ void OnlineCycle::write(const QList<qsizetype> &values)
     m_writer.writeInOrder(values);
 }
 
+void OnlineCycle::writeNow(qsizetype value)
+{
+    m_writer.write(value);
+}
+
 void OnlineCycle::onChangedHere(const ParameterAddress &address)
 {
     if (!m_map)

@@ -47,6 +47,8 @@ public:
     void read(const QList<qsizetype> &values);
     /// Writes what the container has, in the order of property 45. **Emits** finished for each, later.
     void write(const QList<qsizetype> &values);
+    /// Likewise, of one value and without waiting for its turn.
+    void writeNow(qsizetype value);
 
 Q_SIGNALS:
     /// Values that were asked for once came or not, writes came to their end, cyclic reads failed for

@@ -125,6 +125,20 @@ bool OnlineSession::writeValues(const QList<ValuePlace> &places)
     return transferPlaces(places, eDirection::ToDrive);
 }
 
+bool OnlineSession::writeValue(const ValuePlace &place)
+{
+    if (m_state != eState::Online)
+        return false;
+    const auto parameter = m_container.parameterInformation(place.coordinate);
+    const qsizetype value =
+        parameter ? m_map->indexOf(parameter->address(place.livingSpace, place.element)) : -1;
+    if (value < 0)
+        Q_EMIT valueReported(unmappedOutcome(place));
+    else
+        m_cycle.writeNow(value);
+    return true;
+}
+
 void OnlineSession::call()
 {
     m_map.emplace(m_container);

@@ -57,6 +57,9 @@ public:
     bool download();
     bool readValues(const QList<ValuePlace> &places);
     bool writeValues(const QList<ValuePlace> &places);
+    /// Writes what the container has and reads it back, also while a transfer runs and where it is what
+    /// the container had before. **Refused** while not online: false. **Emits** valueReported.
+    bool writeValue(const ValuePlace &place);
     bool isTransferring() const { return m_transfer != nullptr; }
     /// Of the running transfer, or of the last one.
     const OnlineReport &report() const { return m_report; }

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void reportsWhatTheDriveRefuses();
     void repeatsALostWrite();
     void findsALostWriteThatArrived();
+    void writesTheSameWhileATransferRuns();
     void neverRepeatsACommand();
     void sendsACommandOnceThoughItIsAskedForTwice();
     void writesNoValueThatIsOnlyRead();
@@ -155,6 +156,24 @@ void tst_OnlineWrites::findsALostWriteThatArrived()
                        : texts({"2.B01: geschrieben", "1.B01: verloren - keine Antwort"}));
         QCOMPARE(s.native("1.B01"), hasArrived ? QStringLiteral("90") : QStringLiteral("5"));
     }
+}
+
+void tst_OnlineWrites::writesTheSameWhileATransferRuns()
+{
+    OnlineStand s;
+    const ValuePlace place {at("B01"), eLivingSpace::Axis1, 0};
+    QVERIFY(!s.session->writeValue(place));
+    s.beOnline();
+    s.registerAt("1.B01") = 9;
+    QVERIFY(s.session->upload());
+    QVERIFY(!s.session->writeValues({place}));
+    QVERIFY(s.session->writeValue(place));
+    s.settle();
+    QCOMPARE(s.registerAt("1.B01"), quint16(5));
+    QCOMPARE(s.native("1.B01"), QStringLiteral("5"));
+    QVERIFY(s.take().contains(QStringLiteral("1.B01: geschrieben")));
+    QVERIFY(s.session->writeValue({at("Z99"), eLivingSpace::Axis1, 0}));
+    QCOMPARE(s.take(), texts({": nicht übertragbar - der Antrieb hat kein Register dafür"}));
 }
 
 void tst_OnlineWrites::neverRepeatsACommand()

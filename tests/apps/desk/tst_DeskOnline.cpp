@@ -120,6 +120,7 @@ private Q_SLOTS:
 
     void showsWhatTheDriveHas();
     void writesToTheDrive();
+    void writesTheSameWhileItReads();
     void tellsWhatTheDriveRefuses();
     void losesItsDrive();
     void losesItsDriveWhileItReads();
@@ -186,6 +187,32 @@ void tst_DeskOnline::writesToTheDrive()
     s.setAtDrive(Target, "9");
     QVERIFY(writer.write(Target, QStringLiteral("5")).isAccepted);
     QTRY_COMPARE_PATIENTLY(s.atDrive(Target), QStringLiteral("5"));
+}
+
+void tst_DeskOnline::writesTheSameWhileItReads()
+{
+    Stand s;
+    s.setAtDrive(Target, "9");
+    QObject context;
+    bool isAccepted = false;
+    // As soon as the values are being read.
+    connect(s.window.session().onlineSwitch(), &OnlineSwitch::stateChanged, &context, [&] {
+        if (s.state() == eState::Online) {
+            QMetaObject::invokeMethod(
+                &context,
+                [&] {
+                    isAccepted =
+                        s.window.session().writer()->write(Target, QStringLiteral("5")).isAccepted;
+                },
+                Qt::QueuedConnection);
+        }
+    });
+    s.expectRead("16 Werte: 16 unverändert");
+    s.press(DeskActions::GoOnline);
+    QTRY_COMPARE_PATIENTLY(s.reads, 1);
+    QVERIFY(isAccepted);
+    QTRY_COMPARE_PATIENTLY(s.atDrive(Target), QStringLiteral("5"));
+    QCOMPARE(s.shown(Target), QStringLiteral("5"));
 }
 
 void tst_DeskOnline::tellsWhatTheDriveRefuses()
