@@ -452,10 +452,6 @@ when its display text and its native text do. Exit code 1 where there are differ
 <context>
     <name>DriveWriter</name>
     <message>
-        <source>es gibt den Wert nicht mehr</source>
-        <translation>the value does not exist any more</translation>
-    </message>
-    <message>
         <source>nicht zurückgelesen: %1</source>
         <translation>not read back: %1</translation>
     </message>
@@ -1212,14 +1208,6 @@ value when typed in; get says which.
 <context>
     <name>OnlineCommand</name>
     <message>
-        <source>Dauer von watch, sonst ohne Ende</source>
-        <translation>duration of watch, otherwise without end</translation>
-    </message>
-    <message>
-        <source>online braucht get, set, watch, upload oder download</source>
-        <translation>online needs get, set, watch, upload or download</translation>
-    </message>
-    <message>
         <source>online %1 braucht mindestens eine Adresse</source>
         <translation>online %1 needs at least one address</translation>
     </message>
@@ -1252,24 +1240,42 @@ value when typed in; get says which.
         <translation>work with a drive over Modbus TCP</translation>
     </message>
     <message>
-        <source>AUFTRAG ist get, set, watch, upload oder download.
+        <source>AUFTRAG ist get, set, watch, action, upload oder download.
 get zeigt Werte des Antriebs, watch folgt ihnen, bis --seconds um sind oder er fort ist.
+action startet die Aktion, die unter der Adresse steht, und wartet auf ihr Ende, höchstens
+--seconds lang; der Fortschritt steht auf der Fehlerausgabe, das Ergebnis auf der Ausgabe.
 set schreibt Paare aus Adresse und Anzeigetext; was vor einem abgewiesenen steht, ist
 geschrieben. upload liest alle Werte und speichert sie in --project, wenn es gegeben ist;
 download schreibt die Werte des Projekts, soweit der Antrieb sie speichert. Was geschrieben
 wird, wird zurückgelesen; was der Antrieb daraus gemacht hat, wird gezeigt (Rückgabewert 1).
 Ohne --json zeigen upload und download nur, was anders kam als erwartet; mit --json jeden Wert.
-Was nicht gelesen wird, gibt 3, was der Antrieb ablehnt, 4, was verloren geht, 6.
+Was nicht gelesen wird, gibt 3, was der Antrieb ablehnt, 4, was verloren geht, 6; eine Aktion,
+die nicht startbar ist, gibt 5, eine, die vor 100 % endet, 4, eine, die noch läuft, 3.
 </source>
-        <translation>JOB is get, set, watch, upload or download.
+        <translation>JOB is get, set, watch, action, upload or download.
 get shows values of the drive, watch follows them until --seconds are over or it is gone.
+action starts the action at the address and waits for its end, at most for --seconds; the
+progress goes to the standard error, the result to the standard output.
 set writes pairs of address and display text; what stands before a rejected one has been
 written. upload reads all values and saves them in --project where it is given; download
 writes the values of the project as far as the drive stores them. What is written is read
 back; what the drive made of it is shown (exit code 1).
 Without --json upload and download show only what came otherwise than expected; with --json
-every value. What is not read gives 3, what the drive refuses 4, what is lost 6.
+every value. What is not read gives 3, what the drive refuses 4, what is lost 6; an action
+that cannot be started gives 5, one that ends before 100 % 4, one that still runs 3.
 </translation>
+    </message>
+    <message>
+        <source>Dauer von watch und action, sonst ohne Ende</source>
+        <translation>duration of watch and action, otherwise without end</translation>
+    </message>
+    <message>
+        <source>online braucht get, set, watch, action, upload oder download</source>
+        <translation>online needs get, set, watch, action, upload or download</translation>
+    </message>
+    <message>
+        <source>online action nimmt eine einzige Adresse</source>
+        <translation>online action takes a single address</translation>
     </message>
 </context>
 <context>
@@ -1305,6 +1311,30 @@ every value. What is not read gives 3, what the drive refuses 4, what is lost 6.
         <source>der Antrieb ist fort: %1</source>
         <translation>the drive is gone: %1</translation>
     </message>
+    <message>
+        <source>Parameter %1 ist keine Aktion</source>
+        <translation>Parameter %1 is no action</translation>
+    </message>
+    <message>
+        <source>die Aktion %1 ist im Zustand des Antriebs nicht startbar</source>
+        <translation>action %1 cannot be started in the state of the drive</translation>
+    </message>
+    <message>
+        <source>die Aktion %1 wurde nicht gestartet</source>
+        <translation>action %1 was not started</translation>
+    </message>
+    <message>
+        <source>ob die Aktion %1 gestartet wurde, ist nicht bekannt</source>
+        <translation>whether action %1 was started is not known</translation>
+    </message>
+    <message>
+        <source>die Aktion %1 endete vor 100 %</source>
+        <translation>action %1 ended before 100 %</translation>
+    </message>
+    <message>
+        <source>die Aktion %1 läuft noch</source>
+        <translation>action %1 is still running</translation>
+    </message>
 </context>
 <context>
     <name>OnlineOutcome</name>
@@ -1335,6 +1365,10 @@ every value. What is not read gives 3, what the drive refuses 4, what is lost 6.
     <message>
         <source>%1: nicht übertragbar - %2</source>
         <translation>%1: cannot be transferred - %2</translation>
+    </message>
+    <message>
+        <source>das Projekt hat den Wert nicht</source>
+        <translation>the project does not have the value</translation>
     </message>
 </context>
 <context>

@@ -12,6 +12,8 @@
 namespace {
 
 constexpr QLatin1StringView SecondsOption("seconds");
+constexpr QLatin1StringView Action("action");
+constexpr QLatin1StringView Watch("watch");
 constexpr int GreatestSpan = 1000000;
 
 /// A drive that restarts is back within this many calls.
@@ -26,7 +28,8 @@ struct Verb {
 constexpr std::array Verbs {
     Verb {QLatin1StringView("get"), true, false},
     Verb {QLatin1StringView("set"), true, false},
-    Verb {QLatin1StringView("watch"), true, false},
+    Verb {Watch, true, false},
+    Verb {Action, true, false},
     Verb {QLatin1StringView("upload"), false, true},
     Verb {QLatin1StringView("download"), false, true},
 };
@@ -36,8 +39,12 @@ constexpr std::array Verbs {
 QString OnlineCommand::details() const
 {
     return tr(
-        "AUFTRAG ist get, set, watch, upload oder download.\n"
+        "AUFTRAG ist get, set, watch, action, upload oder download.\n"
         "get zeigt Werte des Antriebs, watch folgt ihnen, bis --seconds um sind oder er fort ist.\n"
+        "action startet die Aktion, die unter der Adresse steht, und wartet auf ihr Ende, "
+        "höchstens\n"
+        "--seconds lang; der Fortschritt steht auf der Fehlerausgabe, das Ergebnis auf der "
+        "Ausgabe.\n"
         "set schreibt Paare aus Adresse und Anzeigetext; was vor einem abgewiesenen steht, ist\n"
         "geschrieben. upload liest alle Werte und speichert sie in --project, wenn es gegeben "
         "ist;\n"
@@ -47,14 +54,16 @@ QString OnlineCommand::details() const
         "1).\n"
         "Ohne --json zeigen upload und download nur, was anders kam als erwartet; mit --json jeden "
         "Wert.\n"
-        "Was nicht gelesen wird, gibt 3, was der Antrieb ablehnt, 4, was verloren geht, 6.\n");
+        "Was nicht gelesen wird, gibt 3, was der Antrieb ablehnt, 4, was verloren geht, 6; eine "
+        "Aktion,\n"
+        "die nicht startbar ist, gibt 5, eine, die vor 100 % endet, 4, eine, die noch läuft, 3.\n");
 }
 
 QList<Option> OnlineCommand::options() const
 {
     return NetworkOptions::all()
-        + QList<Option> {
-            {SecondsOption, QStringLiteral("N"), tr("Dauer von watch, sonst ohne Ende")}};
+        + QList<Option> {{SecondsOption, QStringLiteral("N"),
+            tr("Dauer von watch und action, sonst ohne Ende")}};
 }
 
 QString OnlineCommand::usageError(const CommandLine &line)
@@ -63,9 +72,11 @@ QString OnlineCommand::usageError(const CommandLine &line)
     const auto verb = std::find_if(Verbs.begin(), Verbs.end(),
         [&words](const Verb &known) { return known.name == words.value(0); });
     if (verb == Verbs.end())
-        return tr("online braucht get, set, watch, upload oder download");
+        return tr("online braucht get, set, watch, action, upload oder download");
     if (verb->takesWords && words.size() < 2)
         return tr("online %1 braucht mindestens eine Adresse").arg(verb->name);
+    if (verb->name == Action && words.size() > 2)
+        return tr("online action nimmt eine einzige Adresse");
     if (verb->name == QLatin1String("set") && words.size() % 2 == 0)
         return tr("online set braucht Paare aus Adresse und Wert");
     if (!verb->takesWords && words.size() > 1)
@@ -74,7 +85,7 @@ QString OnlineCommand::usageError(const CommandLine &line)
         return tr("online %1 kennt die Option --project nicht").arg(verb->name);
     if (verb->name == QLatin1String("download") && !line.has(OptionName::Project))
         return tr("online download braucht --project ORDNER");
-    if (verb->name != QLatin1String("watch") && line.has(SecondsOption))
+    if (verb->name != Watch && verb->name != Action && line.has(SecondsOption))
         return tr("online %1 kennt die Option --seconds nicht").arg(verb->name);
     return {};
 }
@@ -95,7 +106,7 @@ eExitCode OnlineCommand::run(const CommandLine &line, Console &console)
         return code;
 
     OnlineRules rules;
-    if (verb == QLatin1String("watch")) {
+    if (verb == Watch) {
         rules.returnsToVanished = true;
         rules.contactAttempts = PatientAttempts;
     }
@@ -107,7 +118,9 @@ eExitCode OnlineCommand::run(const CommandLine &line, Console &console)
         return dialogue.get(words);
     if (verb == QLatin1String("set"))
         return dialogue.set(words);
-    if (verb == QLatin1String("watch"))
+    if (verb == Watch)
         return dialogue.watch(words, *seconds);
+    if (verb == Action)
+        return dialogue.action(words.constFirst(), *seconds);
     return isUpload ? dialogue.upload() : dialogue.download();
 }

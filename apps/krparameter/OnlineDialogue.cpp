@@ -9,6 +9,7 @@
 #include "apps/krparameter/Session.h"
 #include "apps/krparameter/SetCommand.h"
 #include "apps/krparameter/ValueView.h"
+#include "apps/simulation/DriveAction.h"
 
 #include <KrParameterInstance/ParameterSetup.h>
 
@@ -159,6 +160,38 @@ eExitCode OnlineDialogue::watch(const QStringList &words, int seconds)
     return watch.run(seconds) ? eExitCode::Good : eExitCode::UnreadableInput;
 }
 
+eExitCode OnlineDialogue::action(const QString &word, int seconds)
+{
+    QList<ValuePlace> places;
+    if (const eExitCode code = placesOf({word}, places); code != eExitCode::Good)
+        return code;
+    ParameterContainer &container = m_session.project().container();
+    const ValuePlace control {places.constFirst().coordinate, places.constFirst().livingSpace, 0};
+    const auto parameter = container.parameterInformation(control.coordinate);
+    if (!DriveAction::isAction(*parameter)) {
+        return m_session.fail(
+            eExitCode::Usage, tr("Parameter %1 ist keine Aktion").arg(control.coordinate.toText()));
+    }
+    // Whether it may start follows from the drive's state.
+    if (const eExitCode code = readWhole(); code != eExitCode::Good)
+        return code;
+    const ValueView view(*parameter, control);
+    if (const QString refusal = view.writeRefusal(); !refusal.isEmpty())
+        return m_session.fail(eExitCode::NotWritable, refusal);
+    OnlineAction action(container, *m_online, control);
+    QObject::connect(&action, &OnlineAction::noted, &action,
+        [this](const QString &line) { m_console.report(line); });
+    const OnlineAction::eEnd end = action.run(seconds);
+    if (end == OnlineAction::eEnd::Done || end == OnlineAction::eEnd::BrokenOff) {
+        if (isJson())
+            m_console.writeLine({{QStringLiteral("address"), view.address()},
+                {QStringLiteral("state"), action.stateText()}});
+        else
+            m_console.writeLine(ValueView::singleLine(action.stateText()));
+    }
+    return end == OnlineAction::eEnd::Done ? eExitCode::Good : failAsEnded(end, view);
+}
+
 eExitCode OnlineDialogue::upload()
 {
     const std::optional<OnlineReport> report = readAll();
@@ -222,6 +255,32 @@ eExitCode OnlineDialogue::readWhole()
 eExitCode OnlineDialogue::failAsGone(eExitCode code)
 {
     return m_session.fail(code, tr("der Antrieb ist fort: %1").arg(m_failure));
+}
+
+eExitCode OnlineDialogue::failAsEnded(OnlineAction::eEnd end, const ValueView &control)
+{
+    switch (end) {
+    case OnlineAction::eEnd::Done:
+        break;
+    case OnlineAction::eEnd::NotStartable:
+        return m_session.fail(eExitCode::NotWritable,
+            tr("die Aktion %1 ist im Zustand des Antriebs nicht startbar").arg(control.address()));
+    case OnlineAction::eEnd::NotStarted:
+        return m_session.fail(eExitCode::ValueRejected,
+            tr("die Aktion %1 wurde nicht gestartet").arg(control.address()));
+    case OnlineAction::eEnd::StartLost:
+        return m_session.fail(eExitCode::WriteFailed,
+            tr("ob die Aktion %1 gestartet wurde, ist nicht bekannt").arg(control.address()));
+    case OnlineAction::eEnd::BrokenOff:
+        return m_session.fail(
+            eExitCode::ValueRejected, tr("die Aktion %1 endete vor 100 %").arg(control.address()));
+    case OnlineAction::eEnd::StillRunning:
+        return m_session.fail(
+            eExitCode::UnreadableInput, tr("die Aktion %1 läuft noch").arg(control.address()));
+    case OnlineAction::eEnd::DriveGone:
+        return failAsGone(eExitCode::UnreadableInput);
+    }
+    return eExitCode::Good;
 }
 
 eExitCode OnlineDialogue::placesOf(const QStringList &words, QList<ValuePlace> &places)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "apps/host/ValuePlace.h"
+#include "apps/krparameter/OnlineAction.h"
 #include "apps/krparameter/eExitCode.h"
 #include "apps/online/OnlineSession.h"
 
@@ -14,6 +15,7 @@
 class CommandLine;
 class Console;
 class Session;
+class ValueView;
 
 /// What an online command says to the drive and to the user; each call waits for its end.
 class OnlineDialogue {
@@ -31,6 +33,8 @@ public:
     eExitCode set(const QStringList &words);
     /// For that long, or until the drive is gone where it is 0.
     eExitCode watch(const QStringList &words, int seconds);
+    /// Starts it and waits for its end, at most that long where it is not 0.
+    eExitCode action(const QString &word, int seconds);
     eExitCode upload();
     eExitCode download();
 
@@ -44,6 +48,8 @@ private:
     /// Likewise for who cannot do without. Reports when a value was lost.
     eExitCode readWhole();
     eExitCode failAsGone(eExitCode code);
+    /// Why an action did not come to its end.
+    eExitCode failAsEnded(OnlineAction::eEnd end, const ValueView &control);
     eExitCode placesOf(const QStringList &words, QList<ValuePlace> &places);
     void show(const OnlineOutcome &outcome, eShow what);
     void showValue(const ValuePlace &place);

@@ -53,6 +53,18 @@ class Run:
     def lines(self):
         return [json.loads(line) for line in self.out.splitlines()]
 
+# C01 needs a disabled axis, C02 does not; both end with a result that is a choice.
+ACTION = """{"number": NUMBER, "coordinates": ["COORDINATE"], "name": "Suche", "type": "record", "elements": [
+   {"number": 0, "name": "Steuerung", "dataType": "INT32", "levels": {"read": 0, "write": 2},
+    "memoryAllocation": 1, "limits": {"lower": 0, "upper": 1}, "enableOffRequired": REQUIRED},
+   {"number": 1, "name": "Fortschritt", "profile": "measured", "dataType": "UINT16",
+    "units": {"scaled": "%"}},
+   {"number": 2, "name": "Ergebnis", "profile": "measured", "dataType": "UINT16", "kind": 1,
+    "choices": {"0": "keines", "1": "gefunden", "2": "abgebrochen"}}]}"""
+ACTION_DEVICE = DEVICE.replace("UPPER", "50000").replace("  ]\n}", "    , "
+    + ACTION.replace("NUMBER", "8").replace("COORDINATE", "C01").replace("REQUIRED", "1") + ",\n"
+    + ACTION.replace("NUMBER", "9").replace("COORDINATE", "C02").replace("REQUIRED", "0") + "\n  ]\n}")
+
 
 class Drive:
     """A simulated drive that nothing moves by itself."""
@@ -158,11 +170,14 @@ class OnlineTest(unittest.TestCase):
 class Usage(OnlineTest):
     def test_refused(self):
         for words, text in (
-            (["online"], "online braucht get, set, watch, upload oder download"),
-            (["online", "frob"], "online braucht get, set, watch, upload oder download"),
+            (["online"], "online braucht get, set, watch, action, upload oder download"),
+            (["online", "frob"], "online braucht get, set, watch, action, upload oder download"),
             (["online", "get"], "online get braucht mindestens eine Adresse"),
             (["online", "set", "A01"], "online set braucht Paare aus Adresse und Wert"),
             (["online", "set", "A01", "1", "A02"], "online set braucht Paare aus Adresse und Wert"),
+            (["online", "action"], "online action braucht mindestens eine Adresse"),
+            (["online", "action", "C01", "C02"], "online action nimmt eine einzige Adresse"),
+            (["online", "action", "C01", "--seconds", "-1"], "--seconds nimmt eine Zahl von 0 bis 1000000"),
             (["online", "upload", "A01"], "online upload nimmt keine Argumente"),
             (["online", "download"], "online download braucht --project ORDNER"),
             (["online", "get", "A01", "--project", "p"], "online get kennt die Option --project nicht"),
@@ -490,6 +505,126 @@ class Watch(OnlineTest):
         self.drive("--port", str(drive.port))
         self.assertEqual(process.stderr.readline(), b"Der Antrieb antwortet wieder.\n")
         self.assertEqual(process.stdout.readline(), b"1.B01  Zahl: 5\n")
+
+
+class Action(OnlineTest):
+    def setUp(self):
+        super().setUp()
+        path = self.folder / "action.json"
+        path.write_text(ACTION_DEVICE, encoding="utf-8")
+        self.device = str(path)
+
+    def begin(self, drive, *words):
+        process = subprocess.Popen(
+            [PROGRAM, "--device", self.device, "online", "--port", str(drive.port), "action", *words],
+            stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        self.addCleanup(process.wait)
+        self.addCleanup(process.stderr.close)
+        self.addCleanup(process.stdout.close)
+        self.addCleanup(process.kill)
+        return process
+
+    def finish(self, process, code, out, err):
+        said, told = process.communicate(timeout=60)
+        self.assertEqual(process.returncode, code, told)
+        self.assertEqual(said.decode("utf-8"), out)
+        self.assertEqual(told.decode("utf-8"), err)
+
+    def started(self, drive, address):
+        while drive.value(address) != "1":
+            pass
+
+    def test_tells_progress_and_result(self):
+        drive = self.drive()
+        process = self.begin(drive, "2.C01")
+        self.started(drive, "2.C01[0]")
+        drive.order("tick 40")
+        self.assertEqual(process.stderr.readline(), b"40 %\n")
+        drive.order("tick 60")
+        self.finish(process, GOOD, "Ergebnis: 1: gefunden\n", "100 %\n")
+        self.assertEqual(drive.value("1.C01[2]"), "0")
+
+    def test_json(self):
+        run = self.online(self.drive("--tick", "1"), "action", "1.C02", "--json")
+        self.check(run, GOOD)
+        self.assertEqual(run.lines(), [{"address": "1.C02[0]", "state": "Ergebnis: 1: gefunden"}])
+        self.assertEqual(run.err.splitlines()[-1], "100 %")
+
+    def test_runs_twice(self):
+        drive = self.drive("--tick", "1")
+        for _ in range(2):
+            self.check(self.online(drive, "action", "1.C02[0]"), GOOD, out="Ergebnis: 1: gefunden\n")
+
+    def test_follows_what_runs_already(self):
+        drive = self.drive()
+        drive.order("set 1.E48 4")
+        self.check(self.online(drive, "action", "C02", "--seconds", "1"), UNREADABLE, out="",
+                   err="krparameter: die Aktion 1.C02[0] läuft noch\n")
+        drive.order("tick 99")
+        process = self.begin(drive, "C02")
+        self.assertEqual(process.stderr.readline(), b"99 %\n")
+        drive.order("tick 1")
+        self.finish(process, GOOD, "Ergebnis: 1: gefunden\n", "100 %\n")
+
+    def test_is_not_startable(self):
+        drive = self.drive()
+        drive.order("set 1.E48 4")
+        self.check(self.online(drive, "action", "1.C01"), NOT_WRITABLE, out="",
+                   err="krparameter: die Aktion 1.C01[0] ist im Zustand des Antriebs nicht startbar\n")
+        self.assertEqual(drive.value("1.C01[0]"), "0")
+
+    def test_is_not_for_everybody(self):
+        self.check(self.online(self.drive(), "action", "C01", "--access-level", "1"), NOT_WRITABLE,
+                   out="", err="krparameter: Parameter 1.C01[0] ist nicht schreibbar: "
+                   "er braucht Zugriffsstufe 2, gegeben ist 1\n")
+
+    def test_is_broken_off(self):
+        drive = self.drive()
+        process = self.begin(drive, "1.C01")
+        self.started(drive, "1.C01[0]")
+        drive.order("tick 7")
+        self.assertEqual(process.stderr.readline(), b"7 %\n")
+        self.check(self.online(drive, "set", "1.C01[0]", "0"), GOOD)
+        self.finish(process, REJECTED, "Ergebnis: 2: abgebrochen\n",
+                    "krparameter: die Aktion 1.C01[0] endete vor 100 %\n")
+
+    def test_is_refused(self):
+        # The host does not know that the action needs a disabled axis.
+        device = self.device
+        other = self.folder / "other.json"
+        other.write_text(ACTION_DEVICE.replace('"enableOffRequired": 1', '"enableOffRequired": 0'),
+                         encoding="utf-8")
+        drive = self.drive()
+        drive.order("set 1.E48 4")
+        self.device = str(other)
+        run = self.online(drive, "action", "1.C01")
+        self.device = device
+        self.check(run, REJECTED, out="",
+                   err="1.C01[0]: abgelehnt - der Antrieb kann das in seinem Zustand nicht\n"
+                       "krparameter: die Aktion 1.C01[0] wurde nicht gestartet\n")
+
+    def test_of_a_drive_that_dies(self):
+        drive = self.drive()
+        process = self.begin(drive, "1.C01")
+        self.started(drive, "1.C01[0]")
+        drive.order("tick 7")
+        self.assertEqual(process.stderr.readline(), b"7 %\n")
+        drive.process.kill()
+        said, told = process.communicate(timeout=60)
+        self.assertEqual((process.returncode, said), (UNREADABLE, b""))
+        self.assertIn("der Antrieb ist fort", told.decode("utf-8"))
+
+    def test_of_a_drive_that_dies_at_the_start(self):
+        drive = self.drive()
+        run = self.online(self.dying(drive, writes=0), "action", "1.C01")
+        self.check(run, WRITE_FAILED, out="")
+        self.assertIn("ob die Aktion 1.C01[0] gestartet wurde, ist nicht bekannt", run.err)
+
+    def test_is_none(self):
+        drive = self.drive()
+        self.check(self.online(drive, "action", "1.B01"), USAGE, out="",
+                   err="krparameter: Parameter B01 ist keine Aktion\n")
+        self.check(self.online(drive, "action", "Z99"), USAGE, out="")
 
 
 if __name__ == "__main__":
