@@ -16,6 +16,21 @@ QString reasonNotOpened(const QFile &file)
     return info.isReadable() ? file.errorString() : WholeFile::tr("darf nicht gelesen werden");
 }
 
+/// In pieces: a read of so much at once takes that much memory, however short the file is. One byte
+/// more than allowed shows a longer file also where its size is not known beforehand.
+QByteArray readUpTo(QFile &file, qint64 mostBytes)
+{
+    constexpr qint64 PieceSize = qint64(256) * 1024;
+    QByteArray bytes;
+    while (bytes.size() < mostBytes) {
+        const QByteArray piece = file.read(qMin(PieceSize, mostBytes - bytes.size()));
+        if (piece.isEmpty())
+            break;
+        bytes.append(piece);
+    }
+    return bytes;
+}
+
 } // namespace
 
 std::optional<QByteArray> WholeFile::read(
@@ -30,8 +45,7 @@ std::optional<QByteArray> WholeFile::read(
         error = reasonNotOpened(file);
         return std::nullopt;
     }
-    // One byte more than allowed shows a longer file also where its size is not known beforehand.
-    const QByteArray bytes = file.read(maximumSize + 1);
+    const QByteArray bytes = readUpTo(file, maximumSize + 1);
     if (file.error() != QFileDevice::NoError) {
         error = file.errorString();
         return std::nullopt;

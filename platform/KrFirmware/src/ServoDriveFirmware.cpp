@@ -25,6 +25,21 @@ ParameterDefinition *find(const ServoDriveFirmwareData::Definitions &definitions
     return found == definitions.end() ? nullptr : found->second.get();
 }
 
+/// In pieces: a read of so much at once takes that much memory, however short the file is. One byte
+/// more than a description may have tells that there is more.
+QByteArray readUpTo(QFile &file, qsizetype mostBytes)
+{
+    constexpr qsizetype PieceSize = qsizetype(256) * 1024;
+    QByteArray bytes;
+    while (bytes.size() < mostBytes) {
+        const QByteArray piece = file.read(qMin(PieceSize, mostBytes - bytes.size()));
+        if (piece.isEmpty())
+            break;
+        bytes.append(piece);
+    }
+    return bytes;
+}
+
 } // namespace
 
 ServoDriveFirmware::ServoDriveFirmware(std::unique_ptr<ServoDriveFirmwareData> data)
@@ -38,10 +53,9 @@ std::unique_ptr<ServoDriveFirmware> ServoDriveFirmware::loadFromFile(
     const QString &fileName, DescriptionError *error)
 {
     QFile file(fileName);
-    // One byte more than a description may have tells that there is more.
     QByteArray bytes;
     if (file.open(QIODevice::ReadOnly))
-        bytes = file.read(DescriptionLoader::MostBytes + 1);
+        bytes = readUpTo(file, DescriptionLoader::MostBytes + 1);
     if (file.error() != QFileDevice::NoError) {
         if (error)
             *error = {fileName, QString(), file.errorString()};
