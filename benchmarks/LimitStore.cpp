@@ -37,6 +37,14 @@ void LimitStore::create(quint32 address, const QString &defaultText)
     m_order.append(address);
 }
 
+void LimitStore::createByText(
+    const QString &locatorText, quint32 address, const QString &defaultText)
+{
+    quint32 &known = m_locatorTexts[locatorText];
+    create(address, defaultText);
+    known = address;
+}
+
 bool LimitStore::write(quint32 address, const QString &text, const QString &tag)
 {
     const auto found = m_values.find(address);

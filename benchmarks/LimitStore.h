@@ -26,6 +26,8 @@ public:
     static qint64 nativeNumber(const QString &text);
 
     void create(quint32 address, const QString &defaultText);
+    /// Keeps the text that the value was created by, so that the same text finds it again.
+    void createByText(const QString &locatorText, quint32 address, const QString &defaultText);
     /// Parses, checks the limits, stores with the tag and tells four listeners.
     bool write(quint32 address, const QString &text, const QString &tag);
     /// Two decimals and the unit.
@@ -46,4 +48,5 @@ Q_SIGNALS:
 private:
     QHash<quint32, Value> m_values;
     QList<quint32> m_order;
+    QHash<QString, quint32> m_locatorTexts;
 };

@@ -101,6 +101,20 @@ void createLimit(benchmark::State &state, int size)
     check(state, store->size() == used.valueCount());
 }
 
+void createByAxisLimit(benchmark::State &state, int size)
+{
+    const BenchmarkDevice &used = device(size);
+    const QString defaultText = QStringLiteral("1250");
+    std::unique_ptr<LimitStore> store;
+    measure(
+        state, used.valueCount(), [&] { store = std::make_unique<LimitStore>(); },
+        [&] {
+            for (qsizetype i = 0; i < used.locatorTexts().size(); ++i)
+                store->createByText(used.locatorTexts().at(i), quint32(i), defaultText);
+        });
+    check(state, store->size() == used.valueCount());
+}
+
 void createLibraryWith(
     benchmark::State &state, int size, void (BenchmarkDevice::*fill)(ParameterContainer &) const)
 {
@@ -402,7 +416,7 @@ int main(int argc, char **argv)
     for (const int size : Sizes) {
         addSized("create/limit", size, createLimit);
         addSized("create/library", size, createLibrary);
-        addSized("create-by-axis/limit", size, createLimit);
+        addSized("create-by-axis/limit", size, createByAxisLimit);
         addSized("create-by-axis/library", size, createByAxisLibrary);
         addSized("write/limit", size, writeLimit);
         addSized("write/library", size, writeLibrary);
@@ -426,7 +440,7 @@ int main(int argc, char **argv)
     add("record-save-load/limit", RecordElements, plainSaveLoad);
     add("record-save-load/library", RecordElements, recordSaveLoad);
     return runPairs(argc, argv, ReferenceSize,
-        {{"create", 3.0}, {"write", 3.0}, {"read", 1.9}, {"save", 4.0}, {"load", 4.0},
-            {"record-create", RecordBound}, {"record-write", RecordBound},
+        {{"create", 3.0}, {"create-by-axis", 3.0}, {"write", 3.0}, {"read", 1.9}, {"save", 4.0},
+            {"load", 4.0}, {"record-create", RecordBound}, {"record-write", RecordBound},
             {"record-read", RecordBound}, {"record-save-load", RecordBound}});
 }
