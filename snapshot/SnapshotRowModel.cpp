@@ -21,6 +21,9 @@ namespace {
 template <typename T>
 QList<T> united(const QList<T> &a, const QList<T> &b)
 {
+    // Most snapshots hold the same.
+    if (a.isEmpty() || a == b)
+        return b;
     QList<T> result;
     result.reserve(std::max(a.size(), b.size()));
     std::set_union(a.cbegin(), a.cend(), b.cbegin(), b.cend(), std::back_inserter(result));
@@ -34,19 +37,16 @@ bool holds(const QList<T> &list, T value)
     return std::binary_search(list.cbegin(), list.cend(), value);
 }
 
-QString prefix(eLivingSpace livingSpace)
+/// "2.A12", without prefix for a global parameter, with room for what is appended.
+QString placeOf(eLivingSpace livingSpace, const QString &coordinate, qsizetype room)
 {
-    if (livingSpace == eLivingSpace::Global)
-        return {};
-    return QString::number(static_cast<qint32>(livingSpace)) + QLatin1Char('.');
-}
-
-/// Deliberate: an element without name keeps the blank in front of it, a parameter does not.
-QString titled(const QString &place, const QString &name)
-{
-    QString result;
-    result.reserve(place.size() + 1 + name.size());
-    return result.append(place).append(QLatin1Char(' ')).append(name);
+    QString place;
+    place.reserve(2 + coordinate.size() + room);
+    if (livingSpace != eLivingSpace::Global) {
+        place.append(QLatin1Char(char('0' + static_cast<qint32>(livingSpace))));
+        place.append(QLatin1Char('.'));
+    }
+    return place.append(coordinate);
 }
 
 /// As a tree sorts its items: by code units, equal titles as they come. Most rows come in order, and
@@ -146,8 +146,12 @@ QList<SnapshotRow> SnapshotRowModel::rows(
     for (qsizetype i = 0; i < coordinates.size(); ++i) {
         if (!progress.advance(FillingProgress::MakingRows, i, coordinates.size()))
             return {};
-        for (SnapshotRow &row : parameterRows(coordinates.at(i)))
-            rowsOfLivingSpace[row.livingSpace].append(std::move(row));
+        for (SnapshotRow &row : parameterRows(coordinates.at(i))) {
+            QList<SnapshotRow> &rows = rowsOfLivingSpace[row.livingSpace];
+            if (rows.isEmpty())
+                rows.reserve(coordinates.size());
+            rows.append(std::move(row));
+        }
     }
     // A title without prefix stands behind those that begin with a digit.
     QList<SnapshotRow> globalRows = std::move(rowsOfLivingSpace[eLivingSpace::Global]);
@@ -175,15 +179,16 @@ QList<SnapshotRow> SnapshotRowModel::parameterRows(const ParameterCoordinate &co
     QList<SnapshotRow> result;
     result.reserve(livingSpaces.size());
     for (const eLivingSpace livingSpace : std::as_const(livingSpaces)) {
-        const QString place = prefix(livingSpace) + text;
         SnapshotRow row;
         row.livingSpace = livingSpace;
         row.coordinate = coordinate;
-        row.title = name.isEmpty() ? place : titled(place, name);
+        row.title = placeOf(livingSpace, text, 1 + name.size());
         if (isSimple)
             row.cells = parameterCells(row, holdings);
         else
-            row.children = elementRows(row, place, elements, holdings);
+            row.children = elementRows(row, row.title, elements, holdings);
+        if (!name.isEmpty())
+            row.title.append(QLatin1Char(' ')).append(name);
         result.append(std::move(row));
     }
     return result;
@@ -199,8 +204,9 @@ QList<SnapshotRow> SnapshotRowModel::elementRows(const SnapshotRow &parent, cons
         row.livingSpace = parent.livingSpace;
         row.coordinate = parent.coordinate;
         row.element = element;
-        row.title = titled(place + QLatin1Char('[') + QString::number(element) + QLatin1Char(']'),
-            elementName(parent.coordinate, element));
+        // Deliberate: an element without name keeps the blank in front of it, a parameter does not.
+        row.title = place + QLatin1Char('[') + QString::number(element) + QLatin1String("] ")
+            + elementName(parent.coordinate, element);
         row.cells = elementCells(row, holdings);
         result.append(std::move(row));
     }
