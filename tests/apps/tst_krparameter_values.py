@@ -1,0 +1,175 @@
+#!/usr/bin/python3
+"""Runs krparameter as a process: how values are shown, and the notes on texts that do not read back.
+
+Usage: tst_krparameter_values.py PROGRAM SOURCE-FOLDER
+"""
+
+import json
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+PROGRAM = ""
+
+GOOD, REJECTED = 0, 4
+
+DEVICE = """{
+  "format": "kr-device-description", "version": 1,
+  "family": {"identifier": 81, "name": "Device", "hasPhysicalAxes": true, "axes": [1, 2]},
+  "languages": ["de", "en"], "dataTypes": ["UINT8", "INT16", "REAL64", "STRING8"],
+  "profiles": {"kept": {"levels": {"read": 0, "write": 6}}},
+  "parameters": [
+    {"number": 1, "coordinates": ["A01"], "name": "Einheit",
+     "elements": [{"dataType": "STRING8", "kind": 5, "default": "mm"}]},
+    {"number": 2, "coordinates": ["A02"], "name": "Weg",
+     "elements": [{"dataType": "REAL64", "default": "0.25", "decimals": {"behind": 0},
+                   "units": {"scaled": "<localAxis:A01>", "native": "m"}}]},
+    {"number": 3, "coordinates": ["A03"], "name": "Maske", "global": true,
+     "elements": [{"dataType": "INT16", "kind": 3, "default": -1}]},
+    {"number": 4, "coordinates": ["A04"], "name": "Wahl", "global": true,
+     "elements": [{"dataType": "UINT8", "kind": 1, "limits": {"lower": 1, "upper": 2}, "default": 1,
+                   "choices": {"0": "Aus", "1": "Ein", "2": "Auto", "3": "Test"}}]},
+    {"number": 5, "coordinates": ["A05"], "name": "Leer",
+     "elements": [{"dataType": "STRING8", "kind": 0, "default": "",
+                   "units": {"scaled": "<localAxis:A01>", "native": "m"}}]},
+    {"number": 6, "coordinates": ["A06"], "name": "Geheim",
+     "elements": [{"profile": "kept", "dataType": "REAL64", "default": "0.25",
+                   "decimals": {"behind": 0}, "units": {"scaled": "<localAxis:A01>"}}]}
+  ]
+}"""
+
+BECOMES_0 = 'als Eingabe ergibt dieser Text nativ "0"'
+BECOMES_1 = 'als Eingabe ergibt dieser Text nativ "1"'
+REFUSED = "dieser Text wird als Eingabe nicht angenommen"
+
+
+class Run:
+    def __init__(self, *words, locale="C"):
+        done = subprocess.run([PROGRAM, *words], capture_output=True, timeout=60,
+                              env={**os.environ, "LC_ALL": locale})
+        self.code = done.returncode
+        self.out = done.stdout.decode("utf-8")
+        self.err = done.stderr.decode("utf-8")
+
+    def lines(self):
+        return [json.loads(line) for line in self.out.splitlines()]
+
+
+class ValueTest(unittest.TestCase):
+    maxDiff = None
+
+    def setUp(self):
+        self.folder = Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, self.folder)
+        device = self.folder / "device.json"
+        device.write_text(DEVICE, encoding="utf-8")
+        self.device = ["--device", str(device)]
+
+    def run_on_device(self, *words):
+        return Run(*self.device, *words)
+
+    def check(self, run, code, out=None):
+        self.assertEqual(run.code, code, run.err)
+        if out is not None:
+            self.assertEqual(run.out, out)
+
+    def project(self, name, *pairs):
+        path = str(self.folder / name)
+        self.check(self.run_on_device("--project", path, "set", *pairs), GOOD)
+        return path
+
+
+class Notes(ValueTest):
+    def test_of_set(self):
+        self.check(self.run_on_device("set", "A02", "0.75"), GOOD, out=(
+            "1.A02  Weg: 0 mm -> 1 mm\n"
+            f"  Hinweis: {BECOMES_1}\n"))
+        self.check(self.run_on_device("--lang", "en", "set", "A02", "0.75"), GOOD, out=(
+            "1.A02  Weg: 0 mm -> 1 mm\n"
+            '  Note: when typed in, this text yields the native value "1"\n'))
+        run = self.run_on_device("set", "A02", "0.75", "A04", "2", "--json")
+        self.check(run, GOOD)
+        self.assertEqual([line.get("note") for line in run.lines()], [BECOMES_1, None])
+
+    def test_of_list(self):
+        run = self.run_on_device("list", "--json", "--axis", "1")
+        self.check(run, GOOD)
+        self.assertEqual({line["address"]: line.get("note") for line in run.lines()},
+                         {"1.A01": None, "1.A02": BECOMES_0, "A03": REFUSED, "A04": None,
+                          "1.A05": None, "1.A06": None})
+
+
+class Choices(ValueTest):
+    def test_limits_are_shown_beside_them(self):
+        self.check(self.run_on_device("get", "A04"), GOOD, out=(
+            "A04  Wahl\n"
+            "  Anzeige    1: Ein\n"
+            "  Wert       1\n"
+            "  Nativ      1\n"
+            "  Default    1: Ein\n"
+            "  Grenzen    1: Ein bis 2: Auto\n"
+            "  Auswahl    0: Aus\n"
+            "             1: Ein\n"
+            "             2: Auto\n"
+            "             3: Test\n"
+            "  Zugriff    lesen ab Stufe 0, schreiben ab Stufe 0\n"))
+
+    def test_a_rejection_names_those_within_the_limits(self):
+        for value in ("0", "3", "Aus", "x"):
+            run = self.run_on_device("set", "A04", value)
+            self.check(run, REJECTED, out="")
+            self.assertIn(f'"{value}" wurde abgewiesen; zulässig: 1: Ein, 2: Auto\n', run.err)
+
+    def test_a_rejection_names_the_limits_where_no_choice_is_within(self):
+        device = self.folder / "narrow.json"
+        device.write_text(DEVICE.replace('"lower": 1, "upper": 2}, "default": 1',
+                                         '"lower": 7, "upper": 9}, "default": 8'), encoding="utf-8")
+        run = Run("--device", str(device), "set", "A04", "1")
+        self.check(run, REJECTED, out="")
+        self.assertIn('"1" wurde abgewiesen; zulässig: 7 bis 9\n', run.err)
+
+
+class EmptyValue(ValueTest):
+    def test_is_shown(self):
+        self.check(self.run_on_device("get", "1.A05"), GOOD, out=(
+            "1.A05  Leer\n"
+            '  Anzeige    ""\n'
+            '  Wert       ""\n'
+            '  Nativ      ""\n'
+            "  Zugriff    lesen ab Stufe 0, schreiben ab Stufe 0\n"))
+
+    def test_has_the_units_of_its_axis(self):
+        path = self.project("a", "2.A01", "inch")
+        run = self.run_on_device("--project", path, "get", "1.A05", "2.A05", "--json")
+        self.check(run, GOOD)
+        self.assertEqual([(line["display"], line["unit"], line["nativeUnit"]) for line in run.lines()],
+                         [("", "mm", "m"), ("", "inch", "m")])
+
+
+class GermanLocale(unittest.TestCase):
+    def run_on_drive(self, *words):
+        run = Run("--device", "two-axis-drive", *words, locale="de_DE.UTF-8")
+        self.assertEqual(run.code, GOOD, run.err)
+        return run
+
+    def test_display_text(self):
+        run = self.run_on_drive("get", "H00", "--json").lines()[0]
+        self.assertEqual((run["display"], run["value"], run["native"]), ("12,600 A", "12.6", "12600"))
+        self.assertIn("  Grenzen    0,000 A bis 60,000 A\n", self.run_on_drive("get", "H00").out)
+
+    def test_typed_text(self):
+        for text in ("15,5 A", "15,5", "15.5 A", "15.5"):
+            self.assertEqual(self.run_on_drive("set", "H00", text).out,
+                             "1.H00  Stromgrenze: 12,600 A -> 15,500 A\n")
+
+    def test_shown_text_reads_back(self):
+        self.assertNotIn("(!)", self.run_on_drive("list", "H00").out)
+
+
+if __name__ == "__main__":
+    PROGRAM = sys.argv[1]
+    unittest.main(argv=sys.argv[:1])
