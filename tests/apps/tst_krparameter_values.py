@@ -102,6 +102,29 @@ class Notes(ValueTest):
                          {"1.A01": None, "1.A02": BECOMES_0, "A03": REFUSED, "A04": None,
                           "1.A05": None, "1.A06": None})
 
+    def test_of_what_changes_elsewhere(self):
+        self.check(self.run_on_device("set", "1.A01", "m"), GOOD, out=(
+            "1.A01  Einheit: mm -> m\n"
+            "  1.A02  Weg: 0 mm -> 0 m\n"
+            f"    Hinweis: {BECOMES_0}\n"
+            "  1.A02  Weg: Einheit mm -> m\n"
+            "  1.A05  Leer: Einheit mm -> m\n"
+            # Its value is masked.
+            "  1.A06  Geheim: Einheit mm -> m\n"))
+
+    def test_of_what_changes_elsewhere_as_json(self):
+        run = self.run_on_device("set", "1.A01", "m", "--json")
+        self.check(run, GOOD)
+        found = {line.get("consequence"): line for line in run.lines()}
+        self.assertEqual(found["1.A02"], {
+            "consequence": "1.A02", "name": "Weg",
+            "before": {"display": "0 mm", "value": "0.25", "native": "0.25", "unit": "mm",
+                       "nativeUnit": "m", "lowerLimit": "", "upperLimit": "", "visible": True},
+            "after": {"display": "0 m", "value": "0.25", "native": "0.25", "unit": "m",
+                      "nativeUnit": "m", "lowerLimit": "", "upperLimit": "", "visible": True,
+                      "note": BECOMES_0}})
+        self.assertNotIn("note", found["1.A05"]["after"])
+
 
 class Choices(ValueTest):
     def test_limits_are_shown_beside_them(self):
