@@ -4,6 +4,8 @@
 Usage: tst_krparameter_values.py PROGRAM SOURCE-FOLDER
 """
 
+import csv
+import io
 import json
 import os
 import shutil
@@ -15,7 +17,7 @@ from pathlib import Path
 
 PROGRAM = ""
 
-GOOD, REJECTED = 0, 4
+GOOD, DIFFERENCES, REJECTED = 0, 1, 4
 
 DEVICE = """{
   "format": "kr-device-description", "version": 1,
@@ -124,6 +126,62 @@ class Notes(ValueTest):
                       "nativeUnit": "m", "lowerLimit": "", "upperLimit": "", "visible": True,
                       "note": BECOMES_0}})
         self.assertNotIn("note", found["1.A05"]["after"])
+
+    def test_of_both_sides_of_a_difference(self):
+        a = self.project("a", "A02", "0.75", "A04", "2")
+        b = self.project("b", "A02", "1.75")
+        self.check(self.run_on_device("diff", a, b), DIFFERENCES, out=(
+            "1.A02  Weg: 1 mm -> 2 mm\n"
+            f'  Hinweis zu "1 mm": {BECOMES_1}\n'
+            '  Hinweis zu "2 mm": als Eingabe ergibt dieser Text nativ "2"\n'
+            "A04  Wahl: 2: Auto -> 1: Ein\n"))
+        self.check(self.run_on_device("diff", a), DIFFERENCES, out=(
+            "1.A02  Weg: 0 mm -> 1 mm\n"
+            f'  Hinweis zu "0 mm": {BECOMES_0}\n'
+            f'  Hinweis zu "1 mm": {BECOMES_1}\n'
+            "A04  Wahl: 1: Ein -> 2: Auto\n"))
+        run = self.run_on_device("--lang", "en", "diff", a)
+        self.assertIn('  Note on "0 mm": when typed in, this text yields the native value "0"\n',
+                      run.out)
+
+    def test_of_one_side_of_a_difference(self):
+        b = self.project("b", "A03", "7")
+        self.check(self.run_on_device("diff", b), DIFFERENCES, out=(
+            "A03  Maske: ffff hex -> 0007 hex\n"
+            f'  Hinweis zu "ffff hex": {REFUSED}\n'))
+
+    def test_of_a_difference_as_json(self):
+        b = self.project("b", "A03", "7")
+        run = self.run_on_device("diff", b, "--json")
+        self.check(run, DIFFERENCES)
+        self.assertEqual(run.lines(), [{
+            "address": "A03", "name": "Maske",
+            "left": {"display": "ffff hex", "value": "-1", "native": "-1", "note": REFUSED},
+            "right": {"display": "0007 hex", "value": "7", "native": "7"}}])
+
+    def test_table_of_differences_has_the_native_texts_instead(self):
+        b = self.project("b", "A03", "7")
+        run = self.run_on_device("diff", b, "--csv")
+        self.check(run, DIFFERENCES)
+        self.assertEqual(list(csv.reader(io.StringIO(run.out, newline="")))[1],
+                         ["A03", "Maske", "ffff hex", "0007 hex", "-1", "7", "value", "value"])
+
+    def test_files_of_snapshots_have_no_device_to_ask(self):
+        b = self.project("b", "A03", "7")
+        file = str(self.folder / "default.json")
+        self.check(self.run_on_device("snapshot", "-o", file), GOOD)
+        self.check(self.run_on_device("diff", file, b), DIFFERENCES,
+                   out="A03  Maske: ffff hex -> 0007 hex\n")
+        self.check(self.run_on_device("diff", b, file), DIFFERENCES,
+                   out="A03  Maske: 0007 hex -> ffff hex\n")
+
+    def test_of_a_value_above_the_access_level(self):
+        text = DEVICE.replace('"kind": 3,', '"kind": 3, "levels": {"read": 3, "write": 3},')
+        device = self.folder / "secret.json"
+        device.write_text(text, encoding="utf-8")
+        b = self.project("b", "A03", "7")
+        self.check(Run("--device", str(device), "--access-level", "2", "diff", b), DIFFERENCES,
+                   out="A03  Maske: <nicht lesbar> -> <nicht lesbar>\n")
 
 
 class Choices(ValueTest):
