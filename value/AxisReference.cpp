@@ -76,7 +76,9 @@ QString withoutKey(
         return displayText;
     const std::optional<QString> key =
         ChoiceForm::readNumber(information.valueText(livingSpace, ReferencedElement, false));
-    const QString start = key.value_or(QString()) + QLatin1StringView(": ");
+    if (!key)
+        return displayText;
+    const QString start = *key + QLatin1StringView(": ");
     return displayText.startsWith(start) ? displayText.sliced(start.size()) : displayText;
 }
 

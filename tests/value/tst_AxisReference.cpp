@@ -165,6 +165,11 @@ void tst_AxisReference::resolveChoiceToItsEntryText()
     named->values[eLivingSpace::Axis1] = QStringLiteral("2");
     QCOMPARE(reference("<localAxis:E12>").resolve(&container, eLivingSpace::Axis1),
         std::optional(QStringLiteral("2")));
+
+    // No key stands before this colon.
+    named->values[eLivingSpace::Axis1] = QStringLiteral(": Torque");
+    QCOMPARE(reference("<localAxis:E12>").resolve(&container, eLivingSpace::Axis1),
+        std::optional(QStringLiteral(": Torque")));
 }
 
 void tst_AxisReference::resolveWithoutContainer()
