@@ -171,6 +171,55 @@ std::optional<QString> ipv4ByPattern(QString text)
     return QString::number(value);
 }
 
+/// The number with its sign where the whole text is one of 64 bits, blanks of the "C" locale around it.
+std::optional<QString> integerByPattern(const QString &text)
+{
+    static const QRegularExpression pattern(
+        QStringLiteral("\\A[\\x09-\\x0d ]*([+-]?)([0-9]+)[\\x09-\\x0d ]*\\z"));
+    const QRegularExpressionMatch match = pattern.match(text);
+    if (!match.hasMatch())
+        return {};
+    bool fits = false;
+    const bool isNegative = match.captured(1) == QLatin1String("-");
+    if (isNegative) {
+        const qlonglong value = (QLatin1Char('-') + match.captured(2)).toLongLong(&fits);
+        return fits ? std::optional(QString::number(value)) : std::nullopt;
+    }
+    const qulonglong value = match.captured(2).toULongLong(&fits);
+    return fits ? std::optional(QString::number(value)) : std::nullopt;
+}
+
+/// Of the subject's choice. Its entry 7 is the text of the subject's own value, which is what was typed.
+QString choiceByRule(const QString &text)
+{
+    if (const std::optional<QString> number =
+            integerByPattern(text.section(QLatin1Char(':'), 0, 0)))
+        return *number;
+    if (text.trimmed().isEmpty())
+        return text;
+    return text.trimmed() == QLatin1String("Aus") ? QStringLiteral("0") : QStringLiteral("7");
+}
+
+QString addressByPattern(const QString &text)
+{
+    static const QRegularExpression pattern(
+        QStringLiteral("\\A(?:([1-4])\\.)?([A-Z])([0-9]{1,3})(?:\\[([0-9]{1,5})\\])?\\z"));
+    const QString typed = text.trimmed();
+    // Of a number not even its zeros change; one beyond 63 bits is none.
+    bool isNumber = false;
+    integerByPattern(typed).value_or(QString()).toLongLong(&isNumber);
+    if (isNumber)
+        return typed;
+    const QRegularExpressionMatch match = pattern.match(typed.section(QLatin1Char(' '), 0, 0));
+    const uint element = match.captured(4).toUInt();
+    if (!match.hasMatch() || element > 16383)
+        return text;
+    const uint axis = match.captured(1).isEmpty() ? 0 : match.captured(1).toUInt() - 1;
+    const uint group = match.captured(2).at(0).unicode() - u'A' + 1;
+    const uint coordinate = group * 1000 + match.captured(3).toUInt();
+    return QString::number(axis << 30 | element << 16 | coordinate);
+}
+
 QString timeByPattern(const QString &text)
 {
     static const QRegularExpression pattern(
@@ -191,6 +240,12 @@ void checkPatterns(const Input &input, const std::optional<QString> &valueText)
         requireRule(valueText == timeByPattern(input.text), "a time reads like its pattern");
     if (input.kind == Ipv4)
         requireRule(valueText == ipv4ByPattern(input.text), "an address reads like its pattern");
+    if (input.kind == Choice || input.kind == OnlineChoice)
+        requireRule(
+            valueText == choiceByRule(input.text), "a choice reads as a number or an entry");
+    if (input.kind == Address)
+        requireRule(valueText == addressByPattern(input.text),
+            "an address of a parameter reads like its text");
     if (input.kind != Decimal && input.kind != Hexadecimal && input.kind != Binary)
         return;
 

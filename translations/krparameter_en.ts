@@ -1718,10 +1718,6 @@ level stay empty. The document forbids scripts and loading, and names in it are 
         <translation>Nothing was saved.</translation>
     </message>
     <message>
-        <source>  Hinweis: %1</source>
-        <translation>  Note: %1</translation>
-    </message>
-    <message>
         <source>Parameter %1 hat mehrere Elemente; gebraucht wird eines, zum Beispiel %1[%2]</source>
         <translation>Parameter %1 has several elements; one is needed, for example %1[%2]</translation>
     </message>
@@ -2046,6 +2042,14 @@ element that does not match on one axis is missing on all. Properties are:
     <message>
         <source>höchstens %1 Bytes als Paare hexadezimaler Ziffern</source>
         <translation>at most %1 bytes as pairs of hexadecimal digits</translation>
+    </message>
+    <message>
+        <source>  Hinweis: %1</source>
+        <translation>  Note: %1</translation>
+    </message>
+    <message>
+        <source>  Hinweis zu &quot;%1&quot;: %2</source>
+        <translation>  Note on &quot;%1&quot;: %2</translation>
     </message>
 </context>
 <context>

@@ -19,6 +19,8 @@ constexpr qsizetype MaximumDigits = 3;
 constexpr int MaximumDepth = 32;
 /// Asks the container for the active axis.
 constexpr auto ActiveAxisRequest = eLivingSpace(-1);
+/// A reference names no element: this one is meant.
+constexpr quint16 ReferencedElement = 0;
 
 /// The references being resolved. Each parameter on the way formats its own value, so the chain is
 /// kept beside the calls and not handed through them.
@@ -58,17 +60,25 @@ bool isCoordinate(QStringView text)
         [](QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); });
 }
 
+bool hasReferencedElement(const ParameterInformation &information)
+{
+    return information.isRecordParameter() ? information.elementList().contains(ReferencedElement)
+                                           : ReferencedElement < information.elementCount();
+}
+
 /// Of "3: Torque control" only "Torque control".
 QString withoutKey(
     const QString &displayText, const ParameterInformation &information, eLivingSpace livingSpace)
 {
     const ParameterProperty kind =
-        information.elementProperty(0, eParameterProperty::ParameterKind);
+        information.elementProperty(ReferencedElement, eParameterProperty::ParameterKind);
     if (!DisplayForms::isChoice(kind.asInt32()))
         return displayText;
     const std::optional<QString> key =
-        ChoiceForm::readNumber(information.valueText(livingSpace, 0, false));
-    const QString start = key.value_or(QString()) + QLatin1StringView(": ");
+        ChoiceForm::readNumber(information.valueText(livingSpace, ReferencedElement, false));
+    if (!key)
+        return displayText;
+    const QString start = *key + QLatin1StringView(": ");
     return displayText.startsWith(start) ? displayText.sliced(start.size()) : displayText;
 }
 
@@ -85,6 +95,9 @@ std::optional<AxisReference> AxisReference::parse(QStringView text)
     const bool isLocal = takeStart(text, QLatin1StringView("<localAxis:"));
     if (!isLocal && !takeStart(text, QLatin1StringView("<activeAxis:")))
         return {};
+    // "$" of the pattern stands before a final line feed too.
+    if (text.endsWith(QLatin1Char('\n')))
+        text.chop(1);
     if (!text.endsWith(QLatin1Char('>')) || !isCoordinate(text.chopped(1)))
         return {};
     return AxisReference(
@@ -104,7 +117,7 @@ std::optional<QString> AxisReference::resolve(
         return {};
     const QPointer<ParameterInformation> information =
         container->parameterInformation(m_coordinate);
-    if (!information)
+    if (!information || !hasReferencedElement(*information))
         return {};
     if (information->isGlobalParameter())
         livingSpace = eLivingSpace::Global;
@@ -115,9 +128,9 @@ std::optional<QString> AxisReference::resolve(
         return {};
     const QScopedValueRollback guard(innermost, &link);
     // The display text as it is, never masked: it stands for a part of another parameter's text.
-    const QString valueText = information->valueText(livingSpace, 0, false);
+    const QString valueText = information->valueText(livingSpace, ReferencedElement, false);
     const QString text = information
-        ? information->prepareValueText(valueText, livingSpace, 0, false, nullptr)
+        ? information->prepareValueText(valueText, livingSpace, ReferencedElement, false, nullptr)
         : QString();
     return information ? withoutKey(text, *information, livingSpace) : text;
 }

@@ -14,17 +14,8 @@ constexpr qsizetype LongestText = 15;
 /// Takes the digits of one part off the text.
 std::optional<quint32> takePart(QStringView &text)
 {
-    quint32 number = 0;
-    qsizetype used = 0;
-    while (used < text.size() && used < PartDigits && text[used] >= QLatin1Char('0')
-        && text[used] <= QLatin1Char('9')) {
-        number = number * 10 + (text[used].unicode() - u'0');
-        ++used;
-    }
-    if (used == 0 || number > PartMask)
-        return {};
-    text = text.sliced(used);
-    return number;
+    const std::optional<quint32> number = NumberText::takeDigits(text, PartDigits);
+    return number && *number <= PartMask ? number : std::nullopt;
 }
 
 bool takePoint(QStringView &text)

@@ -265,6 +265,21 @@ std::optional<quint64> NumberText::toUnsigned(QStringView text)
     return integerOf<quint64>(text);
 }
 
+std::optional<quint32> NumberText::takeDigits(QStringView &text, qsizetype mostDigits)
+{
+    quint32 number = 0;
+    qsizetype used = 0;
+    while (used < text.size() && used < mostDigits && text[used] >= QLatin1Char('0')
+        && text[used] <= QLatin1Char('9')) {
+        number = number * 10 + (text[used].unicode() - u'0');
+        ++used;
+    }
+    if (used == 0)
+        return {};
+    text = text.sliced(used);
+    return number;
+}
+
 quint64 NumberText::toBits(QStringView text)
 {
     if (const std::optional<quint64> value = toUnsigned(text))

@@ -44,6 +44,10 @@ std::optional<qint64> toInteger(QStringView text);
 /// As toInteger(), without sign.
 std::optional<quint64> toUnsigned(QStringView text);
 
+/// Takes the decimal digits at the start off the text, at most that many, and tells their number;
+/// empty where there is none. **Range** of the most digits: 1 to 9, so that 32 bits hold them.
+std::optional<quint32> takeDigits(QStringView &text, qsizetype mostDigits);
+
 /// The 64 bits of a decimal integer, of a negative one in two's complement; 0 for any other text.
 quint64 toBits(QStringView text);
 

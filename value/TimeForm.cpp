@@ -24,16 +24,11 @@ void appendTwoDigits(QString &text, quint32 number)
 /// Takes a part like "05m" off the text; 0 where the text does not begin with one.
 quint32 takePart(QStringView &text, qsizetype maximumDigits, char16_t letter)
 {
-    quint32 number = 0;
-    qsizetype used = 0;
-    while (used < text.size() && used < maximumDigits && text[used] >= QLatin1Char('0')
-        && text[used] <= QLatin1Char('9')) {
-        number = number * 10 + (text[used].unicode() - u'0');
-        ++used;
-    }
-    if (used == text.size() || text[used] != QChar(letter))
+    QStringView rest = text;
+    const quint32 number = NumberText::takeDigits(rest, maximumDigits).value_or(0);
+    if (!rest.startsWith(QChar(letter)))
         return 0;
-    text = text.sliced(used + 1);
+    text = rest.sliced(1);
     return number;
 }
 

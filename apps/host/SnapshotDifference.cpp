@@ -84,7 +84,7 @@ public:
         }
         // The lists may differ where there is no value any more.
         if (result.isEmpty())
-            result.append({m_coordinate.toText(), nameAt(0), {}, {}});
+            result.append({{}, m_coordinate.toText(), nameAt(0), {}, {}});
         return result;
     }
 
@@ -98,6 +98,7 @@ private:
             return;
         hideUnreadable(difference.left);
         hideUnreadable(difference.right);
+        difference.place = {m_coordinate, livingSpace, element};
         difference.address = ExportLine::placeText(livingSpace, m_coordinate, element, m_elements);
         difference.name = nameAt(element);
         result.append(difference);

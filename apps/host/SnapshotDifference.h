@@ -1,7 +1,6 @@
 #pragma once
 
-#include <KrParameterDefinition/ParameterCoordinate.h>
-#include <KrParameterDefinition/eLivingSpace.h>
+#include "apps/host/ValuePlace.h"
 
 #include <QtCore/QList>
 #include <QtCore/QString>
@@ -20,6 +19,7 @@ struct SnapshotDifference {
         bool isReadable = true;
     };
 
+    ValuePlace place;
     /// "E84", "1.B01", "2.E30[1]".
     QString address;
     /// The parameter's, of a record with the element's behind it.

@@ -50,8 +50,9 @@ Consequences::State Consequences::stateOf(const ValuePlace &place) const
         return {};
     const ValueView view(*parameter, place);
     return {
-        .display = parameter->displayValueText(place.livingSpace, place.element, true),
-        .native = parameter->nativeValueText(place.livingSpace, place.element, false),
+        .display = view.display(),
+        .value = view.value(),
+        .native = view.native(),
         .lower = parameter->lowerLimitText(place.livingSpace, place.element),
         .upper = parameter->upperLimitText(place.livingSpace, place.element),
         .unit = view.unit(),
@@ -95,8 +96,13 @@ void Consequences::writeText(const Change &change, TrialCopy &now, Console &cons
                 heading + step.arg(ValueView::singleLine(before), ValueView::singleLine(after)));
         }
     };
-    if (!change.isWritten)
+    if (!change.isWritten) {
         writeStep(QStringLiteral("%1 -> %2"), change.before.display, change.after.display);
+        const bool isShown = change.before.display != change.after.display;
+        const QString note = isShown ? view.readBackNote(now) : QString();
+        if (!note.isEmpty())
+            console.writeLine(QStringLiteral("  ") + ValueView::noteLine(note));
+    }
     writeStep(tr("Einheit %1 -> %2"), orNone(change.before.unit), orNone(change.after.unit));
     writeStep(tr("native Einheit %1 -> %2"), orNone(change.before.nativeUnit),
         orNone(change.after.nativeUnit));
@@ -119,6 +125,7 @@ void Consequences::writeJson(const Change &change, TrialCopy &now, Console &cons
     const auto object = [&](const State &state, TrialCopy &trial) {
         return QJsonObject {
             {QStringLiteral("display"), state.display},
+            {QStringLiteral("value"), state.value},
             {QStringLiteral("native"), state.native},
             {QStringLiteral("unit"), state.unit},
             {QStringLiteral("nativeUnit"), state.nativeUnit},
@@ -128,11 +135,14 @@ void Consequences::writeJson(const Change &change, TrialCopy &now, Console &cons
         };
     };
     const ValueView view(*parameter, change.place);
+    QJsonObject after = object(change.after, now);
+    if (const QString note = view.readBackNote(now); !note.isEmpty())
+        after.insert(QStringLiteral("note"), note);
     console.writeLine(QJsonObject {
         {QStringLiteral("consequence"), view.address()},
         {QStringLiteral("name"), view.name()},
         {QStringLiteral("before"), object(change.before, m_trialBefore)},
-        {QStringLiteral("after"), object(change.after, now)},
+        {QStringLiteral("after"), after},
     });
 }
 

@@ -27,6 +27,7 @@ public:
 private:
     struct State {
         QString display;
+        QString value;
         QString native;
         QString lower;
         QString upper;

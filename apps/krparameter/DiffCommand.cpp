@@ -1,7 +1,9 @@
 #include "apps/krparameter/DiffCommand.h"
 
+#include "apps/host/DriveProject.h"
 #include "apps/host/Rfc4180Text.h"
 #include "apps/host/SnapshotDifference.h"
+#include "apps/host/TrialCopy.h"
 #include "apps/krparameter/CommandLine.h"
 #include "apps/krparameter/CommandOptions.h"
 #include "apps/krparameter/Console.h"
@@ -33,33 +35,75 @@ QString stateOf(const SnapshotDifference::Side &side)
     return side.isReadable ? QStringLiteral("value") : QStringLiteral("unreadable");
 }
 
+/// Why texts of one side would not read back. Of a snapshot file nothing is known: it is text, and no
+/// device converts it.
+class SideNotes {
+public:
+    /// **Owner** the caller.
+    explicit SideNotes(const TitledSnapshot &titled)
+        : m_session(titled.session.get())
+    {
+    }
+
+    QString noteOf(const SnapshotDifference::Side &side, const ValuePlace &place)
+    {
+        if (!m_session || !side.isHeld || !side.isReadable)
+            return {};
+        DriveProject &project = m_session->project();
+        const auto parameter = project.container().parameterInformation(place.coordinate);
+        if (!parameter)
+            return {};
+        if (!m_trial)
+            m_trial = std::make_unique<TrialCopy>(project);
+        return ValueView(*parameter, place).readBackNote(*m_trial);
+    }
+
+private:
+    Session *m_session;
+    std::unique_ptr<TrialCopy> m_trial;
+};
+
 /// Null where the side lacks the value; without texts where this user may not read it.
-QJsonValue jsonOf(const SnapshotDifference::Side &side)
+QJsonValue jsonOf(const SnapshotDifference::Side &side, const QString &note)
 {
     if (!side.isHeld)
         return QJsonValue::Null;
     if (!side.isReadable)
         return QJsonObject {{QStringLiteral("readable"), false}};
-    return QJsonObject {{QStringLiteral("display"), side.display},
+    QJsonObject object {{QStringLiteral("display"), side.display},
         {QStringLiteral("value"), side.value}, {QStringLiteral("native"), side.native}};
+    if (!note.isEmpty())
+        object.insert(QStringLiteral("note"), note);
+    return object;
 }
 
-void writeText(const QList<SnapshotDifference> &differences, Console &console)
+void writeText(
+    const QList<SnapshotDifference> &differences, SideNotes left, SideNotes right, Console &console)
 {
     for (const SnapshotDifference &difference : differences) {
         console.writeLine(QStringLiteral("%1  %2: %3 -> %4")
                               .arg(difference.address, ValueView::singleLine(difference.name),
                                   textOf(difference.left), textOf(difference.right)));
+        const auto writeNote = [&](const SnapshotDifference::Side &side, SideNotes &notes) {
+            const QString note = notes.noteOf(side, difference.place);
+            if (!note.isEmpty())
+                console.writeLine(ValueView::noteLine(note, side.display));
+        };
+        writeNote(difference.left, left);
+        writeNote(difference.right, right);
     }
 }
 
-void writeJson(const QList<SnapshotDifference> &differences, Console &console)
+void writeJson(
+    const QList<SnapshotDifference> &differences, SideNotes left, SideNotes right, Console &console)
 {
     for (const SnapshotDifference &difference : differences) {
         console.writeLine(QJsonObject {{QStringLiteral("address"), difference.address},
             {QStringLiteral("name"), difference.name},
-            {QStringLiteral("left"), jsonOf(difference.left)},
-            {QStringLiteral("right"), jsonOf(difference.right)}});
+            {QStringLiteral("left"),
+                jsonOf(difference.left, left.noteOf(difference.left, difference.place))},
+            {QStringLiteral("right"),
+                jsonOf(difference.right, right.noteOf(difference.right, difference.place))}});
     }
 }
 
@@ -106,7 +150,7 @@ QStringList DiffCommand::unusedOptions() const
 eExitCode DiffCommand::run(const CommandLine &line, Console &console)
 {
     Session session(line, console);
-    SnapshotSource source(line, console);
+    SnapshotSource source(line, console, SnapshotSource::eSession::Keep);
     const QStringList paths = source.paths();
     if (paths.isEmpty() || paths.size() > 2) {
         return session.fail(
@@ -121,14 +165,15 @@ eExitCode DiffCommand::run(const CommandLine &line, Console &console)
         code = source.freeze(paths);
     if (code != eExitCode::Good)
         return code;
-    const QList<SnapshotDifference> differences =
-        SnapshotDifference::between(*source.snapshots().front().snapshot,
-            *source.snapshots().back().snapshot, System::information()->userAccessLevel());
+    const TitledSnapshot &left = source.snapshots().front();
+    const TitledSnapshot &right = source.snapshots().back();
+    const QList<SnapshotDifference> differences = SnapshotDifference::between(
+        *left.snapshot, *right.snapshot, System::information()->userAccessLevel());
     if (line.has(OptionName::Json))
-        writeJson(differences, console);
+        writeJson(differences, SideNotes(left), SideNotes(right), console);
     else if (line.has(Csv))
         writeCsv(differences, console);
     else
-        writeText(differences, console);
+        writeText(differences, SideNotes(left), SideNotes(right), console);
     return differences.isEmpty() ? eExitCode::Good : eExitCode::Differences;
 }

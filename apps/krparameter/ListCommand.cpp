@@ -85,16 +85,12 @@ eExitCode ListCommand::run(const CommandLine &line, Console &console)
         const QString name = view.name();
         if (!pattern.matches(address) && !pattern.matches(name))
             continue;
-        const QString note = view.readBackNote(trial);
-        if (!line.has(OptionName::Json)) {
-            rows.append({address, ValueView::singleLine(name),
-                ValueView::singleLine(view.display()), note.isEmpty()});
+        if (line.has(OptionName::Json)) {
+            console.writeLine(view.toNotedJson(trial));
             continue;
         }
-        QJsonObject object = view.toJson();
-        if (!note.isEmpty())
-            object.insert(QStringLiteral("note"), note);
-        console.writeLine(object);
+        rows.append({address, ValueView::singleLine(name), ValueView::singleLine(view.display()),
+            view.readBackNote(trial).isEmpty()});
     }
     write(rows, console);
     return eExitCode::Good;

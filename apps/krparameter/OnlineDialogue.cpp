@@ -1,6 +1,7 @@
 #include "apps/krparameter/OnlineDialogue.h"
 
 #include "apps/host/DriveProject.h"
+#include "apps/host/TrialCopy.h"
 #include "apps/krparameter/CommandLine.h"
 #include "apps/krparameter/CommandOptions.h"
 #include "apps/krparameter/Console.h"
@@ -112,8 +113,9 @@ eExitCode OnlineDialogue::get(const QStringList &words)
         places.removeOne(outcome.place);
         code = eExitCode::UnreadableInput;
     }
+    TrialCopy trial(m_session.project());
     for (const ValuePlace &place : std::as_const(places))
-        showValue(place);
+        showValue(place, trial);
     return code;
 }
 
@@ -150,13 +152,26 @@ eExitCode OnlineDialogue::watch(const QStringList &words, int seconds)
         return code;
     if (const eExitCode code = readWhole(); code != eExitCode::Good)
         return code;
-    OnlineWatch watch(m_session.project().container(), *m_online, places);
+    ParameterContainer &container = m_session.project().container();
+    TrialCopy trial(m_session.project());
+    // Before the watch, so that the copy knows a value when it is shown.
+    QObject following;
+    QObject::connect(&container, &ParameterProvider::parameterValueChanged, &following,
+        [&container, &trial](const ParameterAddress &address) {
+            const auto parameter = container.parameterInformation(address.coordinate());
+            if (!parameter)
+                return;
+            const ValuePlace place = ValuePlace::of(address, *parameter);
+            trial.follow(place, ValueView(*parameter, place).native());
+        });
+    OnlineWatch watch(container, *m_online, places);
     QObject::connect(&watch, &OnlineWatch::noted, &watch,
         [this](const QString &line) { m_console.report(line); });
-    QObject::connect(&watch, &OnlineWatch::valueShown, &watch, [this](const ValuePlace &place) {
-        showValue(place);
-        m_console.flush();
-    });
+    QObject::connect(
+        &watch, &OnlineWatch::valueShown, &watch, [this, &trial](const ValuePlace &place) {
+            showValue(place, trial);
+            m_console.flush();
+        });
     return watch.run(seconds) ? eExitCode::Good : eExitCode::UnreadableInput;
 }
 
@@ -303,16 +318,19 @@ void OnlineDialogue::show(const OnlineOutcome &outcome, eShow what)
         m_console.writeLine(ValueView::singleLine(outcome.toText()));
 }
 
-void OnlineDialogue::showValue(const ValuePlace &place)
+void OnlineDialogue::showValue(const ValuePlace &place, TrialCopy &trial)
 {
     const auto parameter = m_session.project().container().parameterInformation(place.coordinate);
     const ValueView view(*parameter, place);
-    if (isJson())
-        m_console.writeLine(view.toJson());
-    else
-        m_console.writeLine(QStringLiteral("%1  %2: %3")
-                                .arg(view.address(), ValueView::singleLine(view.name()),
-                                    ValueView::singleLine(view.display())));
+    if (isJson()) {
+        m_console.writeLine(view.toNotedJson(trial));
+        return;
+    }
+    m_console.writeLine(QStringLiteral("%1  %2: %3")
+                            .arg(view.address(), ValueView::singleLine(view.name()),
+                                ValueView::singleLine(view.display())));
+    if (const QString note = view.readBackNote(trial); !note.isEmpty())
+        m_console.writeLine(ValueView::noteLine(note));
 }
 
 bool OnlineDialogue::isJson() const

@@ -15,6 +15,7 @@
 class CommandLine;
 class Console;
 class Session;
+class TrialCopy;
 class ValueView;
 
 /// What an online command says to the drive and to the user; each call waits for its end.
@@ -52,7 +53,7 @@ private:
     eExitCode failAsEnded(OnlineAction::eEnd end, const ValueView &control);
     eExitCode placesOf(const QStringList &words, QList<ValuePlace> &places);
     void show(const OnlineOutcome &outcome, eShow what);
-    void showValue(const ValuePlace &place);
+    void showValue(const ValuePlace &place, TrialCopy &trial);
     bool isJson() const;
 
     const CommandLine &m_line;

@@ -76,12 +76,9 @@ eExitCode SetCommand::run(const CommandLine &line, Console &console)
 void SetCommand::show(const ValueView &view, const QJsonObject &before, TrialCopy &trial,
     bool asJson, Console &console)
 {
-    const QString note = view.readBackNote(trial);
     if (asJson) {
-        QJsonObject object = view.toJson();
+        QJsonObject object = view.toNotedJson(trial);
         object.insert(QStringLiteral("before"), forms(before));
-        if (!note.isEmpty())
-            object.insert(QStringLiteral("note"), note);
         console.writeLine(object);
         return;
     }
@@ -90,8 +87,8 @@ void SetCommand::show(const ValueView &view, const QJsonObject &before, TrialCop
             .arg(view.address(), ValueView::singleLine(view.name()),
                 ValueView::singleLine(before.value(QLatin1String("display")).toString()),
                 ValueView::singleLine(view.display())));
-    if (!note.isEmpty())
-        console.writeLine(tr("  Hinweis: %1").arg(note));
+    if (const QString note = view.readBackNote(trial); !note.isEmpty())
+        console.writeLine(ValueView::noteLine(note));
 }
 
 eExitCode SetCommand::writesOf(const QStringList &words, Session &session, QList<Write> &writes)

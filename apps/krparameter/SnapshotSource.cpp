@@ -62,9 +62,10 @@ QString SnapshotSource::filterDetails()
         + wrapped(ParameterValueSnapshot::filterPropertyNames());
 }
 
-SnapshotSource::SnapshotSource(const CommandLine &line, Console &console)
+SnapshotSource::SnapshotSource(const CommandLine &line, Console &console, eSession afterwards)
     : m_line(line)
     , m_console(console)
+    , m_afterwards(afterwards)
 {
 }
 
@@ -126,23 +127,25 @@ eExitCode SnapshotSource::freezePath(const QString &path)
     auto snapshot = std::make_unique<ParameterValueSnapshot>(nullptr);
     if (const QString error = SnapshotFile::read(path, *snapshot); !error.isEmpty())
         return fail(eExitCode::UnreadableInput, error);
-    m_snapshots.push_back({path, std::move(snapshot)});
+    m_snapshots.push_back({path, std::move(snapshot), nullptr});
     return eExitCode::Good;
 }
 
 eExitCode SnapshotSource::freezeDevice(const std::optional<QString> &folder, const QString &title)
 {
-    Session session(m_line, m_console);
-    session.setFolder(folder);
-    if (const eExitCode code = session.open(); code != eExitCode::Good)
+    auto session = std::make_unique<Session>(m_line, m_console);
+    session->setFolder(folder);
+    if (const eExitCode code = session->open(); code != eExitCode::Good)
         return code;
-    auto snapshot = std::make_unique<ParameterValueSnapshot>(&session.project().container());
+    auto snapshot = std::make_unique<ParameterValueSnapshot>(&session->project().container());
     if (m_filter)
         snapshot->apply(*m_filter);
     else
         snapshot->applyNoFilter();
     snapshot->disconnectFromSourceContainer();
-    m_snapshots.push_back({title, std::move(snapshot)});
+    if (m_afterwards == eSession::Close)
+        session.reset();
+    m_snapshots.push_back({title, std::move(snapshot), std::move(session)});
     return eExitCode::Good;
 }
 

@@ -14,11 +14,14 @@ class CommandLine;
 class Console;
 class Filter;
 class ParameterValueSnapshot;
+class Session;
 
 /// A frozen state, and what it is called.
 struct TitledSnapshot {
     QString title;
     std::unique_ptr<ParameterValueSnapshot> snapshot;
+    /// What was frozen; null unless it is a project, or the defaults, and is kept.
+    std::unique_ptr<Session> session;
 };
 
 /// Freezes what the words of a command name: project folders, snapshot files, and the defaults of
@@ -31,8 +34,12 @@ public:
     /// For the help of commands with the option.
     static QString filterDetails();
 
+    /// Whether what is frozen stays open.
+    enum class eSession { Close, Keep };
+
     /// **Owner** the caller of both, which outlive the source.
-    SnapshotSource(const CommandLine &line, Console &console);
+    SnapshotSource(
+        const CommandLine &line, Console &console, eSession afterwards = eSession::Close);
     ~SnapshotSource();
 
     /// The project of the options first, then the arguments.
@@ -54,6 +61,7 @@ private:
 
     const CommandLine &m_line;
     Console &m_console;
+    const eSession m_afterwards;
     std::unique_ptr<Filter> m_filter;
     std::vector<TitledSnapshot> m_snapshots;
 };

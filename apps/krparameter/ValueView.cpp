@@ -28,9 +28,15 @@ std::pair<QString, QString> rangeOf(const SimpleType &type)
     return {QStringLiteral("0"), QString::number(std::numeric_limits<quint64>::max() >> surplus)};
 }
 
-QString unitBehind(const QString &text, const QString &textWithUnit)
+QString entryText(qint32 key, const ParameterTextMap &texts)
 {
-    return textWithUnit.startsWith(text + u' ') ? textWithUnit.sliced(text.size() + 1) : QString();
+    return QStringLiteral("%1: %2").arg(key).arg(texts.text(key).longText());
+}
+
+/// An empty text is told from none.
+QString orQuotes(const QString &text)
+{
+    return text.isEmpty() ? QStringLiteral("\"\"") : text;
 }
 
 } // namespace
@@ -67,15 +73,12 @@ QString ValueView::native() const
 
 QString ValueView::unit() const
 {
-    return unitBehind(m_parameter.valueText(m_place.livingSpace, m_place.element, false),
-        m_parameter.valueText(m_place.livingSpace, m_place.element, true));
+    return unit(eParameterProperty::ScaledMeasuringUnit);
 }
 
-/// Of the value's own living space; the unit may be another parameter's value.
 QString ValueView::nativeUnit() const
 {
-    return unitBehind(m_parameter.nativeValueText(m_place.livingSpace, m_place.element, false),
-        m_parameter.nativeValueText(m_place.livingSpace, m_place.element, true));
+    return unit(eParameterProperty::NativeMeasuringUnit);
 }
 
 QString ValueView::readBackNote(TrialCopy &trial) const
@@ -92,9 +95,16 @@ QString ValueView::readBackNote(TrialCopy &trial) const
     return tr("als Eingabe ergibt dieser Text nativ \"%1\"").arg(*back);
 }
 
+QString ValueView::noteLine(const QString &note, const QString &subject)
+{
+    const QString line = subject.isEmpty() ? tr("  Hinweis: %1").arg(note)
+                                           : tr("  Hinweis zu \"%1\": %2").arg(subject, note);
+    return singleLine(line);
+}
+
 QString ValueView::accepted(TrialCopy &trial) const
 {
-    const QStringList entries = choices();
+    const QStringList entries = acceptedChoices(trial);
     if (!entries.isEmpty())
         return entries.join(QLatin1String(", "));
     const QString range = limits(trial);
@@ -130,6 +140,14 @@ QJsonObject ValueView::toJson() const
     };
 }
 
+QJsonObject ValueView::toNotedJson(TrialCopy &trial) const
+{
+    QJsonObject object = toJson();
+    if (const QString note = readBackNote(trial); !note.isEmpty())
+        object.insert(QStringLiteral("note"), note);
+    return object;
+}
+
 QJsonObject ValueView::toFullJson(TrialCopy &trial) const
 {
     const eLivingSpace livingSpace = m_place.livingSpace;
@@ -138,7 +156,7 @@ QJsonObject ValueView::toFullJson(TrialCopy &trial) const
         return QJsonObject {
             {QStringLiteral("native"), native}, {QStringLiteral("display"), limit(trial, native)}};
     };
-    QJsonObject object = toJson();
+    QJsonObject object = toNotedJson(trial);
     object.insert(QStringLiteral("nativeUnit"), nativeUnit());
     object.insert(QStringLiteral("default"),
         bothForms(m_parameter.defaultNativeValueText(livingSpace, element)));
@@ -155,8 +173,6 @@ QJsonObject ValueView::toFullJson(TrialCopy &trial) const
     object.insert(QStringLiteral("writeLevel"), number(eParameterProperty::WriteLevel));
     object.insert(QStringLiteral("visible"), m_parameter.isVisible(livingSpace, element));
     object.insert(QStringLiteral("writable"), m_parameter.isWritable(livingSpace, element));
-    if (const QString note = readBackNote(trial); !note.isEmpty())
-        object.insert(QStringLiteral("note"), note);
     return object;
 }
 
@@ -169,15 +185,15 @@ QString ValueView::toFullText(TrialCopy &trial) const
                 QLatin1String("  ") + label.leftJustified(LabelWidth) + singleLine(content) + u'\n';
         }
     };
-    append(tr("Anzeige"), display());
-    append(tr("Wert"), m_parameter.valueText(m_place.livingSpace, m_place.element, true));
-    append(tr("Nativ"), m_parameter.nativeValueText(m_place.livingSpace, m_place.element, true));
+    append(tr("Anzeige"), orQuotes(display()));
+    append(tr("Wert"), orQuotes(m_parameter.valueText(m_place.livingSpace, m_place.element, true)));
+    append(tr("Nativ"),
+        orQuotes(m_parameter.nativeValueText(m_place.livingSpace, m_place.element, true)));
     append(tr("Default"),
         trial.displayText(
             m_place, m_parameter.defaultNativeValueText(m_place.livingSpace, m_place.element)));
+    append(tr("Grenzen"), limits(trial));
     const QStringList entries = choices();
-    if (entries.isEmpty())
-        append(tr("Grenzen"), limits(trial));
     for (qsizetype i = 0; i < entries.size(); ++i)
         append(i == 0 ? tr("Auswahl") : QString(), entries.at(i));
     append(tr("Zugriff"), access());
@@ -204,6 +220,12 @@ QString ValueView::singleLine(const QString &text)
             line += c;
     }
     return line;
+}
+
+/// Of the value's own living space; the unit may be another parameter's value.
+QString ValueView::unit(eParameterProperty unit) const
+{
+    return m_parameter.measuringUnit(unit, m_place.livingSpace, m_place.element).longText();
 }
 
 bool ValueView::isMasked(TrialCopy &trial) const
@@ -234,7 +256,19 @@ QStringList ValueView::choices() const
     const ParameterTextMap texts = m_parameter.selectionTexts(m_place.livingSpace, m_place.element);
     QStringList entries;
     for (const qint32 key : texts.keys())
-        entries.append(QStringLiteral("%1: %2").arg(key).arg(texts.text(key).longText()));
+        entries.append(entryText(key, texts));
+    return entries;
+}
+
+/// Without those that the limits rule out.
+QStringList ValueView::acceptedChoices(TrialCopy &trial) const
+{
+    const ParameterTextMap texts = m_parameter.selectionTexts(m_place.livingSpace, m_place.element);
+    QStringList entries;
+    for (const qint32 key : texts.keys()) {
+        if (trial.nativeText(m_place, QString::number(key)))
+            entries.append(entryText(key, texts));
+    }
     return entries;
 }
 

@@ -389,10 +389,10 @@ class Set(CommandLineTest):
                          ["1.B01", "1.B04", "1.H00"])
         self.assertEqual(run.lines()[2], {
             "consequence": "1.H00", "name": "Stromgrenze",
-            "before": {"display": "12.600 A", "native": "12600", "unit": "A", "nativeUnit": "mA",
-                       "lowerLimit": "0.000 A", "upperLimit": "60.000 A", "visible": True},
-            "after": {"display": "12.600 A", "native": "12600", "unit": "A", "nativeUnit": "mA",
-                      "lowerLimit": "0.000 A", "upperLimit": "30.000 A", "visible": True}})
+            "before": {"display": "12.600 A", "value": "12.6", "native": "12600", "unit": "A",
+                       "nativeUnit": "mA", "lowerLimit": "0.000 A", "upperLimit": "60.000 A", "visible": True},
+            "after": {"display": "12.600 A", "value": "12.6", "native": "12600", "unit": "A",
+                      "nativeUnit": "mA", "lowerLimit": "0.000 A", "upperLimit": "30.000 A", "visible": True}})
 
     def test_tells_units_that_another_value_names(self):
         run = on_drive("set", "1.E12", "m")

@@ -271,6 +271,15 @@ class Get(OnlineTest):
         self.assertEqual(run.lines(), [{"address": "A01", "name": "Strom", "display": "1.500 A",
                                         "value": "1.5", "native": "1500", "unit": "A"}])
 
+    def test_notes_what_does_not_read_back(self):
+        drive = self.drive()
+        note = 'als Eingabe ergibt dieser Text nativ "2"'
+        self.check(self.online(drive, "get", "1.B03", "A01"), GOOD, err="",
+                   out=f"1.B03  Real: 2\n  Hinweis: {note}\nA01  Strom: 4.200 A\n")
+        run = self.online(drive, "get", "1.B03", "A01", "--json")
+        self.check(run, GOOD)
+        self.assertEqual([line.get("note") for line in run.lines()], [note, None])
+
     def test_speaks_english(self):
         drive = self.drive()
         self.check(self.online(drive, "get", "A01", "--lang", "en"), GOOD, out="A01  Current: 4.200 A\n")
@@ -489,6 +498,24 @@ class Watch(OnlineTest):
         drive.order("tick 5")
         self.assertEqual({process.stdout.readline(), process.stdout.readline()},
                          {b"1.B02  Ist: 101\n", b"1.E48  Zustand: 1\n"})
+
+    def test_notes_what_does_not_read_back(self):
+        drive = self.drive()
+        process = self.begin(drive, "1.B03")
+        self.assertEqual(process.stdout.readline(), b"1.B03  Real: 2\n")
+        self.assertEqual(process.stdout.readline(),
+                         b'  Hinweis: als Eingabe ergibt dieser Text nativ "2"\n')
+        drive.order("set 1.B03 3")
+        self.assertEqual(process.stdout.readline(), b"1.B03  Real: 3\n")
+        drive.order("set 1.B03 4.25")
+        self.assertEqual(process.stdout.readline(), b"1.B03  Real: 4\n")
+        self.assertEqual(process.stdout.readline(),
+                         b'  Hinweis: als Eingabe ergibt dieser Text nativ "4"\n')
+
+    def test_notes_what_does_not_read_back_as_json(self):
+        process = self.begin(self.drive(), "1.B03", "--json")
+        self.assertEqual(json.loads(process.stdout.readline())["note"],
+                         'als Eingabe ergibt dieser Text nativ "2"')
 
     def test_ends_when_the_time_is_over(self):
         self.check(self.online(self.drive(), "watch", "1.B01", "--seconds", "1"), GOOD,

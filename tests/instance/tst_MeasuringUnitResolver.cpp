@@ -106,6 +106,8 @@ void tst_MeasuringUnitResolver::locatorTakesTheDisplayText_data()
     QTest::newRow("global parameter from any axis") << u"<localAxis:E14>"_s << Axis2 << u"grad"_s;
     QTest::newRow("one digit names line 7") << u"<localAxis:E7>"_s << Axis1 << u"sieben"_s;
     QTest::newRow("three digits") << u"<localAxis:E007>"_s << Axis1 << u"sieben"_s;
+    QTest::newRow("line feed behind it") << u"<localAxis:E07>\n"_s << Axis1 << u"sieben"_s;
+    QTest::newRow("element 0 of a record") << u"<localAxis:E31>"_s << Axis1 << u"null"_s;
 }
 
 void tst_MeasuringUnitResolver::locatorTakesTheDisplayText()
@@ -119,6 +121,7 @@ void tst_MeasuringUnitResolver::locatorTakesTheDisplayText()
     stand.add(unitText(u"mm"_s), u"E13"_s, {1, 2})->setNativeValue(Axis2, 0, u"inch"_s);
     stand.add(unitText(u"grad"_s).global(), u"E14"_s, {0});
     stand.add(unitText(u"sieben"_s), u"E07"_s);
+    stand.add(unitText(u"null"_s).element(0, u"Null"_s).element(1, u"Eins"_s), u"E31"_s);
     const MeasuringUnitResolver::Outcome outcome =
         MeasuringUnitResolver::resolve(textProperty(locator), stand.container.get(), livingSpace);
     QCOMPARE(outcome.problem, eProblem::None);
@@ -133,6 +136,7 @@ void tst_MeasuringUnitResolver::locatorOfAbsentParameter_data()
     QTest::newRow("no parameter") << u"<localAxis:E99>"_s << Axis1;
     QTest::newRow("no instance on the axis") << u"<localAxis:E13>"_s << Axis2;
     QTest::newRow("living space without any instance") << u"<localAxis:E13>"_s << eLivingSpace(9);
+    QTest::newRow("record without element 0") << u"<localAxis:E30>"_s << Axis1;
 }
 
 void tst_MeasuringUnitResolver::locatorOfAbsentParameter()
@@ -142,6 +146,7 @@ void tst_MeasuringUnitResolver::locatorOfAbsentParameter()
 
     InstanceStand stand;
     stand.add(unitText(u"mm"_s), u"E13"_s);
+    stand.add(unitText(u"mm"_s).element(1, u"Eins"_s).element(2, u"Zwei"_s), u"E30"_s);
     const MeasuringUnitResolver::Outcome outcome =
         MeasuringUnitResolver::resolve(textProperty(locator), stand.container.get(), livingSpace);
     QCOMPARE(outcome.problem, eProblem::Unknown);

@@ -10,7 +10,7 @@
 /// - decimal: integers beyond 2^53, because the form goes through a double; more than 15 significant
 ///   digits; digits beyond those shown; up to three significant digits in the engineering form,
 ///   which cuts the zeros of a mantissa without point, and four where the mantissa is 1000 but for
-///   its last bits;
+///   its last bits; of a string all but the number at its start, which is 0 where there is none;
 /// - hexadecimal: negative values of 8 to 32 bits, which read back unsigned, and what lies above the
 ///   low 32 bits of 64; types that are no integers, whose text has no suffix;
 /// - binary: negative values of 8 to 32 bits, which read back unsigned; types that are no integers;

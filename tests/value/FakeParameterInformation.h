@@ -25,6 +25,7 @@ public:
     bool isGlobal = false;
     bool isRecord = false;
     quint16 elements = 1;
+    QList<quint16> recordElements;
     ParameterText nameText;
     QVariant choice;
     QMap<eLivingSpace, QString> values;
@@ -39,7 +40,7 @@ public:
     quint32 version() const override { return 0; }
     quint16 elementCount() const override { return elements; }
     quint16 definedElementCount() const override { return elements; }
-    QList<quint16> elementList() const override { return {}; }
+    QList<quint16> elementList() const override { return recordElements; }
     QSet<quint16> elementSet() const override { return {}; }
     ParameterText elementName(quint16) const override { return {}; }
     int elementNameCommonTextIndex(quint16) const override { return 0; }

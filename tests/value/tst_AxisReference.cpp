@@ -24,6 +24,9 @@ private Q_SLOTS:
     void resolveWithoutContainer();
     void resolveWithoutParameter();
     void resolveWithoutInstance();
+    void resolveRecord_data();
+    void resolveRecord();
+    void placeholderOfARecordWithoutElement0StaysAsItStands();
     void aCircleEnds();
     void aLongChainEnds();
 };
@@ -72,6 +75,8 @@ void tst_AxisReference::parse_data()
     QTest::newRow("one digit") << QStringLiteral("<localAxis:E1>") << true << QStringLiteral("E01");
     QTest::newRow("three digits") << QStringLiteral("<localAxis:Z999>") << true
                                   << QStringLiteral("Z999");
+    QTest::newRow("line feed behind it")
+        << QStringLiteral("<localAxis:E12>\n") << true << QStringLiteral("E12");
 }
 
 void tst_AxisReference::parse()
@@ -92,6 +97,9 @@ void tst_AxisReference::parseRefuses_data()
     QTest::newRow("no end") << QStringLiteral("<localAxis:E12");
     QTest::newRow("text before it") << QStringLiteral(" <localAxis:E12>");
     QTest::newRow("text behind it") << QStringLiteral("<localAxis:E12> ");
+    QTest::newRow("two line feeds behind it") << QStringLiteral("<localAxis:E12>\n\n");
+    QTest::newRow("line feed before its end") << QStringLiteral("<localAxis:E12\n>");
+    QTest::newRow("line feed without its end") << QStringLiteral("<localAxis:E12\n");
     QTest::newRow("other word") << QStringLiteral("<otherAxis:E12>");
     QTest::newRow("case counts") << QStringLiteral("<LocalAxis:E12>");
     QTest::newRow("no digit") << QStringLiteral("<localAxis:E>");
@@ -157,6 +165,11 @@ void tst_AxisReference::resolveChoiceToItsEntryText()
     named->values[eLivingSpace::Axis1] = QStringLiteral("2");
     QCOMPARE(reference("<localAxis:E12>").resolve(&container, eLivingSpace::Axis1),
         std::optional(QStringLiteral("2")));
+
+    // No key stands before this colon.
+    named->values[eLivingSpace::Axis1] = QStringLiteral(": Torque");
+    QCOMPARE(reference("<localAxis:E12>").resolve(&container, eLivingSpace::Axis1),
+        std::optional(QStringLiteral(": Torque")));
 }
 
 void tst_AxisReference::resolveWithoutContainer()
@@ -178,6 +191,45 @@ void tst_AxisReference::resolveWithoutInstance()
     named.values = {{eLivingSpace::Axis1, QStringLiteral("one")}};
     container.add("E12", &named);
     QCOMPARE(reference("<localAxis:E12>").resolve(&container, eLivingSpace::Axis2), std::nullopt);
+}
+
+void tst_AxisReference::resolveRecord_data()
+{
+    QTest::addColumn<QList<quint16>>("elements");
+    QTest::addColumn<std::optional<QString>>("text");
+    QTest::newRow("element 0 alone") << QList<quint16> {0} << std::optional(QStringLiteral("one"));
+    QTest::newRow("element 0 is not the first")
+        << QList<quint16> {3, 0} << std::optional(QStringLiteral("one"));
+    QTest::newRow("no element 0") << QList<quint16> {1, 2} << std::optional<QString>();
+    QTest::newRow("no element") << QList<quint16>() << std::optional<QString>();
+}
+
+void tst_AxisReference::resolveRecord()
+{
+    QFETCH(QList<quint16>, elements);
+    FakeContainer container;
+    FakeParameterInformation named(&container);
+    named.kindValue = PlainKind;
+    named.isRecord = true;
+    named.recordElements = elements;
+    named.values = {{eLivingSpace::Axis1, QStringLiteral("one")}};
+    container.add("E30", &named);
+    QTEST(reference("<localAxis:E30>").resolve(&container, eLivingSpace::Axis1), "text");
+}
+
+void tst_AxisReference::placeholderOfARecordWithoutElement0StaysAsItStands()
+{
+    FakeContainer container;
+    FakeParameterInformation record(&container);
+    record.kindValue = PlainKind;
+    record.isRecord = true;
+    record.recordElements = {1, 2};
+    record.values = {{eLivingSpace::Axis1, QStringLiteral("one")}};
+    container.add("E30", &record);
+    const auto choice = choiceParameter(container, QStringLiteral("<localAxis:E30>"));
+    QCOMPARE(
+        ValueTextConverter(*choice).prepare(QStringLiteral("1"), eLivingSpace::Axis1, 0, QString()),
+        QStringLiteral("1: <localAxis:E30>"));
 }
 
 void tst_AxisReference::aCircleEnds()

@@ -102,6 +102,9 @@ void tst_DecimalForm::show_data()
     row("float, too long and above the range", Real32Type, "123456789", 0, 0, "123.4568E+6");
     row("float, the long form is computed in double", Real32Type, "16777217", 1, 0, "16.77722E+6");
     row("float, 12345678 with 3 digits", Real32Type, "12345678", 0, 3, "12.3E+6");
+    row("float, zeros of a mantissa without point are cut", Real32Type, "0.0005", 0, 3, "5E-6");
+    row("float, zeros of a whole mantissa are cut", Real32Type, "100000000", 0, 3, "1E+6");
+    row("float, a zero behind the point is cut", Real32Type, "10000000", 0, 3, "10E+6");
     row("float, computed in single precision", Real32Type, "16777217", 0, 8, "16.777216E+6");
     row("float, beyond its range is infinite", Real32Type, "1e39", 0, 3, "INF");
     row("float, below its range is 0", Real32Type, "1e-60", 0, 3, "0");
@@ -211,7 +214,9 @@ void tst_DecimalForm::engineeringSingle_data()
 
     QTest::newRow("0.001 as float lies above the bound") << 0.001F << 3U << QStringLiteral("0.001");
     QTest::newRow("12345678 with 3 digits") << 12345678.0F << 3U << QStringLiteral("12.3E+6");
-    QTest::newRow("0.0005") << 0.0005F << 3U << QStringLiteral("5E-6");
+    QTest::newRow("0.0005 shows as 5E-6") << 0.0005F << 3U << QStringLiteral("5E-6");
+    QTest::newRow("1e8 shows as 1E+6") << 100000000.0F << 3U << QStringLiteral("1E+6");
+    QTest::newRow("1e7 shows as 10E+6") << 10000000.0F << 3U << QStringLiteral("10E+6");
     QTest::newRow("negative") << -1.5e-8F << 3U << QStringLiteral("-15E-9");
     QTest::newRow("greatest") << std::numeric_limits<float>::max() << 4U
                               << QStringLiteral("340.3E+36");

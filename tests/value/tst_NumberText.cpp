@@ -30,6 +30,8 @@ private Q_SLOTS:
     void toIntegerRefuses();
     void toUnsigned_data();
     void toUnsigned();
+    void takeDigits_data();
+    void takeDigits();
     void toUnsigned32_data();
     void toUnsigned32();
     void toBits_data();
@@ -325,6 +327,37 @@ void tst_NumberText::toUnsigned()
     const std::optional<quint64> read = NumberText::toUnsigned(text);
     QCOMPARE(read.has_value(), accepted);
     QCOMPARE(read.value_or(0), value);
+}
+
+void tst_NumberText::takeDigits_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<qsizetype>("mostDigits");
+    QTest::addColumn<std::optional<quint32>>("number");
+    QTest::addColumn<QString>("rest");
+    const auto row = [](const char *name, const QString &text, qsizetype mostDigits,
+                         std::optional<quint32> number, const QString &rest) {
+        QTest::newRow(name) << text << mostDigits << number << rest;
+    };
+    row("all", QStringLiteral("255"), 3, 255U, QString());
+    row("up to another character", QStringLiteral("05m"), 2, 5U, QStringLiteral("m"));
+    row("the most and no more", QStringLiteral("1234"), 3, 123U, QStringLiteral("4"));
+    row("zeros count as digits", QStringLiteral("0001"), 3, 0U, QStringLiteral("1"));
+    row("nine digits", QStringLiteral("999999999"), 9, 999999999U, QString());
+    row("no digit", QStringLiteral("h"), 5, std::nullopt, QStringLiteral("h"));
+    row("no text", QString(), 5, std::nullopt, QString());
+    row("a blank is none", QStringLiteral(" 1"), 5, std::nullopt, QStringLiteral(" 1"));
+    row("a sign is none", QStringLiteral("-1"), 5, std::nullopt, QStringLiteral("-1"));
+    row("of another script none", QString(QChar(0x0665)), 5, std::nullopt, QString(QChar(0x0665)));
+}
+
+void tst_NumberText::takeDigits()
+{
+    QFETCH(QString, text);
+    QFETCH(qsizetype, mostDigits);
+    QStringView rest = text;
+    QTEST(NumberText::takeDigits(rest, mostDigits), "number");
+    QTEST(rest.toString(), "rest");
 }
 
 void tst_NumberText::toUnsigned32_data()

@@ -24,6 +24,8 @@ private Q_SLOTS:
     void integers_data();
     void integers();
     void decimalsOfIntegers();
+    void decimalsOfStrings_data();
+    void decimalsOfStrings();
     void floatingPoint_data();
     void floatingPoint();
     void engineering_data();
@@ -79,10 +81,14 @@ public:
         information.choice = choiceOfTwo();
     }
 
+    QString shown(const QString &valueText)
+    {
+        return m_converter.prepare(valueText, eLivingSpace::Axis1, 0, Unit);
+    }
+
     QString throughDisplay(const QString &valueText)
     {
-        const QString shown = m_converter.prepare(valueText, eLivingSpace::Axis1, 0, Unit);
-        return m_converter.adopt(shown, eLivingSpace::Axis1, 0, Unit);
+        return m_converter.adopt(shown(valueText), eLivingSpace::Axis1, 0, Unit);
     }
 
     FakeParameterInformation information;
@@ -204,6 +210,52 @@ void tst_RoundTrip::decimalsOfIntegers()
         subject.information.behind = behind;
         RC_ASSERT(subject.throughDisplay(text) == text);
     }));
+}
+
+void tst_RoundTrip::decimalsOfStrings_data()
+{
+    QTest::addColumn<SimpleType::eKind>("kind");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<QString>("back");
+    struct Row {
+        const char *rule;
+        const char *text;
+        const char *shown;
+        const char *back;
+    };
+    constexpr Row Rows[] = {
+        {"digits read back", "12", "12 A", "12"},
+        {"negative digits read back", "-7", "-7 A", "-7"},
+        {"empty reads back", "", "", ""},
+        {"blanks at the ends are lost", "  12 ", "12 A", "12"},
+        {"the unit is lost", "12 A", "12 A", "12"},
+        {"leading zeros are lost", "0012", "12 A", "12"},
+        {"plain text shows as 0", "abc", "0 A", "0"},
+        {"text behind a number is lost", "12abc", "12 A", "12"},
+        {"blanks alone show as 0", "  ", "0 A", "0"},
+    };
+    for (const Row &row : Rows) {
+        QTest::addRow("characters: %s", row.rule)
+            << SimpleType::CharacterString << QString::fromLatin1(row.text)
+            << QString::fromLatin1(row.shown) << QString::fromLatin1(row.back);
+        QTest::addRow("bytes: %s", row.rule)
+            << SimpleType::ByteString << QString::fromLatin1(row.text)
+            << QString::fromLatin1(row.shown) << QString::fromLatin1(row.back);
+    }
+}
+
+// Deliberate: the decimal form shows a number whatever the type, so that of a string only a number
+// reads back.
+void tst_RoundTrip::decimalsOfStrings()
+{
+    QFETCH(SimpleType::eKind, kind);
+    QFETCH(QString, text);
+    const SimpleType *type = typeOf(kind, 8);
+    QVERIFY(type);
+    Subject subject(Decimal, *type);
+    QTEST(subject.shown(text), "shown");
+    QTEST(subject.throughDisplay(text), "back");
 }
 
 void tst_RoundTrip::floatingPoint_data()
