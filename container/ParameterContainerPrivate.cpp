@@ -268,7 +268,7 @@ void ParameterContainerPrivate::remove(CoordinateInstanceSet *set)
     const ParameterCoordinate coordinate = set->coordinate();
     if (find(coordinate) != set)
         return;
-    set->disconnect();
+    set->leave();
     // Out of both tables before anyone hears of it, and alive until everyone has. Kept here, so that it
     // goes with the container when that goes meanwhile.
     m_going.push_back(coordinateSets.take(coordinate));

@@ -109,6 +109,14 @@ ParameterInstanceData *CoordinateInstanceSet::attachInstance(eLivingSpace living
     return attached;
 }
 
+void CoordinateInstanceSet::leave()
+{
+    m_hasLeft = true;
+    disconnect();
+    // Who still holds the set may connect anew.
+    blockSignals(true);
+}
+
 void CoordinateInstanceSet::createInstancesFromAnchors()
 {
     const LifeGuard guard(this);
