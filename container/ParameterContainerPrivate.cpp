@@ -462,7 +462,6 @@ QList<ParameterAddress> ParameterContainerPrivate::addresses() const
 void ParameterContainerPrivate::onCoordinateChanged(
     ParameterAddress oldAddress, ParameterAddress newAddress)
 {
-    // Comes once for each value of the moved set; the first one moves it.
     const CoordinateInstanceSet *set = find(oldAddress.coordinate());
     if (!set || set->coordinate() != newAddress.coordinate())
         return;

@@ -66,18 +66,18 @@ void CoordinateInstanceSet::setCoordinate(const ParameterCoordinate &coordinate)
 
     const ParameterCoordinate before = m_coordinate;
     m_coordinate = coordinate;
+    // Once, whatever elements there are.
+    if (m_registry && !m_hasLeft)
+        m_registry->onCoordinateChanged(
+            ParameterAddress(0, before, 0), ParameterAddress(0, coordinate, 0));
     forEachValue([this, before, coordinate](ParameterInstanceData *record, quint16 element) {
         // A listener may have moved the set on; that move has told its own addresses.
         if (m_coordinate != coordinate)
             return;
-        const Guard guard(this);
         const ParameterAddress newAddress = address(record->livingSpace(), element);
         ParameterAddress oldAddress = newAddress;
         oldAddress.setCoordinate(before);
-        if (m_registry)
-            m_registry->onCoordinateChanged(oldAddress, newAddress);
-        if (guard)
-            Q_EMIT coordinateChanged(oldAddress, newAddress);
+        Q_EMIT coordinateChanged(oldAddress, newAddress);
     });
 }
 
