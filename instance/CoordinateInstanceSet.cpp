@@ -202,7 +202,7 @@ void CoordinateInstanceSet::saveToSection(LmIniParser::IniSection &section) cons
     }
     if (!m_elements.isRecord() && m_elements.count() != m_definition->elementCount())
         section.write(ElementCountKey, QByteArray::number(m_elements.count()));
-    SectionOverrides::save(section, m_properties.overrides());
+    SectionOverrides::save(section, m_properties);
 }
 
 bool CoordinateInstanceSet::isSimpleParameter() const
@@ -345,19 +345,9 @@ bool CoordinateInstanceSet::isPropertySettable(quint16 element, eParameterProper
 {
     if (!m_elements.contains(element))
         return false;
-    switch (property) {
-    case eParameterProperty::IsSimpleParameter:
-    case eParameterProperty::IsRecordParameter:
-    case eParameterProperty::LivingSpace:
-    case eParameterProperty::Coordinate:
-    case eParameterProperty::Name:
-    case eParameterProperty::ElementName:
-        return false;
-    case eParameterProperty::ElementCount:
+    if (property == eParameterProperty::ElementCount)
         return isSimpleParameter();
-    default:
-        return m_properties.isSettable(element, property);
-    }
+    return !PropertyResolver::isFixed(property) && m_properties.isSettable(element, property);
 }
 
 bool CoordinateInstanceSet::hasPropertyOverride(quint16 element, eParameterProperty property) const

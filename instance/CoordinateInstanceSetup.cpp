@@ -90,8 +90,7 @@ void CoordinateInstanceSet::setProperty(
         setElementCount(value.asUint16());
         return;
     }
-    // The fixed properties are no properties of the definition either.
-    if (!m_properties.isDefined(element, property))
+    if (PropertyResolver::isFixed(property) || !m_properties.isDefined(element, property))
         return;
 
     const Guard guard(this);
@@ -351,7 +350,8 @@ void CoordinateInstanceSet::setParameterNeedsConsistence(
         elementProperty(element, eParameterProperty::AutomaticOnlineUpdate);
     const Guard guard(this);
     // An override without a value has none, and yet the definition knows the property.
-    if (!hasElementProperty(element, eParameterProperty::AutomaticOnlineUpdate)) {
+    if (!automatic.isValid()
+        && !hasElementProperty(element, eParameterProperty::AutomaticOnlineUpdate)) {
         System::addWarningMessage(QStringLiteral("CoordinateInstanceSet"),
             QLatin1String("Missing property \"automatic online update\" at parameter ")
                 + m_coordinate.toText() + QLatin1Char('"'));
