@@ -433,8 +433,9 @@ QString CoordinateInstanceSet::attribute(
     };
     // "1 LSB" alone needs no unit.
     const auto information = [&](double perBit, eParameterProperty property) {
-        return ScalingInformation::text(
-            perBit, perBit == 0.0 ? QString() : unitText(property, livingSpace, element));
+        return ScalingInformation::text(perBit,
+            ScalingInformation::isShown(perBit) ? unitText(property, livingSpace, element)
+                                                : QString());
     };
     const double scaling = factor(eParameterProperty::ScalingFactor);
     const double fieldbus = factor(eParameterProperty::FieldbusScalingFactor);
