@@ -23,7 +23,8 @@ public:
         }
 
         CoordinateInstanceSet set;
-        /// The locator texts that lead to the set; mostly one.
+        /// The locator texts that lead to the set, or will when everyone has heard of the instance that
+        /// was added under them; mostly one.
         QVarLengthArray<QString, 1> locatorTexts;
     };
 
@@ -53,16 +54,22 @@ public:
         --m_size;
         return std::move(m_groups[coordinate.group()][coordinate.line()]);
     }
-    /// Calls for every set in coordinate order. The function must not change the table.
+    /// Calls for every entry in coordinate order. The function must not change the table.
     template <typename Function>
-    void forEach(Function function) const
+    void forEachEntry(Function function) const
     {
         for (const auto &lines : m_groups) {
             for (const auto &entry : lines) {
                 if (entry)
-                    function(entry->set);
+                    function(*entry);
             }
         }
+    }
+    /// As forEachEntry(), for the sets alone.
+    template <typename Function>
+    void forEach(Function function) const
+    {
+        forEachEntry([&function](Entry &entry) { function(entry.set); });
     }
 
 private:

@@ -146,17 +146,17 @@ bool ParameterContainerPrivate::createOrUpdate(
             MessageTitle, QStringLiteral("relative Locator used for createParameter"));
     }
     ParameterCoordinate coordinate;
-    CoordinateInstanceSet *set = nullptr;
+    CoordinateTable::Entry *entry = nullptr;
     for (const eLivingSpace livingSpace : spaces.list) {
         // A single instance keeps its place, and what is not there for one living space is for none.
-        if (!set || !definition->isSingleInstance())
+        if (!entry || !definition->isSingleInstance())
             coordinate = chooseCoordinate(definition, livingSpace);
         if (!coordinate.isValid())
             continue;
-        if (!set || set->coordinate() != coordinate)
-            set = setForCreation(definition, locatorText, coordinate, spaces.list.size());
+        if (!entry || entry->set.coordinate() != coordinate)
+            entry = entryForCreation(definition, coordinate, spaces.list.size());
         // What listeners removed or replaced meanwhile is not continued: it is another's now.
-        if (!createInstance(set, definition, livingSpace))
+        if (!createInstance(entry, definition, locatorText, livingSpace))
             return false;
     }
     if (!guard)
@@ -214,28 +214,26 @@ bool ParameterContainerPrivate::isTaken(const ParameterCoordinate &candidate,
     return !isRelated(definition, set->definition());
 }
 
-CoordinateInstanceSet *ParameterContainerPrivate::setForCreation(ParameterDefinition *definition,
-    const QString &locatorText, const ParameterCoordinate &coordinate, qsizetype instanceCount)
+CoordinateTable::Entry *ParameterContainerPrivate::entryForCreation(
+    ParameterDefinition *definition, const ParameterCoordinate &coordinate, qsizetype instanceCount)
 {
-    CoordinateTable::Entry *entry = coordinateSets.find(coordinate);
-    if (!entry) {
-        auto created =
-            std::make_unique<CoordinateTable::Entry>(owner, this, clock ? &clock : nullptr);
-        created->set.initialize(definition, coordinate);
-        created->set.reserveInstances(size_t(instanceCount));
-        entry = coordinateSets.insert(coordinate, std::move(created));
-        m_index.add(&entry->set);
-    }
-    CoordinateInstanceSet *&located = locatorSets[locatorText];
-    if (located != &entry->set)
-        entry->locatorTexts.append(locatorText);
-    located = &entry->set;
-    return located;
+    if (CoordinateTable::Entry *known = coordinateSets.find(coordinate))
+        return known;
+    auto created = std::make_unique<CoordinateTable::Entry>(owner, this, clock ? &clock : nullptr);
+    created->set.initialize(definition, coordinate);
+    created->set.reserveInstances(size_t(instanceCount));
+    CoordinateTable::Entry *entry = coordinateSets.insert(coordinate, std::move(created));
+    m_index.add(&entry->set);
+    return entry;
 }
 
-bool ParameterContainerPrivate::createInstance(
-    CoordinateInstanceSet *set, ParameterDefinition *definition, eLivingSpace livingSpace)
+bool ParameterContainerPrivate::createInstance(CoordinateTable::Entry *entry,
+    ParameterDefinition *definition, const QString &locatorText, eLivingSpace livingSpace)
 {
+    CoordinateInstanceSet *set = &entry->set;
+    // The text is the set's already, so that a set that goes meanwhile is known by it.
+    if (!entry->locatorTexts.contains(locatorText))
+        entry->locatorTexts.append(locatorText);
     // A listener may move the set; only one that is gone is another's.
     const LifeGuard setGuard(set);
     const quint32 serialNumber = addInstance(set, livingSpace);
@@ -245,6 +243,12 @@ bool ParameterContainerPrivate::createInstance(
     };
     if (!isThere())
         return false;
+    CoordinateInstanceSet *&located = locatorSets[locatorText];
+    if (!located)
+        located = set;
+    // A listener of parameterAdded gave the text to another set.
+    if (located != set)
+        entry->locatorTexts.removeOne(locatorText);
     const bool isNewer = set->definition()->version() < definition->version();
     return !isNewer || (update(set, definition) && isThere());
 }
@@ -264,7 +268,7 @@ void ParameterContainerPrivate::remove(CoordinateInstanceSet *set)
     const ParameterCoordinate coordinate = set->coordinate();
     if (find(coordinate) != set)
         return;
-    set->disconnect();
+    set->leave();
     // Out of both tables before anyone hears of it, and alive until everyone has. Kept here, so that it
     // goes with the container when that goes meanwhile.
     m_going.push_back(coordinateSets.take(coordinate));
@@ -309,10 +313,11 @@ void ParameterContainerPrivate::setFirmware(ServoDriveFirmware *newFirmware)
     const quint32 generation = ++m_firmwareGeneration;
     // The pattern for system locators is "^S;*": every text that begins with S.
     QList<QPointer<CoordinateInstanceSet>> systemSets;
-    for (auto it = locatorSets.cbegin(); it != locatorSets.cend(); ++it) {
-        if (it.key().startsWith(QLatin1Char('S')))
-            systemSets.append(it.value());
-    }
+    coordinateSets.forEachEntry([&systemSets](CoordinateTable::Entry &entry) {
+        if (std::any_of(entry.locatorTexts.cbegin(), entry.locatorTexts.cend(),
+                [](const QString &text) { return text.startsWith(QLatin1Char('S')); }))
+            systemSets.append(&entry.set);
+    });
     removeAll(systemSets);
     // A listener, also one to a message of the firmware's own, may have set another firmware or ended
     // the container meanwhile; then this one is outdated.
@@ -457,7 +462,6 @@ QList<ParameterAddress> ParameterContainerPrivate::addresses() const
 void ParameterContainerPrivate::onCoordinateChanged(
     ParameterAddress oldAddress, ParameterAddress newAddress)
 {
-    // Comes once for each value of the moved set; the first one moves it.
     const CoordinateInstanceSet *set = find(oldAddress.coordinate());
     if (!set || set->coordinate() != newAddress.coordinate())
         return;

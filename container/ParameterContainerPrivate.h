@@ -137,12 +137,13 @@ private:
         const ParameterDefinition *definition, eLivingSpace livingSpace) const;
     bool isTaken(const ParameterCoordinate &candidate, const ParameterDefinition *definition,
         eLivingSpace livingSpace) const;
-    /// The set of the coordinate, new or not, to which the locator text leads from now on.
-    CoordinateInstanceSet *setForCreation(ParameterDefinition *definition,
-        const QString &locatorText, const ParameterCoordinate &coordinate, qsizetype instanceCount);
-    /// False when listeners removed or replaced the instance, or destroyed the container.
-    bool createInstance(
-        CoordinateInstanceSet *set, ParameterDefinition *definition, eLivingSpace livingSpace);
+    /// The coordinate's set with its texts, new or not.
+    CoordinateTable::Entry *entryForCreation(ParameterDefinition *definition,
+        const ParameterCoordinate &coordinate, qsizetype instanceCount);
+    /// Afterwards the locator text leads to the set. False when listeners removed or replaced the
+    /// instance, or destroyed the container.
+    bool createInstance(CoordinateTable::Entry *entry, ParameterDefinition *definition,
+        const QString &locatorText, eLivingSpace livingSpace);
     /// The serial number of the record, new or not. **Emits** parameterAdded for a new one.
     quint32 addInstance(CoordinateInstanceSet *set, eLivingSpace livingSpace);
     void reportCut(const ParameterCoordinate &source) const;

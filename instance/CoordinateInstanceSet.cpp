@@ -109,6 +109,14 @@ ParameterInstanceData *CoordinateInstanceSet::attachInstance(eLivingSpace living
     return attached;
 }
 
+void CoordinateInstanceSet::leave()
+{
+    m_hasLeft = true;
+    disconnect();
+    // Who still holds the set may connect anew.
+    blockSignals(true);
+}
+
 void CoordinateInstanceSet::createInstancesFromAnchors()
 {
     const LifeGuard guard(this);
@@ -194,7 +202,7 @@ void CoordinateInstanceSet::saveToSection(LmIniParser::IniSection &section) cons
     }
     if (!m_elements.isRecord() && m_elements.count() != m_definition->elementCount())
         section.write(ElementCountKey, QByteArray::number(m_elements.count()));
-    SectionOverrides::save(section, m_properties.overrides());
+    SectionOverrides::save(section, m_properties);
 }
 
 bool CoordinateInstanceSet::isSimpleParameter() const
@@ -337,19 +345,9 @@ bool CoordinateInstanceSet::isPropertySettable(quint16 element, eParameterProper
 {
     if (!m_elements.contains(element))
         return false;
-    switch (property) {
-    case eParameterProperty::IsSimpleParameter:
-    case eParameterProperty::IsRecordParameter:
-    case eParameterProperty::LivingSpace:
-    case eParameterProperty::Coordinate:
-    case eParameterProperty::Name:
-    case eParameterProperty::ElementName:
-        return false;
-    case eParameterProperty::ElementCount:
+    if (property == eParameterProperty::ElementCount)
         return isSimpleParameter();
-    default:
-        return m_properties.isSettable(element, property);
-    }
+    return !PropertyResolver::isFixed(property) && m_properties.isSettable(element, property);
 }
 
 bool CoordinateInstanceSet::hasPropertyOverride(quint16 element, eParameterProperty property) const
@@ -435,8 +433,9 @@ QString CoordinateInstanceSet::attribute(
     };
     // "1 LSB" alone needs no unit.
     const auto information = [&](double perBit, eParameterProperty property) {
-        return ScalingInformation::text(
-            perBit, perBit == 0.0 ? QString() : unitText(property, livingSpace, element));
+        return ScalingInformation::text(perBit,
+            ScalingInformation::isShown(perBit) ? unitText(property, livingSpace, element)
+                                                : QString());
     };
     const double scaling = factor(eParameterProperty::ScalingFactor);
     const double fieldbus = factor(eParameterProperty::FieldbusScalingFactor);

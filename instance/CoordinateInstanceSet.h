@@ -55,6 +55,9 @@ public:
     /// A new record for the living space of each anchor that names one. Not used by the container.
     /// **Reports** critical when not exactly one anchor is the system's.
     void createInstancesFromAnchors();
+    /// The container holds the set no more: from now on neither it nor, for it, the container emits,
+    /// and its changes lead to nothing. It still answers, and takes what is written to it.
+    void leave();
     /// Null where there is none under exactly this key. **Owner** the set.
     ParameterInstanceData *record(eLivingSpace key) const { return m_instances.find(key); }
 
@@ -241,6 +244,12 @@ private:
         eParameterProperty property);
     void emitAnswerChanged(eParameterProperty property, eLivingSpace livingSpace, quint16 element);
 
+    /// As has(), for what the container is to tell or to hand on.
+    static bool isListed(const LifeGuard &guard, quint16 element)
+    {
+        return has(guard, element)
+            && !static_cast<const CoordinateInstanceSet *>(guard.object())->m_hasLeft;
+    }
     /// Whether set and element are still there after a signal or a function of the firmware.
     /// Static, because a member function must not be called once the set is gone.
     static bool has(const LifeGuard &guard, quint16 element)
@@ -291,4 +300,5 @@ private:
     /// Null until the first hiding update.
     std::unique_ptr<HidingState> m_hiding;
     ParameterCoordinate m_coordinate;
+    bool m_hasLeft = false;
 };

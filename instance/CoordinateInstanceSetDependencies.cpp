@@ -148,7 +148,7 @@ void CoordinateInstanceSet::followDependency(
     case eParameterProperty::ScalingDependency:
         // The native value stays; what changed is how it is shown.
         Q_EMIT valueChanged(address(livingSpace, element));
-        if (has(guard, element))
+        if (isListed(guard, element))
             Q_EMIT m_container->parameterValueChanged(address(livingSpace, element));
         return;
     case eParameterProperty::PostwriteDependency:
@@ -276,7 +276,7 @@ void CoordinateInstanceSet::deferHiding(quint16 element)
 
 void CoordinateInstanceSet::onSuppressedHidingTimerTimedout()
 {
-    if (!m_hiding || !m_hiding->timer)
+    if (m_hasLeft || !m_hiding || !m_hiding->timer)
         return;
     const Guard guard(this);
     QTimer *const timer = m_hiding->timer;

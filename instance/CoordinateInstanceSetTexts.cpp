@@ -163,8 +163,9 @@ QString CoordinateInstanceSet::prepare(const Guard &guard, const QString &valueT
 QString CoordinateInstanceSet::adoptValueText(
     const QString &displayText, eLivingSpace livingSpace, quint16 element, bool *ok) const
 {
+    // No conversion, no error.
     if (ok)
-        *ok = m_elements.contains(element);
+        *ok = true;
     if (!m_elements.contains(element))
         return {};
     const Guard guard(this);

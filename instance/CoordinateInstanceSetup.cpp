@@ -50,7 +50,7 @@ void CoordinateInstanceSet::setElementCount(quint16 count)
         address(isGlobalParameter() ? eLivingSpace::Global : eLivingSpace::Axis1, 0);
     if (has(guard, 0))
         Q_EMIT nativeValueChanged(first);
-    if (has(guard, 0))
+    if (isListed(guard, 0))
         Q_EMIT m_container->parameterNativeValueChanged(first);
 }
 
@@ -66,18 +66,18 @@ void CoordinateInstanceSet::setCoordinate(const ParameterCoordinate &coordinate)
 
     const ParameterCoordinate before = m_coordinate;
     m_coordinate = coordinate;
+    // Once, whatever elements there are.
+    if (m_registry && !m_hasLeft)
+        m_registry->onCoordinateChanged(
+            ParameterAddress(0, before, 0), ParameterAddress(0, coordinate, 0));
     forEachValue([this, before, coordinate](ParameterInstanceData *record, quint16 element) {
         // A listener may have moved the set on; that move has told its own addresses.
         if (m_coordinate != coordinate)
             return;
-        const Guard guard(this);
         const ParameterAddress newAddress = address(record->livingSpace(), element);
         ParameterAddress oldAddress = newAddress;
         oldAddress.setCoordinate(before);
-        if (m_registry)
-            m_registry->onCoordinateChanged(oldAddress, newAddress);
-        if (guard)
-            Q_EMIT coordinateChanged(oldAddress, newAddress);
+        Q_EMIT coordinateChanged(oldAddress, newAddress);
     });
 }
 
@@ -90,8 +90,7 @@ void CoordinateInstanceSet::setProperty(
         setElementCount(value.asUint16());
         return;
     }
-    // The fixed properties are no properties of the definition either.
-    if (!m_properties.isDefined(element, property))
+    if (PropertyResolver::isFixed(property) || !m_properties.isDefined(element, property))
         return;
 
     const Guard guard(this);
@@ -235,7 +234,7 @@ void CoordinateInstanceSet::storeNative(
     const Guard &guard, ParameterInstanceData *record, quint16 element, QString nativeText)
 {
     const eLivingSpace livingSpace = record->livingSpace();
-    if (m_properties.facts(element).isIndependent()) {
+    if (m_hasLeft || m_properties.facts(element).isIndependent()) {
         record->setValue(element, std::move(nativeText));
         emitValueChanged(guard, livingSpace, element);
         return;
@@ -351,7 +350,8 @@ void CoordinateInstanceSet::setParameterNeedsConsistence(
         elementProperty(element, eParameterProperty::AutomaticOnlineUpdate);
     const Guard guard(this);
     // An override without a value has none, and yet the definition knows the property.
-    if (!hasElementProperty(element, eParameterProperty::AutomaticOnlineUpdate)) {
+    if (!automatic.isValid()
+        && !hasElementProperty(element, eParameterProperty::AutomaticOnlineUpdate)) {
         System::addWarningMessage(QStringLiteral("CoordinateInstanceSet"),
             QLatin1String("Missing property \"automatic online update\" at parameter ")
                 + m_coordinate.toText() + QLatin1Char('"'));
@@ -361,13 +361,13 @@ void CoordinateInstanceSet::setParameterNeedsConsistence(
         if (!guard || (!isMapped && !m_container->isParameterBlockUsed(at)))
             return;
     }
-    if (has(guard, element))
+    if (isListed(guard, element))
         m_container->dispatchParameterOnlineConsistenceNeed(at, needed);
 }
 
 void CoordinateInstanceSet::startAllElementsConsistenceOnce(eLivingSpace livingSpace)
 {
-    if (!m_container->isOnline()) {
+    if (m_hasLeft || !m_container->isOnline()) {
         Q_EMIT allElementsConsistenceOnceCanceled(m_coordinate, livingSpace);
         return;
     }
@@ -420,9 +420,9 @@ bool CoordinateInstanceSet::emitValueChanged(const Guard &guard, eLivingSpace ke
     Q_EMIT valueChanged(at);
     if (has(guard, element))
         Q_EMIT nativeValueChanged(at);
-    if (has(guard, element))
+    if (isListed(guard, element))
         Q_EMIT m_container->parameterValueChanged(at);
-    if (has(guard, element))
+    if (isListed(guard, element))
         Q_EMIT m_container->parameterNativeValueChanged(at);
     return bool(guard);
 }
@@ -432,7 +432,7 @@ bool CoordinateInstanceSet::emitDefaultChanged(eLivingSpace key, quint16 element
     const Guard guard(this);
     const ParameterAddress at = address(key, element);
     Q_EMIT defaultValueChanged(at);
-    if (has(guard, element))
+    if (isListed(guard, element))
         Q_EMIT m_container->parameterDefaultValueChanged(at);
     return bool(guard);
 }
@@ -443,7 +443,7 @@ bool CoordinateInstanceSet::emitDefinitionChanged()
         const Guard guard(this);
         const ParameterAddress at = address(record->livingSpace(), element);
         Q_EMIT definitionChanged(at);
-        if (has(guard, element))
+        if (isListed(guard, element))
             Q_EMIT m_container->parameterDefinitionChanged(at);
     });
     return isThere && endRunsOfLostElements();
@@ -467,7 +467,7 @@ bool CoordinateInstanceSet::emitVisibilityChanged(eLivingSpace key, quint16 elem
     const Guard guard(this);
     const ParameterAddress at = address(key, element);
     Q_EMIT visibilityChanged(at);
-    if (has(guard, element))
+    if (isListed(guard, element))
         Q_EMIT m_container->parameterVisibilityChanged(at);
     return bool(guard);
 }
@@ -477,7 +477,7 @@ bool CoordinateInstanceSet::emitMeasuringUnitChanged(eLivingSpace key, quint16 e
     const Guard guard(this);
     const ParameterAddress at = address(key, element);
     Q_EMIT measuringUnitChanged(at);
-    if (has(guard, element))
+    if (isListed(guard, element))
         Q_EMIT m_container->parameterMeasuringUnitChanged(at);
     return bool(guard);
 }

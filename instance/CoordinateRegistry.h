@@ -11,7 +11,7 @@ class ParameterDefinition;
 /// What an instance set tells the keeper of the sets, and asks it.
 class CoordinateRegistry {
 public:
-    /// Called before coordinateChanged is heard by anyone else.
+    /// Called once when a set moved, before anyone hears coordinateChanged. Only the coordinates count.
     virtual void onCoordinateChanged(ParameterAddress oldAddress, ParameterAddress newAddress) = 0;
     /// Called when a set has more or fewer elements, before definitionChanged is heard by anyone.
     virtual void onElementsChanged() = 0;

@@ -157,10 +157,11 @@ ParameterProperty valueOf(const QString &text, const ParameterProperty &defined)
 
 } // namespace
 
-void SectionOverrides::save(
-    LmIniParser::IniSection &section, const std::vector<PropertyResolver::Override> &overrides)
+void SectionOverrides::save(LmIniParser::IniSection &section, const PropertyResolver &properties)
 {
-    for (const PropertyResolver::Override &entry : overrides) {
+    for (const PropertyResolver::Override &entry : properties.overrides()) {
+        if (!properties.isOverridable(entry.element, entry.property))
+            continue;
         section.write(keyOf(ValuePrefix, entry), textOf(entry.value).toLatin1());
         if (!entry.changeTag.isEmpty())
             section.write(keyOf(TagPrefix, entry), entry.changeTag.toLatin1());
@@ -179,8 +180,7 @@ std::vector<PropertyResolver::Override> SectionOverrides::load(
         if (!key.startsWith(ValuePrefix))
             continue;
         const std::optional<Place> place = placeOf(key.sliced(ValuePrefix.size()));
-        if (!place || properties.elements().informationKey(place->element) != place->element
-            || !properties.isDefined(place->element, place->property))
+        if (!place || !properties.isOverridable(place->element, place->property))
             continue;
         PropertyResolver::Override entry {place->element, place->property,
             valueOf(decoded(section.read(key)),

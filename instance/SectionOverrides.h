@@ -20,9 +20,11 @@ class IniSection;
 /// In JSON every character beyond ASCII is escaped, so that it survives Latin-1.
 namespace SectionOverrides {
 
-void save(
-    LmIniParser::IniSection &section, const std::vector<PropertyResolver::Override> &overrides);
-/// Only for properties that the definition knows; everything else is passed over.
+/// What load() takes back: overrides of elements that a newer definition lacks stay out, like the values of
+/// these.
+void save(LmIniParser::IniSection &section, const PropertyResolver &properties);
+/// Of elements that are there, also of properties that the definition lacks, as a stored override outlives
+/// its definition; the value of one is a text then. Everything else is passed over.
 std::vector<PropertyResolver::Override> load(
     const LmIniParser::IniSection &section, bool utf8, const PropertyResolver &properties);
 

@@ -5,6 +5,8 @@
 
 #include <QtCore/QHash>
 
+#include <limits>
+
 namespace {
 
 /// In the order of m_functions: the numbers 0 to 4 are their own places.
@@ -57,9 +59,12 @@ ElementFacts::ElementFacts(const Reader &read)
     isNeverWritten = isSet(read(eParameterProperty::NoWrite));
     isShownOffline = isSet(read(eParameterProperty::ShownOffline));
 
-    const int level = read(eParameterProperty::WriteLevel).asVariant().toInt(&isWriteLevelUsable);
-    isWriteLevelUsable = isWriteLevelUsable && level >= 0;
-    writeLevel = isWriteLevelUsable ? level : 0;
+    // As 64 bits: read as 32, a larger number would pass for its lower half.
+    const qint64 level =
+        read(eParameterProperty::WriteLevel).asVariant().toLongLong(&isWriteLevelUsable);
+    isWriteLevelUsable =
+        isWriteLevelUsable && level >= 0 && level <= std::numeric_limits<qint32>::max();
+    writeLevel = isWriteLevelUsable ? qint32(level) : 0;
 
     for (size_t i = 0; i < m_functions.size(); ++i)
         m_functions[i] = read(FunctionProperties[i]).asUint16();

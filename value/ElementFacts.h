@@ -56,7 +56,7 @@ public:
     quint32 decimalPlacesSignificant = 0;
     qint32 memoryAllocation = 0;
     quint32 readLevel = 0;
-    /// 0 where the property is no number from 0 on.
+    /// 0 where the property is no number from 0 to 2147483647.
     qint32 writeLevel = 0;
     bool isWriteLevelUsable = false;
     bool isNeverWritten = false;

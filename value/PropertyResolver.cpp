@@ -83,6 +83,30 @@ void PropertyResolver::onDefinitionChanged()
     replaceOverrides(overrides());
 }
 
+bool PropertyResolver::isFixed(eParameterProperty property)
+{
+    switch (property) {
+    case eParameterProperty::IsSimpleParameter:
+    case eParameterProperty::IsRecordParameter:
+    case eParameterProperty::LivingSpace:
+    case eParameterProperty::Coordinate:
+    case eParameterProperty::Name:
+    case eParameterProperty::ElementCount:
+    case eParameterProperty::ElementName:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool PropertyResolver::isOverridable(quint16 element, eParameterProperty property) const
+{
+    const bool isPlace =
+        m_elements.contains(element) && m_elements.informationKey(element) == element;
+    return isPlace && !isFixed(property)
+        && (quint32(property) < DefinitionPropertyEnd || isDefined(element, property));
+}
+
 bool PropertyResolver::isDefined(quint16 element, eParameterProperty property) const
 {
     const IParameterElementInformation *information = m_elements.information(element);
@@ -104,8 +128,7 @@ ParameterProperty PropertyResolver::readDefined(quint16 element, eParameterPrope
 ParameterProperty PropertyResolver::read(quint16 element, eParameterProperty property) const
 {
     const Override *found = m_overrides ? find(element, property) : nullptr;
-    // An override of a property that a newer definition lacks is kept, but answers nothing.
-    return found && isDefined(element, property) ? found->value : readDefined(element, property);
+    return found ? found->value : readDefined(element, property);
 }
 
 const ElementFacts &PropertyResolver::soughtFacts(quint16 element) const

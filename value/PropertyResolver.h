@@ -35,11 +35,17 @@ public:
     /// The elements have another definition now; overrides stay.
     void onDefinitionChanged();
 
+    /// Whether the library answers the property itself, so that no instance overrides it.
+    static bool isFixed(eParameterProperty property);
+    /// Whether an override can be saved and loaded: of an element that is there, of a property that any
+    /// definition may hold. A newer definition may lack the property of a stored override.
+    bool isOverridable(quint16 element, eParameterProperty property) const;
     /// Whether the definition knows the property for the element.
     bool isDefined(quint16 element, eParameterProperty property) const;
     bool isSettable(quint16 element, eParameterProperty property) const;
     /// As the definition has it; invalid where there is none.
     ParameterProperty readDefined(quint16 element, eParameterProperty property) const;
+    /// A stored override, also of a property that the definition lacks, else as the definition has it.
     /// Invalid where there is none; silent.
     ParameterProperty read(quint16 element, eParameterProperty property) const;
     /// The typed properties; empty for an element that the parameter lacks. Valid until an override

@@ -67,14 +67,6 @@ QList<quint16> elementsOf(
     return elements;
 }
 
-/// Overrides are loaded only of what the definition itself has: the numbers from 100 on are fixed
-/// answers. All elements of a simple parameter share the overrides of element 0.
-bool canBeOverridden(const ParameterInformation &parameter, quint16 element, quint32 property)
-{
-    return (parameter.isRecordParameter() || element == 0) && property < DefinitionPropertyEnd
-        && parameter.hasElementProperty(element, eParameterProperty(property));
-}
-
 } // namespace
 
 BlockComparison::BlockComparison(const QByteArray &block, ParameterContainer &container)
@@ -103,6 +95,15 @@ LoadReport BlockComparison::report(
     if (progress)
         progress->advance(names.size(), names.size());
     return m_report;
+}
+
+/// Overrides are loaded of elements that are there and of every property that a definition may hold, also
+/// where this one lacks it. All elements of a simple parameter share the overrides of element 0.
+bool BlockComparison::canBeOverridden(const Section &section, quint16 element, quint32 property)
+{
+    const bool isPlace =
+        section.parameter.isRecordParameter() ? section.elementSet.contains(element) : element == 0;
+    return isPlace && property < DefinitionPropertyEnd;
 }
 
 void BlockComparison::compareSection(const QByteArray &name)
@@ -179,7 +180,7 @@ bool BlockComparison::isUnderstood(const Section &section, QByteArrayView key) c
     if (key.startsWith(PropertyPrefix) || key.startsWith(PropertyTagPrefix)) {
         const QByteArrayView place = key.sliced(key.indexOf('_') + 1);
         const std::optional<NumberPair> pair = pairOf(place);
-        return pair && canBeOverridden(parameter, pair->first, pair->second)
+        return pair && canBeOverridden(section, pair->first, pair->second)
             && (key.startsWith(PropertyPrefix)
                 || section.keys.contains(PropertyPrefix.toByteArray() + place.toByteArray()));
     }

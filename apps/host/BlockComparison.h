@@ -32,6 +32,7 @@ private:
     void compareValue(const Section &section, const ValuePlace &place);
     static QString addressOf(const Section &section, const ValuePlace &place);
     void compareKeys(const Section &section);
+    static bool canBeOverridden(const Section &section, quint16 element, quint32 property);
     bool isUnderstood(const Section &section, QByteArrayView key) const;
     void findMissingParameters();
     void findCutSigns(const std::optional<BlockManifest::Entry> &noted);

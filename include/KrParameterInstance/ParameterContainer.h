@@ -51,7 +51,7 @@ public:
 
     /// Creates the instances that the locator asks for, or updates the parameter known under it.
     /// True when a parameter stands at a valid coordinate afterwards.
-    /// **Emits** parameterAdded for each new instance.
+    /// **Emits** parameterAdded for each new instance, the first time before the locator text leads to it.
     bool createOrUpdateParameter(ParameterDefinition *definition, const QString &locatorText);
     /// **Emits** parameterRemoved.
     void deleteParameter(const QString &locatorText);

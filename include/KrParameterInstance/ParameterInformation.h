@@ -107,7 +107,8 @@ public:
     /// **Reports** critical, titled with the container's domain.
     virtual QString prepareValueText(const QString &valueText, eLivingSpace livingSpace,
         quint16 element, bool withUnit, bool *ok) const = 0;
-    /// Display text to value text. `ok` may be null; it is false when the text was refused.
+    /// Display text to value text. `ok` may be null; it is false when the text was refused, and true with an
+    /// empty text for an element that the parameter lacks.
     /// **Reports** critical, titled with the container's domain.
     virtual QString adoptValueText(
         const QString &displayText, eLivingSpace livingSpace, quint16 element, bool *ok) const = 0;

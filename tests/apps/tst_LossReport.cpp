@@ -13,6 +13,7 @@ private Q_SLOTS:
     void nothingToLose();
     void namesEveryKindOfText();
     void overridesAndTheirTags();
+    void overridesThatTheDefinitionLacks();
     void boundary();
 };
 
@@ -72,6 +73,18 @@ void tst_LossReport::overridesAndTheirTags()
     QCOMPARE(LossReport::of(container).toText(),
         QStringLiteral(
             "Parameter E30[2]: Eigenschaft \"€\" enthält Zeichen, die Latin-1 nicht kennt\n"));
+}
+
+void tst_LossReport::overridesThatTheDefinitionLacks()
+{
+    const SmallDevice device;
+    const auto project = device.open();
+    QMap<QString, QByteArray> blocks {{QStringLiteral("Parameter.ini"),
+        "\xEF\xBB\xBF[A020]\r\nV_0_0=abc\r\nDV_0_0=abc\r\nP_0_8=\xCE\xA9\r\n"}};
+    project->container().loadFrom(blocks);
+    QCOMPARE(LossReport::of(project->container()).toText(),
+        QStringLiteral(
+            "Parameter A20: Eigenschaft \"Ω\" enthält Zeichen, die Latin-1 nicht kennt\n"));
 }
 
 void tst_LossReport::boundary()

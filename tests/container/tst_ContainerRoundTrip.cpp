@@ -143,6 +143,7 @@ class tst_ContainerRoundTrip : public QObject {
 
 private Q_SLOTS:
     void everythingReturns();
+    void overridesThatTheDefinitionLacksReturn();
 };
 
 void tst_ContainerRoundTrip::everythingReturns()
@@ -172,6 +173,41 @@ void tst_ContainerRoundTrip::everythingReturns()
     }
     for (int character = 0; character < 256; ++character)
         QVERIFY(generator.used.contains(QChar(character)));
+}
+
+void tst_ContainerRoundTrip::overridesThatTheDefinitionLacksReturn()
+{
+    using enum eParameterProperty;
+    MessageRecorder messages;
+    TestContainer container;
+    const DefinitionBuilder first =
+        at(u"A12"_s).property(ShownOffline, true).limits(u"0"_s, u"9"_s).scaling(1.0F);
+    const DefinitionBuilder second = DefinitionBuilder(at(u"A12"_s)).version(2).without(ReadLevel);
+    QVERIFY(container.create(first, u"D.1;a"_s));
+    ParameterSetup *setup = container.setup(u"A12"_s);
+    setup->setProperty(0, ReadLevel, ParameterProperty(3U));
+    setup->setProperty(0, ShownOffline, ParameterProperty(false));
+    setup->setProperty(0, LowerLimitValue, ParameterProperty(u"t:x"_s));
+    container->setParameterChangeTag(u"tag"_s);
+    setup->setProperty(0, ScalingFactor, ParameterProperty(0.1F));
+    container->setParameterChangeTag(QString());
+    QVERIFY(container.create(second, u"D.1;a"_s));
+    QMap<QString, QByteArray> blocks;
+    QVERIFY(container->saveTo(blocks));
+    const QByteArray block = "\r\n[A012]\r\nV_1_0=0\r\nDV_1_0=0\r\nP_0_5=3\r\nP_0_8=s:t:x\r\n"
+                             "P_0_20=0.1\r\nPC_0_20=tag\r\nP_0_47=0\r\n";
+    QVERIFY(blocks.value(BlockName).endsWith(block));
+
+    TestContainer other;
+    QVERIFY(other.create(second, u"D.1;a"_s));
+    QVERIFY(other->loadFrom(blocks));
+    const ParameterSetup *loaded = other.setup(u"A12"_s);
+    QCOMPARE(loaded->elementProperty(0, ReadLevel).asUint32(), 3U);
+    QCOMPARE(loaded->elementProperty(0, LowerLimitValue).asString(), u"t:x"_s);
+    QCOMPARE(loaded->elementProperty(0, ScalingFactor).asFloat(), 0.1F);
+    QMap<QString, QByteArray> again;
+    QVERIFY(other->saveTo(again));
+    QCOMPARE(again.value(BlockName), blocks.value(BlockName));
 }
 
 QTEST_GUILESS_MAIN(tst_ContainerRoundTrip)

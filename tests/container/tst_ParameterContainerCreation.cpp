@@ -63,6 +63,8 @@ private Q_SLOTS:
     void multiInstanceTakesTheFirstFreeCoordinate();
     void multiInstanceSharesACoordinateAcrossLivingSpaces();
     void multiInstanceNeverJoinsAStranger();
+    void singleInstanceJoinsWhateverStandsAtItsPlace_data();
+    void singleInstanceJoinsWhateverStandsAtItsPlace();
     void multiInstanceJoinsAnotherVersion();
     void multiInstanceSkipsADefaultInTheMoveableGroup();
     void moveableLinesAreExhausted();
@@ -404,6 +406,38 @@ void tst_ParameterContainerCreation::multiInstanceNeverJoinsAStranger()
     QVERIFY(container.create(at(u"A12"_s).identifier(u"Multi"_s).multiInstance(), u"D.2;m"_s));
     QCOMPARE(container->queryParameterInstance(u"D.2;m"_s), container.setup(u"Q01"_s));
     QCOMPARE(livingSpaces(container.setup(u"A12"_s)), QList<int> {1});
+}
+
+void tst_ParameterContainerCreation::singleInstanceJoinsWhateverStandsAtItsPlace_data()
+{
+    QTest::addColumn<quint32>("standing");
+    QTest::addColumn<quint32>("coming");
+    QTest::addColumn<bool>("isTaken");
+    QTest::newRow("higher version") << 1U << 2U << true;
+    QTest::newRow("equal version") << 2U << 2U << false;
+    QTest::newRow("lower version") << 2U << 1U << false;
+}
+
+/// There is only one place for it, and only the higher version counts.
+void tst_ParameterContainerCreation::singleInstanceJoinsWhateverStandsAtItsPlace()
+{
+    QFETCH(quint32, standing);
+    QFETCH(quint32, coming);
+    QFETCH(bool, isTaken);
+    MessageRecorder messages;
+    TestContainer container;
+    ParameterDefinition *first =
+        container.define(at(u"A12"_s).identifier(u"Stranger"_s).version(standing));
+    ParameterDefinition *second =
+        container.define(at(u"A12"_s).identifier(u"Single"_s).version(coming));
+    QVERIFY(container->createOrUpdateParameter(first, u"D.1;s"_s));
+    const ParameterSetup *set = container.setup(u"A12"_s);
+    QVERIFY(container->createOrUpdateParameter(second, u"D.2;a"_s));
+    QCOMPARE(container.coordinates(), QStringList {u"A12"_s});
+    QCOMPARE(container.setup(u"A12"_s), set);
+    QCOMPARE(livingSpaces(container.setup(u"A12"_s)), (QList<int> {1, 2}));
+    QCOMPARE(container->queryParameterInstance(u"D.2;a"_s), set);
+    QCOMPARE(container->queryParameter(u"D.1;s"_s), isTaken ? second : first);
 }
 
 void tst_ParameterContainerCreation::multiInstanceJoinsAnotherVersion()

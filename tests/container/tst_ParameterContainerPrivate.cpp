@@ -43,6 +43,7 @@ private Q_SLOTS:
     void pendingNamesGoBeforeAHostHears();
     void locatorTextsOfASet();
     void coordinateChangeMovesTheKey();
+    void parameterWithoutElementsMoves();
     void coordinateOfAnotherSetIsRefused();
     void pendingNames();
     void pendingNamesOfWhatIsThere_data();
@@ -203,6 +204,26 @@ void tst_ParameterContainerPrivate::coordinateChangeMovesTheKey()
     internals(container).onCoordinateChanged(
         ParameterAddress(0, before, 0), ParameterAddress(0, after, 0));
     QVERIFY(container.coordinates().isEmpty());
+}
+
+void tst_ParameterContainerPrivate::parameterWithoutElementsMoves()
+{
+    MessageRecorder messages;
+    TestContainer container;
+    const DefinitionBuilder builder = at(u"A12"_s).coordinates({u"A12"_s, u"A13"_s});
+    QVERIFY(container.create(builder, u"D.1;a"_s));
+    ParameterSetup *setup = container.setup(u"A12"_s);
+    QVERIFY(container.create(DefinitionBuilder(builder).version(2).elementCount(0), u"D.1;a"_s));
+    QCOMPARE(setup->elementList(), QList<quint16>());
+    SignalLog log;
+    log.attach(setup, u"s"_s);
+    setup->setCoordinate(ParameterCoordinate(u"A13"_s));
+    QCOMPARE(log.take(), QStringList());
+    QCOMPARE(setup->coordinate().toText(), u"A13"_s);
+    QVERIFY(!container.setup(u"A12"_s));
+    QCOMPARE(container.setup(u"A13"_s), setup);
+    container->deleteParameter(u"D.1;a"_s);
+    QCOMPARE(container.coordinates(), QStringList());
 }
 
 void tst_ParameterContainerPrivate::coordinateOfAnotherSetIsRefused()

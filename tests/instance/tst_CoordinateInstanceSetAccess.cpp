@@ -20,6 +20,8 @@ private Q_SLOTS:
     void isWritable();
     void isWritableAbsent_data();
     void isWritableAbsent();
+    void unusableWriteLevel_data();
+    void unusableWriteLevel();
     void isHiddenOfAGlobalParameter();
     void stepsBehindTheDecisionAreSilent_data();
     void stepsBehindTheDecisionAreSilent();
@@ -142,6 +144,40 @@ void tst_CoordinateInstanceSetAccess::isWritableAbsent()
     if (!warning.isEmpty())
         stand.expectWarning(warning);
     QVERIFY(set->isWritable(Axis1, 0));
+}
+
+void tst_CoordinateInstanceSetAccess::unusableWriteLevel_data()
+{
+    QTest::addColumn<QVariant>("level");
+    QTest::newRow("no number") << QVariant(u"hoch"_s);
+    QTest::newRow("empty text") << QVariant(u""_s);
+    QTest::newRow("negative") << QVariant(-1);
+    QTest::newRow("negative text") << QVariant(u"-6"_s);
+    QTest::newRow("beyond 32 bits") << QVariant(u"4294967302"_s);
+}
+
+// It counts as 0: nothing is masked and everyone may write. Each question reports it once.
+void tst_CoordinateInstanceSetAccess::unusableWriteLevel()
+{
+    QFETCH(QVariant, level);
+    InstanceStand stand;
+    const auto *set = stand.add(DefinitionBuilder()
+                                    .property(WriteLevel, level)
+                                    .property(MemoryAllocation, 1U)
+                                    .limits(u"-3"_s, u"9"_s)
+                                    .defaultValue(u"5"_s),
+        u"A12"_s);
+    const QList<std::function<bool()>> questions {
+        [&] { return set->displayValueText(Axis1, 0, false) == u"5"_s; },
+        [&] { return set->isWritable(Axis1, 0); },
+        [&] { return set->lowerLimitText(Axis1, 0) == u"-3"_s; },
+        [&] { return set->upperLimitText(Axis1, 0) == u"9"_s; },
+    };
+    for (const auto &question : questions) {
+        stand.expectWarning(u"invalid definition \"writeLevel\" at parameter A12\""_s);
+        QVERIFY(question());
+        QVERIFY(stand.messages.verify());
+    }
 }
 
 void tst_CoordinateInstanceSetAccess::isHiddenOfAGlobalParameter()

@@ -14,6 +14,7 @@ private Q_SLOTS:
     void needsConsistence_data();
     void needsConsistence();
     void needsConsistenceOverriddenWithoutValue();
+    void needsConsistenceOverriddenUnderALackingDefinition();
     void needsConsistenceOfAbsentValues();
     void needsConsistenceOfAGlobalParameter_data();
     void needsConsistenceOfAGlobalParameter();
@@ -112,6 +113,20 @@ void tst_CoordinateInstanceSetConsistence::needsConsistenceOverriddenWithoutValu
     InstanceStand stand;
     auto *set = stand.add(DefinitionBuilder().property(AutomaticOnlineUpdate, 1U), u"A12"_s);
     set->setProperty(0, AutomaticOnlineUpdate, ParameterProperty());
+    stand.listen(set);
+    set->setParameterNeedsConsistence(Axis1, 0, true);
+    QCOMPARE(stand.log.take(),
+        QStringList {u"container.parameterNeedsOnlineConsistence(1.A012[00000], true)"_s});
+}
+
+void tst_CoordinateInstanceSetConsistence::needsConsistenceOverriddenUnderALackingDefinition()
+{
+    InstanceStand stand;
+    auto *set = stand.add(DefinitionBuilder().property(AutomaticOnlineUpdate, 1U), u"A12"_s);
+    set->setProperty(0, AutomaticOnlineUpdate, ParameterProperty(QVariant(0U)));
+    stand.container->createOrUpdateParameter(
+        stand.define(DefinitionBuilder().version(2).without(AutomaticOnlineUpdate), u"A12"_s),
+        u"D.1;A12"_s);
     stand.listen(set);
     set->setParameterNeedsConsistence(Axis1, 0, true);
     QCOMPARE(stand.log.take(),

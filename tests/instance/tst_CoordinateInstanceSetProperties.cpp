@@ -30,6 +30,7 @@ private Q_SLOTS:
     void firmwareLimitsHideAnOverride();
     void stampsTheChangeTag();
     void elementsOfARecordHaveTheirOwn();
+    void answersWhatANewerDefinitionLacks();
     void everyElementOfALargeRecord_data();
     void everyElementOfALargeRecord();
     void saved_data();
@@ -287,6 +288,29 @@ void tst_CoordinateInstanceSetProperties::elementsOfARecordHaveTheirOwn()
     QVERIFY(!set->hasPropertyOverride(7, ReadLevel));
     QCOMPARE(set->attribute(Axis1, 2, u"ReadLevelChangeTag"_s), u"eins"_s);
     QCOMPARE(set->attribute(Axis1, 7, u"ReadLevelChangeTag"_s), QString());
+}
+
+void tst_CoordinateInstanceSetProperties::answersWhatANewerDefinitionLacks()
+{
+    InstanceStand stand;
+    stand.setUserLevel(4);
+    auto *set = stand.add(DefinitionBuilder().limits(u"0"_s, u"9"_s), u"A12"_s);
+    set->setProperty(0, ReadLevel, of(3U));
+    set->setProperty(0, UpperLimitValue, ParameterProperty(u"5"_s));
+    ParameterDefinition *newer = stand.define(
+        DefinitionBuilder().version(2).without(ReadLevel).without(UpperLimitValue), u"A12"_s);
+    stand.container->createOrUpdateParameter(newer, u"D.1;A12"_s);
+    QVERIFY(!set->hasElementProperty(0, ReadLevel));
+    QVERIFY(set->hasPropertyOverride(0, ReadLevel));
+    QCOMPARE(set->elementProperty(0, ReadLevel).asUint32(), 3U);
+    // The accessors find it: nothing is reported as missing.
+    QCOMPARE(set->readLevel(0), 3U);
+    QVERIFY(set->isVisible(Axis1, 0));
+    QCOMPARE(set->upperLimitText(Axis1, 0), u"5"_s);
+    QCOMPARE(savedLines(set).filter(u"P_"_s), (QStringList {u"P_0_5=3"_s, u"P_0_9=5"_s}));
+    // A new override needs a definition that knows the property.
+    set->setProperty(0, ReadLevel, of(1U));
+    QCOMPARE(set->elementProperty(0, ReadLevel).asUint32(), 3U);
 }
 
 void tst_CoordinateInstanceSetProperties::everyElementOfALargeRecord_data()

@@ -507,6 +507,10 @@ void tst_CoordinateInstanceSetQueries::scalingAttributes_data()
     QTest::newRow("no scaling factor")
         << 0.0F << 0.5F << u"1 LSB"_s << u"1 LSB"_s << u"1 LSB = 0.5 A"_s;
     QTest::newRow("no factor") << 0.0F << 0.0F << u"1 LSB"_s << u"1 LSB"_s << u"1 LSB"_s;
+    QTest::newRow("quotient beyond a float")
+        << 1e-30F << 3e38F << u"1 LSB = 1e-30 A"_s << u"1 LSB"_s << u"1 LSB = 3e+38 A"_s;
+    QTest::newRow("quotient that is 0 as a float")
+        << 1e30F << 1e-30F << u"1 LSB = 1e+30 A"_s << u"1 LSB"_s << u"1 LSB = 1e-30 A"_s;
 }
 
 void tst_CoordinateInstanceSetQueries::scalingAttributes()

@@ -413,7 +413,7 @@ void tst_CoordinateInstanceSetTexts::adoptValueText_data()
         << u"Parameter A12: Fehler beim Übernehmen des Werts - "
            u"Wert \"xyz\" ist ungültig"_s;
     QTest::newRow("absent element")
-        << u"xyz"_s << 1 << quint16(1) << QString() << false << QString();
+        << u"xyz"_s << 1 << quint16(1) << QString() << true << QString();
 }
 
 void tst_CoordinateInstanceSetTexts::adoptValueText()
@@ -468,6 +468,8 @@ void tst_CoordinateInstanceSetTexts::okMayBeNull()
     QCOMPARE(set->prepareValueText(u"5"_s, Axis1, 0, false, nullptr), u"5"_s);
     QCOMPARE(set->prepareValueText(QString(), Axis1, 9, false, nullptr), QString());
     QCOMPARE(set->adoptValueText(u"5"_s, Axis1, 9, nullptr), QString());
+    // Whoever goes on by the flag asks for the element too.
+    QVERIFY(!set->isValueTextAcceptable(Axis1, 9, u"5"_s));
 }
 
 void tst_CoordinateInstanceSetTexts::limitTexts_data()

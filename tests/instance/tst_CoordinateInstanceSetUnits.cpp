@@ -22,6 +22,8 @@ private Q_SLOTS:
     void onlyShownUnitsAreAskedFor();
     void unitIsTheLongText();
     void unitOfTheActiveAxis();
+    void measuringUnit_data();
+    void measuringUnit();
 };
 
 void tst_CoordinateInstanceSetUnits::adoptDropsTheUnit()
@@ -193,6 +195,40 @@ void tst_CoordinateInstanceSetUnits::unitOfTheActiveAxis()
     active->setOnlineValueText(Global, 0, u"0"_s);
     QCOMPARE(set->valueText(Axis1, 0, true), u"0 mm"_s);
     QCOMPARE(set->valueText(Axis2, 0, true), u"0 mm"_s);
+}
+
+void tst_CoordinateInstanceSetUnits::measuringUnit_data()
+{
+    QTest::addColumn<quint32>("property");
+    QTest::addColumn<quint16>("element");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("scaled") << 18U << quint16(0) << u"A"_s;
+    QTest::newRow("native") << 19U << quint16(1) << u"inc"_s;
+    QTest::newRow("fieldbus is missing") << 26U << quint16(0) << QString();
+    for (const quint32 property : {17U, 20U, 105U, 107U, 4294967295U})
+        QTest::addRow("%u is no unit", property) << property << quint16(0) << QString();
+    QTest::newRow("absent element") << 18U << quint16(2) << QString();
+}
+
+// All of it is silent.
+void tst_CoordinateInstanceSetUnits::measuringUnit()
+{
+    QFETCH(quint32, property);
+    QFETCH(quint16, element);
+    QFETCH(QString, expected);
+    InstanceStand stand;
+    const auto *set = stand.add(DefinitionBuilder()
+                                    .elementCount(2)
+                                    .units(u"A"_s, u"inc"_s)
+                                    .property(ChoiceMap, u"kein"_s)
+                                    .without(FieldbusMeasuringUnit),
+        u"A12"_s);
+    for (const eLivingSpace livingSpace : {Global, Axis1, Axis2}) {
+        const ParameterText unit =
+            set->measuringUnit(eParameterProperty(property), livingSpace, element);
+        QCOMPARE(unit.longText(), expected);
+        QCOMPARE(unit.isEmpty(), expected.isEmpty());
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_CoordinateInstanceSetUnits)

@@ -3,6 +3,7 @@
 #include <KrFirmware/CallbackProvider.h>
 #include <KrParameterInstance/ActionParameter.h>
 #include <KrParameterInstance/ParameterContainerHostInformation.h>
+#include <KrParameterInstance/ParameterProvider.h>
 #include <KrParameterInstance/ParameterSetup.h>
 
 #include <QtTest/QTest>
@@ -188,6 +189,19 @@ void tst_InterfaceSlots::order_data()
         << slotOf(&ParameterSetup::setValueChangeTag) - SecondDestructor << 82;
     QTest::newRow("ParameterSetup::setDefaultValueChangeTag")
         << slotOf(&ParameterSetup::setDefaultValueChangeTag) - SecondDestructor << 83;
+
+    QTest::newRow("ParameterProvider::createAction")
+        << slotOf(&ParameterProvider::createAction) - SecondDestructor << 11;
+    QTest::newRow("ParameterProvider::parameterInformation")
+        << slotOf(&ParameterProvider::parameterInformation) - SecondDestructor << 12;
+    QTest::newRow("ParameterProvider::parameterSetup")
+        << slotOf(&ParameterProvider::parameterSetup) - SecondDestructor << 13;
+    QTest::newRow("ParameterProvider::parameterList")
+        << slotOf(&ParameterProvider::parameterList) - SecondDestructor << 14;
+    QTest::newRow("ParameterProvider::deviceFamilyIdentifier")
+        << slotOf(&ParameterProvider::deviceFamilyIdentifier) - SecondDestructor << 15;
+    QTest::newRow("ParameterProvider::compareParameterCoordinateList")
+        << slotOf(&ParameterProvider::compareParameterCoordinateList) - SecondDestructor << 16;
 
     QTest::newRow("ActionParameter::start")
         << slotOf(&ActionParameter::start) - SecondDestructor << 11;

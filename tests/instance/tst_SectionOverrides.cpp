@@ -27,16 +27,30 @@ private Q_SLOTS:
     void passedOver_data();
     void passedOver();
     void recordElements();
+    void lackedPropertiesStay();
+    void elementsThatARecordLacksStayOut();
 };
 
 namespace {
 
 const ParameterProperty Level(QVariant(3U));
 
-QStringList written(const std::vector<PropertyResolver::Override> &overrides)
+void save(IniSection &section, const std::vector<PropertyResolver::Override> &overrides,
+    const DefinitionBuilder &builder = {})
+{
+    const auto definition = builder.build();
+    ElementCatalogue elements;
+    elements.setDefinition(definition.get());
+    PropertyResolver properties(elements);
+    properties.replaceOverrides(overrides);
+    SectionOverrides::save(section, properties);
+}
+
+QStringList written(
+    const std::vector<PropertyResolver::Override> &overrides, const DefinitionBuilder &builder = {})
 {
     IniSection section;
-    SectionOverrides::save(section, overrides);
+    save(section, overrides, builder);
     QStringList lines;
     for (const QByteArray &key : section.keys()) {
         lines.append(
@@ -59,9 +73,10 @@ std::vector<PropertyResolver::Override> loaded(
 void tst_SectionOverrides::keys()
 {
     QCOMPARE(written({{0, ReadLevel, Level, u"a"_s}, {0, WriteLevel, Level, QString()},
-                 {65535, MeasuringUnitDependency, Level, u"b"_s}}),
+                         {16383, MeasuringUnitDependency, Level, u"b"_s}},
+                 DefinitionBuilder().element(0, u"a"_s).element(16383, u"b"_s)),
         (QStringList {
-            u"P_0_5=3"_s, u"PC_0_5=a"_s, u"P_0_6=3"_s, u"P_65535_39=3"_s, u"PC_65535_39=b"_s}));
+            u"P_0_5=3"_s, u"PC_0_5=a"_s, u"P_0_6=3"_s, u"P_16383_39=3"_s, u"PC_16383_39=b"_s}));
 }
 
 void tst_SectionOverrides::nothingIsWrittenWithoutOverrides()
@@ -100,6 +115,8 @@ void tst_SectionOverrides::loadedTypes_data()
     QTest::newRow("float") << 20U << QByteArray("0.25") << QVariant(0.25F);
     QTest::newRow("text") << 8U << QByteArray("-100") << QVariant(u"-100"_s);
     QTest::newRow("empty text") << 8U << QByteArray() << QVariant(u""_s);
+    QTest::newRow("text where the definition lacks the property")
+        << 47U << QByteArray("1") << QVariant(u"1"_s);
     QTest::newRow("no number stays as it was written")
         << 5U << QByteArray("hoch") << QVariant(u"hoch"_s);
 }
@@ -154,7 +171,7 @@ void tst_SectionOverrides::multilingualTextSurvivesLatin1()
     unit.setText(u"de"_s, u"µΩ"_s, u"Mikroohm \"x\\\" 😀"_s);
     unit.setText(u"en"_s, u"uOhm"_s, u"micro ohm"_s);
     IniSection section;
-    SectionOverrides::save(section,
+    save(section,
         {{0, ScaledMeasuringUnit, ParameterProperty(QVariant::fromValue(unit)), QString()}});
     const QByteArray bytes = section.read("P_0_18").toByteArray();
     QVERIFY(std::all_of(bytes.begin(), bytes.end(), [](char c) { return c >= 0x20; }));
@@ -168,8 +185,9 @@ void tst_SectionOverrides::passedOver_data()
 {
     QTest::addColumn<QByteArray>("key");
 
-    QTest::newRow("property that the definition lacks") << QByteArray("P_0_47");
-    QTest::newRow("property of the library") << QByteArray("P_0_106");
+    QTest::newRow("property that no definition holds") << QByteArray("P_0_51");
+    for (const int number : {100, 101, 102, 103, 105, 106, 107})
+        QTest::addRow("%d is the library's", number) << "P_0_" + QByteArray::number(number);
     QTest::newRow("property number beyond 32 bits") << QByteArray("P_0_4294967301");
     QTest::newRow("no property") << QByteArray("P_0");
     QTest::newRow("empty property") << QByteArray("P_0_");
@@ -205,6 +223,40 @@ void tst_SectionOverrides::recordElements()
     QCOMPARE(overrides.size(), size_t(2));
     QCOMPARE(overrides[0].element, quint16(2));
     QCOMPARE(overrides[1].element, quint16(7));
+}
+
+void tst_SectionOverrides::lackedPropertiesStay()
+{
+    ParameterText unit;
+    unit.setText(u"de"_s, u"µ"_s, u"µ"_s);
+    const DefinitionBuilder builder =
+        DefinitionBuilder().without(ReadLevel).without(ScaledMeasuringUnit);
+    IniSection section;
+    save(section,
+        {{0, ReadLevel, Level, u"a"_s},
+            {0, ScaledMeasuringUnit, ParameterProperty(QVariant::fromValue(unit)), {}},
+            {0, ShownOffline, ParameterProperty(), u"b"_s}},
+        builder);
+    const auto overrides = loaded(section, builder);
+    QCOMPARE(overrides.size(), size_t(3));
+    QCOMPARE(overrides[0].value.asUint32(), 3U);
+    QCOMPARE(overrides[0].changeTag, u"a"_s);
+    QCOMPARE(overrides[1].value.asVariant().value<ParameterText>(), unit);
+    QVERIFY(!overrides[2].value.isValid());
+    QCOMPARE(overrides[2].changeTag, u"b"_s);
+
+    IniSection again;
+    save(again, overrides, builder);
+    QCOMPARE(again.keys(), section.keys());
+    for (const QByteArray &key : section.keys())
+        QCOMPARE(again.read(key).toByteArray(), section.read(key).toByteArray());
+}
+
+void tst_SectionOverrides::elementsThatARecordLacksStayOut()
+{
+    QCOMPARE(written({{2, ReadLevel, Level, QString()}, {7, ReadLevel, Level, u"a"_s}},
+                 DefinitionBuilder().element(2, u"a"_s)),
+        QStringList {u"P_2_5=3"_s});
 }
 
 QTEST_GUILESS_MAIN(tst_SectionOverrides)

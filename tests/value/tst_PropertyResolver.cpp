@@ -26,6 +26,11 @@ private Q_SLOTS:
     void factsOfARecord();
     void factsWithOverrides();
     void overridesStayUnderAnotherDefinition();
+    void overrideOfAPropertyThatTheDefinitionLacks();
+    void fixedProperties_data();
+    void fixedProperties();
+    void overridable_data();
+    void overridable();
     void faultTexts_data();
     void faultTexts();
 };
@@ -229,6 +234,69 @@ void tst_PropertyResolver::overridesStayUnderAnotherDefinition()
     resolver.onDefinitionChanged();
     QCOMPARE(resolver.facts(0).readLevel, 2U);
     QCOMPARE(resolver.facts(0).writeLevel, 6);
+}
+
+void tst_PropertyResolver::overrideOfAPropertyThatTheDefinitionLacks()
+{
+    const auto first = DefinitionBuilder().levels(1, 1).build();
+    const auto second =
+        DefinitionBuilder().without(ReadLevel).without(WriteLevel).without(Datatype).build();
+    ElementCatalogue elements;
+    elements.setDefinition(first.get());
+    PropertyResolver resolver(elements);
+    resolver.setOverride(0, ReadLevel, number(5), u"tag"_s);
+    elements.setDefinition(second.get());
+    resolver.onDefinitionChanged();
+    QVERIFY(!resolver.isDefined(0, ReadLevel));
+    QVERIFY(!resolver.readDefined(0, ReadLevel).isValid());
+    QCOMPARE(resolver.read(0, ReadLevel).asUint32(), 5U);
+    QVERIFY(resolver.facts(0).has(ReadLevel));
+    QCOMPARE(resolver.facts(0).readLevel, 5U);
+    QVERIFY(!resolver.read(0, WriteLevel).isValid());
+}
+
+void tst_PropertyResolver::fixedProperties_data()
+{
+    QTest::addColumn<quint32>("property");
+    QTest::addColumn<bool>("isFixed");
+    for (const quint32 property : {100U, 101U, 102U, 103U, 105U, 106U, 107U})
+        QTest::addRow("%u is fixed", property) << property << true;
+    for (const quint32 property : {0U, 50U, 51U, 99U, 104U, 108U, 111U, 112U, 4294967295U})
+        QTest::addRow("%u is not", property) << property << false;
+}
+
+void tst_PropertyResolver::fixedProperties()
+{
+    QFETCH(quint32, property);
+    QTEST(PropertyResolver::isFixed(eParameterProperty(property)), "isFixed");
+}
+
+void tst_PropertyResolver::overridable_data()
+{
+    QTest::addColumn<bool>("isRecord");
+    QTest::addColumn<quint16>("element");
+    QTest::addColumn<quint32>("property");
+    QTest::addColumn<bool>("expected");
+    QTest::newRow("first number") << false << quint16(0) << 0U << true;
+    QTest::newRow("last number") << false << quint16(0) << 50U << true;
+    QTest::newRow("beyond, and lacked") << false << quint16(0) << 51U << false;
+    QTest::newRow("fixed") << false << quint16(0) << 103U << false;
+    QTest::newRow("further element of a simple parameter") << false << quint16(1) << 5U << false;
+    QTest::newRow("element of a record") << true << quint16(7) << 5U << true;
+    QTest::newRow("element that a record lacks") << true << quint16(1) << 5U << false;
+}
+
+void tst_PropertyResolver::overridable()
+{
+    QFETCH(bool, isRecord);
+    QFETCH(quint16, element);
+    QFETCH(quint32, property);
+    const auto definition = isRecord ? DefinitionBuilder().element(7, u"a"_s).build()
+                                     : DefinitionBuilder().elementCount(2).build();
+    ElementCatalogue elements;
+    elements.setDefinition(definition.get());
+    const PropertyResolver resolver(elements);
+    QTEST(resolver.isOverridable(element, eParameterProperty(property)), "expected");
 }
 
 void tst_PropertyResolver::faultTexts_data()
