@@ -124,6 +124,8 @@ QList<ParameterCoordinate> SnapshotRowModel::coordinates() const
     if (m_snapshots.size() == 1)
         return m_snapshots.first() ? m_snapshots.first()->parameterList()
                                    : QList<ParameterCoordinate>();
+    if (m_snapshots.size() == 2)
+        return differentCoordinates(m_snapshots.first(), m_snapshots.last());
     QSet<ParameterCoordinate> result;
     for (qsizetype i = 1; i < m_snapshots.size(); ++i) {
         const auto different = differentCoordinates(m_snapshots.at(i - 1), m_snapshots.at(i));
@@ -166,16 +168,18 @@ QList<SnapshotRow> SnapshotRowModel::rows(
 
 QList<SnapshotRow> SnapshotRowModel::parameterRows(const ParameterCoordinate &coordinate) const
 {
-    const QList<Holding> holdings = holdingsOf(coordinate);
+    const Holdings holdings = holdingsOf(coordinate);
     QList<eLivingSpace> livingSpaces;
     QList<quint16> elements;
     for (const Holding &holding : holdings) {
-        livingSpaces = united(livingSpaces, holding.livingSpaces);
-        elements = united(elements, holding.elements);
+        if (!holding.record)
+            continue;
+        livingSpaces = united(livingSpaces, holding.record->layout().livingSpaces);
+        elements = united(elements, holding.record->layout().elements);
     }
     const bool isSimple = elements.size() == 1 && elements.first() == 0;
     const QString text = coordinate.toText();
-    const QString name = parameterName(coordinate);
+    const QString name = parameterName(coordinate, holdings);
     QList<SnapshotRow> result;
     result.reserve(livingSpaces.size());
     for (const eLivingSpace livingSpace : std::as_const(livingSpaces)) {
@@ -195,7 +199,7 @@ QList<SnapshotRow> SnapshotRowModel::parameterRows(const ParameterCoordinate &co
 }
 
 QList<SnapshotRow> SnapshotRowModel::elementRows(const SnapshotRow &parent, const QString &place,
-    const QList<quint16> &elements, const QList<Holding> &holdings) const
+    const QList<quint16> &elements, const Holdings &holdings) const
 {
     QList<SnapshotRow> result;
     result.reserve(elements.size());
@@ -214,32 +218,33 @@ QList<SnapshotRow> SnapshotRowModel::elementRows(const SnapshotRow &parent, cons
     return result;
 }
 
-QList<SnapshotRowModel::Holding> SnapshotRowModel::holdingsOf(
-    const ParameterCoordinate &coordinate) const
+bool SnapshotRowModel::Holding::hasLivingSpace(eLivingSpace livingSpace) const
 {
-    QList<Holding> result;
-    result.reserve(m_contents.size());
-    for (const ParameterValueSnapshotPrivate *content : m_contents) {
-        Holding holding;
-        holding.record = content ? content->record(coordinate) : nullptr;
-        if (holding.record) {
-            holding.livingSpaces = holding.record->layout().livingSpaces;
-            holding.elements = holding.record->layout().elements;
-        }
-        result.append(std::move(holding));
-    }
+    return record && holds(record->layout().livingSpaces, livingSpace);
+}
+
+bool SnapshotRowModel::Holding::hasElement(quint16 element) const
+{
+    return record && holds(record->layout().elements, element);
+}
+
+SnapshotRowModel::Holdings SnapshotRowModel::holdingsOf(const ParameterCoordinate &coordinate) const
+{
+    Holdings result;
+    for (const ParameterValueSnapshotPrivate *content : m_contents)
+        result.append({content ? content->record(coordinate) : nullptr});
     return result;
 }
 
 QList<SnapshotCell> SnapshotRowModel::parameterCells(
-    const SnapshotRow &row, const QList<Holding> &holdings) const
+    const SnapshotRow &row, const Holdings &holdings) const
 {
     QList<SnapshotCell> cells;
     cells.reserve(holdings.size());
     for (const Holding &holding : holdings) {
         if (!isReadable(holding, 0))
             cells.append(SnapshotCell());
-        else if (!holds(holding.livingSpaces, row.livingSpace))
+        else if (!holding.hasLivingSpace(row.livingSpace))
             cells.append(missingCell());
         else
             cells.append(valueCell(*holding.record, row));
@@ -248,14 +253,14 @@ QList<SnapshotCell> SnapshotRowModel::parameterCells(
 }
 
 QList<SnapshotCell> SnapshotRowModel::elementCells(
-    const SnapshotRow &row, const QList<Holding> &holdings) const
+    const SnapshotRow &row, const Holdings &holdings) const
 {
     QList<SnapshotCell> cells;
     cells.reserve(holdings.size());
     for (const Holding &holding : holdings) {
         if (!isReadable(holding, row.element))
             cells.append(SnapshotCell());
-        else if (!holds(holding.elements, row.element))
+        else if (!holding.hasElement(row.element))
             cells.append(missingCell());
         else
             cells.append(valueCell(*holding.record, row));
@@ -270,12 +275,13 @@ bool SnapshotRowModel::isReadable(const Holding &holding, quint16 element) const
 
 /// The living container knows the name in the active language; the first snapshot keeps the one of
 /// its time.
-QString SnapshotRowModel::parameterName(const ParameterCoordinate &coordinate) const
+QString SnapshotRowModel::parameterName(
+    const ParameterCoordinate &coordinate, const Holdings &holdings) const
 {
-    ParameterValueSnapshot *first = m_snapshots.value(0);
-    if (const auto information = connectedInformation(first, coordinate))
+    if (const auto information = connectedInformation(m_snapshots.value(0), coordinate))
         return information->name().longText();
-    return first ? first->parameterName(coordinate) : QString();
+    const SnapshotRecord *first = holdings.isEmpty() ? nullptr : holdings.first().record;
+    return first ? first->name() : QString();
 }
 
 QString SnapshotRowModel::elementName(const ParameterCoordinate &coordinate, quint16 element) const

@@ -3,6 +3,7 @@
 #include "snapshot/SnapshotRow.h"
 
 #include <QtCore/QList>
+#include <QtCore/QVarLengthArray>
 #include <QtCore/QString>
 
 class FillingProgress;
@@ -28,23 +29,24 @@ public:
 private:
     /// What a snapshot has of one parameter.
     struct Holding {
-        QList<eLivingSpace> livingSpaces;
-        QList<quint16> elements;
+        bool hasLivingSpace(eLivingSpace livingSpace) const;
+        bool hasElement(quint16 element) const;
+
         /// Null where it lacks the parameter, and for a snapshot that is gone.
         const SnapshotRecord *record = nullptr;
     };
+    using Holdings = QVarLengthArray<Holding, 8>;
 
     /// One for each living space, ascending.
     QList<SnapshotRow> parameterRows(const ParameterCoordinate &coordinate) const;
     QList<SnapshotRow> elementRows(const SnapshotRow &parent, const QString &place,
-        const QList<quint16> &elements, const QList<Holding> &holdings) const;
-    QList<Holding> holdingsOf(const ParameterCoordinate &coordinate) const;
-    QList<SnapshotCell> parameterCells(
-        const SnapshotRow &row, const QList<Holding> &holdings) const;
-    QList<SnapshotCell> elementCells(const SnapshotRow &row, const QList<Holding> &holdings) const;
+        const QList<quint16> &elements, const Holdings &holdings) const;
+    Holdings holdingsOf(const ParameterCoordinate &coordinate) const;
+    QList<SnapshotCell> parameterCells(const SnapshotRow &row, const Holdings &holdings) const;
+    QList<SnapshotCell> elementCells(const SnapshotRow &row, const Holdings &holdings) const;
     /// What a snapshot lacks has no level.
     bool isReadable(const Holding &holding, quint16 element) const;
-    QString parameterName(const ParameterCoordinate &coordinate) const;
+    QString parameterName(const ParameterCoordinate &coordinate, const Holdings &holdings) const;
     QString elementName(const ParameterCoordinate &coordinate, quint16 element) const;
 
     QList<ParameterValueSnapshot *> m_snapshots;

@@ -38,11 +38,12 @@ constexpr DependencyKind DependencyKinds[] = {
 constexpr eParameterProperty UnitProperties[] = {
     ScaledMeasuringUnit, NativeMeasuringUnit, FieldbusMeasuringUnit};
 
-/// "<localAxis:E12>" and "<activeAxis:E12>" name E12; the library takes nothing else for a locator.
+/// "<localAxis:E12>" and "<activeAxis:E12>" name E12; the library takes nothing else for a locator but
+/// these with a line feed behind them.
 ParameterCoordinate locatedCoordinate(const ParameterProperty &unit)
 {
     static const QRegularExpression locator(QRegularExpression::anchoredPattern(
-        QStringLiteral("<(?:localAxis|activeAxis):([A-Z][0-9]{1,3})>")));
+        QStringLiteral("<(?:localAxis|activeAxis):([A-Z][0-9]{1,3})>\\n?")));
     const QVariant &value = unit.asVariant();
     if (value.metaType() != QMetaType::fromType<QString>())
         return {};

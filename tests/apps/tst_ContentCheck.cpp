@@ -65,6 +65,9 @@ void tst_ContentCheck::findings_data()
     row("a unit of the active axis that is followed",
         uR"(, "dependencies": {"measuringUnit": 1})"_s,
         uR"(, "units": {"native": "<activeAxis:A012>"})"_s, {});
+    row("a line feed behind a unit that is followed",
+        uR"(, "dependencies": {"measuringUnit": 1})"_s,
+        uR"(, "units": {"scaled": "<localAxis:A12>\n"})"_s, {});
     const QString nowhere = u"A12: die Abhängigkeit measuringUnit führt zu keiner Einheit"_s;
     for (const QString &unit : {u"localAxis:A12>"_s, u" <localAxis:A12>"_s}) {
         row(qPrintable(u"a unit as it stands: "_s + unit),
@@ -73,7 +76,7 @@ void tst_ContentCheck::findings_data()
     }
     for (const QString &unit : {u"<A12>"_s, u"<anyAxis:A12>"_s, u"<:A12>"_s, u"<localAxis:a12>"_s,
              u"<localAxis:A>"_s, u"<localAxis:A0012>"_s, u"<localAxis:A12"_s, u"<localAxis: A12>"_s,
-             u"<localAxis:A12>\\n"_s}) {
+             u"<localAxis:A12>\\n\\n"_s}) {
         row(qPrintable(u"no locator: "_s + unit), uR"(, "dependencies": {"measuringUnit": 1})"_s,
             uR"(, "units": {"scaled": "%1"})"_s.arg(unit),
             {u"parameters[1].elements[0].units.scaled: begins with '<' and is no unit locator such "

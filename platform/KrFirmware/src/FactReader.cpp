@@ -10,9 +10,11 @@
 
 namespace {
 
-/// "<localAxis:E12>", "<activeAxis:E12>".
+/// "<localAxis:E12>", "<activeAxis:E12>"; a line feed may follow.
 bool isUnitLocator(QStringView text)
 {
+    if (text.endsWith(u'\n'))
+        text.chop(1);
     constexpr qsizetype MostDigits = 3;
     bool isAxis = false;
     for (const QLatin1StringView start :
