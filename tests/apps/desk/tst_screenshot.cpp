@@ -94,11 +94,10 @@ void tst_screenshot::pictures_data()
                QStringLiteral("--size"), QStringLiteral("1000x700"), QStringLiteral("--search"),
                QStringLiteral("strom"), QStringLiteral("--edit"), QStringLiteral("1.H01=900")}
         << QSize(1000, 700) << 5 << 25 << false;
-    QTest::newRow("a value that another write shows can be written")
-        << QStringList {QStringLiteral("--device"), QStringLiteral("two-axis-drive"),
-               QStringLiteral("--write"), QStringLiteral("1.E10=4"), QStringLiteral("--write"),
-               QStringLiteral("1.D20=9000")}
-        << QSize(1280, 800) << 15 << 25 << false;
+    QTest::newRow("a value that another write shows can be written") << QStringList {
+        QStringLiteral("--device"), QStringLiteral("two-axis-drive"), QStringLiteral("--write"),
+        QStringLiteral("1.E10=4"), QStringLiteral("--write"),
+        QStringLiteral("1.D20=9000")} << QSize(1280, 800) << 15 << 25 << false;
     QTest::newRow("comparison in English") << QStringList {QStringLiteral("--device"),
         QStringLiteral("four-axis-controller"), QStringLiteral("--lang"), QStringLiteral("en"),
         QStringLiteral("--show"), QStringLiteral("comparison"), QStringLiteral("--write"),
