@@ -172,7 +172,8 @@ QString showDecimal(const QString &valueText)
 std::optional<QString> readDecimal(const QString &shown)
 {
     const SuffixRule::Number number = SuffixRule::apply(shown, SuffixRule::eFormat::Decimal);
-    return DecimalForm::read(number.text.toString(), Unit, Point);
+    const bool isWhole = number.text.size() == shown.size();
+    return DecimalForm::read(isWhole ? shown : number.text.toString(), Unit, Point);
 }
 
 QString showHexadecimal(const QString &valueText)

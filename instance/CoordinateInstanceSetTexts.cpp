@@ -65,20 +65,20 @@ QString CoordinateInstanceSet::nativeValueText(
     if (!found)
         return {};
     const Guard guard(this);
-    const QString text = found->value(element);
-    return withUnit && has(guard, element)
-        ? this->withUnit(text, eParameterProperty::NativeMeasuringUnit, livingSpace, element)
-        : text;
+    QString text = found->value(element);
+    if (withUnit && has(guard, element))
+        return this->withUnit(text, eParameterProperty::NativeMeasuringUnit, livingSpace, element);
+    return text;
 }
 
 QString CoordinateInstanceSet::valueText(
     eLivingSpace livingSpace, quint16 element, bool withUnit) const
 {
     const Guard guard(this);
-    const QString text = storedValueText(guard, livingSpace, element);
-    return withUnit && has(guard, element)
-        ? this->withUnit(text, eParameterProperty::ScaledMeasuringUnit, livingSpace, element)
-        : text;
+    QString text = storedValueText(guard, livingSpace, element);
+    if (withUnit && has(guard, element))
+        return this->withUnit(text, eParameterProperty::ScaledMeasuringUnit, livingSpace, element);
+    return text;
 }
 
 QString CoordinateInstanceSet::preparedValueText(

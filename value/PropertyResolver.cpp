@@ -53,6 +53,13 @@ QLatin1String nameOf(eParameterProperty property)
 constexpr std::array<const char *, 4> FaultTexts {"missing property", "unknown property value",
     "inconvertible property value", "invalid definition"};
 
+bool isUnit(eParameterProperty property)
+{
+    return property == eParameterProperty::ScaledMeasuringUnit
+        || property == eParameterProperty::NativeMeasuringUnit
+        || property == eParameterProperty::FieldbusMeasuringUnit;
+}
+
 } // namespace
 
 /// Overrides, and the facts of the elements that have any.
@@ -65,6 +72,7 @@ struct PropertyResolver::Overrides {
 /// Elements with one information share their facts; the one asked for last is found at once.
 struct PropertyResolver::RecordFacts {
     QHash<const IParameterElementInformation *, std::shared_ptr<const ElementFacts>> held;
+    quint16 lastElement = 0;
     const IParameterElementInformation *lastInformation = nullptr;
     const ElementFacts *last = nullptr;
 };
@@ -127,6 +135,9 @@ ParameterProperty PropertyResolver::readDefined(quint16 element, eParameterPrope
 
 ParameterProperty PropertyResolver::read(quint16 element, eParameterProperty property) const
 {
+    // The facts are at hand, a definition seldom is.
+    if (!m_overrides && isUnit(property))
+        return facts(element).unit(property);
     const Override *found = m_overrides ? find(element, property) : nullptr;
     return found ? found->value : readDefined(element, property);
 }
@@ -145,9 +156,13 @@ const ElementFacts &PropertyResolver::soughtFacts(quint16 element) const
             m_facts = ElementFacts::of(m_elements.information(element));
         return *m_facts;
     }
+    // One reading asks for the facts of its element many times.
+    if (m_recordFacts && m_recordFacts->last && m_recordFacts->lastElement == element)
+        return *m_recordFacts->last;
     const IParameterElementInformation *information = m_elements.information(element);
     if (!m_recordFacts)
         m_recordFacts = std::make_unique<RecordFacts>();
+    m_recordFacts->lastElement = element;
     if (!m_recordFacts->last || m_recordFacts->lastInformation != information) {
         std::shared_ptr<const ElementFacts> &held = m_recordFacts->held[information];
         if (!held)

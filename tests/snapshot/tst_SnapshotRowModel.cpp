@@ -348,6 +348,8 @@ void tst_SnapshotRowModel::titlesAreSortedAsText()
     SnapshotFixture fixture;
     fixture.add(SnapshotFixture::parameter("B00", "x").global());
     fixture.add(SnapshotFixture::parameter("A100", "x").global());
+    for (const char *coordinate : {"A110", "A11", "A10"})
+        fixture.add(SnapshotFixture::parameter(coordinate, "x").global());
     fixture.add(SnapshotFixture::parameter("A99", "x"));
     DefinitionBuilder record = SnapshotFixture::parameter("C00", "x").global();
     for (const quint16 element : {2, 10, 1})
@@ -356,7 +358,8 @@ void tst_SnapshotRowModel::titlesAreSortedAsText()
     const auto snapshot = taken(fixture);
     QCOMPARE(rowTexts({snapshot.get()}),
         (QStringList {QStringLiteral("1.A99 x|0"), QStringLiteral("2.A99 x|0"),
-            QStringLiteral("A100 x|0"), QStringLiteral("B00 x|0"), QStringLiteral("C00 x"),
+            QStringLiteral("A10 x|0"), QStringLiteral("A100 x|0"), QStringLiteral("A11 x|0"),
+            QStringLiteral("A110 x|0"), QStringLiteral("B00 x|0"), QStringLiteral("C00 x"),
             QStringLiteral(" C00[10] y|0"), QStringLiteral(" C00[1] y|0"),
             QStringLiteral(" C00[2] y|0")}));
 }
