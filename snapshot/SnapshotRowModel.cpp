@@ -171,8 +171,8 @@ QList<SnapshotRow> SnapshotRowModel::rows(
     QList<SnapshotRow> result;
     for (auto &[livingSpace, rows] : rowsOfLivingSpace)
         result.append(std::move(rows));
+    // Ascending by title already: the coordinates are, and a blank stands before every digit.
     result.append(std::move(globalRows));
-    sortByTitle(result);
     return result;
 }
 
