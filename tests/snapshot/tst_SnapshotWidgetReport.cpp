@@ -1,5 +1,6 @@
 #include "snapshot/ParameterValueSnapshotWidgetPrivate.h"
 #include "tests/snapshot/SnapshotFixture.h"
+#include "tests/support/GoldenFile.h"
 
 #include <KrParameterInstance/ParameterValueSnapshot.h>
 #include <KrParameterInstance/ParameterValueSnapshotWidget.h>
@@ -114,7 +115,8 @@ void tst_SnapshotWidgetReport::fill()
 
 void tst_SnapshotWidgetReport::report()
 {
-    QCOMPARE(m_widget.report().toUtf8(), content(QFINDTESTDATA("../data/snapshot/widget-3.html")));
+    const QByteArray report = m_widget.report().toUtf8();
+    QCOMPARE(report, GoldenFile::expected(QStringLiteral("snapshot/widget-3.html"), report));
 }
 
 void tst_SnapshotWidgetReport::fileReplacesALongerOne_data()
@@ -137,7 +139,8 @@ void tst_SnapshotWidgetReport::fileReplacesALongerOne()
         [fileName](
             QWidget *, const QString &, const QString &, const QString &) { return fileName; };
     m_widget.findChildren<QPushButton *>().at(button)->click();
-    QCOMPARE(content(fileName), content(QFINDTESTDATA("../data/snapshot/widget-3-file.html")));
+    const QByteArray written = content(fileName);
+    QCOMPARE(written, GoldenFile::expected(QStringLiteral("snapshot/widget-3-file.html"), written));
 }
 
 void tst_SnapshotWidgetReport::safeReport()
