@@ -243,12 +243,10 @@ QStringList ContainerModel::update(const Step &step)
     parameter.count = definedCount(step.parameter, version);
     if (step.parameter == D20) {
         for (Instance &instance : parameter.instances) {
+            // Texts stay for a definition that has the element again.
             for (const quint16 element : instance.values.keys()) {
-                if (!recordElements(version).contains(element)) {
-                    instance.values.remove(element);
-                    instance.defaults.remove(element);
+                if (!recordElements(version).contains(element))
                     instance.hidden.remove(element);
-                }
             }
         }
     }
