@@ -4,6 +4,7 @@
 
 #include <KrParameterDefinition/ParameterCoordinate.h>
 
+#include <QtCore/QList>
 #include <QtCore/QString>
 #include <QtCore/QVarLengthArray>
 
@@ -53,6 +54,19 @@ public:
             return nullptr;
         --m_size;
         return std::move(m_groups[coordinate.group()][coordinate.line()]);
+    }
+    /// Ascending. Known without a look at the sets.
+    QList<ParameterCoordinate> coordinates() const
+    {
+        QList<ParameterCoordinate> list;
+        list.reserve(qsizetype(m_size));
+        for (size_t group = 0; group < m_groups.size(); ++group) {
+            for (size_t line = 0; line < m_groups[group].size(); ++line) {
+                if (m_groups[group][line])
+                    list.append(ParameterCoordinate(quint16(group), quint16(line)));
+            }
+        }
+        return list;
     }
     /// Calls for every entry in coordinate order. The function must not change the table.
     template <typename Function>

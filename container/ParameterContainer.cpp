@@ -195,11 +195,7 @@ QPointer<ParameterInformation> ParameterContainer::parameterInformation(
 
 QList<ParameterCoordinate> ParameterContainer::parameterList()
 {
-    QList<ParameterCoordinate> list;
-    list.reserve(qsizetype(d->coordinateSets.size()));
-    d->coordinateSets.forEach(
-        [&list](const CoordinateInstanceSet &set) { list.append(set.coordinate()); });
-    return list;
+    return d->coordinateSets.coordinates();
 }
 
 QList<ParameterCoordinate> ParameterContainer::compareParameterCoordinateList(

@@ -8,6 +8,9 @@
 #include <KrParameterInstance/ParameterInformation.h>
 #include <KrParameterInstance/ParameterValueSnapshot.h>
 
+#include <map>
+#include <utility>
+
 namespace {
 
 /// Living space 0, and what the host offers.
@@ -63,16 +66,16 @@ void ParameterValueSnapshotPrivate::rebuild(const Filter *filter)
         return;
     const QList<ParameterCoordinate> coordinates = container->parameterList();
     SnapshotRecordBuilder builder(taken, filter);
-    SnapshotRecords built;
+    std::map<ParameterCoordinate, SnapshotRecord> built;
     for (const ParameterCoordinate &coordinate : coordinates) {
         if (!container)
             break;
         if (std::optional<SnapshotRecord> record =
                 builder.build(container->parameterInformation(coordinate)))
-            built.insert(built.cend(), coordinate, *record);
+            built.emplace_hint(built.cend(), coordinate, std::move(*record));
     }
     if (self)
-        records = std::move(built);
+        records = SnapshotRecords(std::move(built));
 }
 
 bool ParameterValueSnapshotPrivate::readJson(const QByteArray &json, QString &problem)

@@ -3,6 +3,7 @@
 #include <KrFilter/Filter.h>
 #include <KrParameterInstance/ParameterInformation.h>
 
+#include <QtCore/QHash>
 #include <QtCore/QPointer>
 #include <QtCore/QVarLengthArray>
 
@@ -32,7 +33,7 @@ constexpr UnitPlace NativeUnit {
 /// Equal texts share storage, here and with the container.
 void share(QString &text, const QString &other)
 {
-    if (text == other)
+    if (!text.isSharedWith(other) && text == other)
         text = other;
 }
 
@@ -52,13 +53,17 @@ private:
         bool isLocator = false;
     };
 
-    /// What an element answers for all living spaces at once.
-    struct Element {
-        QString name;
+    struct UnitPair {
         Unit scaled;
         Unit native;
+    };
+
+    /// What an element answers for all living spaces at once.
+    struct Element {
+        /// Of no meaning where one of the two is a locator.
         SnapshotPool::Units units;
         quint32 readLevel = 0;
+        bool hasLocator = false;
         bool isMaskable = false;
         bool isAsked = false;
         bool isAccepted = false; ///< In the living space at hand.
@@ -81,22 +86,26 @@ private:
         const Element &element) const;
     const Element &element(qsizetype position);
     Unit unit(quint16 number, const UnitPlace &place) const;
-    SnapshotPool::Units units(
-        eLivingSpace livingSpace, quint16 number, const Element &element) const;
+    void askUnits(Element &element, qsizetype position);
+    SnapshotPool::Units localUnits(eLivingSpace livingSpace, qsizetype position) const;
     QString localUnit(eLivingSpace livingSpace, quint16 number, const UnitPlace &place) const;
     QString accessorUnit(quint16 number, const UnitPlace &place) const;
     void finishLayout();
-    QList<QString> takeElementNames();
+    void dropNamesOfUnheld();
 
     SnapshotRecordBuilder &m_builder;
     QPointer<ParameterInformation> m_information;
     bool m_isRecord;
     QList<eLivingSpace> m_livingSpaces;
     QVarLengthArray<Element, FewElements> m_elements;
+    /// By position; of elements with a locator.
+    QHash<qsizetype, UnitPair> m_locators;
     qsizetype m_rejectedCount = 0;
     /// The builder's, whose memory serves one parameter after the other.
     SnapshotLayout &m_layout;
     QList<SnapshotValue> m_values;
+    /// By position; empty for a simple parameter.
+    QList<QString> m_elementNames;
 };
 
 SnapshotRecordBuilder::Draft::Draft(
@@ -120,6 +129,8 @@ SnapshotRecordBuilder::Draft::Draft(
         std::sort(m_livingSpaces.begin(), m_livingSpaces.end());
     m_elements.resize(positions.size());
     m_values.reserve(positions.size() * m_livingSpaces.size());
+    if (m_isRecord)
+        m_elementNames.resize(positions.size());
 }
 
 std::optional<SnapshotRecord> SnapshotRecordBuilder::Draft::record()
@@ -133,7 +144,8 @@ std::optional<SnapshotRecord> SnapshotRecordBuilder::Draft::record()
     m_values.squeeze();
     SnapshotRecord record;
     record.m_name = name;
-    record.m_elementNames = takeElementNames();
+    dropNamesOfUnheld();
+    record.m_elementNames = std::move(m_elementNames);
     record.m_layout = m_builder.m_pool.layout(m_layout);
     record.m_values = std::move(m_values);
     return record;
@@ -187,7 +199,7 @@ SnapshotValue SnapshotRecordBuilder::Draft::value(eLivingSpace livingSpace, qsiz
     value.display = displayText(livingSpace, number, value, known);
     share(value.undecorated, value.native);
     share(value.display, value.undecorated);
-    value.units = units(livingSpace, number, known);
+    value.units = known.hasLocator ? localUnits(livingSpace, position) : known.units;
     return value;
 }
 
@@ -214,16 +226,24 @@ const SnapshotRecordBuilder::Draft::Element &SnapshotRecordBuilder::Draft::eleme
     element.isMaskable = ask([&](auto &information) { return information.writeLevel(number); })
         >= MaskableWriteLevel;
     element.readLevel = ask([&](auto &information) { return information.readLevel(number); });
-    if (ask([&](auto &information) { return information.kind(number); }) != UnitlessKind) {
-        element.scaled = unit(number, ScaledUnit);
-        element.native = unit(number, NativeUnit);
-        element.units = m_builder.m_pool.units(element.scaled.text, element.native.text);
-    }
+    if (ask([&](auto &information) { return information.kind(number); }) != UnitlessKind)
+        askUnits(element, position);
     if (m_isRecord) {
-        element.name =
+        m_elementNames[position] =
             ask([&](auto &information) { return information.elementName(number); }).longText();
     }
     return element;
+}
+
+void SnapshotRecordBuilder::Draft::askUnits(Element &element, qsizetype position)
+{
+    const quint16 number = m_layout.positions.at(position);
+    UnitPair pair {unit(number, ScaledUnit), unit(number, NativeUnit)};
+    element.hasLocator = pair.scaled.isLocator || pair.native.isLocator;
+    if (element.hasLocator)
+        m_locators.insert(position, std::move(pair));
+    else
+        element.units = m_builder.m_pool.units(pair.scaled.text, pair.native.text);
 }
 
 /// Only a plain text can be a locator. Texts are the unit as they stand; the accessor knows, and
@@ -243,15 +263,16 @@ SnapshotRecordBuilder::Draft::Unit SnapshotRecordBuilder::Draft::unit(
     return {isLocator ? QString() : text, isLocator};
 }
 
-SnapshotPool::Units SnapshotRecordBuilder::Draft::units(
-    eLivingSpace livingSpace, quint16 number, const Element &element) const
+SnapshotPool::Units SnapshotRecordBuilder::Draft::localUnits(
+    eLivingSpace livingSpace, qsizetype position) const
 {
-    if (!element.scaled.isLocator && !element.native.isLocator)
-        return element.units;
-    return m_builder.m_pool.units(
-        element.scaled.isLocator ? localUnit(livingSpace, number, ScaledUnit) : element.scaled.text,
-        element.native.isLocator ? localUnit(livingSpace, number, NativeUnit)
-                                 : element.native.text);
+    const quint16 number = m_layout.positions.at(position);
+    const auto text = [&](const Unit &unit, const UnitPlace &place) {
+        return unit.isLocator ? localUnit(livingSpace, number, place) : unit.text;
+    };
+    const UnitPair pair = m_locators.value(position);
+    const QString scaled = text(pair.scaled, ScaledUnit);
+    return m_builder.m_pool.units(scaled, text(pair.native, NativeUnit));
 }
 
 QString SnapshotRecordBuilder::Draft::localUnit(
@@ -289,16 +310,12 @@ void SnapshotRecordBuilder::Draft::finishLayout()
     }
 }
 
-/// At the end: the names move.
-QList<QString> SnapshotRecordBuilder::Draft::takeElementNames()
+void SnapshotRecordBuilder::Draft::dropNamesOfUnheld()
 {
-    QList<QString> names;
-    if (!m_isRecord)
-        return names;
-    names.reserve(m_elements.size());
-    for (Element &element : m_elements)
-        names.append(element.isHeld ? std::move(element.name) : QString());
-    return names;
+    for (qsizetype i = 0; i < m_elementNames.size(); ++i) {
+        if (!m_elements[i].isHeld)
+            m_elementNames[i].clear();
+    }
 }
 
 SnapshotRecordBuilder::SnapshotRecordBuilder(

@@ -167,8 +167,12 @@ QString DecimalForm::show(const QString &valueText, const SimpleType *type, cons
     if (!type)
         return {};
     if (type->kind() != SimpleType::FloatingPoint) {
-        if (const std::optional<PlainDecimal> number = plainDecimal(valueText, places.behind))
-            return padded(*number, places.behind, decimalPoint, unit);
+        if (const std::optional<PlainDecimal> number = plainDecimal(valueText, places.behind)) {
+            // Most values stand as they are shown already; such a text is shared.
+            const bool isShown = number->behind.size() == places.behind && unit.isEmpty()
+                && (!number->hasPoint || decimalPoint == Point);
+            return isShown ? valueText : padded(*number, places.behind, decimalPoint, unit);
+        }
     }
     QString text;
     text.reserve(UsualSize + unit.size());

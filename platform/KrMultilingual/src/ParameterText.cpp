@@ -3,9 +3,9 @@
 #include <KrMultilingual/LanguageManager.h>
 
 #include <QtCore/QSharedData>
+#include <QtCore/QVarLengthArray>
 
 #include <algorithm>
-#include <vector>
 
 namespace {
 
@@ -17,13 +17,16 @@ struct Entry {
     friend bool operator==(const Entry &, const Entry &) = default;
 };
 
+/// Beside the reference count, one step away for a reader; few texts have more languages.
+using Entries = QVarLengthArray<Entry, 2>;
+
 } // namespace
 
 class ParameterTextData : public QSharedData {
 public:
     /// In the order in which the languages were first set; an entry has at least one of its two
     /// texts. A handful at most, so that searching costs less than a hash.
-    std::vector<Entry> entries;
+    Entries entries;
 };
 
 namespace {
@@ -82,7 +85,7 @@ QStringList ParameterText::languages() const
     QStringList result;
     if (!d)
         return result;
-    result.reserve(qsizetype(d->entries.size()));
+    result.reserve(d->entries.size());
     for (const Entry &entry : d->entries)
         result.append(entry.language);
     return result;
@@ -119,7 +122,7 @@ void ParameterText::setText(
     }
 
     // Detaches: from here on the entries are this text's own.
-    std::vector<Entry> &entries = d->entries;
+    Entries &entries = d->entries;
     const auto entry = std::find_if(entries.begin(), entries.end(),
         [&language](const Entry &known) { return known.language == language; });
     if (isRemoval) {
