@@ -1838,24 +1838,12 @@ all disturbances; get ADDRESS, set ADDRESS VALUE, tick N, quit.
 <context>
     <name>SnapshotCommand</name>
     <message>
-        <source>Schreibt die Texte aller Werte, so wie sie jetzt gelten, in eine Datei, die diff,
-export und report wie ein Projekt lesen. Sie braucht dann kein Gerät mehr.
-</source>
-        <translation>Writes the texts of all values as they are now to a file that diff, export and report read
-like a project. It then needs no device any more.
-</translation>
-    </message>
-    <message>
         <source>DATEI</source>
         <translation>FILE</translation>
     </message>
     <message>
         <source>Datei, die geschrieben wird; sonst die Ausgabe</source>
         <translation>file that is written; otherwise the output</translation>
-    </message>
-    <message>
-        <source>snapshot nimmt keine Argumente</source>
-        <translation>snapshot takes no arguments</translation>
     </message>
     <message>
         <source>%1: %2 Parameter eingefroren</source>
@@ -1870,6 +1858,24 @@ like a project. It then needs no device any more.
 </source>
         <translation>It holds all values, also those above the access level.
 </translation>
+    </message>
+    <message>
+        <source>Schreibt die Texte aller Werte, so wie sie jetzt gelten, in eine Datei, die diff,
+export und report wie ein Projekt lesen. Sie braucht dann kein Gerät mehr.
+A ist ein Projektordner; ohne A und --project gelten die Defaultwerte.
+</source>
+        <translation>Writes the texts of all values as they are now to a file that diff, export and report read
+like a project. It then needs no device any more.
+A is a project folder; without A and --project the defaults hold.
+</translation>
+    </message>
+    <message>
+        <source>snapshot nimmt höchstens ein Projekt</source>
+        <translation>snapshot takes one project at most</translation>
+    </message>
+    <message>
+        <source>[A]</source>
+        <translation>[A]</translation>
     </message>
 </context>
 <context>

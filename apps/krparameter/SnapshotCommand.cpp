@@ -12,7 +12,8 @@
 QString SnapshotCommand::details() const
 {
     return tr("Schreibt die Texte aller Werte, so wie sie jetzt gelten, in eine Datei, die diff,\n"
-              "export und report wie ein Projekt lesen. Sie braucht dann kein Gerät mehr.\n")
+              "export und report wie ein Projekt lesen. Sie braucht dann kein Gerät mehr.\n"
+              "A ist ein Projektordner; ohne A und --project gelten die Defaultwerte.\n")
         + tr("Sie enthält alle Werte, auch die über der Zugriffsstufe.\n")
         + SnapshotSource::filterDetails();
 }
@@ -32,14 +33,12 @@ QStringList SnapshotCommand::unusedOptions() const
 eExitCode SnapshotCommand::run(const CommandLine &line, Console &console)
 {
     Session session(line, console);
-    if (!line.arguments().isEmpty())
-        return session.fail(eExitCode::Usage, tr("snapshot nimmt keine Argumente"));
     SnapshotSource source(line, console);
+    if (source.paths().size() > 1)
+        return session.fail(eExitCode::Usage, tr("snapshot nimmt höchstens ein Projekt"));
     eExitCode code = source.open();
-    if (code == eExitCode::Good && line.has(OptionName::Project))
-        code = source.freeze(source.paths());
-    else if (code == eExitCode::Good)
-        code = source.freezeDefaults();
+    if (code == eExitCode::Good)
+        code = source.paths().isEmpty() ? source.freezeDefaults() : source.freeze(source.paths());
     if (code != eExitCode::Good)
         return code;
     ParameterValueSnapshot &snapshot = *source.snapshots().front().snapshot;

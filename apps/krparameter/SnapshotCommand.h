@@ -10,7 +10,7 @@ class SnapshotCommand final : public Command {
 
 public:
     QString name() const override { return QStringLiteral("snapshot"); }
-    QString arguments() const override { return {}; }
+    QString arguments() const override { return tr("[A]"); }
     QString summary() const override { return tr("Texte einfrieren und als JSON schreiben"); }
     QString details() const override;
     QList<Option> options() const override;

@@ -112,7 +112,8 @@ class Help(SnapshotTest):
 class Usage(SnapshotTest):
     def test_refused(self):
         for words, text in (
-            (["snapshot", "x"], "snapshot nimmt keine Argumente"),
+            (["snapshot", "a", "b"], "snapshot nimmt höchstens ein Projekt"),
+            (["snapshot", "--project", "a", "b"], "snapshot nimmt höchstens ein Projekt"),
             (["snapshot", "-o", ""], "--output braucht einen Wert: DATEI"),
             (["snapshot", "--axis", "1"], "snapshot kennt die Option --axis nicht"),
             (["snapshot", "--filter", "x"],
@@ -176,6 +177,12 @@ class Snapshot(SnapshotTest):
                  "native": "15500", "scaledUnit": "A", "nativeUnit": "mA"},
                 {"livingSpace": 2, "element": 0, "display": "12.600", "value": "12.6",
                  "native": "12600", "scaledUnit": "A", "nativeUnit": "mA"}]}])
+
+    def test_project_as_argument(self):
+        by_option = Run(*DEVICE, "--project", self.a, "snapshot")
+        self.check(Run(*DEVICE, "snapshot", self.a), GOOD, out=by_option.out, err=by_option.err)
+        self.assertIn('"display":"15.500"', by_option.out.replace(" ", ""))
+        self.check(Run(*DEVICE, "snapshot", self.folder / "none"), UNREADABLE, out="")
 
     def test_output_of_the_defaults(self):
         run = Run(*DEVICE, "snapshot")
