@@ -12,7 +12,7 @@
 namespace {
 
 /// In widths of the letter "x".
-constexpr int Widths[ParameterTableModel::ColumnCount] = {11, 43, 32, 10, 14, 13, 13, 14};
+constexpr int Widths[ParameterTableModel::ColumnCount] = {11, 50, 25, 10, 14, 13, 13, 14};
 constexpr int LinePadding = 8;
 
 } // namespace
