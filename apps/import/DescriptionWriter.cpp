@@ -13,6 +13,13 @@ namespace {
 constexpr const char *TypeNames[] = {"INT8", "INT16", "INT32", "INT64", "UINT8", "UINT16", "UINT32",
     "UINT64", "REAL32", "REAL64", "STRING255", "BYTES64"};
 
+/// The kind that shows a text as it stands; any other would show the number that it begins with.
+constexpr int TextKind = 5;
+/// What a type of 32 and of 64 bits carries, so that a number is shown with its fraction.
+constexpr int DigitsOfFloat = 7;
+constexpr int DigitsOfDouble = 15;
+constexpr quint16 FloatSize = 32;
+
 QJsonArray usedTypes(const QList<ImportedParameter> &parameters)
 {
     QSet<QString> used;
@@ -90,6 +97,13 @@ QJsonObject DescriptionWriter::elementObject(const ImportedElement &element)
 {
     QJsonObject object {{QStringLiteral("dataType"), QLatin1String(element.type->shortName)},
         {QStringLiteral("default"), element.defaultText}};
+    if (!element.type->isNumber())
+        object.insert(QStringLiteral("kind"), TextKind);
+    if (element.type->form == CanOpenDataType::eForm::Real) {
+        const int digits = element.type->size == FloatSize ? DigitsOfFloat : DigitsOfDouble;
+        object.insert(
+            QStringLiteral("decimals"), QJsonObject {{QStringLiteral("significant"), digits}});
+    }
     QJsonObject limits;
     if (!element.lowerLimit.isEmpty())
         limits.insert(QStringLiteral("lower"), element.lowerLimit);

@@ -18,6 +18,8 @@ private Q_SLOTS:
     void root();
     void simpleParameter();
     void recordParameter();
+    void displayForm_data();
+    void displayForm();
     void namesThatAreMissing();
     void optionalKeys_data();
     void optionalKeys();
@@ -129,6 +131,36 @@ void tst_DescriptionWriter::recordParameter()
         R"({"dataType":"UINT8","default":"0","descriptionReference":"0x1018","name":"Count","number":0},)"
         R"({"dataType":"UINT32","default":"0","descriptionReference":"0x1018","name":"Serial","number":4}],)"
         R"("global":true,"name":"Identity","number":4120,"type":"record"})"_ba);
+}
+
+void tst_DescriptionWriter::displayForm_data()
+{
+    QTest::addColumn<quint32>("type");
+    QTest::addColumn<QByteArray>("element");
+
+    QTest::newRow("a text stands as it is")
+        << 0x09U
+        << R"({"dataType":"STRING255","default":"0","descriptionReference":"0x2001","kind":5})"_ba;
+    QTest::newRow("bytes stand as their digits")
+        << 0x0AU
+        << R"({"dataType":"BYTES64","default":"0","descriptionReference":"0x2001","kind":5})"_ba;
+    QTest::newRow("a float has seven digits")
+        << 0x08U
+        << R"({"dataType":"REAL32","decimals":{"significant":7},"default":"0","descriptionReference":"0x2001"})"_ba;
+    QTest::newRow("a double has fifteen digits")
+        << 0x11U
+        << R"({"dataType":"REAL64","decimals":{"significant":15},"default":"0","descriptionReference":"0x2001"})"_ba;
+    QTest::newRow("a whole number")
+        << 0x03U << R"({"dataType":"INT16","default":"0","descriptionReference":"0x2001"})"_ba;
+}
+
+void tst_DescriptionWriter::displayForm()
+{
+    QFETCH(quint32, type);
+    QFETCH(QByteArray, element);
+
+    const QJsonObject root = rootOf({{0x2001, u"N"_s, {}, false, {elementOf(type)}}});
+    QCOMPARE(compact(root[u"parameters"_s][0][u"elements"_s][0]), element);
 }
 
 void tst_DescriptionWriter::namesThatAreMissing()
