@@ -252,11 +252,10 @@ double limitMemoryPerValue(int size)
     return double(allocated() - before) / size;
 }
 
-void printMemory(const char *what, double bytes)
+void printMemory(const std::string &what, double bytes)
 {
     constexpr double Bound = 350;
-    std::printf("memory: %.0f bytes a value, %s (bound %.0f, aim 250)%s\n", bytes, what, Bound,
-        bytes > Bound ? "  over" : "");
+    printBounded("memory of a " + what, bytes, "bytes a value", Bound);
 }
 
 MakeDrive many(int size)
@@ -283,8 +282,7 @@ int main(int argc, char **argv)
     QCoreApplication application(argc, argv);
     System::information()->setUserAccessLevel(6);
     for (const int size : Sizes)
-        printMemory(("snapshot of " + std::to_string(size) + " values").c_str(),
-            memoryPerValue(many(size)));
+        printMemory("snapshot of " + std::to_string(size) + " values", memoryPerValue(many(size)));
     printMemory("snapshot of a record of 16000 elements", memoryPerValue(record));
     std::printf("memory: %.0f bytes a value, limit program at %d values\n",
         limitMemoryPerValue(ReferenceSize), ReferenceSize);

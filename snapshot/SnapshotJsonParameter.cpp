@@ -49,6 +49,17 @@ bool isText(const QJsonValue &value)
     return value.isString() || value.isUndefined();
 }
 
+/// A list may be left out.
+bool isList(const QJsonValue &value)
+{
+    return value.isArray() || value.isUndefined();
+}
+
+bool isFlag(const QJsonValue &value)
+{
+    return value.isBool() || value.isUndefined();
+}
+
 void insertText(QJsonObject &object, const QString &key, const QString &text)
 {
     if (!text.isEmpty())
@@ -132,7 +143,8 @@ bool SnapshotJsonParameter::Draft::readElement(const QJsonObject &object)
 {
     const auto number = whole<quint16>(object.value(Number));
     const auto readLevel = whole<quint32>(object.value(ReadLevel));
-    if (!number || !readLevel || !isText(object.value(Name)) || m_elements.contains(*number))
+    if (!number || !readLevel || !isText(object.value(Name)) || !isFlag(object.value(IsRejected))
+        || m_elements.contains(*number))
         return false;
     m_elements.insert(
         *number, {object.value(Name).toString(), *readLevel, object.value(IsRejected).toBool()});
@@ -196,15 +208,20 @@ QJsonArray SnapshotJsonParameter::write(QList<eLivingSpace> livingSpaces)
 {
     std::sort(livingSpaces.begin(), livingSpaces.end());
     QJsonArray array;
-    for (const eLivingSpace livingSpace : std::as_const(livingSpaces))
-        array.append(static_cast<qint32>(livingSpace));
+    // A host may offer other numbers too; no value lives there.
+    for (const eLivingSpace livingSpace : std::as_const(livingSpaces)) {
+        const QJsonValue number(static_cast<qint32>(livingSpace));
+        if (livingSpaceOf(number))
+            array.append(number);
+    }
     return array;
 }
 
 std::optional<SnapshotRecord> SnapshotJsonParameter::read(const QJsonObject &object)
 {
     const auto livingSpaces = readLivingSpaces(object.value(LivingSpaces));
-    if (!livingSpaces || !isText(object.value(Name)))
+    if (!livingSpaces || !isText(object.value(Name)) || !isList(object.value(Elements))
+        || !isList(object.value(Values)))
         return std::nullopt;
     Draft draft(m_pool);
     for (const QJsonValue element : object.value(Elements).toArray()) {

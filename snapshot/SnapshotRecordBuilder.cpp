@@ -90,8 +90,8 @@ private:
     SnapshotPool::Units localUnits(eLivingSpace livingSpace, qsizetype position) const;
     QString localUnit(eLivingSpace livingSpace, quint16 number, const UnitPlace &place) const;
     QString accessorUnit(quint16 number, const UnitPlace &place) const;
+    void dropUnheld();
     void finishLayout();
-    void dropNamesOfUnheld();
 
     SnapshotRecordBuilder &m_builder;
     QPointer<ParameterInformation> m_information;
@@ -137,14 +137,13 @@ std::optional<SnapshotRecord> SnapshotRecordBuilder::Draft::record()
 {
     for (const eLivingSpace livingSpace : std::as_const(m_livingSpaces))
         take(livingSpace);
-    const QString name = ask([](auto &information) { return information.name(); }).longText();
     if (!m_information || m_layout.tables.isEmpty())
         return std::nullopt;
+    dropUnheld();
     finishLayout();
     m_values.squeeze();
     SnapshotRecord record;
-    record.m_name = name;
-    dropNamesOfUnheld();
+    record.m_name = m_information->name().longText();
     record.m_elementNames = std::move(m_elementNames);
     record.m_layout = m_builder.m_pool.layout(m_layout);
     record.m_values = std::move(m_values);
@@ -291,6 +290,36 @@ QString SnapshotRecordBuilder::Draft::accessorUnit(quint16 number, const UnitPla
     return unit.longText();
 }
 
+/// A filter may leave one element of thousands: the others take no place.
+void SnapshotRecordBuilder::Draft::dropUnheld()
+{
+    if (m_rejectedCount == 0)
+        return;
+    const qsizetype before = m_elements.size();
+    QList<qsizetype> held;
+    for (qsizetype i = 0; i < before; ++i) {
+        if (m_elements[i].isHeld)
+            held.append(i);
+    }
+    const auto keep = [&held](auto &list, qsizetype from, qsizetype to) {
+        for (qsizetype i = 0; i < held.size(); ++i) {
+            if (to + i != from + held.at(i))
+                list[to + i] = std::move(list[from + held.at(i)]);
+        }
+    };
+    keep(m_elements, 0, 0);
+    keep(m_layout.positions, 0, 0);
+    for (qsizetype i = 0; i < m_layout.tables.size(); ++i)
+        keep(m_values, i * before, i * held.size());
+    m_elements.resize(held.size());
+    m_layout.positions.resize(held.size());
+    m_values.resize(m_layout.tables.size() * held.size());
+    if (m_isRecord) {
+        keep(m_elementNames, 0, 0);
+        m_elementNames.resize(held.size());
+    }
+}
+
 void SnapshotRecordBuilder::Draft::finishLayout()
 {
     for (const eLivingSpace livingSpace : std::as_const(m_livingSpaces)) {
@@ -299,7 +328,7 @@ void SnapshotRecordBuilder::Draft::finishLayout()
     }
     m_layout.readLevels.reserve(m_elements.size());
     for (const Element &element : m_elements)
-        m_layout.readLevels.append(element.isHeld ? element.readLevel : 0);
+        m_layout.readLevels.append(element.readLevel);
     if (m_rejectedCount == 0) {
         m_layout.elements = m_layout.positions;
         return;
@@ -307,14 +336,6 @@ void SnapshotRecordBuilder::Draft::finishLayout()
     for (qsizetype i = 0; i < m_elements.size(); ++i) {
         if (!m_elements[i].isRejected)
             m_layout.elements.append(m_layout.positions.at(i));
-    }
-}
-
-void SnapshotRecordBuilder::Draft::dropNamesOfUnheld()
-{
-    for (qsizetype i = 0; i < m_elementNames.size(); ++i) {
-        if (!m_elements[i].isHeld)
-            m_elementNames[i].clear();
     }
 }
 

@@ -397,17 +397,6 @@ only with --force.
         <translation>&lt;not readable&gt;</translation>
     </message>
     <message>
-        <source>A und B sind Projektordner oder Dateien von snapshot; ein --project gilt als A. Ohne B
-wird mit den Defaultwerten des Geräts verglichen, die dann links stehen. Ein Wert gilt
-als verschieden, wenn sich Anzeigetext und nativer Text unterscheiden. Rückgabewert
-1, wo es Unterschiede gibt.
-</source>
-        <translation>A and B are project folders or files of snapshot; a --project counts as A. Without B the
-defaults of the device are compared with, which then stand on the left. A value differs
-when its display text and its native text do. Exit code 1 where there are differences.
-</translation>
-    </message>
-    <message>
         <source>Ausgabe als Tabelle mit Kommas (RFC 4180)</source>
         <translation>output as a table with commas (RFC 4180)</translation>
     </message>
@@ -426,6 +415,19 @@ when its display text and its native text do. Exit code 1 where there are differ
     <message>
         <source>Unterschiede zweier Zustände, einer je Zeile</source>
         <translation>differences of two states, one a line</translation>
+    </message>
+    <message>
+        <source>A und B sind Projektordner oder Dateien von snapshot; ein --project gilt als A. Ohne B
+wird mit den Defaultwerten des Geräts verglichen, die dann links stehen. Ein Wert gilt
+als verschieden, wenn sich Anzeigetext und nativer Text unterscheiden. Rückgabewert
+1, wo es Unterschiede gibt. Werte ab Schreibstufe 6 zeigen &lt;offline&gt; und gelten als gleich,
+außer mit --access-level 5.
+</source>
+        <translation>A and B are project folders or files of snapshot; a --project counts as A. Without B the
+comparison is with the device's defaults, which then stand on the left. A value differs where
+its display text and its native text differ. Exit code 1 where there are differences. Values
+of write level 6 and above show &lt;offline&gt; and count as equal, except with --access-level 5.
+</translation>
     </message>
 </context>
 <context>

@@ -132,7 +132,9 @@ QString DiffCommand::details() const
               "gilt\n"
               "als verschieden, wenn sich Anzeigetext und nativer Text unterscheiden. "
               "Rückgabewert\n"
-              "1, wo es Unterschiede gibt.\n")
+              "1, wo es Unterschiede gibt. Werte ab Schreibstufe 6 zeigen <offline> und gelten als "
+              "gleich,\n"
+              "außer mit --access-level 5.\n")
         + SnapshotSource::filterDetails();
 }
 

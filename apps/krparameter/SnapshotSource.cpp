@@ -114,8 +114,8 @@ eExitCode SnapshotSource::freezeDefaults()
 eExitCode SnapshotSource::freezePath(const QString &path)
 {
     const QFileInfo place(path);
-    // A folder that is missing is one: the session tells so.
-    if (place.isDir() || path == m_line.value(OptionName::Project))
+    // A project that is missing is one: the session tells so.
+    if (place.isDir() || (!place.exists() && path == m_line.value(OptionName::Project)))
         return freezeDevice(path, path);
     if (!place.exists())
         return fail(

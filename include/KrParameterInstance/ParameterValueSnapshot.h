@@ -15,8 +15,10 @@ class ParameterContainer;
 class ParameterValueSnapshotPrivate;
 
 /// The frozen texts of a container. Never listens to its container: it is filled by apply() and
-/// applyNoFilter() alone, and answers from its own copy. Taken offline it holds "<offline>" for values
-/// of write level 6 and above.
+/// applyNoFilter() alone, and answers from its own copy. Taken offline it holds "<offline>" as the
+/// display text of values of write level 6 and above, as displayValueText() answers then: at user
+/// level 5 the value follows in brackets, and a read-only container or an element that is shown
+/// offline has its text. Of what is hidden so, a comparison sees no difference.
 ///
 /// A coordinate, living space or element that it lacks gives an empty answer. Lists of living spaces
 /// and elements are ascending; lists of coordinates are in no particular order.

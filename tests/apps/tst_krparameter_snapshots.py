@@ -209,6 +209,27 @@ class Snapshot(SnapshotTest):
         self.assertEqual(run.out, Run(*DEVICE, "diff", self.a, self.b).out)
         self.check(Run(*DEVICE, "diff", first, self.a), GOOD, out="")
 
+    def test_full_output(self):
+        with open("/dev/full", "wb") as full:
+            done = subprocess.run([PROGRAM, *DEVICE, "snapshot"], stdout=full,
+                                  stderr=subprocess.PIPE, timeout=60)
+        self.assertEqual(done.returncode, WRITE_FAILED)
+        self.assertEqual(done.stderr.decode("utf-8"), "die Ausgabe konnte nicht vollständig "
+                         "geschrieben werden\n")
+
+    def test_folder_that_is_read_only(self):
+        path = self.snapshot(self.a, "a.json")
+        before = path.read_bytes()
+        self.folder.chmod(0o555)
+        for words in (["snapshot", self.b, "-o", path],
+                      ["report", self.a, self.b, "-o", self.folder / "r.html"]):
+            run = without_rights(*DEVICE, *words)
+            self.check(run, WRITE_FAILED, out="")
+            self.assertIn(f"krparameter: {words[-1]}: ", run.err)
+        self.folder.chmod(0o755)
+        self.assertEqual(path.read_bytes(), before)
+        self.assertEqual(self.names(), ["a", "a.json", "b"])
+
     def test_cannot_be_written(self):
         path = self.snapshot(self.a, "a.json")
         before = path.read_bytes()
@@ -249,6 +270,38 @@ class Diff(SnapshotTest):
         text = "1.H00  Stromgrenze: 12.600 A -> 15.500 A\n"
         self.check(Run(*DEVICE, "diff", self.a), DIFFERENCES, out=text)
         self.check(Run(*DEVICE, "--project", self.a, "diff"), DIFFERENCES, out=text)
+
+    def test_snapshot_as_the_project(self):
+        first, second = self.snapshot(self.a, "a.json"), self.snapshot(self.b, "b.json")
+        self.check(Run("--project", first, "diff", second), DIFFERENCES, out=self.TEXT, err="")
+        self.check(Run("--project", first, "diff", first), GOOD, out="", err="")
+        export = self.folder / "a.txt"
+        self.check(Run("--project", first, "export", "-o", export), GOOD, out="")
+        self.check(Run("export", first, "-o", self.folder / "b.txt"), GOOD, out="")
+        self.assertEqual(export.read_bytes(), (self.folder / "b.txt").read_bytes())
+
+    def test_snapshot_against_the_defaults(self):
+        path = self.snapshot(self.a, "a.json")
+        self.check(Run(*DEVICE, "diff", path), DIFFERENCES,
+                   out="1.H00  Stromgrenze: 12.600 A -> 15.500 A\n")
+        run = Run("diff", path)
+        self.check(run, USAGE, out="")
+        self.assertIn("es fehlt --device", run.err)
+
+    def test_masked_values_show_no_difference(self):
+        """Both sides show "<offline>", whatever is behind it; who sees the values compares them."""
+        device = json.loads((SOURCE / "devices/two-axis-drive.json").read_text(encoding="utf-8"))
+        for parameter in device["parameters"]:
+            if parameter.get("coordinates") == ["H00"]:
+                parameter["elements"][0]["levels"] = {"read": 0, "write": 6}
+        description = self.folder / "device.json"
+        description.write_text(json.dumps(device), encoding="utf-8")
+        words = ["--device", description, "diff", self.a]
+        self.check(Run(*words), GOOD, out="")
+        self.check(Run(*words, "--access-level", "6"), GOOD, out="")
+        self.check(Run(*words, "--access-level", "5"), DIFFERENCES,
+                   out="1.H00  Stromgrenze: <offline> (12.600) A -> <offline> (15.500) A\n")
+        self.assertIn("außer mit --access-level 5", Run("diff", "--help").out)
 
     def test_json(self):
         run = Run(*DEVICE, "diff", self.a, self.b, "--json")

@@ -20,6 +20,7 @@ private Q_SLOTS:
     void emptyUntilApplied();
     void everythingOfAParameter();
     void livingSpacesOfTheHost();
+    void livingSpacesOfTheHostAsItIsNow();
     void withoutHostInformation();
     void answersFromItsOwnCopy();
     void unknownPlacesAreEmpty();
@@ -155,6 +156,19 @@ void tst_ParameterValueSnapshot::livingSpacesOfTheHost()
     snapshot.applyNoFilter();
     QCOMPARE(snapshot.livingSpaces(at("A00")), QList {Axis2});
     QCOMPARE(snapshot.livingSpaces(at("B01")), QList {Global});
+}
+
+void tst_ParameterValueSnapshot::livingSpacesOfTheHostAsItIsNow()
+{
+    SnapshotFixture fixture;
+    fill(fixture);
+    ParameterValueSnapshot snapshot(fixture.container.get());
+    snapshot.applyNoFilter();
+    QCOMPARE(snapshot.livingSpaces(at("A00")), (QList {Axis1, Axis2}));
+    fixture.host.setLivingSpaces({Axis2});
+    snapshot.applyNoFilter();
+    QCOMPARE(snapshot.livingSpaces(at("A00")), QList {Axis2});
+    QVERIFY(snapshot.toJson().contains("\"livingSpaces\": [0,2]"));
 }
 
 void tst_ParameterValueSnapshot::withoutHostInformation()

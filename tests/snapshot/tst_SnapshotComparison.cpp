@@ -24,6 +24,7 @@ private Q_SLOTS:
     void missingLivingSpaceIsEmpty();
     void rejectedElementDoesNotCount();
     void nothingIsLeftToCompare();
+    void untakenLivingSpacesDoNotCount();
     void oneSidedComeFirst();
     void emptySides();
     void randomPairs();
@@ -212,6 +213,22 @@ void tst_SnapshotComparison::nothingIsLeftToCompare()
     QCOMPARE(one.layout().elements, QList<quint16>());
     QCOMPARE(one.value(eLivingSpace::Axis1, 0).display, QStringLiteral("1"));
     QVERIFY(!SnapshotComparison::areDifferent(one, record("2")));
+}
+
+/// Values of axis 2 are held, but the snapshots take axis 1 alone.
+void tst_SnapshotComparison::untakenLivingSpacesDoNotCount()
+{
+    const auto record = [](const char *axis1, const char *axis2) {
+        FakeParameterInformation information(QStringLiteral("A12"));
+        information.spaces = {eLivingSpace::Axis1, eLivingSpace::Axis2};
+        information.setValue(eLivingSpace::Axis1, 0, QString::fromLatin1(axis1));
+        information.setValue(eLivingSpace::Axis2, 0, QString::fromLatin1(axis2));
+        SnapshotRecordBuilder builder({eLivingSpace::Global, eLivingSpace::Axis1}, nullptr);
+        return *builder.build(&information);
+    };
+    QCOMPARE(record("1", "2").value(eLivingSpace::Axis2, 0).display, QStringLiteral("2"));
+    QVERIFY(!SnapshotComparison::areDifferent(record("1", "2"), record("1", "3")));
+    QVERIFY(SnapshotComparison::areDifferent(record("1", "2"), record("2", "2")));
 }
 
 void tst_SnapshotComparison::oneSidedComeFirst()

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void everythingReadsBack();
     void rejectedElement();
     void textsOfAllKinds();
+    void otherLivingSpacesOfTheHost();
     void leftOut();
     void refused_data();
     void refused();
@@ -169,7 +170,8 @@ void tst_SnapshotJson::rejectedElement()
 
 void tst_SnapshotJson::textsOfAllKinds()
 {
-    const QString text = QStringLiteral("\"\\/\b\f\n\r\t\x01<&> \u00B0\u20AC\U0001F600");
+    const QString text = QStringLiteral("\"\\/\b\f\n\r\t\x01<&> \u00B0\u20AC\U0001F600")
+        + QChar(0xD83D); // half a character
     FakeParameterInformation simple(QStringLiteral("A00"), text);
     simple.setValue(Global, 0, text + QChar(0) + text);
     SnapshotRecordBuilder builder(TakenSpaces, nullptr);
@@ -181,6 +183,16 @@ void tst_SnapshotJson::textsOfAllKinds()
     QVERIFY(back);
     QCOMPARE(back->records.cbegin()->name(), text);
     QCOMPARE(back->records.cbegin()->value(Global, 0).display, text + QChar(0) + text);
+}
+
+/// A host may offer what is no living space of a value: the text stays one that is read.
+void tst_SnapshotJson::otherLivingSpacesOfTheHost()
+{
+    const QByteArray json = SnapshotJson::write({{eLivingSpace(7), Axis1, eLivingSpace(-1)}, {}});
+    QVERIFY(json.contains("\"livingSpaces\": [1]"));
+    const auto back = read(json);
+    QVERIFY(back);
+    QCOMPARE(back->livingSpaces, QSet {Axis1});
 }
 
 void tst_SnapshotJson::leftOut()
@@ -235,6 +247,10 @@ void tst_SnapshotJson::refused_data()
         << parameter("{\"coordinate\":\"A00\",\"livingSpaces\":[],\"name\":1}") << first;
     QTest::newRow("parameter: twice") << QByteArray(Begin + SimpleLine + "," + SimpleLine + End)
                                       << QStringLiteral("der 2. Parameter ist fehlerhaft");
+    QTest::newRow("parameter: elements are an object")
+        << parameter("{\"coordinate\":\"A00\",\"livingSpaces\":[],\"elements\":{}}") << first;
+    QTest::newRow("parameter: values are an object")
+        << parameter("{\"coordinate\":\"A00\",\"livingSpaces\":[],\"values\":{}}") << first;
     const auto element = [&](const char *text) {
         return parameter(
             "{\"coordinate\":\"A00\",\"livingSpaces\":[],\"elements\":[" + QByteArray(text) + "]}");
@@ -248,6 +264,8 @@ void tst_SnapshotJson::refused_data()
         << element("{\"number\":0,\"readLevel\":4294967296}") << first;
     QTest::newRow("element: name is a list")
         << element("{\"number\":0,\"readLevel\":0,\"name\":[]}") << first;
+    QTest::newRow("element: rejected is a text")
+        << element("{\"number\":0,\"readLevel\":0,\"isRejected\":\"true\"}") << first;
     QTest::newRow("element: twice")
         << element("{\"number\":0,\"readLevel\":0},{\"number\":0,\"readLevel\":0}") << first;
     const auto value = [&](const char *text) {

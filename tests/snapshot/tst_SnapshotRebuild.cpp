@@ -3,7 +3,9 @@
 #include "tests/snapshot/SnapshotFixture.h"
 
 #include <KrFilter/Filter.h>
+#include <KrFilter/FilterElement.h>
 
+#include <QtCore/QSet>
 #include <QtTest/QTest>
 
 #include <functional>
@@ -18,6 +20,7 @@ private Q_SLOTS:
     void containerGoesWhileItIsFrozen();
     void containerGoesWhenTheHostIsAsked();
     void snapshotGoesWhenTheHostIsAsked();
+    void filterIsAskedInOrder();
     void filterThrows();
     void filterTakesEverything();
 };
@@ -47,6 +50,20 @@ public:
 private:
     std::function<void()> m_act;
     bool m_accepts;
+};
+
+/// Keeps what it was asked for, and through which objects.
+class OrderFilter final : public Filter {
+public:
+    bool testElement(const FilterElement &element) const override
+    {
+        asked.append(element.stringProperty(QStringLiteral("Address")));
+        elements.insert(&element);
+        return true;
+    }
+
+    mutable QStringList asked;
+    mutable QSet<const FilterElement *> elements;
 };
 
 /// Runs something when it is asked for the living spaces.
@@ -110,6 +127,22 @@ void tst_SnapshotRebuild::snapshotGoesWhenTheHostIsAsked()
     snapshot->applyNoFilter();
     QVERIFY(!snapshot);
     host.act = nullptr;
+}
+
+/// Parameter by parameter in coordinate order, and through one filter element.
+void tst_SnapshotRebuild::filterIsAskedInOrder()
+{
+    SnapshotFixture fixture;
+    fixture.add(SnapshotFixture::parameter("B01", "Name").global());
+    fixture.add(SnapshotFixture::parameter("A00", "Speed"));
+    ParameterValueSnapshot snapshot(fixture.container.get());
+    const OrderFilter filter;
+    snapshot.apply(filter);
+    QCOMPARE(filter.asked,
+        (QStringList {QStringLiteral("1.A000[00000]"), QStringLiteral("2.A000[00000]"),
+            QStringLiteral("3.A000[00000]"), QStringLiteral("4.A000[00000]"),
+            QStringLiteral("1.B001[00000]")}));
+    QCOMPARE(filter.elements.size(), 1);
 }
 
 /// Nothing of it is left for the next time.

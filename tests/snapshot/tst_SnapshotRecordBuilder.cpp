@@ -35,6 +35,7 @@ private Q_SLOTS:
     void lastElementRejectedLater();
     void onlyElementRejectedFirst();
     void namesOfElementsThatAreNotHeld();
+    void elementsThatAreNotHeldTakeNoPlace();
     void filterSeesEveryPlaceOnce();
 
     void namesAndUnitsAreAskedOnce();
@@ -333,6 +334,38 @@ void tst_SnapshotRecordBuilder::namesOfElementsThatAreNotHeld()
     QCOMPARE(record->elementReadLevel(0), 0U);
     QCOMPARE(record->elementName(1), QStringLiteral("One"));
     QCOMPARE(record->elementReadLevel(1), 4U);
+}
+
+void tst_SnapshotRecordBuilder::elementsThatAreNotHeldTakeNoPlace()
+{
+    FakeParameterInformation information(QStringLiteral("A12"));
+    information.isRecord = true;
+    information.spaces = {Axis1, Axis2};
+    information.elements = {0, 1, 5, 9};
+    information.elementNames = {{5, QStringLiteral("Five")}, {9, QStringLiteral("Nine")}};
+    information.readLevels = {{5, 3}, {9, 4}};
+    for (const eLivingSpace livingSpace : {Axis1, Axis2}) {
+        for (const quint16 element : {0, 1, 5, 9})
+            information.setValue(livingSpace, element,
+                QStringLiteral("%1-%2").arg(qint32(livingSpace)).arg(element));
+    }
+    // 0 and 1 are rejected everywhere, 5 on axis 2 alone.
+    const AddressFilter filter({QStringLiteral("1.A012[00000]"), QStringLiteral("2.A012[00000]"),
+        QStringLiteral("1.A012[00001]"), QStringLiteral("2.A012[00001]"),
+        QStringLiteral("2.A012[00005]")});
+    const auto record = frozen(information, &filter);
+    QVERIFY(record);
+    QCOMPARE(record->layout().positions, (QList<quint16> {5, 9}));
+    QCOMPARE(record->layout().elements, QList<quint16> {9});
+    QCOMPARE(record->layout().readLevels, (QList<quint32> {3, 4}));
+    QCOMPARE(record->sequence(Axis1).size(), 2U);
+    QCOMPARE(record->value(Axis1, 5).display, QStringLiteral("1-5"));
+    QCOMPARE(record->value(Axis1, 9).display, QStringLiteral("1-9"));
+    QCOMPARE(record->value(Axis2, 5).display, QString());
+    QCOMPARE(record->value(Axis2, 9).display, QStringLiteral("2-9"));
+    QCOMPARE(record->value(Axis1, 0).display, QString());
+    QCOMPARE(record->elementName(5), QStringLiteral("Five"));
+    QCOMPARE(record->elementName(9), QStringLiteral("Nine"));
 }
 
 void tst_SnapshotRecordBuilder::filterSeesEveryPlaceOnce()
