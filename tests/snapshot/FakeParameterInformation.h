@@ -49,12 +49,15 @@ public:
     /// A plain unit for every element of the list.
     void setUnits(const QString &scaled, const QString &native)
     {
-        for (const quint16 element : std::as_const(elements)) {
-            setProperty(element, eParameterProperty::ScaledMeasuringUnit, scaled);
-            setProperty(element, eParameterProperty::NativeMeasuringUnit, native);
-            scaledUnits[element] = scaled;
-            nativeUnits[element] = native;
-        }
+        for (const quint16 element : std::as_const(elements))
+            setUnits(element, scaled, native);
+    }
+    void setUnits(quint16 element, const QString &scaled, const QString &native)
+    {
+        setProperty(element, eParameterProperty::ScaledMeasuringUnit, scaled);
+        setProperty(element, eParameterProperty::NativeMeasuringUnit, native);
+        scaledUnits[element] = scaled;
+        nativeUnits[element] = native;
     }
 
     ParameterCoordinate coordinateAnswer;

@@ -1,3 +1,4 @@
+#include "AddressFilter.h"
 #include "FakeParameterInformation.h"
 #include "snapshot/ParameterValueSnapshotPrivate.h"
 #include "snapshot/SnapshotComparison.h"
@@ -9,8 +10,9 @@
 #include <rapidcheck.h>
 
 #include <map>
-#include <memory>
+#include <optional>
 #include <set>
+#include <utility>
 
 /// What holds for any two states of a device, whatever they are.
 class tst_SnapshotProperties : public QObject {
@@ -27,8 +29,13 @@ private Q_SLOTS:
 
 namespace {
 
+/// Axis 3 has values too, but is not taken.
 const QSet<eLivingSpace> TakenSpaces {
     eLivingSpace::Global, eLivingSpace::Axis1, eLivingSpace::Axis2};
+constexpr int LastAxis = 3;
+constexpr int LastTakenAxis = 2;
+/// The kind that shows no units.
+constexpr int TextKind = 5;
 
 /// One value as a device shows it.
 struct Shown {
@@ -37,13 +44,20 @@ struct Shown {
     std::string value;
 };
 
+/// Living space and element.
+using Place = std::pair<int, int>;
+
+/// Scaled and native.
+using Units = std::pair<std::string, std::string>;
+
 /// A parameter in a plain form of its own. Few different texts, so that equal ones come up often.
 struct Described {
     std::set<int> livingSpaces;
     std::set<int> elements;
-    std::string scaledUnit;
-    std::string nativeUnit;
-    std::map<std::pair<int, int>, Shown> values;
+    std::set<int> textElements; ///< Of the kind without units.
+    std::map<int, Units> units;
+    std::map<Place, Shown> values;
+    std::set<Place> rejected; ///< By the filter.
 };
 
 using Device = std::map<int, Described>;
@@ -69,15 +83,22 @@ rc::Gen<Described> described()
 {
     return rc::gen::exec([] {
         Described parameter;
-        parameter.livingSpaces = *someBelow(3);
-        parameter.livingSpaces.insert(*rc::gen::inRange(0, 2));
+        for (const int line : *someBelow(LastAxis))
+            parameter.livingSpaces.insert(line + 1);
+        parameter.livingSpaces.insert(*rc::gen::inRange(1, LastAxis + 1));
         parameter.elements = *someBelow(3);
         parameter.elements.insert(0);
-        parameter.scaledUnit = *rc::gen::element<std::string>("", "A");
-        parameter.nativeUnit = *rc::gen::element<std::string>("", "mA");
-        for (const int livingSpace : parameter.livingSpaces) {
-            for (const int element : parameter.elements)
+        const bool isFiltered = *rc::gen::arbitrary<bool>();
+        for (const int element : parameter.elements) {
+            if (*rc::gen::inRange(0, 4) == 0)
+                parameter.textElements.insert(element);
+            parameter.units[element] = {
+                *rc::gen::element<std::string>("", "A"), *rc::gen::element<std::string>("", "mA")};
+            for (const int livingSpace : parameter.livingSpaces) {
                 parameter.values[{livingSpace, element}] = {*text(), *text(), *text()};
+                if (isFiltered && *rc::gen::inRange(0, 3) == 0)
+                    parameter.rejected.insert({livingSpace, element});
+            }
         }
         return parameter;
     });
@@ -103,9 +124,24 @@ ParameterCoordinate coordinate(int line)
     return ParameterCoordinate(quint16(1), quint16(line));
 }
 
+QStringList rejectedAddresses(const Device &device)
+{
+    QStringList addresses;
+    for (const auto &[line, parameter] : device) {
+        for (const auto &[livingSpace, element] : parameter.rejected) {
+            addresses.append(QStringLiteral("%1.%2[%3]")
+                                 .arg(livingSpace)
+                                 .arg(coordinate(line).toSortableText())
+                                 .arg(element, 5, 10, QLatin1Char('0')));
+        }
+    }
+    return addresses;
+}
+
 SnapshotRecords frozen(const Device &device)
 {
-    SnapshotRecordBuilder builder(TakenSpaces, nullptr);
+    const AddressFilter filter(rejectedAddresses(device));
+    SnapshotRecordBuilder builder(TakenSpaces, &filter);
     SnapshotRecords records;
     for (const auto &[line, parameter] : device) {
         FakeParameterInformation information(coordinate(line).toText(), QStringLiteral("Name"));
@@ -114,14 +150,19 @@ SnapshotRecords frozen(const Device &device)
         information.elements.clear();
         for (const int livingSpace : parameter.livingSpaces)
             information.spaces.append(eLivingSpace(livingSpace));
-        for (const int element : parameter.elements)
+        for (const int element : parameter.elements) {
             information.elements.append(quint16(element));
-        information.setUnits(qText(parameter.scaledUnit), qText(parameter.nativeUnit));
+            const auto &[scaled, native] = parameter.units.at(element);
+            information.setUnits(quint16(element), qText(scaled), qText(native));
+            information.kinds[quint16(element)] =
+                parameter.textElements.count(element) ? TextKind : 0;
+        }
         for (const auto &[place, shown] : parameter.values) {
             information.setValue(eLivingSpace(place.first), quint16(place.second),
                 {qText(shown.display), qText(shown.native), qText(shown.value)});
         }
-        records.insert(coordinate(line), *builder.build(&information));
+        if (const auto record = builder.build(&information))
+            records.insert(coordinate(line), *record);
     }
     return records;
 }
@@ -131,22 +172,74 @@ std::string withUnit(const std::string &text, const std::string &unit)
     return unit.empty() ? text : text + " " + unit;
 }
 
-/// The rule as it is written: lists first, then both texts with unit, value by value.
-bool areDifferent(const Described &a, const Described &b)
+/// What a snapshot holds of a parameter.
+struct Held {
+    std::set<int> livingSpaces; ///< That are taken.
+    std::set<int> elements;
+    /// Display and native text, with their units.
+    std::map<Place, std::pair<std::string, std::string>> texts;
+};
+
+/// The rule as it is written: a rejected element leaves the list for good, and a living space's
+/// values are held only while the list is not empty. Nothing where none is held.
+std::optional<Held> held(const Described &parameter)
+{
+    Held result;
+    result.elements = parameter.elements;
+    bool isHeld = false;
+    for (const int livingSpace : parameter.livingSpaces) {
+        if (livingSpace <= LastTakenAxis)
+            result.livingSpaces.insert(livingSpace);
+        for (const int element : parameter.elements) {
+            if (parameter.rejected.count({livingSpace, element}))
+                result.elements.erase(element);
+        }
+        if (result.elements.empty())
+            continue;
+        isHeld = true;
+        for (const int element : parameter.elements) {
+            const Shown &shown = parameter.values.at({livingSpace, element});
+            const Units units =
+                parameter.textElements.count(element) ? Units() : parameter.units.at(element);
+            if (!parameter.rejected.count({livingSpace, element})) {
+                result.texts[{livingSpace, element}] = {
+                    withUnit(shown.display, units.first), withUnit(shown.native, units.second)};
+            }
+        }
+    }
+    return isHeld ? std::optional(result) : std::nullopt;
+}
+
+/// Lists first, then both texts with unit, value by value.
+bool areDifferent(const Held &a, const Held &b)
 {
     if (a.livingSpaces != b.livingSpaces || a.elements != b.elements)
         return true;
-    for (const auto &[place, shown] : a.values) {
-        const Shown &other = b.values.at(place);
-        if (withUnit(shown.display, a.scaledUnit) != withUnit(other.display, b.scaledUnit)
-            && withUnit(shown.native, a.nativeUnit) != withUnit(other.native, b.nativeUnit))
-            return true;
+    for (const int livingSpace : a.livingSpaces) {
+        for (const int element : a.elements) {
+            const auto &first = a.texts.at({livingSpace, element});
+            const auto &second = b.texts.at({livingSpace, element});
+            if (first.first != second.first && first.second != second.second)
+                return true;
+        }
     }
     return false;
 }
 
-std::set<int> differentLines(const Device &a, const Device &b)
+std::map<int, Held> held(const Device &device)
 {
+    std::map<int, Held> result;
+    for (const auto &[line, parameter] : device) {
+        if (const auto known = held(parameter))
+            result[line] = *known;
+    }
+    return result;
+}
+
+std::set<int> differentLines(const Device &first, const Device &second)
+{
+    const std::map<int, Held> a = held(first);
+    const std::map<int, Held> b = held(second);
     std::set<int> lines;
     for (const auto &[line, parameter] : a) {
         if (!b.count(line) || areDifferent(parameter, b.at(line)))
@@ -238,8 +331,10 @@ void tst_SnapshotProperties::mergeTakesAllOfTheOther()
     QVERIFY(rc::check("the other's parameters are its own afterwards, the rest stays", [] {
         const auto [a, b] = *pairOfStates();
         Device expected = a;
-        for (const auto &[line, parameter] : b)
-            expected[line] = parameter;
+        for (const auto &[line, parameter] : b) {
+            if (held(parameter))
+                expected[line] = parameter;
+        }
         ParameterValueSnapshotPrivate other(nullptr, nullptr);
         other.records = frozen(b);
         ParameterValueSnapshotPrivate merged(nullptr, nullptr);
