@@ -54,9 +54,9 @@ struct SnapshotLayout : QSharedData {
     QList<quint16> elements;
     /// The living spaces of which values are held, also those that the snapshot does not take.
     QList<eLivingSpace> tables;
-    /// All elements of the parameter. The index is the element's position in every sequence.
+    /// The elements of which values are held. The index is the element's position in every sequence.
     QList<quint16> positions;
-    /// By position; 0 for an element of which no value is held.
+    /// By position.
     QList<quint32> readLevels;
 };
 

@@ -424,7 +424,7 @@ als verschieden, wenn sich Anzeigetext und nativer Text unterscheiden. Rückgabe
 außer mit --access-level 5.
 </source>
         <translation>A and B are project folders or files of snapshot; a --project counts as A. Without B the
-comparison is with the device's defaults, which then stand on the left. A value differs where
+comparison is with the device&apos;s defaults, which then stand on the left. A value differs where
 its display text and its native text differ. Exit code 1 where there are differences. Values
 of write level 6 and above show &lt;offline&gt; and count as equal, except with --access-level 5.
 </translation>
@@ -547,10 +547,6 @@ that carries them.
         <translation>write values as text with semicolons</translation>
     </message>
     <message>
-        <source>-o und --rfc4180 brauchen verschiedene Dateien</source>
-        <translation>-o and --rfc4180 need different files</translation>
-    </message>
-    <message>
         <source>Sie enthält alle Werte, auch die über der Zugriffsstufe.
 </source>
         <translation>It holds all values, also those above the access level.
@@ -585,6 +581,10 @@ that carries them.
     <message>
         <source>die Verweise führen im Kreis</source>
         <translation>the links lead in a circle</translation>
+    </message>
+    <message>
+        <source>ist der Name eines Ordners</source>
+        <translation>is the name of a folder</translation>
     </message>
 </context>
 <context>
@@ -1439,6 +1439,17 @@ that cannot be started gives 5, one that ends before 100 % 4, one that still run
     </message>
 </context>
 <context>
+    <name>OutputFiles</name>
+    <message>
+        <source>%1 %2: die Datei wird gelesen</source>
+        <translation>%1 %2: the file is read</translation>
+    </message>
+    <message>
+        <source>%1 und %2 brauchen verschiedene Dateien</source>
+        <translation>%1 and %2 need different files</translation>
+    </message>
+</context>
+<context>
     <name>ParameterConversion</name>
     <message>
         <source>liegt über HighLimit; beide Grenzen weggelassen</source>
@@ -1633,10 +1644,6 @@ level stay empty. The document forbids scripts and loading, and names in it are 
     <message>
         <source>Bericht der Unterschiede als HTML und PDF</source>
         <translation>report of the differences as HTML and PDF</translation>
-    </message>
-    <message>
-        <source>-o und --pdf brauchen verschiedene Dateien</source>
-        <translation>-o and --pdf need different files</translation>
     </message>
 </context>
 <context>
@@ -1862,22 +1869,23 @@ all disturbances; get ADDRESS, set ADDRESS VALUE, tick N, quit.
 </translation>
     </message>
     <message>
+        <source>[A]</source>
+        <translation>[A]</translation>
+    </message>
+    <message>
         <source>Schreibt die Texte aller Werte, so wie sie jetzt gelten, in eine Datei, die diff,
 export und report wie ein Projekt lesen. Sie braucht dann kein Gerät mehr.
-A ist ein Projektordner; ohne A und --project gelten die Defaultwerte.
+A ist ein Projektordner oder eine solche Datei; ohne A und --project gelten die
+Defaultwerte.
 </source>
         <translation>Writes the texts of all values as they are now to a file that diff, export and report read
 like a project. It then needs no device any more.
-A is a project folder; without A and --project the defaults hold.
+A is a project folder or such a file; without A and --project the defaults hold.
 </translation>
     </message>
     <message>
-        <source>snapshot nimmt höchstens ein Projekt</source>
-        <translation>snapshot takes one project at most</translation>
-    </message>
-    <message>
-        <source>[A]</source>
-        <translation>[A]</translation>
+        <source>snapshot nimmt höchstens ein Projekt oder einen Snapshot</source>
+        <translation>snapshot takes one project or snapshot at most</translation>
     </message>
 </context>
 <context>

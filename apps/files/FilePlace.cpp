@@ -20,13 +20,14 @@ QString withoutLinkedFolders(const QFileInfo &file)
 FilePlace::FilePlace(const QString &fileName)
 {
     QFileInfo file(fileName);
+    if (file.fileName().isEmpty()) {
+        m_error = tr("ist der Name eines Ordners");
+        return;
+    }
     for (int i = 0; i < MaximumLinks && file.isSymLink(); ++i)
         file.setFile(file.symLinkTarget());
-    if (!file.isSymLink())
+    if (file.isSymLink())
+        m_error = tr("die Verweise führen im Kreis");
+    else
         m_path = withoutLinkedFolders(file);
-}
-
-QString FilePlace::error() const
-{
-    return m_path.isEmpty() ? tr("die Verweise führen im Kreis") : QString();
 }

@@ -12,11 +12,13 @@ public:
     /// the same text, also where there is no file yet.
     explicit FilePlace(const QString &fileName);
 
-    /// Where links lead back to themselves empty; error() then says so.
+    /// Empty where links lead back to themselves, and for the name of a folder, "a/"; error() then
+    /// says so.
     QString path() const { return m_path; }
-    QString error() const;
+    QString error() const { return m_error; }
     friend bool operator==(const FilePlace &a, const FilePlace &b) = default;
 
 private:
     QString m_path;
+    QString m_error;
 };

@@ -8,12 +8,26 @@
 
 #include <filesystem>
 
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
+
 namespace {
+
+/// From here on a power failure leaves the bytes where they are.
+bool isOnDisk([[maybe_unused]] const QFile &file)
+{
+#ifdef Q_OS_UNIX
+    return fsync(file.handle()) == 0;
+#else
+    return true;
+#endif
+}
 
 bool holds(const QString &fileName, const QByteArray &bytes)
 {
     QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) && file.read(bytes.size() + 1) == bytes;
+    return file.open(QIODevice::ReadOnly) && isOnDisk(file) && file.read(bytes.size() + 1) == bytes;
 }
 
 /// Over a file that is there, unlike QFile's.

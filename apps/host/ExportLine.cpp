@@ -40,12 +40,16 @@ QList<ExportLine> ExportLine::allOf(
 
 QByteArray ExportLine::semicolonText(const QList<ExportLine> &lines)
 {
-    QByteArray text = "\xEF\xBB\xBF\r\n";
+    QByteArray text;
     for (const ExportLine &line : lines) {
         text += '"' + line.place.toUtf8() + "\";\"" + line.name.toUtf8() + "\";\""
             + line.value.toUtf8() + "\"\n";
     }
-    return text;
+#ifdef Q_OS_WIN
+    // Text mode, also within values.
+    text.replace("\n", "\r\n");
+#endif
+    return "\xEF\xBB\xBF\r\n" + text;
 }
 
 QByteArray ExportLine::rfc4180Text(const QList<ExportLine> &lines)

@@ -56,6 +56,16 @@ bool ProjectFolder::isFree() const
     return !QFileInfo::exists(path()) || (reasonNotRead().isEmpty() && !holdsProject());
 }
 
+bool ProjectFolder::holdsFile(const QString &canonicalName) const
+{
+    const QFileInfo file(canonicalName);
+    if (file.absolutePath() != m_directory.canonicalPath())
+        return false;
+    const QString name = file.fileName();
+    return name == parameterBlockName() || name == BlockManifest::fileName()
+        || manifestWith({}).blockNames().contains(name);
+}
+
 std::optional<ProjectFolder::Content> ProjectFolder::read(QString &error) const
 {
     if (const QString reason = reasonNotRead(); !reason.isEmpty()) {

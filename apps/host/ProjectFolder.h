@@ -33,6 +33,8 @@ public:
     bool holdsProject() const;
     /// A project may begin here: the folder is missing, or it can be looked into and holds none.
     bool isFree() const;
+    /// One of the files that read() takes; compared without a link on the way.
+    bool holdsFile(const QString &canonicalName) const;
     /// The parameter block and every block of the manifest, as far as their files are there.
     /// Empty where the folder or a file cannot be read; `error` then says which and why.
     std::optional<Content> read(QString &error) const;

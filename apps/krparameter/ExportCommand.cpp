@@ -1,12 +1,12 @@
 #include "apps/krparameter/ExportCommand.h"
 
-#include "apps/files/FilePlace.h"
 #include "apps/files/ReadBackFile.h"
 #include "apps/files/WholeFile.h"
 #include "apps/host/ExportIssue.h"
 #include "apps/krparameter/CommandLine.h"
 #include "apps/krparameter/CommandOptions.h"
 #include "apps/krparameter/Console.h"
+#include "apps/krparameter/OutputFiles.h"
 #include "apps/krparameter/Session.h"
 #include "apps/krparameter/SnapshotSource.h"
 
@@ -62,9 +62,11 @@ eExitCode ExportCommand::run(const CommandLine &line, Console &console)
             eExitCode::Usage, tr("export nimmt höchstens ein Projekt oder einen Snapshot"));
     if (line.value(OptionName::Output).isEmpty())
         return session.fail(eExitCode::Usage, tr("export braucht -o DATEI"));
-    if (line.has(Rfc4180)
-        && FilePlace(line.value(Rfc4180)) == FilePlace(line.value(OptionName::Output)))
-        return session.fail(eExitCode::Usage, tr("-o und --rfc4180 brauchen verschiedene Dateien"));
+    OutputFiles files;
+    files.add(QStringLiteral("-o"), line.value(OptionName::Output));
+    files.add(QStringLiteral("--rfc4180"), line.value(Rfc4180));
+    if (const QString refusal = files.refusal(source.inputs()); !refusal.isEmpty())
+        return session.fail(eExitCode::Usage, refusal);
     eExitCode code = source.open();
     if (code == eExitCode::Good)
         code = source.paths().isEmpty() ? source.freezeDefaults() : source.freeze(source.paths());
@@ -73,28 +75,30 @@ eExitCode ExportCommand::run(const CommandLine &line, Console &console)
     ParameterValueSnapshot &snapshot = *source.snapshots().front().snapshot;
     const QList<eLivingSpace> livingSpaces = livingSpacesOf(line);
     const QList<ExportLine> lines = ExportLine::allOf(snapshot, livingSpaces);
-    const QString error = write(line, snapshot, livingSpaces, lines);
+    QString error = write(line.value(OptionName::Output), snapshot, livingSpaces, lines);
     if (!error.isEmpty())
         return session.fail(eExitCode::WriteFailed, error);
+    // The text stands in its place, whatever comes of the table.
     tell(line, lines, console);
-    return eExitCode::Good;
+    if (line.has(Rfc4180))
+        error = writeTable(line.value(Rfc4180), lines);
+    return error.isEmpty() ? eExitCode::Good : session.fail(eExitCode::WriteFailed, error);
 }
 
-QString ExportCommand::write(const CommandLine &line, ParameterValueSnapshot &snapshot,
+QString ExportCommand::write(const QString &fileName, ParameterValueSnapshot &snapshot,
     const QList<eLivingSpace> &livingSpaces, const QList<ExportLine> &lines)
 {
-    const QString fileName = line.value(OptionName::Output);
     const QString reason = ReadBackFile::replace(
         fileName, ExportLine::semicolonText(lines), [&](const QString &writtenName) {
             return snapshot.saveToTextFile(writtenName, snapshot.parameterList(), livingSpaces);
         });
-    if (!reason.isEmpty())
-        return fileName + QLatin1String(": ") + reason;
-    if (!line.has(Rfc4180))
-        return {};
-    const QString tableName = line.value(Rfc4180);
-    const QString tableReason = WholeFile::replace(tableName, ExportLine::rfc4180Text(lines));
-    return tableReason.isEmpty() ? QString() : tableName + QLatin1String(": ") + tableReason;
+    return reason.isEmpty() ? QString() : fileName + QLatin1String(": ") + reason;
+}
+
+QString ExportCommand::writeTable(const QString &fileName, const QList<ExportLine> &lines)
+{
+    const QString reason = WholeFile::replace(fileName, ExportLine::rfc4180Text(lines));
+    return reason.isEmpty() ? QString() : fileName + QLatin1String(": ") + reason;
 }
 
 void ExportCommand::tell(const CommandLine &line, const QList<ExportLine> &lines, Console &console)

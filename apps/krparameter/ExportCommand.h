@@ -21,8 +21,9 @@ public:
     eExitCode run(const CommandLine &line, Console &console) override;
 
 private:
-    /// What went wrong; empty where every file was written in full.
-    static QString write(const CommandLine &line, ParameterValueSnapshot &snapshot,
+    /// What went wrong, like writeTable(); empty where the file was written in full.
+    static QString write(const QString &fileName, ParameterValueSnapshot &snapshot,
         const QList<eLivingSpace> &livingSpaces, const QList<ExportLine> &lines);
+    static QString writeTable(const QString &fileName, const QList<ExportLine> &lines);
     static void tell(const CommandLine &line, const QList<ExportLine> &lines, Console &console);
 };

@@ -1,11 +1,11 @@
 #include "apps/krparameter/ReportCommand.h"
 
-#include "apps/files/FilePlace.h"
 #include "apps/files/WholeFile.h"
 #include "apps/host/SnapshotReport.h"
 #include "apps/krparameter/CommandLine.h"
 #include "apps/krparameter/CommandOptions.h"
 #include "apps/krparameter/Console.h"
+#include "apps/krparameter/OutputFiles.h"
 #include "apps/krparameter/Session.h"
 #include "apps/krparameter/SnapshotSource.h"
 
@@ -67,9 +67,11 @@ eExitCode ReportCommand::run(const CommandLine &line, Console &console)
         return session.fail(eExitCode::Usage, tr("report braucht Projekte oder Snapshots"));
     if (line.value(OptionName::Output).isEmpty() && line.value(Pdf).isEmpty())
         return session.fail(eExitCode::Usage, tr("report braucht -o DATEI oder --pdf DATEI"));
-    if (line.has(OptionName::Output) && line.has(Pdf)
-        && FilePlace(line.value(Pdf)) == FilePlace(line.value(OptionName::Output)))
-        return session.fail(eExitCode::Usage, tr("-o und --pdf brauchen verschiedene Dateien"));
+    OutputFiles files;
+    files.add(QStringLiteral("-o"), line.value(OptionName::Output));
+    files.add(QStringLiteral("--pdf"), line.value(Pdf));
+    if (const QString refusal = files.refusal(source.inputs()); !refusal.isEmpty())
+        return session.fail(eExitCode::Usage, refusal);
     eExitCode code = source.open();
     if (code == eExitCode::Good)
         code = source.freeze(paths);

@@ -4,6 +4,7 @@
 #include "apps/krparameter/CommandLine.h"
 #include "apps/krparameter/CommandOptions.h"
 #include "apps/krparameter/Console.h"
+#include "apps/krparameter/OutputFiles.h"
 #include "apps/krparameter/Session.h"
 #include "apps/krparameter/SnapshotSource.h"
 
@@ -13,7 +14,8 @@ QString SnapshotCommand::details() const
 {
     return tr("Schreibt die Texte aller Werte, so wie sie jetzt gelten, in eine Datei, die diff,\n"
               "export und report wie ein Projekt lesen. Sie braucht dann kein Gerät mehr.\n"
-              "A ist ein Projektordner; ohne A und --project gelten die Defaultwerte.\n")
+              "A ist ein Projektordner oder eine solche Datei; ohne A und --project gelten die\n"
+              "Defaultwerte.\n")
         + tr("Sie enthält alle Werte, auch die über der Zugriffsstufe.\n")
         + SnapshotSource::filterDetails();
 }
@@ -35,7 +37,12 @@ eExitCode SnapshotCommand::run(const CommandLine &line, Console &console)
     Session session(line, console);
     SnapshotSource source(line, console);
     if (source.paths().size() > 1)
-        return session.fail(eExitCode::Usage, tr("snapshot nimmt höchstens ein Projekt"));
+        return session.fail(
+            eExitCode::Usage, tr("snapshot nimmt höchstens ein Projekt oder einen Snapshot"));
+    OutputFiles files;
+    files.add(QStringLiteral("-o"), line.value(OptionName::Output));
+    if (const QString refusal = files.refusal(source.inputs()); !refusal.isEmpty())
+        return session.fail(eExitCode::Usage, refusal);
     eExitCode code = source.open();
     if (code == eExitCode::Good)
         code = source.paths().isEmpty() ? source.freezeDefaults() : source.freeze(source.paths());

@@ -79,6 +79,14 @@ QStringList SnapshotSource::paths() const
     return paths;
 }
 
+QStringList SnapshotSource::inputs() const
+{
+    QStringList inputs = paths();
+    if (m_line.has(OptionName::Device))
+        inputs.append(m_line.value(OptionName::Device));
+    return inputs;
+}
+
 eExitCode SnapshotSource::open()
 {
     const QStringList conditions = m_line.values(OptionName::Filter);

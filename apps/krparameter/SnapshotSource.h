@@ -44,6 +44,8 @@ public:
 
     /// The project of the options first, then the arguments.
     QStringList paths() const;
+    /// All that is read: the paths and the device.
+    QStringList inputs() const;
     /// Reads the options; everything but Good ends the command, as with the others below.
     eExitCode open();
     /// Freezes all paths.

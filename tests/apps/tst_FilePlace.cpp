@@ -12,6 +12,8 @@ private Q_SLOTS:
     void behindLinks_data();
     void behindLinks();
     void circle();
+    void folder_data();
+    void folder();
     void oneOfTwoNames();
 
 private:
@@ -70,6 +72,22 @@ void tst_FilePlace::circle()
     const FilePlace found(in(QStringLiteral("left")));
     QCOMPARE(found.path(), QString());
     QCOMPARE(found.error(), QStringLiteral("die Verweise führen im Kreis"));
+}
+
+void tst_FilePlace::folder_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("that is there") << QStringLiteral("inner/");
+    QTest::newRow("that is missing") << QStringLiteral("none/");
+    QTest::newRow("of a file's name") << QStringLiteral("file/");
+}
+
+void tst_FilePlace::folder()
+{
+    QFETCH(QString, name);
+    const FilePlace found(in(name));
+    QCOMPARE(found.path(), QString());
+    QCOMPARE(found.error(), QStringLiteral("ist der Name eines Ordners"));
 }
 
 void tst_FilePlace::oneOfTwoNames()

@@ -112,8 +112,9 @@ class Help(SnapshotTest):
 class Usage(SnapshotTest):
     def test_refused(self):
         for words, text in (
-            (["snapshot", "a", "b"], "snapshot nimmt höchstens ein Projekt"),
-            (["snapshot", "--project", "a", "b"], "snapshot nimmt höchstens ein Projekt"),
+            (["snapshot", "a", "b"], "snapshot nimmt höchstens ein Projekt oder einen Snapshot"),
+            (["snapshot", "--project", "a", "b"],
+             "snapshot nimmt höchstens ein Projekt oder einen Snapshot"),
             (["snapshot", "-o", ""], "--output braucht einen Wert: DATEI"),
             (["snapshot", "--axis", "1"], "snapshot kennt die Option --axis nicht"),
             (["snapshot", "--filter", "x"],
@@ -554,6 +555,41 @@ class Export(SnapshotTest):
             self.check(run, USAGE, out="")
             self.assertIn("-o und --rfc4180 brauchen verschiedene Dateien\n", run.err)
         self.assertEqual(self.names(), ["a", "b", "link"])
+
+    def test_what_is_read_is_not_written(self):
+        state = self.snapshot(self.a, "a.json")
+        device = self.folder / "device.json"
+        shutil.copy(SOURCE / "devices/two-axis-drive.json", device)
+        link = self.folder / "link"
+        link.symlink_to(state)
+        block = self.a / "Parameter.ini"
+        kept = [path.read_bytes() for path in (state, device, block)]
+        for command in (["export"], ["snapshot"], ["report"]):
+            for words, output in ((["--project", state], state), ([state], link),
+                                  ([self.a], block), ([self.a], device)):
+                run = Run("--device", device, *command, *words, "-o", output)
+                self.check(run, USAGE, out="")
+                self.assertIn(f"-o {output}: die Datei wird gelesen\n", run.err)
+        self.check(Run("--device", device, "export", self.a, "-o", self.folder / "x.txt",
+                       "--rfc4180", block), USAGE, out="")
+        self.assertEqual([path.read_bytes() for path in (state, device, block)], kept)
+        self.assertEqual(self.names(), ["a", "a.json", "b", "device.json", "link"])
+        # Another file of the folder is nobody's input.
+        self.check(self.export(self.a, "-o", self.a / "text.txt"), GOOD)
+
+    def test_name_of_a_folder(self):
+        for name in ("none/", "a/"):
+            run = self.export(self.a, "-o", f"{self.folder}/{name}")
+            self.check(run, WRITE_FAILED, out="")
+            self.assertIn(f"krparameter: {self.folder}/{name}: ", run.err)
+        self.assertEqual(self.names(), ["a", "b"])
+
+    def test_issues_are_told_though_the_table_fails(self):
+        c = self.project("c", "A20", "=1")
+        run = self.export(c, "-o", self.folder / "c.txt", "--rfc4180", self.folder / "none/c.csv")
+        self.check(run, WRITE_FAILED, out="")
+        self.assertIn("A20: ", run.err)
+        self.assertIn(f"krparameter: {self.folder}/none/c.csv: ", run.err)
 
     def test_links_stay_links(self):
         path, link, second = self.folder / "a.txt", self.folder / "link", self.folder / "second"
