@@ -284,6 +284,7 @@ void tst_SnapshotTextExport::removedWhileOpen()
     QVERIFY(SnapshotTextExport::write(
         open, m_records, coordinates({QStringLiteral("B03")}), AllSpaces));
     QVERIFY(!QFile::exists(removed.fileName()));
+    QCOMPARE(removed.readAll(), Begin + "\"B03[1]\";\"Nur Element 1\";\"\"\n");
 }
 
 QTEST_GUILESS_MAIN(tst_SnapshotTextExport)

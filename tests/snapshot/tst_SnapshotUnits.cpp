@@ -127,11 +127,16 @@ void tst_SnapshotUnits::oneLocatorOnePlainUnit()
     addUnitParameter(fixture);
     fixture.add(SnapshotFixture::parameter("A00", "Position")
                     .units(QStringLiteral("<localAxis:A76>"), QStringLiteral("inc")));
+    fixture.add(SnapshotFixture::parameter("A01", "Distance")
+                    .units(QStringLiteral("inc"), QStringLiteral("<localAxis:A76>")));
     ParameterValueSnapshot snapshot(fixture.container.get());
     snapshot.applyNoFilter();
     QCOMPARE(snapshot.value(Axis1, at("A00"), 0, true), QStringLiteral("0 mm"));
     QCOMPARE(snapshot.value(Axis2, at("A00"), 0, true), QStringLiteral("0 Grad"));
     QCOMPARE(snapshot.valueNative(Axis2, at("A00"), 0, true), QStringLiteral("0 inc"));
+    QCOMPARE(snapshot.value(Axis2, at("A01"), 0, true), QStringLiteral("0 inc"));
+    QCOMPARE(snapshot.valueNative(Axis1, at("A01"), 0, true), QStringLiteral("0 mm"));
+    QCOMPARE(snapshot.valueNative(Axis2, at("A01"), 0, true), QStringLiteral("0 Grad"));
 }
 
 /// Empty, and said once for each value.

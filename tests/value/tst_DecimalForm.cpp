@@ -34,6 +34,9 @@ private Q_SLOTS:
     void showWithUnit();
     void showWithComma_data();
     void showWithComma();
+    void showIntegerWithComma_data();
+    void showIntegerWithComma();
+    void shownTextIsShared();
     void showWithoutType();
     void systemDecimalPoint();
     void engineering_data();
@@ -152,6 +155,36 @@ void tst_DecimalForm::showWithComma()
     QFETCH(uint, significant);
     QTEST(
         DecimalForm::show(value, &Real64, {2, significant}, QStringLiteral("m.s"), Comma), "text");
+}
+
+void tst_DecimalForm::showIntegerWithComma_data()
+{
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<int>("behind");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("as many places as shown")
+        << QStringLiteral("1.25") << 2 << QStringLiteral("1,25");
+    QTest::newRow("fewer places than shown")
+        << QStringLiteral("1.5") << 2 << QStringLiteral("1,50");
+    QTest::newRow("more places than shown") << QStringLiteral("1.25") << 1 << QStringLiteral("1,2");
+    QTest::newRow("no places") << QStringLiteral("-7") << 0 << QStringLiteral("-7");
+}
+
+void tst_DecimalForm::showIntegerWithComma()
+{
+    QFETCH(QString, value);
+    QFETCH(int, behind);
+    QTEST(DecimalForm::show(value, &Int16, {behind, 0}, QString(), Comma), "text");
+}
+
+/// What stands as it is shown already needs no memory of its own.
+void tst_DecimalForm::shownTextIsShared()
+{
+    const QString places = QString::fromLatin1("1.25");
+    const QString whole = QString::fromLatin1("7");
+    QVERIFY(DecimalForm::show(places, &Int16, {2, 0}, QString(), Point).isSharedWith(places));
+    QVERIFY(DecimalForm::show(whole, &Int16, {0, 0}, QString(), Comma).isSharedWith(whole));
+    QVERIFY(!DecimalForm::show(places, &Int16, {2, 0}, QString(), Comma).isSharedWith(places));
 }
 
 void tst_DecimalForm::showWithoutType()
