@@ -73,7 +73,7 @@ bool ParameterValueSnapshotWidgetPrivate::refill(const FillingProgress::Advance 
 {
     clear();
     coordinateItems.clear();
-    shownRows.clear();
+    shownTable.reset();
     shownCoordinates.clear();
     if (snapshots.isEmpty())
         return true;
@@ -82,13 +82,13 @@ bool ParameterValueSnapshotWidgetPrivate::refill(const FillingProgress::Advance 
     const SnapshotRowModel model(livingSnapshots(), System::information()->userAccessLevel());
     const QList<ParameterCoordinate> coordinates = model.coordinates();
     FillingProgress progress(advance);
-    QList<SnapshotRow> rows = model.rows(coordinates, progress);
-    SnapshotRowComparison::hideEqualRows(rows, titles.size());
-    coordinateItems = SnapshotTreeFilling::fill(*this, rows, progress);
+    const auto table = std::make_shared<SnapshotTable>(model.table(coordinates, progress));
+    SnapshotRowComparison::hideEqualRows(table->rows, titles.size());
+    coordinateItems = SnapshotTreeFilling::fill(*this, table, progress);
     if (progress.isEnded())
         return false;
     shownCoordinates = coordinates;
-    shownRows = rows;
+    shownTable = table;
     return true;
 }
 
@@ -99,7 +99,8 @@ bool ParameterValueSnapshotWidgetPrivate::isEmpty() const
 
 QString ParameterValueSnapshotWidgetPrivate::document(SnapshotHtmlReport::eForm form) const
 {
-    return SnapshotHtmlReport::document(htmlHeader, shownTitles(), shownRows, form);
+    const QList<SnapshotRow> rows = shownTable ? shownTable->rows : QList<SnapshotRow>();
+    return SnapshotHtmlReport::document(htmlHeader, shownTitles(), rows, form);
 }
 
 /// The widget may be gone when the dialog comes back, and with it the function that asked.

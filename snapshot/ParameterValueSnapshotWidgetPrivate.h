@@ -2,7 +2,6 @@
 
 #include "snapshot/FillingProgress.h"
 #include "snapshot/SnapshotHtmlReport.h"
-#include "snapshot/SnapshotRow.h"
 #include "snapshot/SnapshotTreeFilling.h"
 
 #include <QtCore/QPointer>
@@ -10,6 +9,7 @@
 #include <QtWidgets/QTreeWidget>
 
 #include <functional>
+#include <memory>
 
 class ParameterValueSnapshot;
 class ParameterValueSnapshotWidget;
@@ -51,8 +51,8 @@ private:
     /// In the order of the titles. **Owner** the host; null where it deleted one.
     QList<QPointer<ParameterValueSnapshot>> snapshots;
     QList<ParameterCoordinate> shownCoordinates;
-    /// As the tree shows them.
-    QList<SnapshotRow> shownRows;
+    /// What the tree shows. Null until the first filling, and where it was ended.
+    std::shared_ptr<const SnapshotTable> shownTable;
     CoordinateItems coordinateItems;
     QVBoxLayout *outerLayout;
     /// Null until the first button. Ends with a spacer that keeps the buttons on the left.

@@ -40,11 +40,12 @@ void appendEscaped(QString &html, const QString &text)
 
 void appendCell(QString &html, const SnapshotCell &cell)
 {
-    appendEscaped(html, cell.display);
-    if (cell.unit.isEmpty())
+    appendEscaped(html, cell.value->display);
+    const SnapshotUnits *units = cell.value->units.data();
+    if (!units || units->scaled.isEmpty())
         return;
     html.append(QLatin1Char(' '));
-    appendEscaped(html, cell.unit);
+    appendEscaped(html, units->scaled);
 }
 
 /// Titles of rows are HTML but in the safe form.

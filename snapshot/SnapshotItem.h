@@ -5,24 +5,27 @@
 #include <QtGui/QBrush>
 #include <QtWidgets/QTreeWidgetItem>
 
-/// Shows a row of the comparison, whose texts it shares instead of storing them once more: a cell's
+#include <memory>
+
+/// Shows a row of the comparison, whose texts it reads instead of storing them once more: a cell's
 /// text, and under Qt::UserRole its undecorated text.
 class SnapshotItem : public QTreeWidgetItem {
 public:
-    /// Cells of a snapshot that lacks the value are painted with `missing`.
-    SnapshotItem(const SnapshotRow &row, const QBrush &missing);
+    /// Holds the row, and with it the table in which it stands. Cells of a snapshot that lacks the value
+    /// are painted with `missing`.
+    SnapshotItem(std::shared_ptr<const SnapshotRow> row, const QBrush &missing);
 
-    eLivingSpace livingSpace() const { return m_row.livingSpace; }
-    ParameterCoordinate coordinate() const { return m_row.coordinate; }
+    eLivingSpace livingSpace() const { return m_row->livingSpace; }
+    ParameterCoordinate coordinate() const { return m_row->coordinate; }
     QVariant data(int column, int role) const override;
 
 protected:
-    const SnapshotRow &row() const { return m_row; }
+    const SnapshotRow &row() const { return *m_row; }
 
 private:
     QVariant cellData(const SnapshotCell &cell, int role) const;
 
-    SnapshotRow m_row;
+    std::shared_ptr<const SnapshotRow> m_row;
 };
 
 /// A parameter in one living space.

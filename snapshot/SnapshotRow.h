@@ -1,29 +1,24 @@
 #pragma once
 
+#include "snapshot/SnapshotRecord.h"
+
 #include <KrParameterDefinition/ParameterCoordinate.h>
 #include <KrParameterDefinition/eLivingSpace.h>
 
 #include <QtCore/QList>
 #include <QtCore/QString>
+#include <QtCore/QVarLengthArray>
 
-/// What a row shows of one snapshot. Empty where the user may not read the value. The texts are those
-/// of the snapshot, shared: with their unit they are put together where they are shown.
+/// What a row shows of one snapshot. Texts are put together with their units where they are shown.
 struct SnapshotCell {
-    QString text() const { return withUnit(display); }
+    QString text() const { return value->displayWithUnit(); }
     /// The value text with unit; rows are compared by it.
-    QString undecorated() const { return withUnit(plain); }
+    QString undecorated() const { return value->undecoratedWithUnit(); }
 
-    QString display;
-    QString plain;
+    /// The empty value where the user may not read it. **Owner** what the SnapshotTable of the row holds.
+    const SnapshotValue *value = &SnapshotValue::none();
     /// The snapshot lacks the value; the display text says so.
     bool isMissing = false;
-    QString unit {};
-
-private:
-    QString withUnit(const QString &text) const
-    {
-        return unit.isEmpty() ? text : text + QLatin1Char(' ') + unit;
-    }
 };
 
 /// One line of the comparison: a parameter in one living space, or one element of a record below
@@ -33,8 +28,8 @@ struct SnapshotRow {
     ParameterCoordinate coordinate;
     quint16 element = 0;
     QString title;
-    /// One for each snapshot; none for a row that stands above elements.
-    QList<SnapshotCell> cells;
+    /// One for each snapshot; none for a row that stands above elements. Two are the rule.
+    QVarLengthArray<SnapshotCell, 2> cells;
     QList<SnapshotRow> children;
     bool isHidden = false;
 };

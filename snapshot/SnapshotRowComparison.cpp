@@ -7,7 +7,9 @@ namespace {
 /// Texts are put together with their units only where the units differ.
 bool areEqual(const SnapshotCell &a, const SnapshotCell &b)
 {
-    return a.unit == b.unit ? a.plain == b.plain : a.undecorated() == b.undecorated();
+    return a.value->units == b.value->units || a.value->scaledUnit() == b.value->scaledUnit()
+        ? a.value->undecorated == b.value->undecorated
+        : a.undecorated() == b.undecorated();
 }
 
 bool isEqualInAllColumns(const SnapshotRow &row)
@@ -18,12 +20,15 @@ bool isEqualInAllColumns(const SnapshotRow &row)
 
 void hideIfEqual(SnapshotRow &row)
 {
-    bool isHidden = row.children.isEmpty() ? isEqualInAllColumns(row) : true;
+    if (row.children.isEmpty()) {
+        row.isHidden = isEqualInAllColumns(row);
+        return;
+    }
+    row.isHidden = true;
     for (SnapshotRow &child : row.children) {
         child.isHidden = isEqualInAllColumns(child);
-        isHidden = isHidden && child.isHidden;
+        row.isHidden = row.isHidden && child.isHidden;
     }
-    row.isHidden = isHidden;
 }
 
 } // namespace

@@ -10,10 +10,12 @@
 
 #include <QtCore/QPointer>
 #include <QtCore/QSet>
+#include <QtCore/QStringBuilder>
 
 #include <algorithm>
 #include <iterator>
-#include <map>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -37,16 +39,12 @@ bool holds(const QList<T> &list, T value)
     return std::binary_search(list.cbegin(), list.cend(), value);
 }
 
-/// "2.A12", without prefix for a global parameter, with room for what is appended.
-QString placeOf(eLivingSpace livingSpace, const QString &coordinate, qsizetype room)
+/// "2.A12", without prefix for a global parameter.
+QString withPrefix(eLivingSpace livingSpace, const QString &text)
 {
-    QString place;
-    place.reserve(2 + coordinate.size() + room);
-    if (livingSpace != eLivingSpace::Global) {
-        place.append(QLatin1Char(char('0' + static_cast<qint32>(livingSpace))));
-        place.append(QLatin1Char('.'));
-    }
-    return place.append(coordinate);
+    if (livingSpace == eLivingSpace::Global)
+        return text;
+    return QLatin1Char(char('0' + static_cast<qint32>(livingSpace))) % QLatin1Char('.') % text;
 }
 
 /// As a tree sorts its items: by code units, equal titles as they come. Most rows come in order, and
@@ -75,30 +73,29 @@ int textOrder(const ParameterCoordinate &coordinate)
 /// As their texts are ordered, which is how the titles are.
 void sortByText(QList<ParameterCoordinate> &coordinates)
 {
-    const auto isBefore = [](const ParameterCoordinate &a, const ParameterCoordinate &b) {
-        return textOrder(a) < textOrder(b);
-    };
-    if (!std::is_sorted(coordinates.cbegin(), coordinates.cend(), isBefore))
-        std::sort(coordinates.begin(), coordinates.end(), isBefore);
+    using Entry = std::pair<int, ParameterCoordinate>;
+    std::vector<Entry> entries;
+    entries.reserve(static_cast<size_t>(coordinates.size()));
+    for (const ParameterCoordinate &coordinate : std::as_const(coordinates))
+        entries.emplace_back(textOrder(coordinate), coordinate);
+    std::sort(entries.begin(), entries.end());
+    std::transform(entries.cbegin(), entries.cend(), coordinates.begin(),
+        [](const Entry &entry) { return entry.second; });
 }
 
-SnapshotCell missingCell()
+std::shared_ptr<const SnapshotValue> missingValue()
 {
-    return {ParameterValueSnapshotWidget::tr("<nicht vorhanden>"), QString(), true};
+    auto value = std::make_shared<SnapshotValue>();
+    value->display = ParameterValueSnapshotWidget::tr("<nicht vorhanden>");
+    return value;
 }
 
-SnapshotCell valueCell(const SnapshotRecord &record, const SnapshotRow &row)
+SnapshotRecords recordsOf(const ParameterValueSnapshot *snapshot)
 {
-    const SnapshotValue &value = record.value(row.livingSpace, row.element);
-    return {value.display, value.undecorated, false, value.scaledUnit()};
-}
-
-/// The content, in which a parameter is looked up once for all that a row asks.
-const ParameterValueSnapshotPrivate *contentOf(const ParameterValueSnapshot *snapshot)
-{
-    return snapshot ? snapshot->findChild<const ParameterValueSnapshotPrivate *>(
-               QString(), Qt::FindDirectChildrenOnly)
-                    : nullptr;
+    const auto *content = snapshot ? snapshot->findChild<const ParameterValueSnapshotPrivate *>(
+                              QString(), Qt::FindDirectChildrenOnly)
+                                   : nullptr;
+    return content ? content->records : SnapshotRecords();
 }
 
 /// Null where the snapshot is no longer connected or its container lacks the parameter.
@@ -122,11 +119,12 @@ QList<ParameterCoordinate> differentCoordinates(
 SnapshotRowModel::SnapshotRowModel(
     const QList<ParameterValueSnapshot *> &snapshots, quint32 accessLevel)
     : m_snapshots(snapshots)
+    , m_missing(missingValue())
     , m_accessLevel(accessLevel)
 {
-    m_contents.reserve(snapshots.size());
+    m_records.reserve(snapshots.size());
     for (const ParameterValueSnapshot *snapshot : snapshots)
-        m_contents.append(contentOf(snapshot));
+        m_records.append(recordsOf(snapshot));
 }
 
 QList<ParameterCoordinate> SnapshotRowModel::coordinates() const
@@ -144,85 +142,93 @@ QList<ParameterCoordinate> SnapshotRowModel::coordinates() const
     return result.values();
 }
 
-QList<SnapshotRow> SnapshotRowModel::rows(const QList<ParameterCoordinate> &coordinates) const
+SnapshotTable SnapshotRowModel::table(const QList<ParameterCoordinate> &coordinates) const
 {
     FillingProgress untold({});
-    return rows(coordinates, untold);
+    return table(coordinates, untold);
 }
 
-QList<SnapshotRow> SnapshotRowModel::rows(
+/// Ascending by title: the coordinates are, and a blank stands before every digit.
+SnapshotTable SnapshotRowModel::table(
     QList<ParameterCoordinate> coordinates, FillingProgress &progress) const
 {
     sortByText(coordinates);
-    std::map<eLivingSpace, QList<SnapshotRow>> rowsOfLivingSpace;
-    for (qsizetype i = 0; i < coordinates.size(); ++i) {
-        if (!progress.advance(FillingProgress::MakingRows, i, coordinates.size()))
+    QList<Parameter> parameters;
+    parameters.reserve(coordinates.size());
+    RowNumbers numbers;
+    for (const ParameterCoordinate &coordinate : std::as_const(coordinates)) {
+        parameters.append(parameter(coordinate));
+        for (const eLivingSpace livingSpace : std::as_const(parameters.last().livingSpaces))
+            ++numbers[livingSpace];
+    }
+    const qsizetype count = toFirstRows(numbers);
+    SnapshotTable result {QList<SnapshotRow>(count), m_records, m_missing};
+    for (qsizetype i = 0; i < parameters.size(); ++i) {
+        if (!progress.advance(FillingProgress::MakingRows, i, parameters.size()))
             return {};
-        for (SnapshotRow &row : parameterRows(coordinates.at(i))) {
-            QList<SnapshotRow> &rows = rowsOfLivingSpace[row.livingSpace];
-            if (rows.isEmpty())
-                rows.reserve(coordinates.size());
-            rows.append(std::move(row));
-        }
+        fillRows(result.rows, numbers, parameters.at(i));
     }
-    // A title without prefix stands behind those that begin with a digit.
-    QList<SnapshotRow> globalRows = std::move(rowsOfLivingSpace[eLivingSpace::Global]);
-    rowsOfLivingSpace.erase(eLivingSpace::Global);
-    QList<SnapshotRow> result;
-    for (auto &[livingSpace, rows] : rowsOfLivingSpace)
-        result.append(std::move(rows));
-    // Ascending by title already: the coordinates are, and a blank stands before every digit.
-    result.append(std::move(globalRows));
     return result;
 }
 
-QList<SnapshotRow> SnapshotRowModel::parameterRows(const ParameterCoordinate &coordinate) const
+qsizetype SnapshotRowModel::toFirstRows(RowNumbers &numbers)
 {
-    const Holdings holdings = holdingsOf(coordinate);
-    QList<eLivingSpace> livingSpaces;
-    QList<quint16> elements;
-    for (const Holding &holding : holdings) {
-        if (!holding.record)
+    qsizetype count = 0;
+    for (auto &[livingSpace, number] : numbers)
+        count += std::exchange(number, count);
+    return count;
+}
+
+SnapshotRowModel::Parameter SnapshotRowModel::parameter(const ParameterCoordinate &coordinate) const
+{
+    Parameter result {coordinate, {}, {}, {}};
+    for (const SnapshotRecords &records : m_records) {
+        const auto found = records.constFind(coordinate);
+        const SnapshotRecord *record = found == records.cend() ? nullptr : &*found;
+        result.holdings.append({record});
+        if (!record)
             continue;
-        livingSpaces = united(livingSpaces, holding.record->layout().livingSpaces);
-        elements = united(elements, holding.record->layout().elements);
-    }
-    const bool isSimple = elements.size() == 1 && elements.first() == 0;
-    const QString text = coordinate.toText();
-    const QString name = parameterName(coordinate, holdings);
-    QList<SnapshotRow> result;
-    result.reserve(livingSpaces.size());
-    for (const eLivingSpace livingSpace : std::as_const(livingSpaces)) {
-        SnapshotRow row;
-        row.livingSpace = livingSpace;
-        row.coordinate = coordinate;
-        row.title = placeOf(livingSpace, text, 1 + name.size());
-        if (isSimple)
-            row.cells = parameterCells(row, holdings);
-        else
-            row.children = elementRows(row, row.title, elements, holdings);
-        if (!name.isEmpty())
-            row.title.append(QLatin1Char(' ')).append(name);
-        result.append(std::move(row));
+        result.livingSpaces = united(result.livingSpaces, record->layout().livingSpaces);
+        result.elements = united(result.elements, record->layout().elements);
     }
     return result;
 }
 
-QList<SnapshotRow> SnapshotRowModel::elementRows(const SnapshotRow &parent, const QString &place,
-    const QList<quint16> &elements, const Holdings &holdings) const
+void SnapshotRowModel::fillRows(
+    QList<SnapshotRow> &rows, RowNumbers &numbers, const Parameter &parameter) const
+{
+    const QString place = parameter.coordinate.toText();
+    const QString name = parameterName(parameter);
+    const QString title = name.isEmpty() ? place : place % QLatin1Char(' ') % name;
+    for (const eLivingSpace livingSpace : parameter.livingSpaces) {
+        SnapshotRow &row = rows[numbers[livingSpace]++];
+        row.livingSpace = livingSpace;
+        row.coordinate = parameter.coordinate;
+        row.title = withPrefix(livingSpace, title);
+        if (!parameter.isSimple()) {
+            row.children = elementRows(parameter, livingSpace, withPrefix(livingSpace, place));
+            continue;
+        }
+        for (const Holding &holding : parameter.holdings)
+            row.cells.append(parameterCell(holding, livingSpace));
+    }
+}
+
+QList<SnapshotRow> SnapshotRowModel::elementRows(
+    const Parameter &parameter, eLivingSpace livingSpace, const QString &place) const
 {
     QList<SnapshotRow> result;
-    result.reserve(elements.size());
-    for (const quint16 element : elements) {
-        SnapshotRow row;
-        row.livingSpace = parent.livingSpace;
-        row.coordinate = parent.coordinate;
+    result.reserve(parameter.elements.size());
+    for (const quint16 element : parameter.elements) {
+        SnapshotRow &row = result.emplaceBack();
+        row.livingSpace = livingSpace;
+        row.coordinate = parameter.coordinate;
         row.element = element;
         // Deliberate: an element without name keeps the blank in front of it, a parameter does not.
-        row.title = place + QLatin1Char('[') + QString::number(element) + QLatin1String("] ")
-            + elementName(parent.coordinate, element);
-        row.cells = elementCells(row, holdings);
-        result.append(std::move(row));
+        row.title = place % QLatin1Char('[') % QString::number(element) % QLatin1String("] ")
+            % elementName(parameter, element);
+        for (const Holding &holding : parameter.holdings)
+            row.cells.append(elementCell(holding, livingSpace, element));
     }
     sortByTitle(result);
     return result;
@@ -238,44 +244,22 @@ bool SnapshotRowModel::Holding::hasElement(quint16 element) const
     return record && holds(record->layout().elements, element);
 }
 
-SnapshotRowModel::Holdings SnapshotRowModel::holdingsOf(const ParameterCoordinate &coordinate) const
+SnapshotCell SnapshotRowModel::parameterCell(const Holding &holding, eLivingSpace livingSpace) const
 {
-    Holdings result;
-    for (const ParameterValueSnapshotPrivate *content : m_contents)
-        result.append({content ? content->record(coordinate) : nullptr});
-    return result;
+    if (!isReadable(holding, 0))
+        return {};
+    return holding.hasLivingSpace(livingSpace)
+        ? SnapshotCell {&holding.record->value(livingSpace, 0)}
+        : missingCell();
 }
 
-QList<SnapshotCell> SnapshotRowModel::parameterCells(
-    const SnapshotRow &row, const Holdings &holdings) const
+SnapshotCell SnapshotRowModel::elementCell(
+    const Holding &holding, eLivingSpace livingSpace, quint16 element) const
 {
-    QList<SnapshotCell> cells;
-    cells.reserve(holdings.size());
-    for (const Holding &holding : holdings) {
-        if (!isReadable(holding, 0))
-            cells.append(SnapshotCell());
-        else if (!holding.hasLivingSpace(row.livingSpace))
-            cells.append(missingCell());
-        else
-            cells.append(valueCell(*holding.record, row));
-    }
-    return cells;
-}
-
-QList<SnapshotCell> SnapshotRowModel::elementCells(
-    const SnapshotRow &row, const Holdings &holdings) const
-{
-    QList<SnapshotCell> cells;
-    cells.reserve(holdings.size());
-    for (const Holding &holding : holdings) {
-        if (!isReadable(holding, row.element))
-            cells.append(SnapshotCell());
-        else if (!holding.hasElement(row.element))
-            cells.append(missingCell());
-        else
-            cells.append(valueCell(*holding.record, row));
-    }
-    return cells;
+    if (!isReadable(holding, element))
+        return {};
+    return holding.hasElement(element) ? SnapshotCell {&holding.record->value(livingSpace, element)}
+                                       : missingCell();
 }
 
 bool SnapshotRowModel::isReadable(const Holding &holding, quint16 element) const
@@ -285,19 +269,18 @@ bool SnapshotRowModel::isReadable(const Holding &holding, quint16 element) const
 
 /// The living container knows the name in the active language; the first snapshot keeps the one of
 /// its time.
-QString SnapshotRowModel::parameterName(
-    const ParameterCoordinate &coordinate, const Holdings &holdings) const
+QString SnapshotRowModel::parameterName(const Parameter &parameter) const
 {
-    if (const auto information = connectedInformation(m_snapshots.value(0), coordinate))
+    if (const auto information = connectedInformation(m_snapshots.value(0), parameter.coordinate))
         return information->name().longText();
-    const SnapshotRecord *first = holdings.isEmpty() ? nullptr : holdings.first().record;
+    const SnapshotRecord *first = parameter.holdings.value(0).record;
     return first ? first->name() : QString();
 }
 
-QString SnapshotRowModel::elementName(const ParameterCoordinate &coordinate, quint16 element) const
+QString SnapshotRowModel::elementName(const Parameter &parameter, quint16 element) const
 {
-    const ParameterValueSnapshot *first = m_snapshots.value(0);
-    if (const auto information = connectedInformation(first, coordinate))
+    if (const auto information = connectedInformation(m_snapshots.value(0), parameter.coordinate))
         return information->elementName(element).longText();
-    return first ? first->elementName(coordinate, element) : QString();
+    const SnapshotRecord *first = parameter.holdings.value(0).record;
+    return first ? first->elementName(element) : QString();
 }

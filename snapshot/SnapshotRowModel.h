@@ -1,15 +1,16 @@
 #pragma once
 
-#include "snapshot/SnapshotRow.h"
+#include "snapshot/SnapshotTable.h"
 
 #include <QtCore/QList>
-#include <QtCore/QVarLengthArray>
 #include <QtCore/QString>
+#include <QtCore/QVarLengthArray>
+
+#include <map>
+#include <memory>
 
 class FillingProgress;
 class ParameterValueSnapshot;
-class ParameterValueSnapshotPrivate;
-class SnapshotRecord;
 
 /// Makes the rows that show snapshots side by side.
 class SnapshotRowModel {
@@ -20,13 +21,21 @@ public:
     /// Of one snapshot all coordinates, of several those that differ between neighbours; in no
     /// particular order.
     QList<ParameterCoordinate> coordinates() const;
-    /// The rows of the coordinates, ascending by title on both levels, none hidden.
-    QList<SnapshotRow> rows(const QList<ParameterCoordinate> &coordinates) const;
-    /// None where the progress is ended.
-    QList<SnapshotRow> rows(
-        QList<ParameterCoordinate> coordinates, FillingProgress &progress) const;
+    /// The rows of the coordinates, none hidden.
+    SnapshotTable table(const QList<ParameterCoordinate> &coordinates) const;
+    /// No rows where the progress is ended.
+    SnapshotTable table(QList<ParameterCoordinate> coordinates, FillingProgress &progress) const;
 
 private:
+    /// A title without prefix stands behind those that begin with a digit.
+    struct GlobalIsLast {
+        bool operator()(eLivingSpace a, eLivingSpace b) const
+        {
+            return a != eLivingSpace::Global && (b == eLivingSpace::Global || a < b);
+        }
+    };
+    using RowNumbers = std::map<eLivingSpace, qsizetype, GlobalIsLast>;
+
     /// What a snapshot has of one parameter.
     struct Holding {
         bool hasLivingSpace(eLivingSpace livingSpace) const;
@@ -35,22 +44,37 @@ private:
         /// Null where it lacks the parameter, and for a snapshot that is gone.
         const SnapshotRecord *record = nullptr;
     };
-    using Holdings = QVarLengthArray<Holding, 8>;
 
-    /// One for each living space, ascending.
-    QList<SnapshotRow> parameterRows(const ParameterCoordinate &coordinate) const;
-    QList<SnapshotRow> elementRows(const SnapshotRow &parent, const QString &place,
-        const QList<quint16> &elements, const Holdings &holdings) const;
-    Holdings holdingsOf(const ParameterCoordinate &coordinate) const;
-    QList<SnapshotCell> parameterCells(const SnapshotRow &row, const Holdings &holdings) const;
-    QList<SnapshotCell> elementCells(const SnapshotRow &row, const Holdings &holdings) const;
+    /// What all snapshots have of it. Both lists are ascending.
+    struct Parameter {
+        bool isSimple() const { return elements.size() == 1 && elements.first() == 0; }
+
+        ParameterCoordinate coordinate;
+        QVarLengthArray<Holding, 2> holdings;
+        QList<eLivingSpace> livingSpaces;
+        QList<quint16> elements;
+    };
+
+    /// Turns how many rows each living space has into the number of its first one. Answers how many
+    /// there are in all.
+    static qsizetype toFirstRows(RowNumbers &numbers);
+    Parameter parameter(const ParameterCoordinate &coordinate) const;
+    /// Each into the place that its living space has next.
+    void fillRows(QList<SnapshotRow> &rows, RowNumbers &numbers, const Parameter &parameter) const;
+    QList<SnapshotRow> elementRows(
+        const Parameter &parameter, eLivingSpace livingSpace, const QString &place) const;
+    SnapshotCell parameterCell(const Holding &holding, eLivingSpace livingSpace) const;
+    SnapshotCell elementCell(
+        const Holding &holding, eLivingSpace livingSpace, quint16 element) const;
+    SnapshotCell missingCell() const { return {m_missing.get(), true}; }
     /// What a snapshot lacks has no level.
     bool isReadable(const Holding &holding, quint16 element) const;
-    QString parameterName(const ParameterCoordinate &coordinate, const Holdings &holdings) const;
-    QString elementName(const ParameterCoordinate &coordinate, quint16 element) const;
+    QString parameterName(const Parameter &parameter) const;
+    QString elementName(const Parameter &parameter, quint16 element) const;
 
     QList<ParameterValueSnapshot *> m_snapshots;
-    /// Theirs; null for one that is gone.
-    QList<const ParameterValueSnapshotPrivate *> m_contents;
+    /// Theirs; none for one that is gone.
+    QList<SnapshotRecords> m_records;
+    std::shared_ptr<const SnapshotValue> m_missing;
     quint32 m_accessLevel;
 };

@@ -7,13 +7,23 @@
 
 namespace {
 
-CoordinateItem *coordinateItem(const SnapshotRow &row, const QBrush &missing)
+using Table = std::shared_ptr<const SnapshotTable>;
+
+/// A pointer to the row that holds the table.
+std::shared_ptr<const SnapshotRow> heldRow(const Table &table, const SnapshotRow &row)
 {
-    auto *item = new CoordinateItem(row, missing);
+    return {table, &row};
+}
+
+CoordinateItem *coordinateItem(const Table &table, const SnapshotRow &row, const QBrush &missing)
+{
+    auto *item = new CoordinateItem(heldRow(table, row), missing);
+    if (row.children.isEmpty())
+        return item;
     QList<QTreeWidgetItem *> children;
     children.reserve(row.children.size());
     for (const SnapshotRow &child : row.children)
-        children.append(new ElementTreeWidgetItem(child, missing));
+        children.append(new ElementTreeWidgetItem(heldRow(table, child), missing));
     item->addChildren(children);
     return item;
 }
@@ -33,8 +43,9 @@ void hideRows(QTreeWidget &tree, const QList<SnapshotRow> &rows, const QModelInd
 } // namespace
 
 CoordinateItems SnapshotTreeFilling::fill(
-    QTreeWidget &tree, const QList<SnapshotRow> &rows, FillingProgress &progress)
+    QTreeWidget &tree, const Table &table, FillingProgress &progress)
 {
+    const QList<SnapshotRow> &rows = table->rows;
     const QBrush missing(tree.palette().color(QPalette::Disabled, QPalette::ButtonText));
     CoordinateItems items;
     items.reserve(rows.size());
@@ -45,7 +56,7 @@ CoordinateItems SnapshotTreeFilling::fill(
             qDeleteAll(topLevel);
             return {};
         }
-        CoordinateItem *item = coordinateItem(row, missing);
+        CoordinateItem *item = coordinateItem(table, row, missing);
         items.insert({row.livingSpace, row.coordinate}, item);
         topLevel.append(item);
     }

@@ -1,9 +1,10 @@
 #pragma once
 
-#include "snapshot/SnapshotRow.h"
+#include "snapshot/SnapshotTable.h"
 
 #include <QtCore/QHash>
-#include <QtCore/QList>
+
+#include <memory>
 
 class CoordinateItem;
 class FillingProgress;
@@ -30,6 +31,6 @@ public:
     /// The rows stand in the order in which they are shown; column widths follow the contents.
     /// The items are made detached and inserted at once: a tree that is told of each cell takes
     /// several times as long. Inserts none where the progress is ended.
-    static CoordinateItems fill(
-        QTreeWidget &tree, const QList<SnapshotRow> &rows, FillingProgress &progress);
+    static CoordinateItems fill(QTreeWidget &tree,
+        const std::shared_ptr<const SnapshotTable> &table, FillingProgress &progress);
 };

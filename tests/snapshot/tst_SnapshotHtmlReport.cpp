@@ -1,4 +1,5 @@
 #include "snapshot/SnapshotHtmlReport.h"
+#include "tests/snapshot/SnapshotCells.h"
 #include "tests/support/GoldenFile.h"
 
 #include <QtTest/QTest>
@@ -27,7 +28,7 @@ SnapshotRow row(const QString &title, const QStringList &texts)
     SnapshotRow result;
     result.title = title;
     for (const QString &text : texts)
-        result.cells.append({text, text, false});
+        result.cells.append(snapshotCell(text, text));
     return result;
 }
 
@@ -115,8 +116,8 @@ void tst_SnapshotHtmlReport::escaping()
 void tst_SnapshotHtmlReport::unitOfACell()
 {
     SnapshotRow row;
-    row.cells = {{QStringLiteral("5 < 6"), QStringLiteral("5"), false, QStringLiteral("m&s")},
-        {QString(), QString(), false, QStringLiteral("A")}};
+    row.cells = {snapshotCell(QStringLiteral("5 < 6"), QStringLiteral("5"), QStringLiteral("m&s")),
+        snapshotCell(QString(), QString(), QStringLiteral("A"))};
     const QString html = SnapshotHtmlReport::document(
         QString(), {QString(), QString(), QString()}, {row}, eForm::Report);
     QVERIFY(html.contains(QStringLiteral("<td>5 &lt; 6 m&amp;s</td>\n<td> A</td>\n")));

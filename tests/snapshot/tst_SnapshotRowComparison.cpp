@@ -1,4 +1,5 @@
 #include "snapshot/SnapshotRowComparison.h"
+#include "tests/snapshot/SnapshotCells.h"
 
 #include <QtTest/QTest>
 
@@ -25,7 +26,7 @@ SnapshotRow row(const QString &cells)
     SnapshotRow result;
     const QStringList texts = cells.split(QLatin1Char('|'));
     for (const QString &text : texts)
-        result.cells.append({QStringLiteral("shown"), text, false});
+        result.cells.append(snapshotCell(QStringLiteral("shown"), text));
     return result;
 }
 
@@ -63,7 +64,7 @@ void tst_SnapshotRowComparison::parameter()
 void tst_SnapshotRowComparison::shownTextPlaysNoPart()
 {
     SnapshotRow missing = row(QStringLiteral("|"));
-    missing.cells[1].display = QStringLiteral("<nicht vorhanden>");
+    missing.cells[1] = snapshotCell(QStringLiteral("<nicht vorhanden>"), QString());
     missing.cells[1].isMissing = true;
     QVERIFY(hidden({missing}, 2).first().isHidden);
 }
@@ -74,8 +75,7 @@ void tst_SnapshotRowComparison::unitIsPartOfTheText_data()
     QTest::addColumn<SnapshotCell>("right");
     QTest::addColumn<bool>("isHidden");
     const auto cell = [](const char *text, const char *unit) {
-        return SnapshotCell {
-            QString(), QString::fromLatin1(text), false, QString::fromLatin1(unit)};
+        return snapshotCell(QString(), QString::fromLatin1(text), QString::fromLatin1(unit));
     };
     QTest::newRow("both alike") << cell("1", "A") << cell("1", "A") << true;
     QTest::newRow("another unit") << cell("1", "A") << cell("1", "mA") << false;

@@ -51,7 +51,7 @@ QStringList rowTexts(
 {
     const SnapshotRowModel model(snapshots, accessLevel);
     QStringList texts;
-    appendTexts(texts, model.rows(model.coordinates()), QString());
+    appendTexts(texts, model.table(model.coordinates()).rows, QString());
     return texts;
 }
 
@@ -142,7 +142,8 @@ void tst_SnapshotRowModel::missingParameter()
         QStringLiteral("1.A00|<nicht vorhanden>|11 rpm"));
 
     const SnapshotRowModel model({before.get(), after.get()}, HighLevel);
-    const SnapshotRow row = model.rows(model.coordinates()).first();
+    const SnapshotTable table = model.table(model.coordinates());
+    const SnapshotRow row = table.rows.first();
     QVERIFY(!row.cells.at(0).isMissing);
     QVERIFY(row.cells.at(1).isMissing);
     QCOMPARE(row.cells.at(1).undecorated(), QString());
@@ -179,7 +180,8 @@ void tst_SnapshotRowModel::missingLivingSpace()
         (QStringList {QStringLiteral("1.A00 Speed|11 rpm|11 rpm"),
             QStringLiteral("2.A00 Speed|12 rpm|<nicht vorhanden>")}));
     const SnapshotRowModel model({before.get(), after.get()}, HighLevel);
-    const SnapshotRow row = model.rows(model.coordinates()).last();
+    const SnapshotTable table = model.table(model.coordinates());
+    const SnapshotRow row = table.rows.last();
     QVERIFY(!row.cells.at(0).isMissing);
     QVERIFY(row.cells.at(1).isMissing);
     QCOMPARE(row.cells.at(1).undecorated(), QString());
@@ -204,7 +206,8 @@ void tst_SnapshotRowModel::missingLivingSpaceOfARecord()
             QStringLiteral("C02 Table"), QStringLiteral(" C02[1] First||0"),
             QStringLiteral(" C02[2] Second||0")}));
     const SnapshotRowModel model({before.get(), after.get()}, HighLevel);
-    QVERIFY(!model.rows(model.coordinates()).first().children.first().cells.at(1).isMissing);
+    const SnapshotTable table = model.table(model.coordinates());
+    QVERIFY(!table.rows.first().children.first().cells.at(1).isMissing);
 }
 
 /// A snapshot keeps the values of all living spaces, also of those that the host left out.
@@ -277,7 +280,8 @@ void tst_SnapshotRowModel::undecoratedTexts()
     fixture.write(0, "A00", 0, QStringLiteral("7"));
     const auto snapshot = taken(fixture);
     const SnapshotRowModel model({snapshot.get()}, HighLevel);
-    const SnapshotCell cell = model.rows(model.coordinates()).first().cells.first();
+    const SnapshotTable table = model.table(model.coordinates());
+    const SnapshotCell cell = table.rows.first().cells.first();
     QCOMPARE(cell.text(), QStringLiteral("<offline> rpm"));
     QCOMPARE(cell.undecorated(), QStringLiteral("7 rpm"));
     QVERIFY(!cell.isMissing);

@@ -22,6 +22,7 @@ private Q_SLOTS:
     void threeSnapshots();
     void changedAndBack();
     void missingInTheMiddle();
+    void rowsStayWithoutTheirSnapshots();
     void stepwise();
     void stepwiseUntilEnded_data();
     void stepwiseUntilEnded();
@@ -134,6 +135,32 @@ void tst_SnapshotWidgetInUse::missingInTheMiddle()
     const QTreeWidgetItem *item = tree()->topLevelItem(0);
     QVERIFY(item->foreground(2) != QBrush());
     QCOMPARE(item->foreground(3), QBrush());
+}
+
+/// What is shown stays until the next filling, whatever becomes of the snapshots; a row that somebody
+/// took out of the tree stays even longer.
+void tst_SnapshotWidgetInUse::rowsStayWithoutTheirSnapshots()
+{
+    append("eins");
+    m_fixture->write(0, "A01", 0, QStringLiteral("21"));
+    m_fixture->container->deleteParameter(QStringLiteral("S;{A03}"));
+    append("zwei");
+    m_widget->update();
+    const QString report = m_widget->report();
+    m_fixture->container->clear();
+    m_snapshots.front()->applyNoFilter();
+    m_snapshots.pop_back();
+    QCOMPARE(visibleRows(),
+        (QStringList {
+            QStringLiteral("A01 Speed|11|21"), QStringLiteral("A03 Speed|13|<nicht vorhanden>")}));
+    QCOMPARE(m_widget->report(), report);
+
+    const std::unique_ptr<QTreeWidgetItem> item(tree()->takeTopLevelItem(1));
+    m_widget.reset();
+    m_snapshots.clear();
+    QCOMPARE(item->text(0), QStringLiteral("A03 Speed"));
+    QCOMPARE(item->text(1), QStringLiteral("13"));
+    QCOMPARE(item->text(2), QStringLiteral("<nicht vorhanden>"));
 }
 
 /// With Shift from one row to another, with Control one by one, and all at once.
