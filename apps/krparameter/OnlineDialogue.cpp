@@ -1,5 +1,6 @@
 #include "apps/krparameter/OnlineDialogue.h"
 
+#include "apps/host/ActionForm.h"
 #include "apps/host/DriveProject.h"
 #include "apps/host/TrialCopy.h"
 #include "apps/krparameter/CommandLine.h"
@@ -10,7 +11,6 @@
 #include "apps/krparameter/Session.h"
 #include "apps/krparameter/SetCommand.h"
 #include "apps/krparameter/ValueView.h"
-#include "apps/simulation/DriveAction.h"
 
 #include <KrParameterInstance/ParameterSetup.h>
 
@@ -183,7 +183,7 @@ eExitCode OnlineDialogue::action(const QString &word, int seconds)
     ParameterContainer &container = m_session.project().container();
     const ValuePlace control {places.constFirst().coordinate, places.constFirst().livingSpace, 0};
     const auto parameter = container.parameterInformation(control.coordinate);
-    if (!DriveAction::isAction(*parameter)) {
+    if (!ActionForm::isAction(*parameter)) {
         return m_session.fail(
             eExitCode::Usage, tr("Parameter %1 ist keine Aktion").arg(control.coordinate.toText()));
     }
@@ -196,15 +196,15 @@ eExitCode OnlineDialogue::action(const QString &word, int seconds)
     OnlineAction action(container, *m_online, control);
     QObject::connect(&action, &OnlineAction::noted, &action,
         [this](const QString &line) { m_console.report(line); });
-    const OnlineAction::eEnd end = action.run(seconds);
-    if (end == OnlineAction::eEnd::Done || end == OnlineAction::eEnd::BrokenOff) {
+    const std::optional<ActionRun::eEnd> end = action.run(seconds);
+    if (end == ActionRun::eEnd::Done || end == ActionRun::eEnd::BrokenOff) {
         if (isJson())
             m_console.writeLine({{QStringLiteral("address"), view.address()},
                 {QStringLiteral("state"), action.stateText()}});
         else
             m_console.writeLine(ValueView::singleLine(action.stateText()));
     }
-    return end == OnlineAction::eEnd::Done ? eExitCode::Good : failAsEnded(end, view);
+    return end == ActionRun::eEnd::Done ? eExitCode::Good : failAsEnded(end, view);
 }
 
 eExitCode OnlineDialogue::upload()
@@ -272,27 +272,29 @@ eExitCode OnlineDialogue::failAsGone(eExitCode code)
     return m_session.fail(code, tr("der Antrieb ist fort: %1").arg(m_failure));
 }
 
-eExitCode OnlineDialogue::failAsEnded(OnlineAction::eEnd end, const ValueView &control)
+eExitCode OnlineDialogue::failAsEnded(std::optional<ActionRun::eEnd> end, const ValueView &control)
 {
-    switch (end) {
-    case OnlineAction::eEnd::Done:
-        break;
-    case OnlineAction::eEnd::NotStartable:
-        return m_session.fail(eExitCode::NotWritable,
-            tr("die Aktion %1 ist im Zustand des Antriebs nicht startbar").arg(control.address()));
-    case OnlineAction::eEnd::NotStarted:
-        return m_session.fail(eExitCode::ValueRejected,
-            tr("die Aktion %1 wurde nicht gestartet").arg(control.address()));
-    case OnlineAction::eEnd::StartLost:
-        return m_session.fail(eExitCode::WriteFailed,
-            tr("ob die Aktion %1 gestartet wurde, ist nicht bekannt").arg(control.address()));
-    case OnlineAction::eEnd::BrokenOff:
-        return m_session.fail(
-            eExitCode::ValueRejected, tr("die Aktion %1 endete vor 100 %").arg(control.address()));
-    case OnlineAction::eEnd::StillRunning:
+    if (!end) {
         return m_session.fail(
             eExitCode::UnreadableInput, tr("die Aktion %1 läuft noch").arg(control.address()));
-    case OnlineAction::eEnd::DriveGone:
+    }
+    switch (*end) {
+    case ActionRun::eEnd::Done:
+        break;
+    case ActionRun::eEnd::NotStartable:
+        return m_session.fail(eExitCode::NotWritable,
+            tr("die Aktion %1 ist im Zustand des Antriebs nicht startbar").arg(control.address()));
+    case ActionRun::eEnd::NotStarted:
+        return m_session.fail(eExitCode::ValueRejected,
+            tr("die Aktion %1 wurde nicht gestartet").arg(control.address()));
+    case ActionRun::eEnd::StartLost:
+        return m_session.fail(eExitCode::WriteFailed,
+            tr("ob die Aktion %1 gestartet wurde, ist nicht bekannt").arg(control.address()));
+    case ActionRun::eEnd::BrokenOff:
+        return m_session.fail(
+            eExitCode::ValueRejected, tr("die Aktion %1 endete vor 100 %").arg(control.address()));
+    case ActionRun::eEnd::DriveGone:
+    case ActionRun::eEnd::Vanished: // Nothing deletes parameters here.
         return failAsGone(eExitCode::UnreadableInput);
     }
     return eExitCode::Good;

@@ -50,7 +50,7 @@ private:
     eExitCode readWhole();
     eExitCode failAsGone(eExitCode code);
     /// Why an action did not come to its end.
-    eExitCode failAsEnded(OnlineAction::eEnd end, const ValueView &control);
+    eExitCode failAsEnded(std::optional<ActionRun::eEnd> end, const ValueView &control);
     eExitCode placesOf(const QStringList &words, QList<ValuePlace> &places);
     void show(const OnlineOutcome &outcome, eShow what);
     void showValue(const ValuePlace &place, TrialCopy &trial);

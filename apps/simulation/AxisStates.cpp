@@ -1,6 +1,6 @@
 #include "apps/simulation/AxisStates.h"
 
-#include "apps/simulation/DeviceState.h"
+#include "apps/host/DeviceState.h"
 
 void AxisStates::advance(eLivingSpace livingSpace, int from, int to)
 {

@@ -1,7 +1,8 @@
 #include "apps/simulation/DriveAction.h"
 
+#include "apps/host/ActionForm.h"
+#include "apps/host/DeviceState.h"
 #include "apps/simulation/AxisStates.h"
-#include "apps/simulation/DeviceState.h"
 
 #include <KrParameterInstance/ParameterContainer.h>
 #include <KrParameterInstance/ParameterInformation.h>
@@ -16,33 +17,8 @@ constexpr int NoResult = 0;
 constexpr int Successful = 1;
 constexpr int Aborted = 2;
 constexpr int LastPercent = 100;
-constexpr int RequiresEnableOff = 1;
-
-bool isWithoutStorage(const ParameterInformation &parameter, quint16 element, bool isReadOnly)
-{
-    using P = eParameterProperty;
-    return parameter.elementProperty(element, P::MemoryAllocation).asInt32() == 1
-        && (parameter.elementProperty(element, P::NoWrite).asInt32() != 0) == isReadOnly;
-}
-
-/// Other records begin with a command too: an error history with the number of its entries, which a
-/// written 0 deletes.
-bool isSwitch(const ParameterInformation &parameter, quint16 element)
-{
-    using P = eParameterProperty;
-    const ParameterProperty lower = parameter.elementProperty(element, P::LowerLimitValue);
-    const ParameterProperty upper = parameter.elementProperty(element, P::UpperLimitValue);
-    return lower.isValid() && upper.isValid() && lower.asInt32() == 0 && upper.asInt32() == 1;
-}
 
 } // namespace
-
-bool DriveAction::isAction(const ParameterInformation &parameter)
-{
-    return parameter.isRecordParameter() && isWithoutStorage(parameter, ControlElement, false)
-        && isSwitch(parameter, ControlElement) && isWithoutStorage(parameter, ProgressElement, true)
-        && isWithoutStorage(parameter, ResultElement, true);
-}
 
 DriveAction::DriveAction(ParameterContainer &container, AxisStates &states,
     const ParameterCoordinate &coordinate, eLivingSpace livingSpace)
@@ -95,10 +71,7 @@ void DriveAction::step()
 bool DriveAction::needsDisabledAxis() const
 {
     const auto parameter = m_container.parameterInformation(m_coordinate);
-    return parameter
-        && parameter->elementProperty(ControlElement, eParameterProperty::EnableOffRequired)
-               .asInt32()
-        == RequiresEnableOff;
+    return parameter && ActionForm::needsDisabledAxis(*parameter);
 }
 
 void DriveAction::end(int result)

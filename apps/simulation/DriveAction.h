@@ -4,16 +4,11 @@
 
 class AxisStates;
 class ParameterContainer;
-class ParameterInformation;
 
 /// A procedure of the simulated drive behind a record parameter: element 0 starts it and tells that it
 /// runs, element 1 counts to 100, element 2 has the result.
 class DriveAction {
 public:
-    /// Whether the parameter is one: a record whose element 0 is a command that takes 0 and 1 and whose
-    /// elements 1 and 2 are only read, all of them without storage.
-    static bool isAction(const ParameterInformation &parameter);
-
     /// **Owner** the caller; container and states outlive the action.
     DriveAction(ParameterContainer &container, AxisStates &states,
         const ParameterCoordinate &coordinate, eLivingSpace livingSpace);

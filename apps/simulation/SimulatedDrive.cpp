@@ -2,7 +2,8 @@
 
 #include "apps/host/DriveProject.h"
 #include "apps/online/RegisterBytes.h"
-#include "apps/simulation/DeviceState.h"
+#include "apps/host/ActionForm.h"
+#include "apps/host/DeviceState.h"
 #include "apps/simulation/WriteCheck.h"
 
 #include <KrFirmware/ServoDriveFirmware.h>
@@ -107,7 +108,7 @@ void SimulatedDrive::findInhabitants()
         const ParameterCoordinate &coordinate = value.place.coordinate;
         const auto parameter = m_container.parameterInformation(coordinate);
         if (coordinate != last)
-            isAction = DriveAction::isAction(*parameter);
+            isAction = ActionForm::isAction(*parameter);
         last = coordinate;
         if (isAction && value.place.element == 0)
             m_actions.emplace_back(m_container, m_states, coordinate, value.place.livingSpace);

@@ -1,3 +1,4 @@
+#include "apps/host/ActionForm.h"
 #include "apps/host/ShippedDescriptions.h"
 #include "apps/simulation/SimulatedDrive.h"
 #include "tests/online/OnlineDevice.h"
@@ -324,7 +325,7 @@ void tst_SimulatedDrive::knowsActions()
 {
     const Setting s;
     const auto isAction = [&s](const char *text) {
-        return DriveAction::isAction(*s.project->container().parameterInformation(at(text)));
+        return ActionForm::isAction(*s.project->container().parameterInformation(at(text)));
     };
     QVERIFY(isAction("C01"));
     QVERIFY(!isAction("B01"));
@@ -354,7 +355,7 @@ void tst_SimulatedDrive::knowsTheActionsOfShippedDevices()
     QList<ParameterCoordinate> coordinates = project->container().parameterList();
     std::sort(coordinates.begin(), coordinates.end());
     for (const ParameterCoordinate &coordinate : std::as_const(coordinates)) {
-        if (DriveAction::isAction(*project->container().parameterInformation(coordinate)))
+        if (ActionForm::isAction(*project->container().parameterInformation(coordinate)))
             found.append(coordinate.toText());
     }
     // N02, the error history, is none though its number can be written.

@@ -5,7 +5,7 @@
 
 class ParameterContainer;
 
-/// The state of an axis of the simulated drive, "E48". A drive without it is in state -1.
+/// The state of a drive's axis, "E48". A drive without it is in state -1.
 namespace DeviceState {
 
 /// "E48".

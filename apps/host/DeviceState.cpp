@@ -1,4 +1,4 @@
-#include "apps/simulation/DeviceState.h"
+#include "apps/host/DeviceState.h"
 
 #include <KrParameterInstance/ParameterContainer.h>
 
