@@ -2,6 +2,57 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="de">
 <context>
+    <name>ActionStarter</name>
+    <message>
+        <source>Die gewählte Zeile gehört zu keiner Aktion.</source>
+        <translation>The chosen row belongs to no action.</translation>
+    </message>
+    <message>
+        <source>Eine Aktion startet nur online.</source>
+        <translation>An action starts online only.</translation>
+    </message>
+    <message>
+        <source>Das Gerät ist auf nur lesen gestellt.</source>
+        <translation>The device is set to read only.</translation>
+    </message>
+    <message>
+        <source>Die Aktion läuft.</source>
+        <translation>The action is running.</translation>
+    </message>
+    <message>
+        <source>Die Zugriffsstufe reicht nicht aus.</source>
+        <translation>The access level is too low.</translation>
+    </message>
+    <message>
+        <source>Die Aktion startet nicht, solange die Achse eingeschaltet ist.</source>
+        <translation>The action does not start while the axis is enabled.</translation>
+    </message>
+    <message>
+        <source>im Zustand des Antriebs nicht startbar</source>
+        <translation>cannot be started in the drive's state</translation>
+    </message>
+    <message>
+        <source>nicht gestartet</source>
+        <translation>not started</translation>
+    </message>
+    <message>
+        <source>ob sie gestartet wurde, ist nicht bekannt</source>
+        <translation>whether it was started is not known</translation>
+    </message>
+    <message>
+        <source>endete vor 100 % - %1</source>
+        <translation>ended before 100 % - %1</translation>
+    </message>
+    <message>
+        <source>nicht mehr online; wie sie endet, ist nicht bekannt</source>
+        <translation>no longer online; how it ends is not known</translation>
+    </message>
+    <message>
+        <source>den Parameter gibt es nicht mehr; wie sie endet, ist nicht bekannt</source>
+        <translation>the parameter is gone; how it ends is not known</translation>
+    </message>
+</context>
+<context>
     <name>ComparisonPage</name>
     <message>
         <source>Alle Werte von &quot;%1&quot;</source>
@@ -108,6 +159,10 @@
     <message>
         <source>&amp;Antrieb …</source>
         <translation>&amp;Drive …</translation>
+    </message>
+    <message>
+        <source>A&amp;ktion starten</source>
+        <translation>S&amp;tart action</translation>
     </message>
 </context>
 <context>
@@ -482,6 +537,10 @@
     <message>
         <source>weicht vom Default ab</source>
         <translation>differs from the default</translation>
+    </message>
+    <message>
+        <source>startet eine Aktion des Antriebs</source>
+        <translation>starts an action of the drive</translation>
     </message>
 </context>
 <context>

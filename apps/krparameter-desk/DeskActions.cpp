@@ -32,6 +32,8 @@ constexpr Entry Entries[] = {
     {DeskActions::GoOnline, QT_TRANSLATE_NOOP("DeskActions", "&Online"), "F9", true},
     {DeskActions::ChooseDrive, QT_TRANSLATE_NOOP("DeskActions", "&Antrieb …"), "Ctrl+F9", false},
     {DeskActions::ReadOnly, QT_TRANSLATE_NOOP("DeskActions", "&Nur lesen"), "F8", true},
+    {DeskActions::StartAction, QT_TRANSLATE_NOOP("DeskActions", "A&ktion starten"), "Ctrl+F7",
+        false},
     {DeskActions::ShowParameters, QT_TRANSLATE_NOOP("DeskActions", "&Parameter"), "Alt+1", false},
     {DeskActions::ShowComparison, QT_TRANSLATE_NOOP("DeskActions", "&Vergleich"), "Alt+2", false},
     {DeskActions::GoToSnapshots, QT_TRANSLATE_NOOP("DeskActions", "&Snapshots"), "Alt+3", false},

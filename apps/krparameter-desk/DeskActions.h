@@ -25,6 +25,7 @@ public:
         GoOnline,
         ChooseDrive,
         ReadOnly,
+        StartAction,
         ShowParameters,
         ShowComparison,
         GoToSnapshots,

@@ -21,7 +21,8 @@ constexpr Entry Menus[] = {
         {DeskActions::Undo, DeskActions::Redo, Separator, DeskActions::Search,
             DeskActions::EditValue, End}},
     {QT_TRANSLATE_NOOP("DeskMenu", "Ge&rät"),
-        {DeskActions::GoOnline, DeskActions::ChooseDrive, DeskActions::ReadOnly, End}},
+        {DeskActions::GoOnline, DeskActions::ChooseDrive, DeskActions::ReadOnly, Separator,
+            DeskActions::StartAction, End}},
     {QT_TRANSLATE_NOOP("DeskMenu", "&Snapshots"),
         {DeskActions::TakeSnapshot, DeskActions::CompareSnapshots, DeskActions::RemoveSnapshot,
             End}},
@@ -37,6 +38,8 @@ DeskMenu::DeskMenu(QMenuBar &bar, const DeskActions &actions)
 {
     for (const Entry &entry : Menus) {
         QMenu *menu = bar.addMenu(QString());
+        // Of those that cannot be done now they say why.
+        menu->setToolTipsVisible(true);
         for (const int action : entry.actions) {
             if (action == End)
                 break;

@@ -1,6 +1,8 @@
 #include "apps/krparameter-desk/DeskWindow.h"
 
 #include "apps/host/DriveProject.h"
+#include "apps/krparameter-desk/ActionCommand.h"
+#include "apps/krparameter-desk/ActionProgress.h"
 #include "apps/krparameter-desk/ComparisonPage.h"
 #include "apps/krparameter-desk/DeskActions.h"
 #include "apps/krparameter-desk/DeskDialogs.h"
@@ -25,6 +27,7 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListView>
 #include <QtWidgets/QMenuBar>
+#include <QtWidgets/QStatusBar>
 #include <QtWidgets/QTabWidget>
 
 namespace {
@@ -53,6 +56,9 @@ DeskWindow::DeskWindow(DeskDialogs &dialogs)
     , m_navigation(new TableNavigation(
           m_tableModel, *m_tableView, [this] { reveal(); }, this))
     , m_status(new DeskStatus(*this, *m_actions))
+    , m_actionProgress(new ActionProgress(this))
+    , m_actionCommand(new ActionCommand(
+          *(*m_actions)[DeskActions::StartAction], m_starter, m_tableModel, *m_tableView))
 {
     System::instance()->setMainWindow(this);
     resize(FirstSize);
@@ -63,6 +69,7 @@ DeskWindow::DeskWindow(DeskDialogs &dialogs)
     connectViews();
     connectSelectors();
     connectSession();
+    connectStarter();
     m_selectors->setAccessLevel(System::information()->userAccessLevel());
     retranslate();
     onChanged();
@@ -207,6 +214,7 @@ void DeskWindow::connectViews()
     // Delete and F2 mean something else in fields and in other lists.
     bindTo(*m_snapshotPane->list(), DeskActions::RemoveSnapshot);
     bindTo(*m_tableView, DeskActions::EditValue);
+    m_tableView->addAction((*m_actions)[DeskActions::StartAction]);
 }
 
 /// The key works in this widget alone.
@@ -253,10 +261,20 @@ void DeskWindow::connectSession()
         });
 }
 
+void DeskWindow::connectStarter()
+{
+    // Behind the count.
+    statusBar()->insertPermanentWidget(1, m_actionProgress);
+    connect(&m_starter, &ActionStarter::started, m_actionProgress, &ActionProgress::add);
+    connect(&m_starter, &ActionStarter::progressed, m_actionProgress, &ActionProgress::set);
+    connect(&m_starter, &ActionStarter::ended, m_actionProgress, &ActionProgress::remove);
+}
+
 void DeskWindow::retranslate()
 {
     m_actions->retranslate();
     m_menu->retranslate();
+    m_actionCommand->update();
     m_selectors->retranslate();
     m_selectors->setLanguage(m_language.language());
     m_pages->setTabText(0, tr("Parameter"));
@@ -310,6 +328,7 @@ void DeskWindow::reveal()
 
 void DeskWindow::onAboutToChange()
 {
+    m_starter.setDevice(nullptr, nullptr);
     m_tableModel.setDevice(nullptr, nullptr);
     m_navigation->setProject(nullptr);
 }
@@ -318,6 +337,7 @@ void DeskWindow::onChanged()
 {
     DriveProject *project = m_session.project();
     m_tableModel.setDevice(project, m_session.writer());
+    m_starter.setDevice(project, m_session.onlineSwitch());
     m_navigation->setProject(project);
     const QList<int> axes = project ? project->firmware().axes() : QList<int>();
     m_selectors->setAxes(axes);

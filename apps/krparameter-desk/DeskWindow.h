@@ -1,5 +1,6 @@
 #pragma once
 
+#include "apps/krparameter-desk/ActionStarter.h"
 #include "apps/krparameter-desk/DeskLanguage.h"
 #include "apps/krparameter-desk/DeskSession.h"
 #include "apps/krparameter-desk/DriveChoice.h"
@@ -12,6 +13,8 @@
 
 #include <functional>
 
+class ActionCommand;
+class ActionProgress;
 class ComparisonPage;
 class DeskActions;
 class DeskDialogs;
@@ -65,6 +68,7 @@ private:
     void bindTo(QWidget &widget, int action);
     void connectSelectors();
     void connectSession();
+    void connectStarter();
     void retranslate();
 
     void goTo(const ParameterAddress &address);
@@ -85,6 +89,7 @@ private:
     ParameterTableModel m_tableModel;
     SnapshotListModel m_snapshots;
     MessageListModel m_messages;
+    ActionStarter m_starter;
     DeskActions *m_actions;
     DeskMenu *m_menu;
     SelectorBar *m_selectors;
@@ -97,4 +102,6 @@ private:
     MessagePane *m_messagePane;
     TableNavigation *m_navigation;
     DeskStatus *m_status;
+    ActionProgress *m_actionProgress;
+    ActionCommand *m_actionCommand;
 };

@@ -3,6 +3,7 @@
 #include <QtCore/QObject>
 #include <QtCore/QString>
 
+struct OnlineOutcome;
 struct ValuePlace;
 
 /// Keeps the values of one container and its drive alike while they are connected. Implemented by who
@@ -24,4 +25,6 @@ Q_SIGNALS:
     void opened();
     /// An empty reason: as it was asked to.
     void closed(const QString &reason);
+    /// What became of a value on its way from or to the drive.
+    void reported(const OnlineOutcome &outcome);
 };

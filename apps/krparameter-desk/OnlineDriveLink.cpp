@@ -92,6 +92,7 @@ void OnlineDriveLink::onReported(const OnlineOutcome &outcome)
     // What is not read of all values is told at their end; what is not written has been sent.
     if ((!m_isReadingAll || !outcome.sent.isEmpty()) && !outcome.isGood())
         warn(outcome.toText());
+    Q_EMIT reported(outcome);
 }
 
 void OnlineDriveLink::onTransferred(const OnlineReport &report)

@@ -13,6 +13,7 @@ OnlineSwitch::OnlineSwitch(ParameterContainer &container, std::unique_ptr<DriveL
         return;
     connect(m_link.get(), &DriveLink::opened, this, &OnlineSwitch::onOpened);
     connect(m_link.get(), &DriveLink::closed, this, &OnlineSwitch::onClosed);
+    connect(m_link.get(), &DriveLink::reported, this, &OnlineSwitch::reported);
 }
 
 OnlineSwitch::~OnlineSwitch() = default;
@@ -35,7 +36,11 @@ void OnlineSwitch::turn(bool on)
 
 void OnlineSwitch::write(const ValuePlace &place)
 {
-    if (m_link && m_state == eState::Online)
+    if (!m_link || m_state != eState::Online)
+        return;
+    const QPointer<OnlineSwitch> self(this);
+    Q_EMIT sending(place);
+    if (self)
         m_link->write(place);
 }
 

@@ -27,6 +27,10 @@ public:
 
 Q_SIGNALS:
     void stateChanged();
+    /// The value is on its way to the drive.
+    void sending(const ValuePlace &place);
+    /// What became of a value on its way from or to the drive.
+    void reported(const OnlineOutcome &outcome);
 
 private:
     void onOpened();

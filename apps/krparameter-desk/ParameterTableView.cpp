@@ -6,6 +6,7 @@
 
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QHeaderView>
+#include <QtWidgets/QMenu>
 
 #include <utility>
 
@@ -77,6 +78,14 @@ void ParameterTableView::keyPressEvent(QKeyEvent *event)
         return;
     }
     editCurrentValue();
+}
+
+void ParameterTableView::contextMenuEvent(QContextMenuEvent *event)
+{
+    QMenu menu(this);
+    menu.setToolTipsVisible(true);
+    menu.addActions(actions());
+    menu.exec(event->globalPos());
 }
 
 void ParameterTableView::scrollContentsBy(int dx, int dy)

@@ -24,6 +24,8 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    /// What can be done with the current row: the actions of the view.
+    void contextMenuEvent(QContextMenuEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
     void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
 

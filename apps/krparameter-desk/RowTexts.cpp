@@ -1,5 +1,6 @@
 #include "apps/krparameter-desk/RowTexts.h"
 
+#include "apps/host/ActionForm.h"
 #include "apps/host/DriveProject.h"
 
 #include <KrParameterInstance/ParameterInformation.h>
@@ -108,6 +109,12 @@ bool RowTexts::isWritable(const ValuePlace &place) const
 {
     const auto found = parameter(place);
     return found && found->isWritable(place.livingSpace, place.element);
+}
+
+bool RowTexts::startsAction(const ValuePlace &place) const
+{
+    const auto found = place.element == 0 ? parameter(place) : nullptr;
+    return found && ActionForm::isAction(*found);
 }
 
 bool RowTexts::differsFromDefault(const ValuePlace &place) const

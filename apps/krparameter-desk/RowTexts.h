@@ -32,6 +32,8 @@ public:
 
     bool isVisible(const ValuePlace &place) const;
     bool isWritable(const ValuePlace &place) const;
+    /// The value that starts an action of the drive.
+    bool startsAction(const ValuePlace &place) const;
     /// False for a value that the device measures: its default says nothing.
     bool differsFromDefault(const ValuePlace &place) const;
     /// Of a decimal number, which stands on the right.

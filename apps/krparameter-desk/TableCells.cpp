@@ -2,6 +2,9 @@
 
 #include "apps/krparameter-desk/RowTexts.h"
 
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QStyle>
+
 namespace {
 
 constexpr const char *Titles[ParameterTableModel::ColumnCount] = {
@@ -68,9 +71,15 @@ QVariant TableCells::mark(const ValuePlace &place, eColumn column, int role) con
         const bool isRight = isValueColumn(column) && m_texts.isNumber(place);
         return int((isRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     }
+    case Qt::DecorationRole:
+        return column == ParameterTableModel::Name && m_texts.startsAction(place)
+            ? QApplication::style()->standardIcon(QStyle::SP_MediaPlay)
+            : QVariant();
     case ParameterTableModel::DiffersRole:
         return column == ParameterTableModel::Value && m_texts.differsFromDefault(place);
     case Qt::AccessibleDescriptionRole:
+        if (column == ParameterTableModel::Name && m_texts.startsAction(place))
+            return tr("startet eine Aktion des Antriebs");
         return column == ParameterTableModel::Value && m_texts.differsFromDefault(place)
             ? tr("weicht vom Default ab")
             : QVariant();
