@@ -29,7 +29,7 @@
     </message>
     <message>
         <source>im Zustand des Antriebs nicht startbar</source>
-        <translation>cannot be started in the drive's state</translation>
+        <translation>cannot be started in the drive&apos;s state</translation>
     </message>
     <message>
         <source>nicht gestartet</source>

@@ -14,6 +14,10 @@ class ParameterContainer;
 
 /// What a container kept of a value, and what it keeps now.
 struct ValueChange {
+    enum class eState { Before, After };
+
+    const StoredValue &at(eState state) const { return state == eState::Before ? before : after; }
+
     ValuePlace place;
     StoredValue before;
     StoredValue after;

@@ -2,16 +2,21 @@
 
 #include "apps/host/DriveProject.h"
 #include "apps/krparameter-desk/DeskActions.h"
-#include "apps/krparameter-desk/DeskWindow.h"
+#include "apps/krparameter-desk/DeskSession.h"
 #include "apps/krparameter-desk/OnlineSwitch.h"
+#include "apps/krparameter-desk/ParameterTableModel.h"
 
 #include <QtCore/QDir>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QMainWindow>
 #include <QtWidgets/QStatusBar>
 
-DeskStatus::DeskStatus(DeskWindow &window, const DeskActions &actions)
+DeskStatus::DeskStatus(QMainWindow &window, DeskSession &session,
+    const ParameterTableModel &tableModel, const DeskActions &actions)
     : QObject(&window)
     , m_window(window)
+    , m_session(session)
+    , m_tableModel(tableModel)
     , m_actions(actions)
     , m_count(new QLabel(&window))
     , m_onlineState(new QLabel(&window))
@@ -29,31 +34,29 @@ void DeskStatus::update()
 
 void DeskStatus::updateTitle()
 {
-    DeskSession &session = m_window.session();
     QStringList parts;
-    if (!session.folder().isEmpty())
-        parts.append(QDir(session.folder()).dirName());
-    if (session.project())
-        parts.append(session.deviceName());
+    if (!m_session.folder().isEmpty())
+        parts.append(QDir(m_session.folder()).dirName());
+    if (m_session.project())
+        parts.append(m_session.deviceName());
     parts.append(QStringLiteral("krparameter-desk"));
     m_window.setWindowTitle(parts.join(QStringLiteral(" – ")).prepend(QStringLiteral("[*]")));
-    m_window.setWindowModified(session.isModified());
+    m_window.setWindowModified(m_session.isModified());
 }
 
 void DeskStatus::updateSwitches()
 {
-    DeskSession &session = m_window.session();
-    const bool hasDevice = session.project() != nullptr;
-    const OnlineSwitch *link = session.onlineSwitch();
+    const bool hasDevice = m_session.project() != nullptr;
+    const OnlineSwitch *link = m_session.onlineSwitch();
     const auto state = link ? link->state() : OnlineSwitch::eState::Offline;
     for (const DeskActions::eAction action :
         {DeskActions::LoadProject, DeskActions::SaveProject, DeskActions::SaveProjectAs,
             DeskActions::TakeSnapshot, DeskActions::GoOnline, DeskActions::ReadOnly})
         m_actions[action]->setEnabled(hasDevice);
-    m_actions[DeskActions::Undo]->setEnabled(session.canUndo());
-    m_actions[DeskActions::Redo]->setEnabled(session.canRedo());
+    m_actions[DeskActions::Undo]->setEnabled(m_session.canUndo());
+    m_actions[DeskActions::Redo]->setEnabled(m_session.canRedo());
     m_actions[DeskActions::GoOnline]->setChecked(state != OnlineSwitch::eState::Offline);
-    const bool isReadOnly = hasDevice && session.project()->container().isReadOnly();
+    const bool isReadOnly = hasDevice && m_session.project()->container().isReadOnly();
     m_actions[DeskActions::ReadOnly]->setChecked(isReadOnly);
     QString text = state == OnlineSwitch::eState::Online ? tr("online")
         : state == OnlineSwitch::eState::Opening         ? tr("verbindet …")
@@ -65,10 +68,9 @@ void DeskStatus::updateSwitches()
 
 void DeskStatus::updateCount()
 {
-    DeskSession &session = m_window.session();
-    m_count->setText(session.project()
+    m_count->setText(m_session.project()
             ? tr("%1 von %2 Werten")
-                  .arg(m_window.tableModel().rowCount())
-                  .arg(m_window.tableModel().searchableCount())
+                  .arg(m_tableModel.rowCount())
+                  .arg(m_tableModel.searchableCount())
             : tr("Kein Gerät offen: Strg+O öffnet eine Gerätebeschreibung"));
 }

@@ -3,16 +3,19 @@
 #include <QtCore/QObject>
 
 class DeskActions;
-class DeskWindow;
+class DeskSession;
+class ParameterTableModel;
 class QLabel;
+class QMainWindow;
 
 /// Says in title, status bar and actions how the desk is doing.
 class DeskStatus : public QObject {
     Q_OBJECT
 
 public:
-    /// **Owner** of both the caller.
-    DeskStatus(DeskWindow &window, const DeskActions &actions);
+    /// **Owner** of all the caller.
+    DeskStatus(QMainWindow &window, DeskSession &session, const ParameterTableModel &tableModel,
+        const DeskActions &actions);
 
     void update();
     /// Device and project.
@@ -23,7 +26,9 @@ public:
     void updateCount();
 
 private:
-    DeskWindow &m_window;
+    QMainWindow &m_window;
+    DeskSession &m_session;
+    const ParameterTableModel &m_tableModel;
     const DeskActions &m_actions;
     QLabel *m_count;
     QLabel *m_onlineState;

@@ -55,7 +55,7 @@ DeskWindow::DeskWindow(DeskDialogs &dialogs)
     , m_messagePane(new MessagePane(m_messages, this))
     , m_navigation(new TableNavigation(
           m_tableModel, *m_tableView, [this] { reveal(); }, this))
-    , m_status(new DeskStatus(*this, *m_actions))
+    , m_status(new DeskStatus(*this, m_session, m_tableModel, *m_actions))
     , m_actionProgress(new ActionProgress(this))
     , m_actionCommand(new ActionCommand(
           *(*m_actions)[DeskActions::StartAction], m_starter, m_tableModel, *m_tableView))

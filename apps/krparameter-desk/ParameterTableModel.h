@@ -3,6 +3,7 @@
 #include "apps/host/ValuePlace.h"
 #include "apps/krparameter-desk/RowSearch.h"
 #include "apps/krparameter-desk/ShownRows.h"
+#include "apps/krparameter-desk/TableColumns.h"
 
 #include <QtCore/QAbstractTableModel>
 #include <QtCore/QHash>
@@ -19,21 +20,10 @@ class ValueWriter;
 
 /// The values of a device, one a row in the natural order of their addresses: those that the user may
 /// see, on the chosen axis, holding the searched text.
-class ParameterTableModel : public QAbstractTableModel {
+class ParameterTableModel : public QAbstractTableModel, public TableColumns {
     Q_OBJECT
 
 public:
-    enum eColumn { Address, Name, Value, Unit, Default, LowerLimit, UpperLimit, ChangeTag };
-    static constexpr int ColumnCount = ChangeTag + 1;
-
-    enum eRole {
-        /// Bool: the value differs from its default.
-        DiffersRole = Qt::UserRole,
-        /// List of string pairs, native text and shown text: what a choice offers.
-        ChoicesRole,
-        NativeRole,
-    };
-
     explicit ParameterTableModel(QObject *parent = nullptr);
     ~ParameterTableModel() override;
 

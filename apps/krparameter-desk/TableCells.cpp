@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr const char *Titles[ParameterTableModel::ColumnCount] = {
+constexpr const char *Titles[TableColumns::ColumnCount] = {
     QT_TRANSLATE_NOOP("TableCells", "Adresse"),
     QT_TRANSLATE_NOOP("TableCells", "Name"),
     QT_TRANSLATE_NOOP("TableCells", "Wert"),
@@ -18,10 +18,10 @@ constexpr const char *Titles[ParameterTableModel::ColumnCount] = {
     QT_TRANSLATE_NOOP("TableCells", "Änderungsmarke"),
 };
 
-bool isValueColumn(ParameterTableModel::eColumn column)
+bool isValueColumn(TableColumns::eColumn column)
 {
-    return column == ParameterTableModel::Value || column == ParameterTableModel::Default
-        || column == ParameterTableModel::LowerLimit || column == ParameterTableModel::UpperLimit;
+    return column == TableColumns::Value || column == TableColumns::Default
+        || column == TableColumns::LowerLimit || column == TableColumns::UpperLimit;
 }
 
 } // namespace
@@ -44,21 +44,21 @@ QVariant TableCells::data(const ValuePlace &place, eColumn column, int role) con
 QString TableCells::text(const ValuePlace &place, eColumn column) const
 {
     switch (column) {
-    case ParameterTableModel::Address:
+    case TableColumns::Address:
         return m_texts.address(place);
-    case ParameterTableModel::Name:
+    case TableColumns::Name:
         return m_texts.name(place);
-    case ParameterTableModel::Value:
+    case TableColumns::Value:
         return m_texts.value(place);
-    case ParameterTableModel::Unit:
+    case TableColumns::Unit:
         return m_texts.unit(place);
-    case ParameterTableModel::Default:
+    case TableColumns::Default:
         return m_texts.defaultValue(place);
-    case ParameterTableModel::LowerLimit:
+    case TableColumns::LowerLimit:
         return m_texts.lowerLimit(place);
-    case ParameterTableModel::UpperLimit:
+    case TableColumns::UpperLimit:
         return m_texts.upperLimit(place);
-    case ParameterTableModel::ChangeTag:
+    case TableColumns::ChangeTag:
         return m_texts.changeTag(place);
     }
     return {};
@@ -72,20 +72,20 @@ QVariant TableCells::mark(const ValuePlace &place, eColumn column, int role) con
         return int((isRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     }
     case Qt::DecorationRole:
-        return column == ParameterTableModel::Name && m_texts.startsAction(place)
+        return column == TableColumns::Name && m_texts.startsAction(place)
             ? QApplication::style()->standardIcon(QStyle::SP_MediaPlay)
             : QVariant();
-    case ParameterTableModel::DiffersRole:
-        return column == ParameterTableModel::Value && m_texts.differsFromDefault(place);
+    case TableColumns::DiffersRole:
+        return column == TableColumns::Value && m_texts.differsFromDefault(place);
     case Qt::AccessibleDescriptionRole:
-        if (column == ParameterTableModel::Name && m_texts.startsAction(place))
+        if (column == TableColumns::Name && m_texts.startsAction(place))
             return tr("startet eine Aktion des Antriebs");
-        return column == ParameterTableModel::Value && m_texts.differsFromDefault(place)
+        return column == TableColumns::Value && m_texts.differsFromDefault(place)
             ? tr("weicht vom Default ab")
             : QVariant();
-    case ParameterTableModel::ChoicesRole:
+    case TableColumns::ChoicesRole:
         return QVariant::fromValue(m_texts.choices(place));
-    case ParameterTableModel::NativeRole:
+    case TableColumns::NativeRole:
         return m_texts.nativeValue(place);
     default:
         return {};

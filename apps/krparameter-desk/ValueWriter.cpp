@@ -46,19 +46,22 @@ ValueWriter::Outcome ValueWriter::write(const ValuePlace &place, const QString &
     if (!m_container)
         return {true, sink.text()};
     if (!changes.isEmpty() && m_undoStack)
-        m_undoStack->push(new WriteCommand(*this, address, changes));
+        m_undoStack->push(new WriteCommand(address, changes,
+            [writer = QPointer(this)](const QList<ValueChange> &which, ValueChange::eState state) {
+                return writer && writer->restore(which, state);
+            }));
     Q_EMIT written(place);
     return {true, sink.text()};
 }
 
-bool ValueWriter::restore(const QList<ValueChange> &changes, eState state)
+bool ValueWriter::restore(const QList<ValueChange> &changes, ValueChange::eState state)
 {
     if (!m_container || m_container->isReadOnly() || changes.isEmpty())
         return false;
     Targets targets;
     QList<ValuePlace> places;
     for (const ValueChange &change : changes) {
-        targets.insert(change.place, state == eState::Before ? change.before : change.after);
+        targets.insert(change.place, change.at(state));
         places.append(change.place);
     }
     {

@@ -13,8 +13,6 @@ class ValueWriter : public QObject {
     Q_OBJECT
 
 public:
-    enum class eState { Before, After };
-
     struct Outcome {
         bool isAccepted = false;
         /// What the sink was told; of an accepted value what was corrected.
@@ -30,7 +28,7 @@ public:
     /// Stores what stood there before or after; afterwards nothing else differs from what it was, also
     /// where the device's functions answer the restored values. **Refused** on a container that is
     /// read only. **Emits** written for every value that was stored.
-    bool restore(const QList<ValueChange> &changes, eState state);
+    bool restore(const QList<ValueChange> &changes, ValueChange::eState state);
     /// All values are about to change, which is nothing to undo.
     void forget() { m_recorder.forget(); }
     /// What changes now changes because of the user.

@@ -1,24 +1,24 @@
 #include "apps/krparameter-desk/WriteCommand.h"
 
-#include "apps/krparameter-desk/ValueWriter.h"
+#include <utility>
 
 WriteCommand::WriteCommand(
-    ValueWriter &writer, const QString &address, const QList<ValueChange> &changes)
+    const QString &address, const QList<ValueChange> &changes, Restore restore)
     : QUndoCommand(address)
-    , m_writer(&writer)
     , m_changes(changes)
+    , m_restore(std::move(restore))
 {
 }
 
 void WriteCommand::undo()
 {
-    if (m_writer && m_isDone)
-        m_isDone = !m_writer->restore(m_changes, ValueWriter::eState::Before);
+    if (m_isDone)
+        m_isDone = !m_restore(m_changes, ValueChange::eState::Before);
 }
 
 void WriteCommand::redo()
 {
     // The stack calls this once when it takes the command.
-    if (m_writer && !m_isDone)
-        m_isDone = m_writer->restore(m_changes, ValueWriter::eState::After);
+    if (!m_isDone)
+        m_isDone = m_restore(m_changes, ValueChange::eState::After);
 }
