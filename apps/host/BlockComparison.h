@@ -1,5 +1,6 @@
 #pragma once
 
+#include "apps/host/BlockManifest.h"
 #include "apps/host/LoadReport.h"
 
 #include <KrParameterDefinition/ParameterCoordinate.h>
@@ -8,7 +9,11 @@
 #include <QtCore/QPointer>
 #include <QtCore/QSet>
 
+#include <optional>
+
+class ParameterContainer;
 class ParameterInformation;
+class Progress;
 struct ValuePlace;
 
 /// Walks a parameter block beside the parameters of a container.

@@ -1,7 +1,5 @@
 #include "apps/host/LoadReport.h"
 
-#include "apps/host/BlockComparison.h"
-
 #include <QtCore/QJsonArray>
 
 #include <algorithm>
@@ -54,12 +52,6 @@ QStringList numberTexts(const QList<qsizetype> &numbers)
 }
 
 } // namespace
-
-LoadReport LoadReport::compare(const QByteArray &block, ParameterContainer &container,
-    const std::optional<BlockManifest::Entry> &noted, Progress *progress)
-{
-    return BlockComparison(block, container).report(noted, progress);
-}
 
 bool LoadReport::isComplete() const
 {

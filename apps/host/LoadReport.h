@@ -1,6 +1,5 @@
 #pragma once
 
-#include "apps/host/BlockManifest.h"
 #include "apps/host/CutSign.h"
 
 #include <QtCore/QByteArray>
@@ -8,11 +7,6 @@
 #include <QtCore/QJsonObject>
 #include <QtCore/QList>
 #include <QtCore/QStringList>
-
-#include <optional>
-
-class ParameterContainer;
-class Progress;
 
 /// What loading a parameter block will do to a container, told before it is done.
 struct LoadReport {
@@ -40,10 +34,6 @@ public:
     QList<qsizetype> firstMalformedLines;
     QList<eCutSign> cutSigns;
     bool wasCancelled = false;
-
-    /// `noted` is what the manifest says about the block.
-    static LoadReport compare(const QByteArray &block, ParameterContainer &container,
-        const std::optional<BlockManifest::Entry> &noted, Progress *progress = nullptr);
 
     bool isCut() const { return !cutSigns.isEmpty(); }
     /// Every value and default of the container comes from the block, and nothing else is in it.

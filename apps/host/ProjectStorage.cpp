@@ -1,5 +1,6 @@
 #include "apps/host/ProjectStorage.h"
 
+#include "apps/host/BlockComparison.h"
 #include "apps/host/DriveProject.h"
 
 ProjectStorage::LoadResult ProjectStorage::load(
@@ -17,7 +18,7 @@ ProjectStorage::LoadResult ProjectStorage::load(
         return result;
     }
     result.report =
-        LoadReport::compare(content->blocks.value(name), project.container(), noted, progress);
+        BlockComparison(content->blocks.value(name), project.container()).report(noted, progress);
     if (isMissing)
         result.report.cutSigns.prepend(eCutSign::Missing);
     if (result.report.wasCancelled) {

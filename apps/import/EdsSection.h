@@ -1,19 +1,13 @@
 #pragma once
 
+#include "apps/import/EdsEntry.h"
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QHash>
 #include <QtCore/QList>
 #include <QtCore/QString>
 
 class ImportRemarks;
-
-/// One key with its value.
-struct EdsEntry {
-    QString key;
-    /// Without surrounding blanks.
-    QString value;
-    int line = 0;
-};
 
 /// One section of an electronic data sheet with its entries in the order of the file.
 class EdsSection {

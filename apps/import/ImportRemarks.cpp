@@ -1,6 +1,6 @@
 #include "apps/import/ImportRemarks.h"
 
-#include "apps/import/EdsSection.h"
+#include "apps/import/EdsEntry.h"
 
 #include <algorithm>
 

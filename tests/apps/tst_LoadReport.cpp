@@ -1,3 +1,4 @@
+#include "apps/host/BlockComparison.h"
 #include "apps/host/LoadReport.h"
 #include "tests/apps/SmallDevice.h"
 
@@ -18,7 +19,8 @@ LoadReport reportOf(
     const QByteArray &block, const std::optional<BlockManifest::Entry> &noted = std::nullopt)
 {
     const SmallDevice device;
-    return LoadReport::compare(block, device.open()->container(), noted);
+    const auto project = device.open();
+    return BlockComparison(block, project->container()).report(noted, nullptr);
 }
 
 } // namespace
@@ -261,7 +263,8 @@ void tst_LoadReport::randomBytes()
             state = state * 1664525 + 1013904223;
             block[qsizetype(state >> 8) % block.size()] = char(state);
         }
-        const LoadReport report = LoadReport::compare(block, project->container(), std::nullopt);
+        const LoadReport report =
+            BlockComparison(block, project->container()).report(std::nullopt, nullptr);
         QVERIFY(report.valuesRead + report.valuesEmptied.size() <= 5 * 16000);
     }
 }
