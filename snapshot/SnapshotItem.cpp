@@ -23,5 +23,7 @@ QVariant SnapshotItem::data(int column, int role) const
 
 QVariant SnapshotItem::cellData(const SnapshotCell &cell, int role) const
 {
-    return role == Qt::DisplayRole ? cell.text() : cell.undecorated();
+    if (role == Qt::DisplayRole)
+        return cell.text();
+    return cell.hasValue() ? cell.undecorated() : QVariant();
 }

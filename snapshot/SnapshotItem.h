@@ -8,7 +8,7 @@
 #include <memory>
 
 /// Shows a row of the comparison, whose texts it reads instead of storing them once more: a cell's
-/// text, and under Qt::UserRole its undecorated text.
+/// text, and under Qt::UserRole its undecorated text, nothing where there is no value to compare.
 class SnapshotItem : public QTreeWidgetItem {
 public:
     /// Holds the row, and with it the table in which it stands. Cells of a snapshot that lacks the value

@@ -11,6 +11,8 @@
 
 /// What a row shows of one snapshot. Texts are put together with their units where they are shown.
 struct SnapshotCell {
+    /// The snapshot has it and the user may read it.
+    bool hasValue() const { return !isMissing && value != &SnapshotValue::none(); }
     QString text() const { return value->displayWithUnit(); }
     /// The value text with unit; rows are compared by it.
     QString undecorated() const { return value->undecoratedWithUnit(); }

@@ -118,7 +118,7 @@ QList<ParameterCoordinate> differentCoordinates(
 
 SnapshotRowModel::SnapshotRowModel(
     const QList<ParameterValueSnapshot *> &snapshots, quint32 accessLevel)
-    : m_snapshots(snapshots)
+    : m_snapshots(snapshots.cbegin(), snapshots.cend())
     , m_missing(missingValue())
     , m_accessLevel(accessLevel)
 {

@@ -3,6 +3,7 @@
 #include "snapshot/SnapshotTable.h"
 
 #include <QtCore/QList>
+#include <QtCore/QPointer>
 #include <QtCore/QString>
 #include <QtCore/QVarLengthArray>
 
@@ -72,7 +73,7 @@ private:
     QString parameterName(const Parameter &parameter) const;
     QString elementName(const Parameter &parameter, quint16 element) const;
 
-    QList<ParameterValueSnapshot *> m_snapshots;
+    QList<QPointer<ParameterValueSnapshot>> m_snapshots;
     /// Theirs; none for one that is gone.
     QList<SnapshotRecords> m_records;
     std::shared_ptr<const SnapshotValue> m_missing;

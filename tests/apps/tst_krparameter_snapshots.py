@@ -644,6 +644,10 @@ class Report(SnapshotTest):
         self.assertIn('<th width="30%">c.json</th>', three)
         self.assertIn("<h1>Changes</h1>", self.report(self.a, self.b, "--lang", "en"))
 
+    def test_no_difference(self):
+        html = self.report(self.a, self.a)
+        self.assertIn("</thead></table></body>", html)
+
     def test_without_a_device_or_a_screen(self):
         first, second = self.snapshot(self.a, "a.json"), self.snapshot(self.b, "b.json")
         path = self.folder / "report.html"
@@ -700,6 +704,21 @@ class Report(SnapshotTest):
         self.assertGreaterEqual(self.drawn_letters(pdf), letters)
         self.assertLessEqual(self.drawn_letters(pdf), letters + 40)
         self.assertFalse((self.folder / "report.html").exists())
+
+    def test_pdf_of_many_pages(self):
+        path, page = self.folder / "report.pdf", self.folder / "report.html"
+        self.check(Run(*DEVICE, "report", self.a, "-o", page, "--pdf", path), GOOD, out="")
+        self.assertGreater(len(re.findall(rb"/Type /Page\b(?!s)", path.read_bytes())), 5)
+        self.assertIn("<td>15.500 A</td>", page.read_text(encoding="utf-8"))
+
+    def test_pdf_is_printed_from_the_safe_form(self):
+        words = [*self.project_with_a_script(), "report", self.a, "--pdf"]
+        safe, exact = self.folder / "safe.pdf", self.folder / "exact.pdf"
+        self.check(Run(*words, safe), GOOD)
+        self.check(Run(*words, exact, "--exact"), GOOD)
+        # As markup the script would be no text.
+        self.assertEqual(self.drawn_letters(exact.read_bytes()),
+                         self.drawn_letters(safe.read_bytes()))
 
     def test_cannot_be_written(self):
         path = self.folder / "report.html"

@@ -23,6 +23,7 @@ private Q_SLOTS:
 
     void tableIsRendered();
     void scriptOfANameRuns();
+    void policyStopsTheHostsScript();
 
 private:
     QString exportReport(const char *parameterName);
@@ -135,6 +136,25 @@ void tst_BrowserReport::scriptOfANameRuns()
         browse(exportReport("<script>document.title = \"it \" + \"ran\"</script>"),
             {QStringLiteral("--dump-dom")});
     QVERIFY2(page.contains("<title>it ran</title>"), page.constData());
+}
+
+/// The header is the host's own HTML, in the safe form too: there the policy alone stops it.
+void tst_BrowserReport::policyStopsTheHostsScript()
+{
+    ParameterValueSnapshotWidget widget(nullptr);
+    widget.setHtmlHeader(
+        QStringLiteral("<h1>Drive</h1><script>document.title = \"it \" + \"ran\"</script>"));
+    const auto pageOf = [this](const QString &document) {
+        QFile file(m_folder.filePath(QStringLiteral("header.html")));
+        return file.open(QIODevice::WriteOnly) && file.write(document.toUtf8()) > 0 && file.flush()
+            ? browse(file.fileName(), {QStringLiteral("--dump-dom")})
+            : QByteArray();
+    };
+    const QByteArray exact = pageOf(widget.report());
+    QVERIFY2(exact.contains("<title>it ran</title>"), exact.constData());
+    const QByteArray safe = pageOf(widget.safeReport());
+    QVERIFY2(safe.contains("<h1>Drive</h1>"), safe.constData());
+    QVERIFY2(!safe.contains("<title>it ran</title>"), safe.constData());
 }
 
 QTEST_MAIN(tst_BrowserReport)

@@ -33,8 +33,11 @@ private Q_SLOTS:
     void equalRowsAreHidden();
     void allRowsMayBeHidden();
     void missingValueIsGrey();
+    void missingElementIsGrey();
+    void maskedValueIsComparedUnmasked();
     void missingLivingSpaceIsGrey();
     void unreadableValueIsEmpty();
+    void unreadableElementIsEmpty();
     void appendDoesNotRefill();
     void updateStartsAnew();
     void deletedSnapshot();
@@ -289,7 +292,40 @@ void tst_ParameterValueSnapshotWidget::missingValueIsGrey()
         QBrush(tree()->palette().color(QPalette::Disabled, QPalette::ButtonText)));
     QCOMPARE(item->foreground(2).style(), Qt::SolidPattern);
     QCOMPARE(item->foreground(1), QBrush());
-    QCOMPARE(item->data(2, Qt::UserRole).toString(), QString());
+    QVERIFY(!item->data(2, Qt::UserRole).isValid());
+}
+
+void tst_ParameterValueSnapshotWidget::missingElementIsGrey()
+{
+    m_widget->appendSnapshot(take(), QStringLiteral("Vorher"));
+    m_fixture->container->deleteParameter(QStringLiteral("S;{B01}"));
+    m_widget->appendSnapshot(take(), QStringLiteral("Nachher"));
+    m_widget->update();
+    QCOMPARE(visibleRows(),
+        (QStringList {QStringLiteral("B01 Table||"),
+            QStringLiteral(" B01[0] First|<1>|<nicht vorhanden>"),
+            QStringLiteral(" B01[2] Second|2|<nicht vorhanden>")}));
+    const QTreeWidgetItem *element = tree()->topLevelItem(0)->child(1);
+    QCOMPARE(element->foreground(2),
+        QBrush(tree()->palette().color(QPalette::Disabled, QPalette::ButtonText)));
+    QCOMPARE(element->foreground(1), QBrush());
+    QVERIFY(!element->data(2, Qt::UserRole).isValid());
+    QCOMPARE(tree()->topLevelItem(0)->foreground(2), QBrush());
+}
+
+/// What is shown and what is compared need not be the same.
+void tst_ParameterValueSnapshotWidget::maskedValueIsComparedUnmasked()
+{
+    m_fixture->add(SnapshotFixture::parameter("C00", "Secret")
+                       .global()
+                       .units(QStringLiteral("rpm"), QStringLiteral("inc"))
+                       .levels(0, 6));
+    m_fixture->write(0, "C00", 0, QStringLiteral("7"));
+    m_widget->appendSnapshot(take(), QStringLiteral("Jetzt"));
+    m_widget->update();
+    QCOMPARE(visibleRows().last(), QStringLiteral("C00 Secret|<offline> rpm"));
+    const QTreeWidgetItem *item = tree()->topLevelItem(tree()->topLevelItemCount() - 1);
+    QCOMPARE(item->data(1, Qt::UserRole).toString(), QStringLiteral("7 rpm"));
 }
 
 void tst_ParameterValueSnapshotWidget::missingLivingSpaceIsGrey()
@@ -311,9 +347,29 @@ void tst_ParameterValueSnapshotWidget::unreadableValueIsEmpty()
     m_widget->appendSnapshot(take(), QStringLiteral("Jetzt"));
     m_widget->update();
     QCOMPARE(visibleRows().last(), QStringLiteral("C00 Secret|"));
+    const QTreeWidgetItem *item = tree()->topLevelItem(tree()->topLevelItemCount() - 1);
+    QCOMPARE(item->foreground(1), QBrush());
+    QVERIFY(!item->data(1, Qt::UserRole).isValid());
     System::information()->setUserAccessLevel(4);
     m_widget->update();
     QCOMPARE(visibleRows().last(), QStringLiteral("C00 Secret|0"));
+}
+
+void tst_ParameterValueSnapshotWidget::unreadableElementIsEmpty()
+{
+    m_fixture->add(SnapshotFixture::parameter("C00", "Pair")
+                       .global()
+                       .element(0, QStringLiteral("Open"))
+                       .element(1, QStringLiteral("Secret"))
+                       .levels(4, 0));
+    m_widget->appendSnapshot(take(), QStringLiteral("Jetzt"));
+    m_widget->update();
+    QCOMPARE(visibleRows().mid(5),
+        (QStringList {QStringLiteral("C00 Pair|"), QStringLiteral(" C00[0] Open|0"),
+            QStringLiteral(" C00[1] Secret|")}));
+    const QTreeWidgetItem *element = tree()->topLevelItem(3)->child(1);
+    QCOMPARE(element->foreground(1), QBrush());
+    QVERIFY(!element->data(1, Qt::UserRole).isValid());
 }
 
 void tst_ParameterValueSnapshotWidget::appendDoesNotRefill()

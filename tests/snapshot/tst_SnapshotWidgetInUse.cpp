@@ -23,6 +23,7 @@ private Q_SLOTS:
     void changedAndBack();
     void missingInTheMiddle();
     void rowsStayWithoutTheirSnapshots();
+    void rowsStayWhenASnapshotTakesMore();
     void stepwise();
     void stepwiseUntilEnded_data();
     void stepwiseUntilEnded();
@@ -161,6 +162,36 @@ void tst_SnapshotWidgetInUse::rowsStayWithoutTheirSnapshots()
     QCOMPARE(item->text(0), QStringLiteral("A03 Speed"));
     QCOMPARE(item->text(1), QStringLiteral("13"));
     QCOMPARE(item->text(2), QStringLiteral("<nicht vorhanden>"));
+}
+
+/// Until the next filling, whatever becomes of the values that they show.
+void tst_SnapshotWidgetInUse::rowsStayWhenASnapshotTakesMore()
+{
+    append("eins");
+    m_fixture->write(0, "A01", 0, QStringLiteral("21"));
+    append("zwei");
+    m_fixture->write(0, "A01", 0, QStringLiteral("31"));
+    ParameterValueSnapshot third(m_fixture->container.get());
+    third.applyNoFilter();
+    third.disconnectFromSourceContainer();
+    m_widget->update();
+    const QStringList rows {QStringLiteral("A01 Speed|11|21")};
+    QCOMPARE(visibleRows(), rows);
+
+    ParameterValueSnapshot &first = *m_snapshots.front();
+    ParameterValueSnapshot &second = *m_snapshots.back();
+    first.disconnectFromSourceContainer();
+    second.disconnectFromSourceContainer();
+    QVERIFY(first.unite(&third));
+    QVERIFY(second.fromJson(third.toJson()));
+    QCOMPARE(visibleRows(), rows);
+    m_widget->update();
+    QCOMPARE(visibleRows(), QStringList());
+    QVERIFY(second.fromJson(R"({"format": "kr-parameter-snapshot", "version": 1,
+        "livingSpaces": [0], "parameters": []})"));
+    m_widget->update();
+    QCOMPARE(visibleRows().size(), 4);
+    QCOMPARE(visibleRows().at(1), QStringLiteral("A01 Speed|31|<nicht vorhanden>"));
 }
 
 /// With Shift from one row to another, with Control one by one, and all at once.

@@ -14,12 +14,19 @@ constexpr eParameterProperty NumbersOfEveryElement[] = {PrereadFunctionIndex, Pr
     LimitDependency, ScalingDependency, PostwriteDependency, PrereadDependency, PostreadDependency,
     PrewriteDependency, HidingDependency, MeasuringUnitDependency, IsScopeChoice, OnlineOrder};
 
+/// A short text that nobody should show stands beside every text that there is.
+void setText(ParameterText &text, const QString &language, const QString &longText)
+{
+    const QString shortText =
+        longText.isEmpty() ? QString() : QStringLiteral("short of ") + longText;
+    text.setText(language, shortText, longText);
+}
+
 ParameterText textOf(const QString &german, const QString &english)
 {
     ParameterText text;
-    text.setText(QStringLiteral("de"), german, german);
-    const QString &other = english.isEmpty() ? german : english;
-    text.setText(QStringLiteral("en"), other, other);
+    setText(text, QStringLiteral("de"), german);
+    setText(text, QStringLiteral("en"), english.isEmpty() ? german : english);
     return text;
 }
 
