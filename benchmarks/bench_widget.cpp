@@ -26,6 +26,7 @@
 #include <functional>
 #include <map>
 #include <numeric>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -49,44 +50,83 @@ double now()
     return double(time.tv_sec) + double(time.tv_nsec) * 1e-9;
 }
 
-/// Two snapshots of a device between which every value changed.
+/// What is held of a container at two times.
 class Changes {
 public:
-    explicit Changes(int rows)
-        : m_device(rows / BenchmarkDevice::AxisCount)
-    {
-        m_container.setHostInformation(&m_host);
-        m_container.setFirmware(m_device.firmware());
-        m_device.fill(m_container);
-        before.applyNoFilter();
-        for (const ParameterCoordinate &coordinate : m_device.coordinates()) {
-            for (int axis = 1; axis <= BenchmarkDevice::AxisCount; ++axis)
-                m_container.writeValueNative(
-                    eLivingSpace(axis), coordinate, 0, QStringLiteral("1300"));
-        }
-        after.applyNoFilter();
-        before.disconnectFromSourceContainer();
-        after.disconnectFromSourceContainer();
-    }
+    virtual ~Changes() = default;
 
-    static Changes &of(int rows)
+    ParameterContainer container;
+    ParameterValueSnapshot before {&container};
+    ParameterValueSnapshot after {&container};
+
+protected:
+    void prepare(ServoDriveFirmware *firmware)
     {
-        static std::map<int, std::unique_ptr<Changes>> all;
-        auto &entry = all[rows];
-        if (!entry)
-            entry = std::make_unique<Changes>(rows);
-        return *entry;
+        container.setHostInformation(&m_host);
+        container.setFirmware(firmware);
     }
 
 private:
     DriveHostInformation m_host {{1, 2, 3, 4}, 77};
-    BenchmarkDevice m_device;
-    ParameterContainer m_container;
-
-public:
-    ParameterValueSnapshot before {&m_container};
-    ParameterValueSnapshot after {&m_container};
 };
+
+/// Every value of a device changed.
+class ManyChanges final : public Changes {
+public:
+    explicit ManyChanges(int rows)
+        : m_device(rows / BenchmarkDevice::AxisCount)
+    {
+        prepare(m_device.firmware());
+        m_device.fill(container);
+        before.applyNoFilter();
+        for (const ParameterCoordinate &coordinate : m_device.coordinates()) {
+            for (int axis = 1; axis <= BenchmarkDevice::AxisCount; ++axis)
+                container.writeValueNative(
+                    eLivingSpace(axis), coordinate, 0, QStringLiteral("1300"));
+        }
+        after.applyNoFilter();
+    }
+
+private:
+    BenchmarkDevice m_device;
+};
+
+/// Every second element of one record changed; the rows of the others are hidden.
+class RecordChanges final : public Changes {
+public:
+    explicit RecordChanges(int rows)
+        : m_record(rows)
+    {
+        prepare(m_record.firmware());
+        m_record.fill(container);
+        before.applyNoFilter();
+        for (int element = 0; element < rows; element += 2)
+            container.writeValueNative(eLivingSpace::Axis1, m_record.coordinate(), quint16(element),
+                QStringLiteral("1300"));
+        after.applyNoFilter();
+    }
+
+private:
+    BenchmarkRecord m_record;
+};
+
+/// The same for every measurement; names come from the container where it is connected.
+enum class eNames { Frozen, Connected };
+
+template <typename Kind>
+Changes &changesOf(int rows, eNames names)
+{
+    static std::map<std::pair<int, eNames>, std::unique_ptr<Kind>> all;
+    auto &entry = all[{rows, names}];
+    if (!entry) {
+        entry = std::make_unique<Kind>(rows);
+        if (names == eNames::Frozen) {
+            entry->before.disconnectFromSourceContainer();
+            entry->after.disconnectFromSourceContainer();
+        }
+    }
+    return *entry;
+}
 
 void fill(ParameterValueSnapshotWidget &widget, Changes &changes)
 {
@@ -95,65 +135,112 @@ void fill(ParameterValueSnapshotWidget &widget, Changes &changes)
     widget.update();
 }
 
-/// The rows as the widget shows them, in its order.
-QList<QStringList> textsOf(int rows)
+/// A row as the widget shows it.
+struct ShownRow {
+    QStringList texts;
+    bool isHidden = false;
+    QList<ShownRow> children;
+};
+
+ShownRow shownRow(const QTreeWidgetItem &item)
+{
+    ShownRow row {{item.text(0), item.text(1), item.text(2)}, item.isHidden(), {}};
+    for (int i = 0; i < item.childCount(); ++i)
+        row.children.append(shownRow(*item.child(i)));
+    return row;
+}
+
+QList<ShownRow> shownRows(Changes &changes)
 {
     ParameterValueSnapshotWidget widget(nullptr);
-    fill(widget, Changes::of(rows));
+    fill(widget, changes);
     const auto *tree = widget.findChild<QTreeWidget *>();
-    QList<QStringList> result;
-    for (int row = 0; row < tree->topLevelItemCount(); ++row) {
-        const QTreeWidgetItem *item = tree->topLevelItem(row);
-        result.append({item->text(0), item->text(1), item->text(2)});
-    }
+    QList<ShownRow> result;
+    for (int row = 0; row < tree->topLevelItemCount(); ++row)
+        result.append(shownRow(*tree->topLevelItem(row)));
     return result;
 }
 
-/// Items made detached and inserted at once in their order, then the columns.
-void updateLimit(benchmark::State &state)
+QList<QTreeWidgetItem *> itemsOf(const QList<ShownRow> &rows)
 {
-    const QList<QStringList> texts = textsOf(WidgetRows);
+    QList<QTreeWidgetItem *> items;
+    items.reserve(rows.size());
+    for (const ShownRow &row : rows) {
+        items.append(new QTreeWidgetItem(row.texts));
+        if (!row.children.isEmpty())
+            items.last()->addChildren(itemsOf(row.children));
+    }
+    return items;
+}
+
+void hide(QTreeWidget &tree, const QList<ShownRow> &rows, const QModelIndex &parent = {})
+{
+    for (int i = 0; i < rows.size(); ++i) {
+        if (rows.at(i).isHidden)
+            tree.setRowHidden(i, parent, true);
+        if (!rows.at(i).children.isEmpty())
+            hide(tree, rows.at(i).children, tree.model()->index(i, 0, parent));
+    }
+}
+
+/// Items made detached and inserted at once in their order, then the hidden rows and the columns.
+void updateLimit(benchmark::State &state, int size, Changes &changes)
+{
+    const QList<ShownRow> rows = shownRows(changes);
     QTreeWidget tree;
     tree.setColumnCount(3);
     measure(
-        state, WidgetRows, [] {},
+        state, size, [] {},
         [&] {
             tree.clear();
-            QList<QTreeWidgetItem *> items;
-            items.reserve(texts.size());
-            for (const QStringList &row : texts)
-                items.append(new QTreeWidgetItem(row));
-            tree.addTopLevelItems(items);
+            tree.addTopLevelItems(itemsOf(rows));
+            hide(tree, rows);
             for (int column = 0; column < tree.columnCount(); ++column)
                 tree.resizeColumnToContents(column);
         });
-    check(state, tree.topLevelItemCount() == WidgetRows);
+    check(state, tree.topLevelItemCount() == rows.size());
 }
 
-void updateWidget(benchmark::State &state)
+const QTreeWidgetItem *firstValue(const QTreeWidget &tree)
+{
+    const QTreeWidgetItem *first = tree.topLevelItem(0);
+    return first->childCount() > 0 ? first->child(0) : first;
+}
+
+void updateWidget(benchmark::State &state, int size, Changes &changes)
 {
     ParameterValueSnapshotWidget widget(nullptr);
-    fill(widget, Changes::of(WidgetRows));
+    fill(widget, changes);
     measure(
-        state, WidgetRows, [] {}, [&] { widget.update(); });
+        state, size, [] {}, [&] { widget.update(); });
     const auto *tree = widget.findChild<QTreeWidget *>();
+    const int count = tree->topLevelItemCount();
     check(state,
-        tree->topLevelItemCount() == WidgetRows
-            && tree->topLevelItem(0)->text(2) == QLatin1String("13.00 A"));
+        (count == size || tree->topLevelItem(0)->childCount() == size)
+            && firstValue(*tree)->text(2) == QLatin1String("13.00 A"));
+}
+
+void addUpdate(
+    const std::string &operation, int size, Changes &(*changes)(int, eNames), eNames names)
+{
+    add(operation + "/limit", size,
+        [=](benchmark::State &state) { updateLimit(state, size, changes(size, names)); });
+    add(operation + "/library", size,
+        [=](benchmark::State &state) { updateWidget(state, size, changes(size, names)); });
 }
 
 /// The pieces of the document one after the other, none of them looked at.
 void htmlLimit(benchmark::State &state)
 {
-    const QList<QStringList> texts = textsOf(ReportRows);
+    const QList<ShownRow> rows = shownRows(changesOf<ManyChanges>(ReportRows, eNames::Frozen));
     QString html;
     measure(
         state, ReportRows, [&] { html = QString(); },
         [&] {
-            html.reserve(texts.size() * 160);
-            for (const QStringList &row : texts) {
+            html.reserve(rows.size() * 160);
+            for (const ShownRow &row : rows) {
                 html.append(QLatin1StringView("<tr>"));
-                for (const QString &cell : row) {
+                for (const QString &cell : row.texts) {
                     html.append(QLatin1StringView("<td>"))
                         .append(cell)
                         .append(QLatin1StringView("</td>\n"));
@@ -167,7 +254,7 @@ void htmlLimit(benchmark::State &state)
 void htmlReport(benchmark::State &state)
 {
     ParameterValueSnapshotWidget widget(nullptr);
-    fill(widget, Changes::of(ReportRows));
+    fill(widget, changesOf<ManyChanges>(ReportRows, eNames::Frozen));
     QString html;
     measure(
         state, ReportRows, [&] { html = QString(); }, [&] { html = widget.report(); });
@@ -346,8 +433,10 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     System::information()->setUserAccessLevel(6);
     printKeys();
-    add("widget-update/limit", WidgetRows, updateLimit);
-    add("widget-update/library", WidgetRows, updateWidget);
+    for (const int size : {WidgetRows / 4, WidgetRows})
+        addUpdate("widget-update", size, changesOf<ManyChanges>, eNames::Frozen);
+    addUpdate("widget-connected", WidgetRows, changesOf<ManyChanges>, eNames::Connected);
+    addUpdate("widget-record", WidgetRows, changesOf<RecordChanges>, eNames::Connected);
     add("widget-html/limit", ReportRows, htmlLimit);
     add("widget-html/library", ReportRows, htmlReport);
     add("search-key/limit", SearchRows, searchLimit);
@@ -356,5 +445,7 @@ int main(int argc, char **argv)
     add("search-key-painted/desk", SearchRows, searchAndPaint);
     add("open-device/limit", OpenedParameters, openLimit);
     add("open-device/desk", OpenedParameters, openDevice);
-    return runPairs(argc, argv, 0, {{"widget-update", 1.3}, {"widget-html", 2.5}});
+    return runPairs(argc, argv, 0,
+        {{"widget-update", 1.3}, {"widget-connected", 1.3}, {"widget-record", 1.3},
+            {"widget-html", 2.5}});
 }

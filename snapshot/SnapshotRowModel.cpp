@@ -47,17 +47,6 @@ QString withPrefix(eLivingSpace livingSpace, const QString &text)
     return QLatin1Char(char('0' + static_cast<qint32>(livingSpace))) % QLatin1Char('.') % text;
 }
 
-/// As a tree sorts its items: by code units, equal titles as they come. Most rows come in order, and
-/// moving them costs more than asking.
-void sortByTitle(QList<SnapshotRow> &rows)
-{
-    const auto isBefore = [](const SnapshotRow &a, const SnapshotRow &b) {
-        return a.title < b.title;
-    };
-    if (!std::is_sorted(rows.cbegin(), rows.cend(), isBefore))
-        std::stable_sort(rows.begin(), rows.end(), isBefore);
-}
-
 /// Orders as the text of a coordinate does, which has two or three digits: "A11", "A100", "A110" are in
 /// the order "A100", "A11", "A110". Costs no text.
 int textOrder(const ParameterCoordinate &coordinate)
@@ -70,17 +59,34 @@ int textOrder(const ParameterCoordinate &coordinate)
         + third;
 }
 
-/// As their texts are ordered, which is how the titles are.
-void sortByText(QList<ParameterCoordinate> &coordinates)
+/// Orders as the decimal text with "]" behind it does, which stands behind every digit: "10]", "1]",
+/// "2]".
+int textOrder(quint16 element)
 {
-    using Entry = std::pair<int, ParameterCoordinate>;
-    std::vector<Entry> entries;
-    entries.reserve(static_cast<size_t>(coordinates.size()));
-    for (const ParameterCoordinate &coordinate : std::as_const(coordinates))
-        entries.emplace_back(textOrder(coordinate), coordinate);
+    constexpr int Digits = 11;
+    constexpr int Bracket = Digits - 1;
+    constexpr qsizetype Longest = 5;
+    const QByteArray text = QByteArray::number(element);
+    int order = 0;
+    for (const char digit : text)
+        order = order * Digits + (digit - '0');
+    order = order * Digits + Bracket;
+    for (qsizetype i = text.size(); i < Longest; ++i)
+        order *= Digits;
+    return order;
+}
+
+/// As their texts are ordered, which is how a tree sorts their titles.
+template <typename T>
+void sortByText(QList<T> &list)
+{
+    std::vector<std::pair<int, T>> entries;
+    entries.reserve(static_cast<size_t>(list.size()));
+    for (const T &each : std::as_const(list))
+        entries.emplace_back(textOrder(each), each);
     std::sort(entries.begin(), entries.end());
-    std::transform(entries.cbegin(), entries.cend(), coordinates.begin(),
-        [](const Entry &entry) { return entry.second; });
+    std::transform(entries.cbegin(), entries.cend(), list.begin(),
+        [](const auto &entry) { return entry.second; });
 }
 
 std::shared_ptr<const SnapshotValue> missingValue()
@@ -98,7 +104,6 @@ SnapshotRecords recordsOf(const ParameterValueSnapshot *snapshot)
     return content ? content->records : SnapshotRecords();
 }
 
-/// Null where the snapshot is no longer connected or its container lacks the parameter.
 QPointer<ParameterInformation> connectedInformation(
     const ParameterValueSnapshot *snapshot, const ParameterCoordinate &coordinate)
 {
@@ -181,7 +186,8 @@ qsizetype SnapshotRowModel::toFirstRows(RowNumbers &numbers)
 
 SnapshotRowModel::Parameter SnapshotRowModel::parameter(const ParameterCoordinate &coordinate) const
 {
-    Parameter result {coordinate, {}, {}, {}};
+    Parameter result {
+        coordinate, connectedInformation(m_snapshots.value(0), coordinate), {}, {}, {}};
     for (const SnapshotRecords &records : m_records) {
         const auto found = records.constFind(coordinate);
         const SnapshotRecord *record = found == records.cend() ? nullptr : &*found;
@@ -217,9 +223,11 @@ void SnapshotRowModel::fillRows(
 QList<SnapshotRow> SnapshotRowModel::elementRows(
     const Parameter &parameter, eLivingSpace livingSpace, const QString &place) const
 {
+    QList<quint16> elements = parameter.elements;
+    sortByText(elements);
     QList<SnapshotRow> result;
-    result.reserve(parameter.elements.size());
-    for (const quint16 element : parameter.elements) {
+    result.reserve(elements.size());
+    for (const quint16 element : std::as_const(elements)) {
         SnapshotRow &row = result.emplaceBack();
         row.livingSpace = livingSpace;
         row.coordinate = parameter.coordinate;
@@ -230,7 +238,6 @@ QList<SnapshotRow> SnapshotRowModel::elementRows(
         for (const Holding &holding : parameter.holdings)
             row.cells.append(elementCell(holding, livingSpace, element));
     }
-    sortByTitle(result);
     return result;
 }
 
@@ -271,16 +278,16 @@ bool SnapshotRowModel::isReadable(const Holding &holding, quint16 element) const
 /// its time.
 QString SnapshotRowModel::parameterName(const Parameter &parameter) const
 {
-    if (const auto information = connectedInformation(m_snapshots.value(0), parameter.coordinate))
-        return information->name().longText();
+    if (parameter.information)
+        return parameter.information->name().longText();
     const SnapshotRecord *first = parameter.holdings.value(0).record;
     return first ? first->name() : QString();
 }
 
 QString SnapshotRowModel::elementName(const Parameter &parameter, quint16 element) const
 {
-    if (const auto information = connectedInformation(m_snapshots.value(0), parameter.coordinate))
-        return information->elementName(element).longText();
+    if (parameter.information)
+        return parameter.information->elementName(element).longText();
     const SnapshotRecord *first = parameter.holdings.value(0).record;
     return first ? first->elementName(element) : QString();
 }

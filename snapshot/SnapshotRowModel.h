@@ -11,6 +11,7 @@
 #include <memory>
 
 class FillingProgress;
+class ParameterInformation;
 class ParameterValueSnapshot;
 
 /// Makes the rows that show snapshots side by side.
@@ -51,6 +52,8 @@ private:
         bool isSimple() const { return elements.size() == 1 && elements.first() == 0; }
 
         ParameterCoordinate coordinate;
+        /// Null where the first snapshot is not connected, or its container lacks the parameter.
+        QPointer<ParameterInformation> information;
         QVarLengthArray<Holding, 2> holdings;
         QList<eLivingSpace> livingSpaces;
         QList<quint16> elements;

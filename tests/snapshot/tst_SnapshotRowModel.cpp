@@ -356,7 +356,7 @@ void tst_SnapshotRowModel::titlesAreSortedAsText()
         fixture.add(SnapshotFixture::parameter(coordinate, "x").global());
     fixture.add(SnapshotFixture::parameter("A99", "x"));
     DefinitionBuilder record = SnapshotFixture::parameter("C00", "x").global();
-    for (const quint16 element : {2, 10, 1})
+    for (const quint16 element : {65535, 2, 10, 1, 0, 100, 9})
         record.element(element, QStringLiteral("y"));
     fixture.add(record);
     const auto snapshot = taken(fixture);
@@ -364,8 +364,10 @@ void tst_SnapshotRowModel::titlesAreSortedAsText()
         (QStringList {QStringLiteral("1.A99 x|0"), QStringLiteral("2.A99 x|0"),
             QStringLiteral("A10 x|0"), QStringLiteral("A100 x|0"), QStringLiteral("A11 x|0"),
             QStringLiteral("A110 x|0"), QStringLiteral("B00 x|0"), QStringLiteral("C00 x"),
+            QStringLiteral(" C00[0] y|0"), QStringLiteral(" C00[100] y|0"),
             QStringLiteral(" C00[10] y|0"), QStringLiteral(" C00[1] y|0"),
-            QStringLiteral(" C00[2] y|0")}));
+            QStringLiteral(" C00[2] y|0"), QStringLiteral(" C00[65535] y|0"),
+            QStringLiteral(" C00[9] y|0")}));
 }
 
 QTEST_GUILESS_MAIN(tst_SnapshotRowModel)
