@@ -1922,11 +1922,30 @@ A is a project folder or such a file; without A and --project the defaults hold.
         <translation>--filter selects from projects; %1 is a snapshot</translation>
     </message>
     <message>
-        <source>Verschiedene Eigenschaften in --filter gelten zugleich, Werte derselben wahlweise. Ein
-Element, das auf einer Achse nicht passt, fehlt auf allen. Eigenschaften sind:
+        <source>Ein Element, das auf einer Achse nicht passt, fehlt auf allen.
 </source>
-        <translation>Different properties in --filter hold at once, values of the same one alternatively. An
-element that does not match on one axis is missing on all. Properties are:
+        <translation>An element that does not match on one axis is missing on all.
+</translation>
+    </message>
+    <message>
+        <source>Ein Element, das auf einer Achse einer Seite passt, wird auf allen Achsen aller Seiten
+verglichen.
+</source>
+        <translation>An element that matches on one axis of one side is compared on all axes of all sides.
+</translation>
+    </message>
+    <message>
+        <source>Verschiedene Eigenschaften in --filter gelten zugleich, Werte derselben wahlweise. Ein
+Wert gilt ganz und mit Groß- und Kleinschreibung; Address hat die Form 1.H000[00000].
+</source>
+        <translation>Different properties in --filter hold at once, values of the same one alternatively. A value
+counts in full and with case; Address has the form 1.H000[00000].
+</translation>
+    </message>
+    <message>
+        <source>Eigenschaften sind:
+</source>
+        <translation>Properties are:
 </translation>
     </message>
 </context>

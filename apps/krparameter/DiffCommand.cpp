@@ -135,7 +135,7 @@ QString DiffCommand::details() const
               "1, wo es Unterschiede gibt. Werte ab Schreibstufe 6 zeigen <offline> und gelten als "
               "gleich,\n"
               "außer mit --access-level 5.\n")
-        + SnapshotSource::filterDetails();
+        + SnapshotSource::comparisonFilterDetails();
 }
 
 QList<Option> DiffCommand::options() const
@@ -161,10 +161,10 @@ eExitCode DiffCommand::run(const CommandLine &line, Console &console)
     if (line.has(Csv) && line.has(OptionName::Json))
         return session.fail(eExitCode::Usage, tr("--csv und --json schließen sich aus"));
     eExitCode code = source.open();
-    if (code == eExitCode::Good && paths.size() == 1)
-        code = source.freezeDefaults();
-    if (code == eExitCode::Good)
-        code = source.freeze(paths);
+    if (code == eExitCode::Good) {
+        using enum SnapshotSource::eDefaults;
+        code = source.freezeToCompare(paths, paths.size() == 1 ? Prepend : Omit);
+    }
     if (code != eExitCode::Good)
         return code;
     const TitledSnapshot &left = source.snapshots().front();

@@ -43,7 +43,7 @@ QString ReportCommand::details() const
               "alles.\n"
               "Werte über der Zugriffsstufe bleiben leer. Das Dokument verbietet Skripte und\n"
               "Nachladen, und Namen darin sind maskiert; --exact schreibt es ohne beides.\n")
-        + SnapshotSource::filterDetails();
+        + SnapshotSource::comparisonFilterDetails();
 }
 
 QList<Option> ReportCommand::options() const
@@ -74,7 +74,7 @@ eExitCode ReportCommand::run(const CommandLine &line, Console &console)
         return session.fail(eExitCode::Usage, refusal);
     eExitCode code = source.open();
     if (code == eExitCode::Good)
-        code = source.freeze(paths);
+        code = source.freezeToCompare(paths);
     if (code != eExitCode::Good)
         return code;
     QList<SnapshotReport::Column> columns;

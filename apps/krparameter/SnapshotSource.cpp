@@ -1,6 +1,7 @@
 #include "apps/krparameter/SnapshotSource.h"
 
 #include "apps/host/DriveProject.h"
+#include "apps/host/ElementSelection.h"
 #include "apps/host/PropertyFilter.h"
 #include "apps/host/SnapshotFile.h"
 #include "apps/krparameter/CommandLine.h"
@@ -56,10 +57,30 @@ Option SnapshotSource::filterOption()
 
 QString SnapshotSource::filterDetails()
 {
+    return filterRules() + tr("Ein Element, das auf einer Achse nicht passt, fehlt auf allen.\n")
+        + filterProperties();
+}
+
+QString SnapshotSource::comparisonFilterDetails()
+{
+    return filterRules()
+        + tr("Ein Element, das auf einer Achse einer Seite passt, wird auf allen Achsen aller "
+             "Seiten\n"
+             "verglichen.\n")
+        + filterProperties();
+}
+
+QString SnapshotSource::filterRules()
+{
     return tr("Verschiedene Eigenschaften in --filter gelten zugleich, Werte derselben wahlweise. "
               "Ein\n"
-              "Element, das auf einer Achse nicht passt, fehlt auf allen. Eigenschaften sind:\n")
-        + wrapped(ParameterValueSnapshot::filterPropertyNames());
+              "Wert gilt ganz und mit Groß- und Kleinschreibung; Address hat die Form "
+              "1.H000[00000].\n");
+}
+
+QString SnapshotSource::filterProperties()
+{
+    return tr("Eigenschaften sind:\n") + wrapped(ParameterValueSnapshot::filterPropertyNames());
 }
 
 SnapshotSource::SnapshotSource(const CommandLine &line, Console &console, eSession afterwards)
@@ -107,24 +128,43 @@ eExitCode SnapshotSource::open()
 eExitCode SnapshotSource::freeze(const QStringList &paths)
 {
     for (const QString &path : paths) {
-        if (const eExitCode code = freezePath(path); code != eExitCode::Good)
+        if (const eExitCode code = openSide(path, titleOf(path, paths)); code != eExitCode::Good)
             return code;
-        m_snapshots.back().title = titleOf(path, paths);
+        take(m_snapshots.back(), m_filter.get());
     }
     return eExitCode::Good;
 }
 
 eExitCode SnapshotSource::freezeDefaults()
 {
-    return freezeDevice(std::nullopt, tr("Default"));
+    if (const eExitCode code = openDefaults(); code != eExitCode::Good)
+        return code;
+    take(m_snapshots.back(), m_filter.get());
+    return eExitCode::Good;
 }
 
-eExitCode SnapshotSource::freezePath(const QString &path)
+eExitCode SnapshotSource::freezeToCompare(const QStringList &paths, eDefaults defaults)
+{
+    if (!m_filter) {
+        const eExitCode code = defaults == eDefaults::Prepend ? freezeDefaults() : eExitCode::Good;
+        return code == eExitCode::Good ? freeze(paths) : code;
+    }
+    eExitCode code = defaults == eDefaults::Prepend ? openDefaults() : eExitCode::Good;
+    for (const QString &path : paths) {
+        if (code == eExitCode::Good)
+            code = openSide(path, titleOf(path, paths));
+    }
+    if (code == eExitCode::Good)
+        takeSelected();
+    return code;
+}
+
+eExitCode SnapshotSource::openSide(const QString &path, const QString &title)
 {
     const QFileInfo place(path);
     // A project that is missing is one: the session tells so.
     if (place.isDir() || (!place.exists() && path == m_line.value(OptionName::Project)))
-        return freezeDevice(path, path);
+        return openDevice(path, title);
     if (!place.exists())
         return fail(
             eExitCode::UnreadableInput, tr("%1: weder Projektordner noch Snapshot").arg(path));
@@ -132,29 +172,55 @@ eExitCode SnapshotSource::freezePath(const QString &path)
         return fail(
             eExitCode::Usage, tr("--filter wählt aus Projekten; %1 ist ein Snapshot").arg(path));
     }
-    auto snapshot = std::make_unique<ParameterValueSnapshot>(nullptr);
-    if (const QString error = SnapshotFile::read(path, *snapshot); !error.isEmpty())
-        return fail(eExitCode::UnreadableInput, error);
-    m_snapshots.push_back({path, std::move(snapshot), nullptr});
-    return eExitCode::Good;
+    return openFile(path, title);
 }
 
-eExitCode SnapshotSource::freezeDevice(const std::optional<QString> &folder, const QString &title)
+eExitCode SnapshotSource::openDefaults()
+{
+    return openDevice(std::nullopt, tr("Default"));
+}
+
+eExitCode SnapshotSource::openDevice(const std::optional<QString> &folder, const QString &title)
 {
     auto session = std::make_unique<Session>(m_line, m_console);
     session->setFolder(folder);
     if (const eExitCode code = session->open(); code != eExitCode::Good)
         return code;
     auto snapshot = std::make_unique<ParameterValueSnapshot>(&session->project().container());
-    if (m_filter)
-        snapshot->apply(*m_filter);
-    else
-        snapshot->applyNoFilter();
-    snapshot->disconnectFromSourceContainer();
-    if (m_afterwards == eSession::Close)
-        session.reset();
     m_snapshots.push_back({title, std::move(snapshot), std::move(session)});
     return eExitCode::Good;
+}
+
+eExitCode SnapshotSource::openFile(const QString &fileName, const QString &title)
+{
+    auto snapshot = std::make_unique<ParameterValueSnapshot>(nullptr);
+    if (const QString error = SnapshotFile::read(fileName, *snapshot); !error.isEmpty())
+        return fail(eExitCode::UnreadableInput, error);
+    m_snapshots.push_back({title, std::move(snapshot), nullptr});
+    return eExitCode::Good;
+}
+
+void SnapshotSource::take(TitledSnapshot &side, const Filter *filter)
+{
+    // A file holds its texts already.
+    if (!side.session)
+        return;
+    if (filter)
+        side.snapshot->apply(*filter);
+    else
+        side.snapshot->applyNoFilter();
+    side.snapshot->disconnectFromSourceContainer();
+    if (m_afterwards == eSession::Close)
+        side.session.reset();
+}
+
+void SnapshotSource::takeSelected()
+{
+    ElementSelection selection;
+    for (const TitledSnapshot &side : m_snapshots)
+        selection.add(side.session->project().container(), *m_filter);
+    for (TitledSnapshot &side : m_snapshots)
+        take(side, &selection);
 }
 
 eExitCode SnapshotSource::fail(eExitCode code, const QString &reason)

@@ -31,11 +31,15 @@ class SnapshotSource {
 
 public:
     static Option filterOption();
-    /// For the help of commands with the option.
+    /// For the help of commands with the option that filter one state.
     static QString filterDetails();
+    /// For the help of those that filter several to compare them.
+    static QString comparisonFilterDetails();
 
     /// Whether what is frozen stays open.
     enum class eSession { Close, Keep };
+    /// Whether the device's defaults stand before the paths.
+    enum class eDefaults { Omit, Prepend };
 
     /// **Owner** the caller of both, which outlive the source.
     SnapshotSource(
@@ -52,13 +56,25 @@ public:
     eExitCode freeze(const QStringList &paths);
     /// Freezes the device's defaults.
     eExitCode freezeDefaults();
+    /// Freezes the same elements of all sides: those that pass the filter on some axis of some side, on
+    /// all axes. What each side answers for itself would make differences out of the filter.
+    eExitCode freezeToCompare(const QStringList &paths, eDefaults defaults = eDefaults::Omit);
 
     /// In the order in which they were frozen.
     std::vector<TitledSnapshot> &snapshots() { return m_snapshots; }
 
 private:
-    eExitCode freezePath(const QString &path);
-    eExitCode freezeDevice(const std::optional<QString> &folder, const QString &title);
+    static QString filterRules();
+    static QString filterProperties();
+
+    eExitCode openSide(const QString &path, const QString &title);
+    eExitCode openDefaults();
+    eExitCode openDevice(const std::optional<QString> &folder, const QString &title);
+    eExitCode openFile(const QString &fileName, const QString &title);
+    /// Takes the texts of an opened side. Filter null: all.
+    void take(TitledSnapshot &side, const Filter *filter);
+    /// Takes all sides, which are open, by what the filter accepts of any.
+    void takeSelected();
     eExitCode fail(eExitCode code, const QString &reason);
 
     const CommandLine &m_line;
