@@ -5,6 +5,7 @@
 #include <QtCore/QLatin1StringView>
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 
 namespace {
@@ -89,6 +90,14 @@ bool isComputed(eParameterProperty property)
         || property >= eParameterProperty::ValueNative;
 }
 
+/// 0 for what is none, like a property that is looked up: also for "inf", "nan" and a number beyond
+/// the range, which read as infinities and as no number.
+double finiteNumber(const QString &text)
+{
+    const double number = text.toDouble();
+    return std::isfinite(number) ? number : 0.0;
+}
+
 } // namespace
 
 ParameterFilterElement::ParameterFilterElement() = default;
@@ -154,7 +163,7 @@ double ParameterFilterElement::doubleProperty(QString propertyName) const
         return 0.0;
     const eParameterProperty id = property(propertyName);
     if (isComputed(id))
-        return computedText(id).toDouble();
+        return finiteNumber(computedText(id));
     return m_information->elementProperty(m_element, id).asDouble();
 }
 

@@ -13,7 +13,7 @@ class ParameterInformation;
 ///
 /// Properties are asked for by the names of eParameterProperty, exactly as written there.
 /// "LivingSpace", "Address" and everything from "ValueNative" on are computed texts; a number is
-/// read from such a text in decimal, 0 where it is none. Every other property is the parameter's
+/// read from such a text in decimal, with or without blanks around it, 0 where it is none in range. Every other property is the parameter's
 /// own and does not depend on the living space. Deliberate: a name that is unknown, also one that
 /// differs in case, answers like "Coordinate".
 class ParameterFilterElement : public FilterElement {

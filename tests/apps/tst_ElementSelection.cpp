@@ -4,6 +4,8 @@
 
 #include <QtTest/QtTest>
 
+#include <algorithm>
+
 /// B01 holds 4200 on both axes of the one device, 100 and 200 on those of the other; of the record E30
 /// the other holds 3 in element 2.
 class tst_ElementSelection : public QObject {

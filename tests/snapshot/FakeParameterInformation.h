@@ -71,14 +71,16 @@ public:
     QMap<PropertyPlace, ParameterProperty> properties;
     QMap<quint16, QString> scaledUnits;
     QMap<quint16, QString> nativeUnits;
-    QMap<QString, QString> attributes;
+    QMap<Place, QMap<QString, QString>> attributes;
     /// Value texts to display texts; the display text of the place where there is none.
-    QMap<QString, QString> preparedTexts;
+    QMap<Place, QMap<QString, QString>> preparedTexts;
     QMap<quint16, int> kinds;
     QMap<quint16, quint32> readLevels;
     QMap<quint16, int> writeLevels;
     /// Runs inside every question for a display text, be it stored or to be prepared.
     std::function<void()> onDisplayText;
+    /// Runs inside every question for a default's value text.
+    std::function<void()> onDefaultText;
 
     mutable int displayCount = 0;
     mutable int nameCount = 0;
@@ -131,36 +133,38 @@ public:
     QStringList changeTagList(eLivingSpace) const override { return {}; }
     QStringList changeTagListOfAllInstances() const override { return {}; }
     QStringList sortedChangeTagList() const override { return {}; }
-    QString attribute(eLivingSpace, quint16, const QString &key) const override
+    QString attribute(eLivingSpace livingSpace, quint16 element, const QString &key) const override
     {
-        return attributes.value(key);
+        return attributes.value({livingSpace, element}).value(key);
     }
-    QString displayValueText(eLivingSpace livingSpace, quint16 element, bool) const override
+    QString displayValueText(
+        eLivingSpace livingSpace, quint16 element, bool withUnit) const override
     {
         ++displayCount;
-        const QString answer = values.value({livingSpace, element}).display;
+        const QString answer = marked(values.value({livingSpace, element}).display, withUnit);
         if (onDisplayText)
             onDisplayText();
         return answer;
     }
-    QString nativeValueText(eLivingSpace livingSpace, quint16 element, bool) const override
+    QString nativeValueText(eLivingSpace livingSpace, quint16 element, bool withUnit) const override
     {
-        return values.value({livingSpace, element}).native;
+        return marked(values.value({livingSpace, element}).native, withUnit);
     }
-    QString valueText(eLivingSpace livingSpace, quint16 element, bool) const override
+    QString valueText(eLivingSpace livingSpace, quint16 element, bool withUnit) const override
     {
-        return values.value({livingSpace, element}).value;
+        return marked(values.value({livingSpace, element}).value, withUnit);
     }
     QString preparedValueText(eLivingSpace, quint16, bool) const override { return {}; }
     QString unconvertedNativeValueText(eLivingSpace, quint16, bool) const override { return {}; }
     QString unconvertedValueText(eLivingSpace, quint16, bool) const override { return {}; }
     QString formattedValueText(eLivingSpace, quint16, int) const override { return {}; }
     QString formattedNativeValueText(eLivingSpace, quint16, int, bool) const override { return {}; }
-    QString prepareValueText(
-        const QString &text, eLivingSpace livingSpace, quint16 element, bool, bool *) const override
+    QString prepareValueText(const QString &text, eLivingSpace livingSpace, quint16 element,
+        bool withUnit, bool *) const override
     {
-        const QString shown = values.value({livingSpace, element}).display;
-        const QString answer = preparedTexts.value(text, shown);
+        const Place place(livingSpace, element);
+        const QString shown = values.value(place).display;
+        const QString answer = marked(preparedTexts.value(place).value(text, shown), withUnit);
         if (onDisplayText)
             onDisplayText();
         return answer;
@@ -207,9 +211,19 @@ public:
     }
     QString defaultValueText(eLivingSpace livingSpace, quint16 element) const override
     {
-        return defaults.value({livingSpace, element}).value;
+        const QString answer = defaults.value({livingSpace, element}).value;
+        // A copy: the parameter may go away in it.
+        if (const auto event = onDefaultText)
+            event();
+        return answer;
     }
     void setParameterNeedsConsistence(eLivingSpace, quint16, bool) override { }
     void startAllElementsConsistenceOnce(eLivingSpace) override { }
     void cancelAllElementsConsistenceOnce(eLivingSpace) override { }
+
+private:
+    static QString marked(const QString &text, bool withUnit)
+    {
+        return withUnit ? text + QLatin1String(" with unit") : text;
+    }
 };

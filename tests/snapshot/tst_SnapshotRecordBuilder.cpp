@@ -411,7 +411,8 @@ void tst_SnapshotRecordBuilder::displayTextIsAskedForWhereItMayBeMasked()
     FakeParameterInformation information(QStringLiteral("A00"));
     information.setValue(
         Global, 0, {QStringLiteral("<offline>"), QStringLiteral("1500"), QStringLiteral("1.5")});
-    information.preparedTexts = {{QStringLiteral("1.5"), QStringLiteral("prepared")}};
+    information.preparedTexts[{eLivingSpace::Global, 0}] = {
+        {QStringLiteral("1.5"), QStringLiteral("prepared")}};
     information.writeLevels = {{0, writeLevel}};
     const auto record = frozen(information);
     QVERIFY(record);
