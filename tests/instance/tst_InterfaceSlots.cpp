@@ -1,5 +1,6 @@
 #include "value/ParameterDataDelegate.h"
 
+#include <KrFilter/FilterElement.h>
 #include <KrFirmware/CallbackProvider.h>
 #include <KrParameterInstance/ActionParameter.h>
 #include <KrParameterInstance/ParameterContainerHostInformation.h>
@@ -250,6 +251,15 @@ void tst_InterfaceSlots::order_data()
     QTest::newRow("ParameterData::choiceMapKeys") << slotOf(&ParameterData::choiceMapKeys) << 20;
     QTest::newRow("ParameterData::hasProperty") << slotOf(&ParameterData::hasProperty) << 21;
     QTest::newRow("ParameterData::property") << slotOf(&ParameterData::property) << 22;
+
+    QTest::newRow("FilterElement::stringProperty")
+        << slotOf(&FilterElement::stringProperty) - SecondDestructor << 11;
+    QTest::newRow("FilterElement::uint32Property")
+        << slotOf(&FilterElement::uint32Property) - SecondDestructor << 12;
+    QTest::newRow("FilterElement::int32Property")
+        << slotOf(&FilterElement::int32Property) - SecondDestructor << 13;
+    QTest::newRow("FilterElement::doubleProperty")
+        << slotOf(&FilterElement::doubleProperty) - SecondDestructor << 14;
 
     QTest::newRow("ParameterContainerHostInformation::livingSpaces")
         << slotOf(&ParameterContainerHostInformation::livingSpaces) << 0;
