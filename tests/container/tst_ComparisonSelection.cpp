@@ -25,8 +25,15 @@ private Q_SLOTS:
     void changeTag_data();
     void changeTag();
     void tagOfTheLivingSpaceAskedFor();
+    void tagOfAGlobalParameter();
+    void missingPropertyCountsAsZero_data();
+    void missingPropertyCountsAsZero();
+    void overriddenProperty_data();
+    void overriddenProperty();
     void oneElementSuffices();
+    void oneElementWithoutSkippedTagSuffices();
     void partsMustHoldForOneElementTogether();
+    void severalParameters();
     void emptyContainer();
 };
 
@@ -162,6 +169,69 @@ void tst_ComparisonSelection::tagOfTheLivingSpaceAskedFor()
     QCOMPARE(container->compareParameterCoordinateList(Axis2).size(), 1);
 }
 
+/// Its one value is in living space 0, which every question covers.
+void tst_ComparisonSelection::tagOfAGlobalParameter()
+{
+    MessageRecorder messages;
+    TestContainer container;
+    QVERIFY(container.create(at(u"A12"_s).global(), u"S;a"_s));
+    container.setup(u"A12"_s)->setNativeValue(Global, 0, u"5"_s);
+    QCOMPARE(container->compareParameterCoordinateList(Axis1).size(), 1);
+    container.setup(u"A12"_s)->setValueChangeTag(Global, 0, u"fw_1"_s);
+    for (const eLivingSpace asked : {Global, Axis1, Axis4})
+        QVERIFY(container->compareParameterCoordinateList(asked).isEmpty());
+}
+
+void tst_ComparisonSelection::missingPropertyCountsAsZero_data()
+{
+    QTest::addColumn<eParameterProperty>("property");
+
+    QTest::newRow("write level") << eParameterProperty::WriteLevel;
+    QTest::newRow("memory allocation") << eParameterProperty::MemoryAllocation;
+}
+
+void tst_ComparisonSelection::missingPropertyCountsAsZero()
+{
+    MessageRecorder messages;
+    QFETCH(eParameterProperty, property);
+    System::information()->setUserAccessLevel(0);
+    TestContainer container;
+    QVERIFY(container.create(at(u"A12"_s).without(property), u"D.1;a"_s));
+    QCOMPARE(container->compareParameterCoordinateList(Axis1).size(), 1);
+}
+
+void tst_ComparisonSelection::overriddenProperty_data()
+{
+    QTest::addColumn<eParameterProperty>("property");
+    QTest::addColumn<quint32>("defined");
+    QTest::addColumn<quint32>("overridden");
+    QTest::addColumn<bool>("expected");
+
+    QTest::newRow("write level up to the user's")
+        << eParameterProperty::WriteLevel << 0U << 3U << true;
+    QTest::newRow("write level above the user's")
+        << eParameterProperty::WriteLevel << 0U << 4U << false;
+    QTest::newRow("write level down to the user's")
+        << eParameterProperty::WriteLevel << 4U << 3U << true;
+    QTest::newRow("no longer stored in the drive")
+        << eParameterProperty::MemoryAllocation << 0U << 1U << false;
+    QTest::newRow("stored in the drive from now on")
+        << eParameterProperty::MemoryAllocation << 1U << 0U << true;
+}
+
+void tst_ComparisonSelection::overriddenProperty()
+{
+    MessageRecorder messages;
+    QFETCH(eParameterProperty, property);
+    QFETCH(quint32, defined);
+    QFETCH(quint32, overridden);
+    TestContainer container;
+    QVERIFY(
+        container.create(at(u"A12"_s).property(property, defined).settable(property), u"D.1;a"_s));
+    container.setup(u"A12"_s)->setProperty(0, property, ParameterProperty(overridden));
+    QTEST(!container->compareParameterCoordinateList(Axis1).isEmpty(), "expected");
+}
+
 void tst_ComparisonSelection::oneElementSuffices()
 {
     MessageRecorder messages;
@@ -169,6 +239,23 @@ void tst_ComparisonSelection::oneElementSuffices()
     QVERIFY(container.create(
         at(u"A12"_s).element(0, u"Null"_s).levels(0, 6).element(7, u"Sieben"_s).levels(0, 0),
         u"D.1;a"_s));
+    QCOMPARE(container->compareParameterCoordinateList(Axis1).size(), 1);
+}
+
+void tst_ComparisonSelection::oneElementWithoutSkippedTagSuffices()
+{
+    MessageRecorder messages;
+    TestContainer container;
+    QVERIFY(
+        container.create(at(u"A12"_s).element(0, u"Null"_s).element(7, u"Sieben"_s), u"D.1;a"_s));
+    ParameterSetup *setup = container.setup(u"A12"_s);
+    for (const quint16 element : {0, 7})
+        setup->setNativeValue(Axis1, element, u"5"_s);
+    setup->setValueChangeTag(Axis1, 0, u"fw_1"_s);
+    QCOMPARE(container->compareParameterCoordinateList(Axis1).size(), 1);
+    setup->setValueChangeTag(Axis1, 7, u"dt_2"_s);
+    QVERIFY(container->compareParameterCoordinateList(Axis1).isEmpty());
+    setup->setValueChangeTag(Axis1, 0, u"operator 7"_s);
     QCOMPARE(container->compareParameterCoordinateList(Axis1).size(), 1);
 }
 
@@ -184,6 +271,33 @@ void tst_ComparisonSelection::partsMustHoldForOneElementTogether()
                                  .property(eParameterProperty::MemoryAllocation, 1U),
         u"D.1;a"_s));
     QVERIFY(container->compareParameterCoordinateList(Axis1).isEmpty());
+}
+
+/// Each is judged by itself; the list is ascending, in whatever order they were created.
+void tst_ComparisonSelection::severalParameters()
+{
+    MessageRecorder messages;
+    TestContainer container;
+    const auto create = [&](const QString &coordinate, quint32 writeLevel, bool isGlobal,
+                            const QString &locator) {
+        return container.create(at(coordinate).levels(0, writeLevel).global(isGlobal), locator);
+    };
+    QVERIFY(create(u"C05"_s, 3, false, u"D.1;c"_s));
+    QVERIFY(create(u"B01"_s, 4, false, u"D.1;b"_s));
+    QVERIFY(create(u"A100"_s, 0, true, u"S;d"_s));
+    QVERIFY(create(u"A12"_s, 0, false, u"D.1;a"_s));
+    QVERIFY(create(u"A20"_s, 0, false, u"D.2;e"_s));
+
+    const auto listed = [&](eLivingSpace livingSpace) {
+        QStringList texts;
+        for (const ParameterCoordinate &coordinate :
+            container->compareParameterCoordinateList(livingSpace))
+            texts.append(coordinate.toText());
+        return texts.join(u' ');
+    };
+    QCOMPARE(listed(Axis1), u"A12 A100 C05"_s);
+    QCOMPARE(listed(Axis2), u"A20 A100"_s);
+    QCOMPARE(listed(Global), u"A100"_s);
 }
 
 void tst_ComparisonSelection::emptyContainer()
