@@ -1,13 +1,14 @@
 #!/usr/bin/python3
 """Runs krparameter as a process: what --filter selects where states are compared, and elsewhere.
 
-Usage: tst_krparameter_filter.py PROGRAM
+Usage: tst_krparameter_filter.py PROGRAM SOURCE-FOLDER
 """
 
 import csv
 import io
 import json
 import os
+import re
 import shutil
 import subprocess
 import sys
@@ -16,6 +17,7 @@ import unittest
 from pathlib import Path
 
 PROGRAM = ""
+SOURCE = Path()
 
 GOOD, DIFFERENCES, USAGE = 0, 1, 2
 DEVICE = ["--device", "two-axis-drive"]
@@ -203,7 +205,15 @@ class OneState(FilterTest):
                 self.assertNotIn(rules[not compares], out)
                 self.assertIn("1.H000[00000]", out)
 
+    def test_page_of_the_properties(self):
+        page = (SOURCE / "docs/formats/filter-properties.md").read_text(encoding="utf-8")
+        rows = re.findall(r"^\| (\d+) \| `(\w+)` \| .+ \|$", page, re.MULTILINE)
+        _, out, _ = self.run_in_folder("--lang", "en", "diff", "--help")
+        names = out.split("Properties are:\n")[1].split("\n\n")[0].split()
+        self.assertEqual([name for _, name in sorted(rows, key=lambda row: int(row[0]))], names)
+        self.assertEqual(len(names), 62)
+
 
 if __name__ == "__main__":
-    PROGRAM = os.path.abspath(sys.argv[1])
+    PROGRAM, SOURCE = os.path.abspath(sys.argv[1]), Path(sys.argv[2])
     unittest.main(argv=sys.argv[:1])
