@@ -133,7 +133,7 @@ void checkIniText(const QByteArray &block)
 
 void checkReport(const QByteArray &own, ParameterContainer &container)
 {
-    const LoadReport report = LoadReport::compare(own, container, std::nullopt);
+    const LoadReport report = BlockComparison(own, container).report(std::nullopt, nullptr);
     requireRule(report.isComplete(), "a container's own block is complete to another");
     requireRule(!report.isCut(), "a container's own block is not cut");
 }
@@ -179,7 +179,7 @@ void loadAndSave(Subject &subject, const QByteArray &block)
     ParameterContainer &first = subject.first;
     ParameterContainer &second = subject.second;
 
-    LoadReport::compare(block, first, std::nullopt).toText();
+    BlockComparison(block, first).report(std::nullopt, nullptr).toText();
     load(first, block);
     const QByteArray own = saved(first);
     checkReport(own, second);

@@ -35,7 +35,10 @@ QVariant unitOf(const QString &unit)
 {
     if (unit.isEmpty() || unit.startsWith(u'<'))
         return unit;
-    return QVariant::fromValue(textOf(unit, {}));
+    ParameterText text;
+    for (const auto &language : {QStringLiteral("de"), QStringLiteral("en")})
+        text.setText(language, unit, unit);
+    return QVariant::fromValue(text);
 }
 
 } // namespace

@@ -98,7 +98,9 @@ void tst_DefinitionBuilder::setsParameterFields()
     QCOMPARE(definition->identifier(), QStringLiteral("P7"));
     QCOMPARE(definition->version(), 3U);
     QCOMPARE(definition->name().longText(QStringLiteral("de")), QStringLiteral("Strom"));
-    QCOMPARE(definition->name().shortText(QStringLiteral("en")), QStringLiteral("Current"));
+    QCOMPARE(definition->name().longText(QStringLiteral("en")), QStringLiteral("Current"));
+    QCOMPARE(
+        definition->name().shortText(QStringLiteral("en")), QStringLiteral("short of Current"));
     QCOMPARE(definition->nameCommonTextIndex(), 5);
     QCOMPARE(definition->descriptionText(), QStringLiteral("Der Strom"));
     QVERIFY(definition->isGlobalParameter());
