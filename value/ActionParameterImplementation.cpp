@@ -45,7 +45,7 @@ ActionParameterImplementation::~ActionParameterImplementation() = default;
 
 bool ActionParameterImplementation::start()
 {
-    if (!m_parameter || !isEnabled())
+    if (!isEnabled())
         return false;
     m_parameter->setValueText(m_axis, ControlElement, QStringLiteral("1"));
     return true;
@@ -65,8 +65,8 @@ QString ActionParameterImplementation::stateText() const
 {
     if (!m_parameter)
         return {};
-    return m_parameter->elementName(ResultElement).longText() + QLatin1String(": ")
-        + m_parameter->displayValueText(m_axis, ResultElement, true);
+    const QString title = m_parameter->elementName(ResultElement).longText();
+    return title + QLatin1String(": ") + m_parameter->displayValueText(m_axis, ResultElement, true);
 }
 
 QString ActionParameterImplementation::description() const
@@ -80,25 +80,42 @@ void ActionParameterImplementation::onActionChanged(ParameterAddress address)
     if (address.element() == ControlElement)
         Q_EMIT stateChanged();
     else if (address.element() == ProgressElement)
-        Q_EMIT progressChanged(number(ProgressElement));
+        announceProgress();
+}
+
+void ActionParameterImplementation::announceProgress()
+{
+    const QPointer<ActionParameterImplementation> guard(this);
+    const int percent = number(ProgressElement);
+    if (guard)
+        Q_EMIT progressChanged(percent);
 }
 
 void ActionParameterImplementation::deviceControlStateChanged()
 {
-    Q_EMIT enableChanged(isEnabled());
+    const QPointer<ActionParameterImplementation> guard(this);
+    const bool isNowEnabled = isEnabled();
+    if (guard)
+        Q_EMIT enableChanged(isNowEnabled);
 }
 
+/// Reading a value runs functions of the firmware, which may take the parameter or this object away;
+/// true only where both are still there.
 bool ActionParameterImplementation::isEnabled() const
 {
-    if (!m_parameter)
-        return false;
+    const QPointer<const ActionParameterImplementation> guard(this);
+    const auto isThere = [this, &guard] { return guard && m_parameter; };
     // Deliberate: a running action counts as enabled whatever the drive's state.
-    if (!isIdle())
-        return true;
+    const bool isRunning = !isIdle();
+    if (isRunning || !isThere())
+        return isThere();
     const qint32 requirement =
         m_parameter->elementProperty(ControlElement, eParameterProperty::EnableOffRequired)
             .asInt32();
-    return requirement != RequiresEnableOff || !isDriveEnabled(deviceState());
+    if (requirement != RequiresEnableOff)
+        return true;
+    const bool isStopped = !isDriveEnabled(deviceState());
+    return isThere() && isStopped;
 }
 
 int ActionParameterImplementation::number(quint16 element) const

@@ -24,6 +24,7 @@ public:
 
 private:
     void onActionChanged(ParameterAddress address);
+    void announceProgress();
     void deviceControlStateChanged();
     bool isEnabled() const;
     /// A text that is no number counts as 0.

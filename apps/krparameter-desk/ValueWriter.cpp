@@ -13,6 +13,16 @@ namespace {
 
 /// Functions that answer each other for ever end here.
 constexpr int GreatestRounds = 8;
+/// Memory allocation of a value that nobody stores, a command for example.
+constexpr int NoStorage = 1;
+
+/// A command that was given is not taken back by giving the one before it: that would be one more, of
+/// which nobody has asked whether the drive is ready for it.
+bool isRestorable(ParameterContainer &container, const ValuePlace &place)
+{
+    const auto parameter = container.parameterInformation(place.coordinate);
+    return parameter && parameter->memoryAllocation(place.element) != NoStorage;
+}
 
 } // namespace
 
@@ -45,7 +55,9 @@ ValueWriter::Outcome ValueWriter::write(const ValuePlace &place, const QString &
     }
     if (!m_container)
         return {true, sink.text()};
-    if (!changes.isEmpty() && m_undoStack)
+    changes.removeIf(
+        [this](const ValueChange &change) { return !isRestorable(*m_container, change.place); });
+    if (m_undoStack && isRestorable(*m_container, place) && !changes.isEmpty())
         m_undoStack->push(new WriteCommand(address, changes,
             [writer = QPointer(this)](const QList<ValueChange> &which, ValueChange::eState state) {
                 return writer && writer->restore(which, state);
@@ -70,7 +82,7 @@ bool ValueWriter::restore(const QList<ValueChange> &changes, ValueChange::eState
         // A function may answer a restored value with a write; the second round puts that back.
         for (int round = 0; round < GreatestRounds && storeDifferent(places, targets); ++round) {
             for (const ValuePlace &place : m_recorder.places()) {
-                if (targets.contains(place))
+                if (targets.contains(place) || !m_container || !isRestorable(*m_container, place))
                     continue;
                 targets.insert(place, m_recorder.before(place));
                 places.append(place);

@@ -91,7 +91,7 @@ void ActionRun::loseDrive()
 int ActionRun::percent() const
 {
     return m_container
-        .readValueNative(m_control.livingSpace, m_control.coordinate, ProgressElement, false)
+        .readUndecoratedValue(m_control.livingSpace, m_control.coordinate, ProgressElement, false)
         .toInt();
 }
 
@@ -102,8 +102,9 @@ QString ActionRun::stateText() const
 
 void ActionRun::endWhereIdle()
 {
-    // What was written here is not what the drive does.
-    if (!m_isAwaited && m_action->isIdle())
+    // A change that is told later may find the run ended, and its container gone. What was written here
+    // is not what the drive does.
+    if (!m_end && !m_isAwaited && m_action->isIdle())
         endAs(percent() == LastPercent ? eEnd::Done : eEnd::BrokenOff);
 }
 

@@ -42,6 +42,10 @@ private Q_SLOTS:
     void vanishedDeviceState();
     void vanishesInsideASignal_data();
     void vanishesInsideASignal();
+    void vanishesWhileItIsRead_data();
+    void vanishesWhileItIsRead();
+    void actionGoesWhileItIsRead_data();
+    void actionGoesWhileItIsRead();
     void vanishesWhileBeingConstructed();
 };
 
@@ -491,6 +495,61 @@ void tst_ActionParameterImplementation::vanishesInsideASignal()
     QVERIFY(object.start());
     QVERIFY(object.isIdle());
     QVERIFY(!object.start());
+}
+
+/// A function of the firmware takes the parameters away with the read that is counted.
+void tst_ActionParameterImplementation::vanishesWhileItIsRead_data()
+{
+    QTest::addColumn<int>("reads");
+    QTest::newRow("with the action's state") << 1;
+    QTest::newRow("with the drive's state") << 2;
+}
+
+void tst_ActionParameterImplementation::vanishesWhileItIsRead()
+{
+    QFETCH(int, reads);
+    InstanceStand stand;
+    stand.add(deviceState(), u"E48"_s);
+    auto *set = stand.add(action(1), u"A12"_s);
+    ActionParameterImplementation object(set, Axis1);
+    stand.programFirmware()->valueText = [&](const QString &text, const ParameterData &, quint16) {
+        if (--reads == 0)
+            stand.container->clear();
+        return text;
+    };
+    QVERIFY(!object.start());
+    QCOMPARE(object.stateText(), QString());
+    QVERIFY(object.isIdle());
+}
+
+void tst_ActionParameterImplementation::actionGoesWhileItIsRead_data()
+{
+    QTest::addColumn<int>("element");
+    QTest::newRow("by a change of the progress") << 1;
+    QTest::newRow("by a change of the drive's state") << -1;
+}
+
+/// Nothing is told then.
+void tst_ActionParameterImplementation::actionGoesWhileItIsRead()
+{
+    QFETCH(int, element);
+    InstanceStand stand;
+    auto *state = stand.add(deviceState(), u"E48"_s);
+    auto *set = stand.add(action(1), u"A12"_s);
+    auto object = std::make_unique<ActionParameterImplementation>(set, Axis1);
+    bool isTold = false;
+    connect(object.get(), &ActionParameter::progressChanged, this, [&] { isTold = true; });
+    connect(object.get(), &ActionParameter::enableChanged, this, [&] { isTold = true; });
+    stand.programFirmware()->valueText = [&](const QString &text, const ParameterData &, quint16) {
+        object.reset();
+        return text;
+    };
+    if (element < 0)
+        state->setOnlineValueText(Axis1, 0, u"5"_s);
+    else
+        set->setOnlineValueText(Axis1, quint16(element), u"5"_s);
+    QVERIFY(!object);
+    QVERIFY(!isTold);
 }
 
 void tst_ActionParameterImplementation::vanishesWhileBeingConstructed()

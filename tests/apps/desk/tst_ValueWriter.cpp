@@ -25,6 +25,8 @@ private Q_SLOTS:
     void sameValueIsNoChange();
     void undoTakesBackWhatChangedAlong();
     void changesFromElsewhereStay();
+    void commandIsNotUndone();
+    void commandStaysWhereAWriteGaveIt();
     void restoreIsRefusedWhileReadOnly();
     void afterTheContainer();
 
@@ -203,6 +205,38 @@ void tst_ValueWriter::changesFromElsewhereStay()
 }
 
 /// Nothing is stored; what was not undone can be undone later.
+/// What nobody stores: a value that starts something, and what it changed along.
+void tst_ValueWriter::commandIsNotUndone()
+{
+    QByteArray text = FollowingDevice::description();
+    QCOMPARE(text.count(R"("default": 10,)"), 1);
+    open(std::make_unique<DeskDevice>(
+        text.replace(R"("default": 10,)", R"("default": 10, "memoryAllocation": 1,)")));
+    const ValuePlace source = place("K01", 0);
+    QVERIFY(m_writer->write(source, QStringLiteral("20")).isAccepted);
+    QCOMPARE(native(source), QStringLiteral("20"));
+    QCOMPARE(native(place("K02", 0)), QStringLiteral("40"));
+    QCOMPARE(m_stack->count(), 0);
+    QVERIFY(m_stack->isClean());
+}
+
+/// Undoing the write gives no command, neither the one before nor the same once more.
+void tst_ValueWriter::commandStaysWhereAWriteGaveIt()
+{
+    QByteArray text = FollowingDevice::description();
+    QCOMPARE(text.count(R"("default": 7,)"), 1);
+    open(std::make_unique<DeskDevice>(
+        text.replace(R"("default": 7,)", R"("default": 7, "memoryAllocation": 1,)")));
+    QVERIFY(m_writer->write(place("K01", 0), QStringLiteral("20")).isAccepted);
+    QCOMPARE(native(place("K02", 0)), QStringLiteral("40"));
+    QList<ValuePlace> written;
+    connect(m_writer.get(), &ValueWriter::written, this,
+        [&written](const ValuePlace &at) { written.append(at); });
+    m_stack->undo();
+    QCOMPARE(native(place("K01", 0)), QStringLiteral("10"));
+    QCOMPARE(written, QList<ValuePlace> {place("K01", 0)});
+}
+
 void tst_ValueWriter::restoreIsRefusedWhileReadOnly()
 {
     MessageRecorder messages;
