@@ -137,6 +137,18 @@ void ModbusTcpLink::onFinished(quint32 ticket, QModbusReply *reply)
         Q_EMIT answered(ticket, answerOf(*reply));
 }
 
+void ModbusTcpLink::onRead()
+{
+    const Telling telling(m_telling);
+    // A line that breaks now tells so at once; who hears it may delete this.
+    const QPointer<ModbusTcpLink> guard(this);
+    // The socket itself sends with the next turn of the event loop: when the answers have been taken in.
+    if (auto *socket = m_client ? qobject_cast<QAbstractSocket *>(m_client->device()) : nullptr)
+        socket->flush();
+    if (guard)
+        Q_EMIT allAnswered();
+}
+
 void ModbusTcpLink::onStateChanged(QModbusDevice::State state)
 {
     if (!m_client)
@@ -144,8 +156,11 @@ void ModbusTcpLink::onStateChanged(QModbusDevice::State state)
     const Telling telling(m_telling);
     if (state == QModbusDevice::ConnectedState) {
         // Requests are small; held back until an acknowledgement they would take 40 ms each.
-        if (auto *socket = qobject_cast<QAbstractSocket *>(m_client->device()))
+        if (auto *socket = qobject_cast<QAbstractSocket *>(m_client->device())) {
             socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+            // Behind the client, which takes the answers in.
+            connect(socket, &QIODevice::readyRead, this, &ModbusTcpLink::onRead);
+        }
         Q_EMIT opened();
     } else if (state == QModbusDevice::UnconnectedState) {
         const QString reason = m_client->error() == QModbusDevice::NoError

@@ -28,6 +28,8 @@ public:
 private:
     void await(quint32 ticket, QModbusReply *reply);
     void onFinished(quint32 ticket, QModbusReply *reply);
+    /// The client has told all answers of a piece of the stream.
+    void onRead();
     void onStateChanged(QModbusDevice::State state);
     static OnlineAnswer answerOf(const QModbusReply &reply);
 

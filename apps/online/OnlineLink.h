@@ -29,4 +29,7 @@ Q_SIGNALS:
     /// The line could not be opened or broke.
     void closed(const QString &reason);
     void answered(quint32 ticket, const OnlineAnswer &answer);
+    /// All answers that came together have been told, and what was asked for meanwhile is on its way to
+    /// the drive: now there is time for what the answers say.
+    void allAnswered();
 };

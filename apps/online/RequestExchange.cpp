@@ -18,6 +18,7 @@ RequestExchange::RequestExchange(OnlineLink &link, OnlineClock &clock, const Onl
     , m_rules(rules)
 {
     connect(&m_link, &OnlineLink::answered, this, &RequestExchange::onAnswered);
+    connect(&m_link, &OnlineLink::allAnswered, this, &RequestExchange::takeAnswers);
     connect(&m_clock, &OnlineClock::rang, this, &RequestExchange::onRang);
 }
 
@@ -42,6 +43,7 @@ void RequestExchange::clear()
     m_waiting.clear();
     m_underWay.clear();
     m_pausing.clear();
+    m_answers.clear();
     m_clock.clearAlarm(eOnlineAlarm::Exchange);
 }
 
@@ -89,17 +91,33 @@ void RequestExchange::onAnswered(quint32 ticket, const OnlineAnswer &answer)
     const quint32 number = *found;
     m_underWay.erase(found);
     m_requests[number].ticket = 0;
-    const QPointer<RequestExchange> guard(this);
     if (answer.kind != OnlineAnswer::eKind::Lost)
         ++m_heard;
-    // The next one goes out first: the drive works on it while this answer is taken in.
+    m_answers.emplace_back(number, answer);
+    // The next ones go out first: the drive works on them while the answers are taken in.
     pump();
-    if (answer.kind == OnlineAnswer::eKind::Good || answer.kind == OnlineAnswer::eKind::Refused)
-        finish(number, answer);
-    else
-        fail(number, answer);
-    if (guard)
-        arm();
+    // Otherwise something is to come, be it an alarm.
+    if (m_underWay.isEmpty())
+        takeAnswers();
+}
+
+void RequestExchange::takeAnswers()
+{
+    if (m_answers.empty())
+        return;
+    const QPointer<RequestExchange> guard(this);
+    // A listener may drop the rest.
+    while (!m_answers.empty()) {
+        const auto [number, answer] = std::move(m_answers.front());
+        m_answers.pop_front();
+        if (answer.kind == OnlineAnswer::eKind::Good || answer.kind == OnlineAnswer::eKind::Refused)
+            finish(number, answer);
+        else
+            fail(number, answer);
+        if (!guard)
+            return;
+    }
+    arm();
 }
 
 void RequestExchange::onRang(eOnlineAlarm alarm)
@@ -116,6 +134,8 @@ void RequestExchange::onRang(eOnlineAlarm alarm)
         over = m_pausing.erase(over);
     }
     onOverdue();
+    if (guard)
+        takeAnswers();
     if (!guard)
         return;
     pump();

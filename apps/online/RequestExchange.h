@@ -66,6 +66,7 @@ private:
     void pump();
     void send(Request &request, quint32 number);
     void onAnswered(quint32 ticket, const OnlineAnswer &answer);
+    void takeAnswers();
     void onRang(eOnlineAlarm alarm);
     void onOverdue();
     /// Sends it again later, or ends it with the answer when it was the last attempt.
@@ -83,6 +84,8 @@ private:
     QHash<quint32, quint32> m_underWay;
     /// Ends and numbers of the pauses.
     std::set<std::pair<milliseconds, quint32>> m_pausing;
+    /// Numbers and answers that are not taken yet: others come with them.
+    std::deque<std::pair<quint32, OnlineAnswer>> m_answers;
     /// Answers that came, whatever they said.
     quint64 m_heard = 0;
     quint32 m_lastNumber = 0;

@@ -4,6 +4,7 @@
 
 #include <QtCore/QHash>
 #include <QtCore/QList>
+#include <QtCore/QPointer>
 
 /// A line that the test answers on, over a drive that is a table of registers.
 class FakeLink final : public OnlineLink {
@@ -37,7 +38,7 @@ public:
     Sent take() { return sent.takeFirst(); }
     void answer(const Sent &request, OnlineAnswer::eKind kind)
     {
-        Q_EMIT answered(request.ticket, {kind, {}, QStringLiteral("reason")});
+        tell(request.ticket, {kind, {}, QStringLiteral("reason")});
     }
     /// Reads from the table and writes to it.
     void answer(const Sent &request)
@@ -48,7 +49,7 @@ public:
         if (!request.isRead())
             std::copy(request.registers.begin(), request.registers.end(),
                 unit.begin() + request.span.first);
-        Q_EMIT answered(request.ticket,
+        tell(request.ticket,
             {OnlineAnswer::eKind::Good,
                 request.isRead() ? unit.sliced(request.span.first, request.span.count)
                                  : QList<quint16>(),
@@ -62,6 +63,8 @@ public:
             answer(take());
         return count;
     }
+    /// More answers come with the ones that were told, until this.
+    void endAnswers() { Q_EMIT allAnswered(); }
     void comeUp() { Q_EMIT opened(); }
     void breakDown() { Q_EMIT closed(QStringLiteral("broken")); }
 
@@ -70,4 +73,16 @@ public:
     QList<quint32> forgotten;
     int openings = 0;
     int closings = 0;
+    /// What is answered comes together with more.
+    bool holdsAnswers = false;
+
+private:
+    void tell(quint32 ticket, const OnlineAnswer &answer)
+    {
+        // Who hears it may delete this.
+        const QPointer<FakeLink> guard(this);
+        Q_EMIT answered(ticket, answer);
+        if (guard && !holdsAnswers)
+            Q_EMIT allAnswered();
+    }
 };

@@ -55,6 +55,11 @@ private Q_SLOTS:
     void pausesDouble_data();
     void pausesDouble();
     void sendsAFewAtATime();
+    void sendsBeforeItTakesAnswers();
+    void takesTheLastAnswersAtOnce();
+    void takesAnswersWithAnAlarm();
+    void dropsAnswersThatAreNotTaken();
+    void survivesAListenerThatDropsTheOtherAnswers();
     void waitsForAnAnswer();
     void waitsLongerWhereTheValueNeedsIt();
     void sendsAgainAfterAGrowingPause();
@@ -102,6 +107,85 @@ void tst_RequestExchange::sendsAFewAtATime()
     QCOMPARE(s.link.answerAll(), 2);
     QVERIFY(s.exchange.isIdle());
     QVERIFY(!s.clock.alarm(eOnlineAlarm::Exchange));
+}
+
+void tst_RequestExchange::sendsBeforeItTakesAnswers()
+{
+    Setting s;
+    s.link.holdsAnswers = true;
+    for (int i = 0; i < 5; ++i)
+        s.exchange.read(Span, milliseconds(0));
+    s.link.answer(s.link.take());
+    s.link.answer(s.link.take(), eKind::Busy);
+    // The drive has the next ones to do while nothing was taken yet.
+    QCOMPARE(s.link.sent.size(), 2);
+    QCOMPARE(s.outcomes, QStringList());
+    s.link.endAnswers();
+    QCOMPARE(s.outcomes, QStringList {QStringLiteral("1 good")});
+    s.link.endAnswers();
+    QCOMPARE(s.outcomes.size(), 1);
+    // The one that was to come again comes when its pause is over.
+    s.link.answer(s.link.take());
+    s.link.endAnswers();
+    s.clock.advance(50);
+    s.link.answer(s.link.take());
+    s.link.answer(s.link.take());
+    s.link.answer(s.link.take());
+    QCOMPARE(s.outcomes.join(u','), QStringLiteral("1 good,3 good,4 good,5 good,2 good"));
+}
+
+void tst_RequestExchange::takesTheLastAnswersAtOnce()
+{
+    Setting s;
+    s.link.holdsAnswers = true;
+    s.exchange.read(Span, milliseconds(0));
+    s.exchange.read(Span, milliseconds(0));
+    s.link.answer(s.link.take());
+    QCOMPARE(s.outcomes, QStringList());
+    // Nothing else is to come.
+    s.link.answer(s.link.take());
+    QCOMPARE(s.outcomes.join(u','), QStringLiteral("1 good,2 good"));
+    QVERIFY(s.exchange.isIdle());
+}
+
+void tst_RequestExchange::takesAnswersWithAnAlarm()
+{
+    Setting s;
+    s.link.holdsAnswers = true;
+    s.exchange.read(Span, milliseconds(0));
+    s.exchange.read(Span, milliseconds(0));
+    s.link.answer(s.link.take());
+    QCOMPARE(s.outcomes, QStringList());
+    // A line that never tells the end of its answers holds them back until the next one is overdue.
+    s.clock.advance(500);
+    QCOMPARE(s.outcomes, QStringList {QStringLiteral("1 good")});
+}
+
+void tst_RequestExchange::dropsAnswersThatAreNotTaken()
+{
+    Setting s;
+    s.link.holdsAnswers = true;
+    s.exchange.read(Span, milliseconds(0));
+    s.exchange.read(Span, milliseconds(0));
+    s.link.answer(s.link.take());
+    s.exchange.clear();
+    s.link.endAnswers();
+    QCOMPARE(s.outcomes, QStringList());
+    QVERIFY(s.exchange.isIdle());
+}
+
+void tst_RequestExchange::survivesAListenerThatDropsTheOtherAnswers()
+{
+    Setting s;
+    s.link.holdsAnswers = true;
+    for (int i = 0; i < 3; ++i)
+        s.exchange.read(Span, milliseconds(0));
+    connect(&s.exchange, &RequestExchange::finished, &s.exchange, [&s] { s.exchange.clear(); });
+    s.link.answer(s.link.take());
+    s.link.answer(s.link.take());
+    s.link.endAnswers();
+    QCOMPARE(s.outcomes, QStringList {QStringLiteral("1 good")});
+    QVERIFY(s.exchange.isIdle());
 }
 
 void tst_RequestExchange::waitsForAnAnswer()
