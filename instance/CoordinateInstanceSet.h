@@ -198,6 +198,9 @@ public Q_SLOTS:
     void cancelAllElementsConsistenceOnce(eLivingSpace livingSpace) override;
     void onSuppressedHidingTimerTimedout();
 
+protected:
+    void connectNotify(const QMetaMethod &signal) override;
+
 private:
     using Guard = LifeGuard;
     using ConversionMessage = QString (*)(const QString &addressText, const QString &problem);
@@ -301,4 +304,7 @@ private:
     std::unique_ptr<HidingState> m_hiding;
     ParameterCoordinate m_coordinate;
     bool m_hasLeft = false;
+    /// Somebody has connected to this, ever. Most parameters are heard through their container alone; what
+    /// changes with each value is not told to nobody.
+    bool m_isHeard = false;
 };

@@ -255,7 +255,7 @@ void CoordinateInstanceSet::setNativeText(
     ParameterInstanceData *found = record(livingSpace, element);
     if (!found)
         return;
-    const bool isSame = found->value(element) == nativeText;
+    const bool isSame = found->hasValue(element, nativeText);
     if (!has(guard, element))
         return;
     if (isSame)
@@ -272,7 +272,7 @@ void CoordinateInstanceSet::setOnlineValueText(
     const Guard guard(this);
     const eLivingSpace instanceKey = key(livingSpace);
     ParameterInstanceData *found = m_instances.find(instanceKey);
-    if (found && found->value(element) != nativeText && has(guard, element))
+    if (found && !found->hasValue(element, nativeText) && has(guard, element))
         storeNative(guard, found, element, nativeText);
     if (guard && m_consistence.arrived(instanceKey, element))
         Q_EMIT allElementsConsistenceOnceDone(m_coordinate, livingSpace);
@@ -414,11 +414,18 @@ bool CoordinateInstanceSet::forEachValue(const QList<quint16> &elements,
     return true;
 }
 
+void CoordinateInstanceSet::connectNotify(const QMetaMethod &signal)
+{
+    Q_UNUSED(signal)
+    m_isHeard = true;
+}
+
 bool CoordinateInstanceSet::emitValueChanged(const Guard &guard, eLivingSpace key, quint16 element)
 {
     const ParameterAddress at = address(key, element);
-    Q_EMIT valueChanged(at);
-    if (has(guard, element))
+    if (m_isHeard)
+        Q_EMIT valueChanged(at);
+    if (m_isHeard && has(guard, element))
         Q_EMIT nativeValueChanged(at);
     if (isListed(guard, element))
         Q_EMIT m_container->parameterValueChanged(at);

@@ -158,6 +158,13 @@ QString ParameterInstanceData::value(quint16 element)
     return text;
 }
 
+bool ParameterInstanceData::hasValue(quint16 element, const QString &nativeText)
+{
+    const ElementTexts *texts = findKept(element);
+    return texts && !texts->value.isNull() ? texts->value == nativeText
+                                           : value(element) == nativeText;
+}
+
 QString ParameterInstanceData::valueWithoutFirmware(quint16 element) const
 {
     const ElementTexts *texts = find(element);

@@ -66,6 +66,8 @@ public:
     /// **Throws** ParameterException, like every operation that takes an element: reason 2 for an
     /// element that the parameter lacks, reason 7 without owner.
     QString value(quint16 element);
+    /// Whether that is the native text; does all that value() does.
+    bool hasValue(quint16 element, const QString &nativeText);
     /// The native text for questions that the firmware's functions depend on themselves: where there
     /// is none, the default as it is defined. Neither asks the firmware nor stores; an element that
     /// the parameter lacks has an empty text.

@@ -1,5 +1,6 @@
 #include "tests/instance/InstanceStand.h"
 
+#include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 
 #include <functional>
@@ -20,6 +21,7 @@ private Q_SLOTS:
     void unchangedValueReceivesTheTagAlone_data();
     void unchangedValueReceivesTheTagAlone();
     void unchangedOnlineValueKeepsItsTag();
+    void whoeverConnectsHearsTheNextChange();
     void comparisonUsesTheValueText();
     void comparisonUsesTheNativeText();
     void absentElementOrInstance_data();
@@ -232,6 +234,37 @@ void tst_CoordinateInstanceSetWrites::unchangedOnlineValueKeepsItsTag()
     // Another text of the same number is another text.
     set->setOnlineValueText(Axis1, 0, u"05"_s);
     QCOMPARE(stand.log.count(u"valueChanged"_s), 1);
+}
+
+/// A set that nobody has connected to tells its container alone.
+void tst_CoordinateInstanceSetWrites::whoeverConnectsHearsTheNextChange()
+{
+    InstanceStand stand;
+    auto *set = stand.add(DefinitionBuilder(), u"A12"_s);
+    auto *other = stand.add(DefinitionBuilder(), u"A13"_s);
+    QStringList heard;
+    connect(stand.container.get(), &ParameterProvider::parameterNativeValueChanged, set,
+        [&heard](const ParameterAddress &at) {
+            heard.append(u"container "_s + at.toText(false, false));
+        });
+    other->setOnlineValueText(Axis1, 0, u"5"_s);
+    set->setOnlineValueText(Axis1, 0, u"5"_s);
+    QCOMPARE(heard.join(u','), u"container 1.A13,container 1.A12"_s);
+    heard.clear();
+    const auto functor = connect(set, &ParameterInformation::nativeValueChanged, set,
+        [&heard] { heard.append(u"native"_s); });
+    set->setOnlineValueText(Axis1, 0, u"6"_s);
+    other->setOnlineValueText(Axis1, 0, u"6"_s);
+    QCOMPARE(heard.join(u','), u"native,container 1.A12,container 1.A13"_s);
+    disconnect(functor);
+    heard.clear();
+    // By the name of the signal too.
+    const QSignalSpy spy(other, SIGNAL(valueChanged(ParameterAddress)));
+    QVERIFY(spy.isValid());
+    other->setOnlineValueText(Axis1, 0, u"7"_s);
+    set->setOnlineValueText(Axis1, 0, u"7"_s);
+    QCOMPARE(spy.size(), 1);
+    QCOMPARE(heard.join(u','), u"container 1.A13,container 1.A12"_s);
 }
 
 void tst_CoordinateInstanceSetWrites::comparisonUsesTheValueText()
@@ -796,3 +829,5 @@ void tst_CoordinateInstanceSetWrites::takeDefinitionKeepsOverrides()
 QTEST_GUILESS_MAIN(tst_CoordinateInstanceSetWrites)
 
 #include "tst_CoordinateInstanceSetWrites.moc"
+
+#include <QtTest/QSignalSpy>

@@ -6,8 +6,6 @@
 
 namespace {
 
-constexpr int AxisShift = 30;
-constexpr int ElementShift = 16;
 constexpr qsizetype ElementDigits = 5;
 constexpr qsizetype BitDigits = 2;
 
@@ -106,20 +104,6 @@ ParameterAddress::ParameterAddress(
 ParameterAddress::ParameterAddress(const QString &text, bool axisPrefix)
     : ParameterAddress(addressOf(text, axisPrefix))
 {
-}
-
-bool ParameterAddress::isValid() const noexcept
-{
-    return m_coordinate.isValid() && m_axis <= LastAxis && m_element <= LastElement
-        && m_bit >= NoBit && m_bit <= LastBit;
-}
-
-quint32 ParameterAddress::toNumber() const noexcept
-{
-    if (!isValid())
-        return InvalidNumber;
-    return (quint32(m_axis) << AxisShift) | (quint32(m_element) << ElementShift)
-        | m_coordinate.toNumber();
 }
 
 QString ParameterAddress::toText(bool isGlobal, bool withElement) const

@@ -32,7 +32,11 @@ public:
     /// axis 0; without `axisPrefix` a text that has a prefix is invalid.
     ParameterAddress(const QString &text, bool axisPrefix);
 
-    bool isValid() const noexcept;
+    bool isValid() const noexcept
+    {
+        return m_coordinate.isValid() && m_axis <= LastAxis && m_element <= LastElement
+            && m_bit >= NoBit && m_bit <= LastBit;
+    }
     quint8 axis() const noexcept { return m_axis; }
     ParameterCoordinate coordinate() const noexcept { return m_coordinate; }
     quint16 element() const noexcept { return m_element; }
@@ -40,7 +44,12 @@ public:
     /// NoBit where the address names the whole value.
     int bit() const noexcept { return m_bit; }
     /// The bit plays no part in the number.
-    quint32 toNumber() const noexcept;
+    quint32 toNumber() const noexcept
+    {
+        return isValid() ? quint32(m_axis) << AxisShift | quint32(m_element) << ElementShift
+                | m_coordinate.toNumber()
+                         : InvalidNumber;
+    }
 
     /// **Refused** an axis above 3, an element above 16383, a bit above 63: the address is invalid.
     void setAxis(quint8 axis) noexcept { m_axis = axis; }
@@ -77,6 +86,9 @@ public:
     }
 
 private:
+    static constexpr int AxisShift = 30;
+    static constexpr int ElementShift = 16;
+
     ParameterCoordinate m_coordinate;
     quint16 m_element = 0;
     quint8 m_axis = 0;
