@@ -3,6 +3,7 @@
 #include "apps/online/RegisterMap.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -67,19 +68,25 @@ QList<qsizetype> BlockPlan::inOnlineOrder(const RegisterMap &map, QList<qsizetyp
 QList<BlockPlan::Block> BlockPlan::blocksOf(const RegisterMap &map, const QList<qsizetype> &values)
 {
     QList<Block> blocks;
+    Block block;
+    const auto endBlock = [&map, &blocks, &block] {
+        if (block.values.isEmpty())
+            return;
+        putLeadersLast(map, block.values);
+        blocks.append(std::exchange(block, {}));
+    };
     const QList<qsizetype> sorted = inOnlineOrder(map, values);
     for (qsizetype i = 0; i < sorted.size(); ++i) {
-        const qsizetype value = sorted.at(i);
-        const RegisterSpan &span = map.values().at(value).span;
-        if (blocks.isEmpty() || !continues(blocks.constLast().span, spanTogether(map, sorted, i))) {
-            blocks.append({span, {value}});
-            continue;
+        const MappedValue &value = map.values().at(sorted.at(i));
+        const bool isFirst = block.values.isEmpty();
+        if (isFirst || !continues(block.span, spanTogether(map, sorted, i))) {
+            endBlock();
+            block.span = value.span;
+            block.values.reserve(std::min<qsizetype>(LongestBlock, sorted.size() - i));
         }
-        Block &block = blocks.last();
-        block.span.count = quint16(span.end() - block.span.first);
-        block.values.append(value);
+        block.span.count = quint16(value.span.end() - block.span.first);
+        block.values.append(sorted.at(i));
     }
-    for (Block &block : blocks)
-        putLeadersLast(map, block.values);
+    endBlock();
     return blocks;
 }

@@ -32,15 +32,39 @@ bool isInteger(const SimpleType &type)
     return type.kind() == SimpleType::SignedInteger || type.kind() == SimpleType::UnsignedInteger;
 }
 
+/// Their native texts are what the bytes say, letter for letter.
+bool hasPlainText(const SimpleType &type)
+{
+    return isInteger(type) || type.kind() == SimpleType::CharacterString;
+}
+
+enum class eSign { Plus, Minus };
+
+/// Straight into the letters of a text: there are thousands of them.
+QString integerText(eSign sign, quint64 magnitude)
+{
+    // A sign and the 20 digits of the greatest number.
+    std::array<char16_t, 21> text;
+    auto first = text.end();
+    do {
+        *--first = char16_t(u'0' + magnitude % 10);
+        magnitude /= 10;
+    } while (magnitude != 0);
+    if (sign == eSign::Minus)
+        *--first = u'-';
+    return QStringView(first, text.end()).toString();
+}
+
 QString integerText(const SimpleType &type, const QByteArray &bytes)
 {
     quint64 number = 0;
     for (const char byte : bytes)
         number = number << 8 | quint8(byte);
-    if (type.kind() == SimpleType::UnsignedInteger)
-        return QString::number(number);
     const int unused = 64 - 8 * int(type.sizeInBytes());
-    return QString::number(qint64(number << unused) >> unused);
+    const qint64 extended = qint64(number << unused) >> unused;
+    if (type.kind() == SimpleType::UnsignedInteger || extended >= 0)
+        return integerText(eSign::Plus, number);
+    return integerText(eSign::Minus, 0 - quint64(extended));
 }
 
 /// The shortest text that reads back as the same number.
@@ -118,7 +142,7 @@ ContainerValues::Adopted ContainerValues::adopt(
 {
     Adoption adoption {
         value.place, value.address, value.type, textOf(*value.type, bytes), value.leadsToFunctions};
-    const QString before = isInteger(*value.type) ? QString() : nativeText(value.place);
+    const QString before = hasPlainText(*value.type) ? QString() : nativeText(value.place);
     QMetaObject::Connection last;
     if (value.leadsToFunctions) {
         // A connection that is made now is served behind all others.
@@ -134,12 +158,12 @@ ContainerValues::Adopted ContainerValues::adopt(
     if (adoption.leadsToFunctions)
         disconnect(last);
     if (adoption.changes == 0)
-        return {false, before.isNull() ? adoption.text : before};
-    if (adoption.changes == 1 && isInteger(*adoption.type))
-        return {true, adoption.text};
+        return {false, before.isNull() ? std::move(adoption.text) : before};
+    if (adoption.changes == 1 && hasPlainText(*adoption.type))
+        return {true, std::move(adoption.text)};
     const QString now = nativeText(adoption.place);
     if (!isSame(*adoption.type, adoption.text, now))
-        return {true, adoption.text};
+        return {true, std::move(adoption.text)};
     // "1.50" that became "1.5" is no news.
     return {before.isNull() || !isSame(*adoption.type, before, now), now};
 }
@@ -169,10 +193,10 @@ bool ContainerValues::isSame(const SimpleType &type, const QString &sent, const 
     return false;
 }
 
-// Most of what a drive has are integers; they take the shorter of two ways that lead to the same.
+// Most of what a drive has takes the shorter of two ways that lead to the same.
 void ContainerValues::store(const Adoption &adoption, const QByteArray &bytes)
 {
-    if (!isInteger(*adoption.type)) {
+    if (!hasPlainText(*adoption.type)) {
         m_container.setNativeValueBinary(adoption.address, bytes, BigEndian, FromDevice);
         return;
     }

@@ -39,6 +39,16 @@ void DriveReader::want(qsizetype value)
     m_wanted.append(value);
 }
 
+void DriveReader::want(const QList<qsizetype> &values)
+{
+    m_wanted.reserve(m_wanted.size() + values.size());
+    for (const qsizetype value : values) {
+        if (!isAwaited(value))
+            m_wanted.append(value);
+        m_isAwaited[std::size_t(value)] = true;
+    }
+}
+
 void DriveReader::send()
 {
     if (!m_map)

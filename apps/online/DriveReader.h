@@ -28,6 +28,7 @@ public:
 
     /// Collected until send(). A value that is on its way already is not asked for twice.
     void want(qsizetype value);
+    void want(const QList<qsizetype> &values);
     bool isAwaited(qsizetype value) const { return m_isAwaited.at(std::size_t(value)); }
     bool hasUnsent() const { return !m_wanted.isEmpty(); }
     void send();

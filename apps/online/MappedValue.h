@@ -16,8 +16,6 @@ class SimpleType;
 struct MappedValue {
     ValuePlace place;
     ParameterAddress address;
-    /// "2.B01", as users know it.
-    QString addressText;
     RegisterSpan span;
     /// **Owner** the table of data types.
     const SimpleType *type = nullptr;
@@ -30,12 +28,19 @@ struct MappedValue {
     bool leadsRecord = false;
     /// Functions of the device may write when it changes.
     bool leadsToFunctions = false;
+    /// It is one of several elements.
+    bool isOneOfSeveral = false;
     /// What the drive may need beyond the usual for an answer.
     std::chrono::milliseconds additionalReadTime {0};
     std::chrono::milliseconds additionalWriteTime {0};
     /// The least time between two cyclic reads.
     std::chrono::milliseconds cyclicInterval {0};
 
+    /// "2.B01", as users know it.
+    QString addressText() const
+    {
+        return address.toText(place.livingSpace == eLivingSpace::Global, isOneOfSeveral);
+    }
     /// What a project holds and a download writes.
     bool isSetting() const { return isStored && !isReadOnly; }
 };

@@ -86,7 +86,8 @@ void OnlineCycle::stop(const QString &reason)
     const QList<qsizetype> writes = m_writer.stop();
     for (const qsizetype value : writes)
         requests[std::size_t(value)].isOnce = true;
-    QList<Ended> lost = std::exchange(m_news, {});
+    const std::vector<Came> news = std::exchange(m_news, {});
+    QList<Ended> lost;
     QList<ValuePlace> waiting;
     for (qsizetype value = 0; value < map->values().size(); ++value) {
         const Request &request = requests.at(std::size_t(value));
@@ -99,7 +100,9 @@ void OnlineCycle::stop(const QString &reason)
             waiting.append(place);
     }
     const QPointer<OnlineCycle> guard(this);
-    if (!lost.isEmpty())
+    if (!news.empty())
+        Q_EMIT came(news);
+    if (guard && !lost.isEmpty())
         Q_EMIT finished(lost);
     for (const ValuePlace &place : std::as_const(waiting)) {
         if (guard && m_runs == run)
@@ -109,10 +112,9 @@ void OnlineCycle::stop(const QString &reason)
 
 void OnlineCycle::read(const QList<qsizetype> &values)
 {
-    for (const qsizetype value : values) {
+    for (const qsizetype value : values)
         m_requests[std::size_t(value)].isOnce = true;
-        m_reader.want(value);
-    }
+    m_reader.want(values);
     arm();
 }
 
@@ -235,7 +237,7 @@ void OnlineCycle::onBlockRead(
 {
     const QPointer<QObject> guard(this);
     const milliseconds now = m_clock.now();
-    m_news.reserve(m_news.size() + block.values.size());
+    m_news.reserve(m_news.size() + std::size_t(block.values.size()));
     for (const qsizetype value : block.values) {
         const MappedValue &mapped = m_map->values().at(value);
         const QByteArray own =
@@ -245,8 +247,8 @@ void OnlineCycle::onBlockRead(
             return;
     }
     arm();
-    if (!m_news.isEmpty())
-        Q_EMIT finished(std::exchange(m_news, {}));
+    if (!m_news.empty())
+        Q_EMIT came(std::exchange(m_news, {}));
 }
 
 bool OnlineCycle::take(qsizetype value, const QByteArray &bytes, quint32 request, milliseconds now,
@@ -281,11 +283,12 @@ bool OnlineCycle::take(qsizetype value, const QByteArray &bytes, quint32 request
     state.isWaitedFor = before.isWaitedFor && isOld;
     if (state.isWaitedFor && !isBeingWritten)
         m_reader.want(value);
-    if (before.isOnce && (hasChanged || m_values.holds(mapped)))
-        m_news.append(ended(value, mapped, hasChanged ? eKind::Changed : eKind::Unchanged));
-    else if (before.isOnce)
-        m_news.append(ended(
-            value, mapped, eKind::Unmapped, OnlineOutcome::tr("das Projekt hat den Wert nicht")));
+    if (!before.isOnce)
+        return true;
+    if (hasChanged)
+        m_news.push_back({value, eKind::Changed});
+    else
+        m_news.push_back({value, m_values.holds(mapped) ? eKind::Unchanged : eKind::Unmapped});
     return true;
 }
 
@@ -361,5 +364,5 @@ void OnlineCycle::cancelWaiting(const ValuePlace &place)
 OnlineCycle::Ended OnlineCycle::ended(
     qsizetype value, const MappedValue &mapped, eKind kind, const QString &reason)
 {
-    return {value, {mapped.place, mapped.addressText, kind, {}, {}, reason}};
+    return {value, {mapped.place, mapped.addressText(), kind, {}, {}, reason}};
 }

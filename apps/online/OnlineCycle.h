@@ -31,6 +31,14 @@ public:
         OnlineOutcome outcome;
     };
 
+    /// What came from the drive as it was asked for.
+    struct Came {
+        /// Position in the map.
+        qsizetype value;
+        /// Unchanged or Changed; Unmapped where the project has no such value.
+        OnlineOutcome::eKind kind;
+    };
+
     /// **Owner** the caller of all; they outlive the cycle.
     OnlineCycle(ParameterContainer &container, RequestExchange &exchange, OnlineClock &clock,
         const OnlineRules &rules);
@@ -38,12 +46,13 @@ public:
     bool isRunning() const { return m_map != nullptr; }
     /// **Owner** the caller; the map outlives the run.
     void start(const RegisterMap &map);
-    /// Ends the run. **Emits** finished for every value that is awaited: lost, for this reason.
+    /// Ends the run. **Emits** came for what did, finished for every value that is awaited: lost, for this
+    /// reason.
     void stop(const QString &reason);
 
     /// Whether the container has the value; a project may have fewer elements than the device.
     bool isInProject(const MappedValue &value) const { return m_values.holds(value); }
-    /// Positions in the map. **Emits** finished for each, later. Only while running.
+    /// Positions in the map. **Emits** came or finished for each, later. Only while running.
     void read(const QList<qsizetype> &values);
     /// Writes what the container has, in the order of property 45. **Emits** finished for each, later.
     void write(const QList<qsizetype> &values);
@@ -51,7 +60,9 @@ public:
     void writeNow(qsizetype value);
 
 Q_SIGNALS:
-    /// Values that were asked for once came or not, writes came to their end, cyclic reads failed for
+    /// Values that were asked for once.
+    void came(const std::vector<OnlineCycle::Came> &values);
+    /// Values that were asked for once did not come, writes came to their end, cyclic reads failed for
     /// the first time, or what is asked for has no register.
     void finished(const QList<OnlineCycle::Ended> &ended);
 
@@ -109,7 +120,7 @@ private:
     /// By position.
     std::vector<Request> m_requests;
     /// What came and is to be told when its block is done.
-    QList<Ended> m_news;
+    std::vector<Came> m_news;
     /// The value that is being taken was read because of a function.
     bool m_isReviewing = false;
     /// Runs that began or ended.

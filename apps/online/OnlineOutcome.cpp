@@ -1,5 +1,13 @@
 #include "apps/online/OnlineOutcome.h"
 
+#include "apps/online/MappedValue.h"
+
+OnlineOutcome OnlineOutcome::ofRead(const MappedValue &value, eKind kind)
+{
+    return {value.place, value.addressText(), kind, {}, {},
+        kind == eKind::Unmapped ? tr("das Projekt hat den Wert nicht") : QString()};
+}
+
 QString OnlineOutcome::key(eKind kind)
 {
     switch (kind) {

@@ -5,6 +5,8 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QString>
 
+struct MappedValue;
+
 /// What became of one value on its way from or to the drive.
 struct OnlineOutcome {
     Q_DECLARE_TR_FUNCTIONS(OnlineOutcome)
@@ -30,7 +32,11 @@ public:
     /// For the user; of Refused, Lost and Unmapped.
     QString reason;
 
-    bool isGood() const
+    /// Of a value that came from the drive; Unmapped: the project has none such.
+    static OnlineOutcome ofRead(const MappedValue &value, eKind kind);
+
+    bool isGood() const { return isGood(kind); }
+    static bool isGood(eKind kind)
     {
         return kind == eKind::Unchanged || kind == eKind::Changed || kind == eKind::Written;
     }

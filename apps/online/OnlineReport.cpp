@@ -21,14 +21,28 @@ constexpr const char *CountTexts[] = {
 
 void OnlineReport::add(const OnlineOutcome &outcome)
 {
-    m_outcomes.append(outcome);
+    m_others.append(outcome);
+    m_entries.push_back({qint32(-m_others.size()), outcome.kind});
     ++m_counts[std::size_t(outcome.kind)];
+}
+
+QList<OnlineOutcome> OnlineReport::outcomes() const
+{
+    QList<OnlineOutcome> outcomes;
+    outcomes.reserve(qsizetype(m_entries.size()));
+    for (const Entry &entry : m_entries) {
+        if (entry.position < 0)
+            outcomes.append(m_others.at(-entry.position - 1));
+        else
+            outcomes.append(OnlineOutcome::ofRead(m_values.at(entry.position), entry.kind));
+    }
+    return outcomes;
 }
 
 bool OnlineReport::isGood() const
 {
-    return std::all_of(m_outcomes.begin(), m_outcomes.end(),
-        [](const OnlineOutcome &outcome) { return outcome.isGood(); });
+    return std::all_of(m_entries.cbegin(), m_entries.cend(),
+        [](const Entry &entry) { return OnlineOutcome::isGood(entry.kind); });
 }
 
 QString OnlineReport::summary() const
@@ -38,5 +52,5 @@ QString OnlineReport::summary() const
         if (m_counts[i] > 0)
             parts.append(tr(CountTexts[i]).arg(m_counts[i]));
     }
-    return tr("%1 Werte: %2").arg(m_outcomes.size()).arg(parts.join(QLatin1String(", ")));
+    return tr("%1 Werte: %2").arg(m_entries.size()).arg(parts.join(QLatin1String(", ")));
 }

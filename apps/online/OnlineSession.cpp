@@ -7,6 +7,7 @@
 #include <KrParameterInstance/ParameterContainer.h>
 #include <KrParameterInstance/ParameterInformation.h>
 
+#include <QtCore/QMetaMethod>
 #include <QtCore/QPointer>
 
 #include <utility>
@@ -45,6 +46,7 @@ OnlineSession::OnlineSession(ParameterContainer &container, std::unique_ptr<Onli
     connect(&m_contact, &FirstContact::agreed, this, &OnlineSession::onAgreed);
     connect(&m_contact, &FirstContact::disagreed, this, &OnlineSession::giveUp);
     connect(&m_contact, &FirstContact::unanswered, this, &OnlineSession::onLineLost);
+    connect(&m_cycle, &OnlineCycle::came, this, &OnlineSession::onCame);
     connect(&m_cycle, &OnlineCycle::finished, this, &OnlineSession::onFinished);
 }
 
@@ -89,7 +91,7 @@ bool OnlineSession::upload()
         if (m_cycle.isInProject(value))
             values.append(i);
         else
-            unmapped.append(unmappedOutcome(value));
+            unmapped.append(OnlineOutcome::ofRead(value, OnlineOutcome::eKind::Unmapped));
     }
     for (const RegisterMap::Refusal &refusal : m_map->refusals())
         unmapped.append(unmappedOutcome(refusal));
@@ -272,7 +274,7 @@ bool OnlineSession::transferPlaces(const QList<ValuePlace> &places, eDirection d
 bool OnlineSession::transfer(
     const QList<qsizetype> &values, const QList<OnlineOutcome> &unmapped, eDirection direction)
 {
-    m_report.clear();
+    m_report = OnlineReport(m_map->values());
     m_transfer = std::make_unique<Transfer>();
     m_transfer->isAwaited.resize(std::size_t(m_map->values().size()));
     m_transfer->total = values.size();
@@ -304,26 +306,61 @@ bool OnlineSession::transfer(
     return true;
 }
 
+void OnlineSession::onCame(const std::vector<OnlineCycle::Came> &values)
+{
+    const QPointer<OnlineSession> guard(this);
+    // A listener may call the drive anew, by another map.
+    const QList<MappedValue> mapped = m_map->values();
+    // Not for nobody: of most values there is nothing else to say.
+    static const QMetaMethod reported = QMetaMethod::fromSignal(&OnlineSession::valueReported);
+    const bool isHeard = isSignalConnected(reported);
+    bool hasProgress = false;
+    for (const auto &[value, kind] : values) {
+        if (takeOff(value)) {
+            m_report.add(value, kind);
+            hasProgress = true;
+        }
+        if (!isHeard)
+            continue;
+        Q_EMIT valueReported(OnlineOutcome::ofRead(mapped.at(value), kind));
+        if (!guard)
+            return;
+    }
+    if (hasProgress)
+        tellProgress();
+}
+
 void OnlineSession::onFinished(const QList<OnlineCycle::Ended> &ended)
 {
     const QPointer<OnlineSession> guard(this);
     bool hasProgress = false;
     for (const auto &[value, outcome] : ended) {
-        const bool isAwaited =
-            m_transfer && value >= 0 && m_transfer->isAwaited.at(std::size_t(value));
-        if (isAwaited) {
-            m_transfer->isAwaited[std::size_t(value)] = false;
-            ++m_transfer->done;
+        if (takeOff(value)) {
+            m_report.add(outcome);
             hasProgress = true;
         }
-        if (isAwaited)
-            m_report.add(outcome);
         Q_EMIT valueReported(outcome);
         if (!guard)
             return;
     }
-    if (!hasProgress || !m_transfer)
+    if (hasProgress)
+        tellProgress();
+}
+
+bool OnlineSession::takeOff(qsizetype value)
+{
+    if (!m_transfer || value < 0 || !m_transfer->isAwaited.at(std::size_t(value)))
+        return false;
+    m_transfer->isAwaited[std::size_t(value)] = false;
+    ++m_transfer->done;
+    return true;
+}
+
+void OnlineSession::tellProgress()
+{
+    if (!m_transfer)
         return;
+    const QPointer<OnlineSession> guard(this);
     Q_EMIT transferProgress(m_transfer->done, m_transfer->total);
     if (guard && m_transfer && m_transfer->done == m_transfer->total)
         finishTransfer();
@@ -355,10 +392,4 @@ OnlineOutcome OnlineSession::unmappedOutcome(const RegisterMap::Refusal &refusal
 {
     return {refusal.place, refusal.address, OnlineOutcome::eKind::Unmapped, {}, {},
         RegisterMap::reasonText(refusal.reason)};
-}
-
-OnlineOutcome OnlineSession::unmappedOutcome(const MappedValue &value)
-{
-    return {value.place, value.addressText, OnlineOutcome::eKind::Unmapped, {}, {},
-        OnlineOutcome::tr("das Projekt hat den Wert nicht")};
 }

@@ -97,12 +97,14 @@ private:
     /// Positions in the map, and what has none.
     bool transfer(
         const QList<qsizetype> &values, const QList<OnlineOutcome> &unmapped, eDirection direction);
+    void onCame(const std::vector<OnlineCycle::Came> &values);
     void onFinished(const QList<OnlineCycle::Ended> &ended);
+    /// Whether the running transfer waits for the value; it does not any more.
+    bool takeOff(qsizetype value);
+    void tellProgress();
     void finishTransfer();
     OnlineOutcome unmappedOutcome(const ValuePlace &place) const;
     static OnlineOutcome unmappedOutcome(const RegisterMap::Refusal &refusal);
-    /// Of a value that the project does not have.
-    static OnlineOutcome unmappedOutcome(const MappedValue &value);
 
     ParameterContainer &m_container;
     const OnlineRules m_rules;

@@ -55,8 +55,8 @@ MappedValue mappedValue(const ParameterInformation &parameter, const ValuePlace 
     // Element 1 is not to be taken for the parameter where the project has but one.
     const bool isCutOff =
         !parameter.isRecordParameter() && place.element >= parameter.elementCount();
-    value.addressText = isCutOff ? value.address.toText(parameter.isGlobalParameter(), true)
-                                 : place.addressText(parameter);
+    value.isOneOfSeveral =
+        isCutOff || parameter.isRecordParameter() || parameter.elementCount() > 1;
     value.onlineOrder = of(P::OnlineOrder).asUint32();
     value.isStored = of(P::MemoryAllocation).asInt32() == 0;
     value.isReadOnly = of(P::NoWrite).asInt32() != 0;

@@ -15,6 +15,8 @@ private Q_SLOTS:
     void uploadsEverything();
     void uploadsInTheOrderOfProperty45();
     void readsARefusedBlockValueByValue();
+    void reportsEveryValueInOrder();
+    void readsWhereNobodyListens();
     void losesOnlyWhatIsLost();
     void refusesASecondTransfer();
     void readsSingleValues();
@@ -105,6 +107,46 @@ void tst_OnlineReads::readsARefusedBlockValueByValue()
     QCOMPARE(s.take(),
         texts({"1.B01: abgelehnt - reason", "1.B02: unverändert",
             "2 Werte: 1 unverändert, 1 abgelehnt"}));
+}
+
+void tst_OnlineReads::reportsEveryValueInOrder()
+{
+    OnlineStand s;
+    s.beOnline();
+    s.registerAt("1.B02") = 9;
+    s.session->readValues({{at("B01"), eLivingSpace::Axis1, 0}, {at("B02"), eLivingSpace::Axis1, 0},
+        {at("Z01"), eLivingSpace::Axis1, 0}});
+    s.turn();
+    s.link->answer(s.link->take(), eKind::Refused);
+    s.link->answer(s.link->take(), eKind::Refused);
+    s.link->answer(s.link->take());
+    QStringList outcomes;
+    for (const OnlineOutcome &outcome : s.session->report().outcomes())
+        outcomes.append(outcome.toText());
+    QCOMPARE(outcomes,
+        texts({": nicht übertragbar - der Antrieb hat kein Register dafür",
+            "1.B01: abgelehnt - reason", "1.B02: geändert"}));
+    const ValuePlace changed {at("B02"), eLivingSpace::Axis1, 0};
+    QCOMPARE(s.session->report().outcomes().constLast().place, changed);
+    QVERIFY(!s.session->report().isGood());
+    // It holds what it says also while the next transfer runs, and when the drive was called anew.
+    const OnlineReport report = s.session->report();
+    s.session->goOffline();
+    s.beOnline();
+    QCOMPARE(report.outcomes().constLast().toText(), QStringLiteral("1.B02: geändert"));
+}
+
+void tst_OnlineReads::readsWhereNobodyListens()
+{
+    OnlineStand s;
+    QVERIFY(disconnect(s.session.get(), &OnlineSession::valueReported, nullptr, nullptr));
+    s.beOnline();
+    s.registerAt("1.B02") = 9;
+    s.session->upload();
+    s.settle();
+    QCOMPARE(s.take(), texts({"16 Werte: 15 unverändert, 1 geändert"}));
+    QCOMPARE(s.session->report().outcomes().size(), 16);
+    QCOMPARE(s.session->report().count(OnlineOutcome::eKind::Changed), 1);
 }
 
 void tst_OnlineReads::losesOnlyWhatIsLost()

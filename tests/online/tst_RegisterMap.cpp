@@ -91,7 +91,7 @@ void tst_RegisterMap::givesEveryValueItsRegisters()
     QCOMPARE(int(value.span.unit), unit);
     QCOMPARE(int(value.span.first), first);
     QCOMPARE(int(value.span.count), count);
-    QCOMPARE(value.addressText, text);
+    QCOMPARE(value.addressText(), text);
 }
 
 void tst_RegisterMap::knowsWhatDefinitionsSay()
@@ -145,7 +145,7 @@ void tst_RegisterMap::knowsTheWayBack()
     const auto project = device.open();
     const RegisterMap map(project->container());
     const qsizetype index = map.firstAt(quint8(unit), registerNumber);
-    QCOMPARE(index < map.values().size() ? map.values().at(index).addressText : QString(), text);
+    QCOMPARE(index < map.values().size() ? map.values().at(index).addressText() : QString(), text);
     QCOMPARE(map.indexOf(address("Z99")), -1);
     QCOMPARE(map.indexOf(address("2.A01")), -1);
 }
