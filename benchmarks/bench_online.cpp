@@ -152,8 +152,11 @@ public:
         });
         m_client.connectDevice();
         m_loop.exec();
-        if (auto *socket = qobject_cast<QAbstractSocket *>(m_client.device()))
+        if (auto *socket = qobject_cast<QAbstractSocket *>(m_client.device())) {
             socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+            // Behind the client: what its answers led to leaves at once.
+            QObject::connect(socket, &QIODevice::readyRead, &m_loop, [socket] { socket->flush(); });
+        }
     }
 
     /// Seconds.

@@ -74,13 +74,25 @@ void RequestExchange::send(Request &request, quint32 number)
     if (request.failures == 0)
         request.heardBefore = m_heard;
     --request.attemptsLeft;
-    request.due = now + m_rules.answerSpan + request.additionalTime;
+    // A drive that takes its time for one request answers the others when it is through.
+    request.due = std::max(now, longestWork()) + m_rules.answerSpan + request.additionalTime;
     request.ticket = ++m_lastTicket;
     m_underWay.insert(request.ticket, number);
     if (request.registers.isEmpty())
         m_link.read(request.ticket, request.span);
     else
         m_link.write(request.ticket, request.span, request.registers);
+}
+
+milliseconds RequestExchange::longestWork() const
+{
+    milliseconds until {0};
+    for (const quint32 number : m_underWay) {
+        const Request &request = *m_requests.constFind(number);
+        if (request.additionalTime.count() > 0)
+            until = std::max(until, request.due);
+    }
+    return until;
 }
 
 void RequestExchange::onAnswered(quint32 ticket, const OnlineAnswer &answer)
@@ -157,6 +169,9 @@ void RequestExchange::onOverdue()
         // A listener of an earlier one may have dropped everything.
         const auto found = guard ? m_requests.find(number) : m_requests.end();
         if (!guard || found == m_requests.end())
+            continue;
+        // Or have let its answer come meanwhile.
+        if (found->ticket == 0)
             continue;
         m_underWay.remove(found->ticket);
         m_link.forget(std::exchange(found->ticket, 0));

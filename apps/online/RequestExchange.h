@@ -65,6 +65,8 @@ private:
     quint32 add(const Request &request);
     void pump();
     void send(Request &request, quint32 number);
+    /// When the last of those under way that may take longer has had its time; 0 where there is none.
+    milliseconds longestWork() const;
     void onAnswered(quint32 ticket, const OnlineAnswer &answer);
     void takeAnswers();
     void onRang(eOnlineAlarm alarm);

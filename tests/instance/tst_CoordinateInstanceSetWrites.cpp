@@ -829,5 +829,3 @@ void tst_CoordinateInstanceSetWrites::takeDefinitionKeepsOverrides()
 QTEST_GUILESS_MAIN(tst_CoordinateInstanceSetWrites)
 
 #include "tst_CoordinateInstanceSetWrites.moc"
-
-#include <QtTest/QSignalSpy>

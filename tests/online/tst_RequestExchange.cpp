@@ -62,6 +62,8 @@ private Q_SLOTS:
     void survivesAListenerThatDropsTheOtherAnswers();
     void waitsForAnAnswer();
     void waitsLongerWhereTheValueNeedsIt();
+    void waitsForOthersWhileTheDriveIsAtWork();
+    void leavesWhatIsAnsweredMeanwhile();
     void sendsAgainAfterAGrowingPause();
     void takesBusyForTryAgain();
     void takesRefusedForAnAnswer();
@@ -207,6 +209,44 @@ void tst_RequestExchange::waitsLongerWhereTheValueNeedsIt()
     QVERIFY(s.link.forgotten.isEmpty());
     s.clock.advance(1);
     QCOMPARE(s.link.forgotten.size(), 1);
+}
+
+/// A drive that saves its parameters answers nothing for seconds: that is no silence.
+void tst_RequestExchange::waitsForOthersWhileTheDriveIsAtWork()
+{
+    Setting s;
+    s.exchange.write(Span, {1, 2}, milliseconds(5000), eRepeat::Never);
+    s.clock.advance(100);
+    s.exchange.read(Span, milliseconds(0));
+    s.clock.advance(5300);
+    QCOMPARE(s.outcomes, QStringList());
+    s.link.answer(s.link.take());
+    s.link.answer(s.link.take());
+    QCOMPARE(s.outcomes.join(u','), QStringLiteral("1 good,2 good"));
+    QCOMPARE(s.link.forgotten.size(), 0);
+
+    // One that comes afterwards has its own time alone.
+    s.exchange.read(Span, milliseconds(0));
+    s.clock.advance(500);
+    QCOMPARE(s.link.forgotten.size(), 1);
+}
+
+/// By a listener that waits for something while it is told of one that is overdue.
+void tst_RequestExchange::leavesWhatIsAnsweredMeanwhile()
+{
+    Setting s;
+    s.link.holdsAnswers = true;
+    s.exchange.write(Span, {1, 2}, milliseconds(0), eRepeat::Never);
+    s.exchange.read(Span, milliseconds(0));
+    s.link.take();
+    const FakeLink::Sent second = s.link.take();
+    QObject::connect(&s.exchange, &RequestExchange::finished, &s.exchange, [&](quint32 request) {
+        if (request == 1)
+            s.link.answer(second);
+    });
+    s.clock.advance(500);
+    QCOMPARE(s.outcomes.join(u','), QStringLiteral("1 lost,2 good"));
+    QVERIFY(s.exchange.isIdle());
 }
 
 void tst_RequestExchange::sendsAgainAfterAGrowingPause()
