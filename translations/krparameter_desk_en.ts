@@ -360,6 +360,10 @@
         <source>Kein Gerät offen: Strg+O öffnet eine Gerätebeschreibung</source>
         <translation>No device is open: Ctrl+O opens a device description</translation>
     </message>
+    <message>
+        <source>liest %1 von %2 Werten …</source>
+        <translation>reading %1 of %2 values …</translation>
+    </message>
 </context>
 <context>
     <name>DeskWindow</name>
@@ -416,12 +420,31 @@
         <source>und %1 weitere Werte nicht gelesen</source>
         <translation>and %1 further values not read</translation>
     </message>
+    <message>
+        <source>Lesen vom Antrieb %1 abgebrochen: %2 von %3 Werten sind gelesen, die anderen sind die von vorher</source>
+        <translation>Reading from drive %1 cancelled: %2 of %3 values are read, the others are those from before</translation>
+    </message>
 </context>
 <context>
     <name>OnlineSwitch</name>
     <message>
         <source>Nicht mehr online: %1</source>
         <translation>No longer online: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ReadingProgress</name>
+    <message>
+        <source>Vom Antrieb gelesen</source>
+        <translation>Read from the drive</translation>
+    </message>
+    <message>
+        <source>Abbrechen</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Geht offline</source>
+        <translation>Goes offline</translation>
     </message>
 </context>
 <context>

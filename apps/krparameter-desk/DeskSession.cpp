@@ -107,6 +107,8 @@ void DeskSession::adopt(std::unique_ptr<DriveProject> project)
     m_onlineSwitch = std::make_unique<OnlineSwitch>(
         container, m_makeLink ? m_makeLink(container) : std::unique_ptr<DriveLink>());
     connect(m_writer.get(), &ValueWriter::written, m_onlineSwitch.get(), &OnlineSwitch::write);
+    connect(m_onlineSwitch.get(), &OnlineSwitch::stateChanged, this, &DeskSession::onOnlineChanged);
+    connect(m_onlineSwitch.get(), &OnlineSwitch::progressed, this, &DeskSession::readingProgressed);
     connect(&container, &ParameterContainer::parameterNativeValueChanged, this,
         &DeskSession::onNativeValueChanged);
     tellModified();
@@ -197,6 +199,28 @@ bool DeskSession::agreesToLeaveBehind(const QString &folder)
     return !drops
         || m_dialogs.agreesToLose(
             tr("Das Projekt enthält, was dieses Gerät nicht kennt; es ginge verloren."));
+}
+
+bool DeskSession::mayRestore() const
+{
+    const bool isReading =
+        m_onlineSwitch && m_onlineSwitch->state() == OnlineSwitch::eState::Reading;
+    return !isReading && !isReadOnly();
+}
+
+/// What was written stays, and unsaved as it was.
+void DeskSession::forgetUndo()
+{
+    m_hasOtherChanges = isModified();
+    m_undoStack.clear();
+}
+
+void DeskSession::onOnlineChanged()
+{
+    // An undo would write what stood here before the drive's own value, or to another drive.
+    if (m_onlineSwitch->isConnected())
+        forgetUndo();
+    Q_EMIT onlineChanged();
 }
 
 void DeskSession::onNativeValueChanged()

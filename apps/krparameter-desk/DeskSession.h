@@ -35,9 +35,9 @@ public:
     ValueWriter *writer() const { return m_writer.get(); }
     OnlineSwitch *onlineSwitch() const { return m_onlineSwitch.get(); }
     const QUndoStack *undoStack() const { return &m_undoStack; }
-    /// Never while the device is read only.
-    bool canUndo() const { return m_undoStack.canUndo() && !isReadOnly(); }
-    bool canRedo() const { return m_undoStack.canRedo() && !isReadOnly(); }
+    /// Never while the device is read only or its values are being read from a drive.
+    bool canUndo() const { return m_undoStack.canUndo() && mayRestore(); }
+    bool canRedo() const { return m_undoStack.canRedo() && mayRestore(); }
     /// Empty while the values were neither loaded nor saved.
     QString folder() const { return m_folder; }
     QString deviceName() const;
@@ -65,11 +65,19 @@ Q_SIGNALS:
     void changed();
     void saved();
     void modifiedChanged(bool isModified);
+    /// The state of the switch. What could be undone is forgotten before, where a drive's values begin to
+    /// come and where all have come.
+    void onlineChanged();
+    /// While a drive's values are being read.
+    void readingProgressed();
 
 private:
     void adopt(std::unique_ptr<DriveProject> project);
     bool loadInto(DriveProject &project, const QString &folder);
     bool agreesToLeaveBehind(const QString &folder);
+    bool mayRestore() const;
+    void forgetUndo();
+    void onOnlineChanged();
     void onNativeValueChanged();
     void tellModified();
 

@@ -5,6 +5,7 @@
 #include "apps/krparameter-desk/DeskSession.h"
 #include "apps/krparameter-desk/OnlineSwitch.h"
 #include "apps/krparameter-desk/ParameterTableModel.h"
+#include "apps/krparameter-desk/ReadingProgress.h"
 
 #include <QtCore/QDir>
 #include <QtWidgets/QLabel>
@@ -19,14 +20,25 @@ DeskStatus::DeskStatus(QMainWindow &window, DeskSession &session,
     , m_tableModel(tableModel)
     , m_actions(actions)
     , m_count(new QLabel(&window))
+    , m_reading(new ReadingProgress(&window))
     , m_onlineState(new QLabel(&window))
 {
     window.statusBar()->addWidget(m_count);
+    window.statusBar()->addPermanentWidget(m_reading);
+    // What is added stands there visible.
+    m_reading->end();
     window.statusBar()->addPermanentWidget(m_onlineState);
+    connect(&session, &DeskSession::onlineChanged, this, &DeskStatus::updateSwitches);
+    connect(&session, &DeskSession::readingProgressed, this, &DeskStatus::updateOnline);
+    connect(m_reading, &ReadingProgress::cancelled, this, [&session] {
+        if (session.onlineSwitch())
+            session.onlineSwitch()->turn(false);
+    });
 }
 
 void DeskStatus::update()
 {
+    m_reading->retranslate();
     updateTitle();
     updateSwitches();
     updateCount();
@@ -56,14 +68,37 @@ void DeskStatus::updateSwitches()
     m_actions[DeskActions::Undo]->setEnabled(m_session.canUndo());
     m_actions[DeskActions::Redo]->setEnabled(m_session.canRedo());
     m_actions[DeskActions::GoOnline]->setChecked(state != OnlineSwitch::eState::Offline);
-    const bool isReadOnly = hasDevice && m_session.project()->container().isReadOnly();
-    m_actions[DeskActions::ReadOnly]->setChecked(isReadOnly);
-    QString text = state == OnlineSwitch::eState::Online ? tr("online")
-        : state == OnlineSwitch::eState::Opening         ? tr("verbindet …")
-                                                         : tr("offline");
-    if (isReadOnly)
+    m_actions[DeskActions::ReadOnly]->setChecked(m_session.isReadOnly());
+    updateOnline();
+}
+
+void DeskStatus::updateOnline()
+{
+    const OnlineSwitch *link = m_session.onlineSwitch();
+    const bool isReading = link && link->state() == OnlineSwitch::eState::Reading;
+    if (isReading)
+        m_reading->set(link->readCount(), link->countToRead());
+    else
+        m_reading->end();
+    QString text = stateText(link);
+    if (m_session.isReadOnly())
         text += tr(", nur lesen");
     m_onlineState->setText(text);
+}
+
+QString DeskStatus::stateText(const OnlineSwitch *link)
+{
+    switch (link ? link->state() : OnlineSwitch::eState::Offline) {
+    case OnlineSwitch::eState::Offline:
+        break;
+    case OnlineSwitch::eState::Opening:
+        return tr("verbindet …");
+    case OnlineSwitch::eState::Reading:
+        return tr("liest %1 von %2 Werten …").arg(link->readCount()).arg(link->countToRead());
+    case OnlineSwitch::eState::Online:
+        return tr("online");
+    }
+    return tr("offline");
 }
 
 void DeskStatus::updateCount()

@@ -4,7 +4,9 @@
 
 class DeskActions;
 class DeskSession;
+class OnlineSwitch;
 class ParameterTableModel;
+class ReadingProgress;
 class QLabel;
 class QMainWindow;
 
@@ -22,14 +24,19 @@ public:
     void updateTitle();
     /// What can be done now, online and read-only.
     void updateSwitches();
+    /// How the desk stands to its drive.
+    void updateOnline();
     /// How many values are shown.
     void updateCount();
 
 private:
+    static QString stateText(const OnlineSwitch *link);
+
     QMainWindow &m_window;
     DeskSession &m_session;
     const ParameterTableModel &m_tableModel;
     const DeskActions &m_actions;
     QLabel *m_count;
+    ReadingProgress *m_reading;
     QLabel *m_onlineState;
 };

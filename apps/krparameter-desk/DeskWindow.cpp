@@ -43,6 +43,7 @@ DeskWindow::DeskWindow(DeskDialogs &dialogs)
     , m_drive(dialogs)
     , m_session(dialogs)
     , m_commands(m_session, dialogs)
+    , m_driveCommands(m_session, m_drive)
     , m_actions(new DeskActions(this))
     , m_menu(new DeskMenu(*menuBar(), *m_actions))
     , m_selectors(new SelectorBar(this))
@@ -82,6 +83,7 @@ DeskWindow::~DeskWindow()
     m_session.undoStack()->disconnect(m_status);
     m_language.disconnect(this);
     m_session.disconnect(this);
+    m_session.disconnect(m_status);
     m_snapshots.disconnect(this);
     onAboutToChange();
     m_comparison->clear();
@@ -177,8 +179,11 @@ void DeskWindow::connectCommands()
     on(DeskActions::TakeSnapshot, [this](bool) { m_commands.takeSnapshot(m_snapshots); });
     on(DeskActions::RemoveSnapshot, [this](bool) { m_snapshotPane->removeCurrent(); });
     on(DeskActions::ClearMessages, [this](bool) { m_messages.clear(); });
-    on(DeskActions::GoOnline, [this](bool isOn) { turnOnline(isOn); });
-    on(DeskActions::ChooseDrive, [this](bool) { chooseDrive(); });
+    on(DeskActions::GoOnline, [this](bool isOn) {
+        m_driveCommands.turn(isOn);
+        m_status->updateSwitches();
+    });
+    on(DeskActions::ChooseDrive, [this](bool) { m_driveCommands.choose(); });
     on(DeskActions::ReadOnly, [this](bool isOn) {
         if (m_session.project())
             m_session.project()->container().setReadOnly(isOn);
@@ -298,28 +303,6 @@ void DeskWindow::goTo(const ParameterAddress &address)
     }
 }
 
-void DeskWindow::turnOnline(bool on)
-{
-    const auto mayReplace = [this] {
-        // What the drive itself has changed since is read anew.
-        return m_session.undoStack()->isClean() || m_session.mayClose();
-    };
-    const bool isMeant = !on || ((m_drive.isMade() || m_drive.ask()) && mayReplace());
-    if (isMeant && m_session.onlineSwitch())
-        m_session.onlineSwitch()->turn(on);
-    m_status->updateSwitches();
-}
-
-void DeskWindow::chooseDrive()
-{
-    if (!m_drive.ask() || !m_session.onlineSwitch())
-        return;
-    if (m_session.onlineSwitch()->state() == OnlineSwitch::eState::Offline)
-        return;
-    turnOnline(false);
-    turnOnline(true);
-}
-
 void DeskWindow::reveal()
 {
     m_selectors->searchField()->clear();
@@ -342,10 +325,6 @@ void DeskWindow::onChanged()
     const QList<int> axes = project ? project->firmware().axes() : QList<int>();
     m_selectors->setAxes(axes);
     m_tableModel.setAxis({});
-    if (m_session.onlineSwitch()) {
-        connect(m_session.onlineSwitch(), &OnlineSwitch::stateChanged, m_status,
-            &DeskStatus::updateSwitches, Qt::UniqueConnection);
-    }
     if (project) {
         connect(&project->container(), &ParameterContainer::readOnlyChanged, m_status,
             &DeskStatus::updateSwitches, Qt::UniqueConnection);

@@ -4,6 +4,7 @@
 #include "apps/krparameter-desk/DeskLanguage.h"
 #include "apps/krparameter-desk/DeskSession.h"
 #include "apps/krparameter-desk/DriveChoice.h"
+#include "apps/krparameter-desk/DriveCommands.h"
 #include "apps/krparameter-desk/MessageListModel.h"
 #include "apps/krparameter-desk/ParameterTableModel.h"
 #include "apps/krparameter-desk/SessionCommands.h"
@@ -72,10 +73,6 @@ private:
     void retranslate();
 
     void goTo(const ParameterAddress &address);
-    /// Asks for the drive where none was chosen, and what to do with what was written and its values replace.
-    void turnOnline(bool on);
-    /// Another drive is another connection.
-    void chooseDrive();
     void reveal();
     void onAboutToChange();
     void onChanged();
@@ -86,6 +83,7 @@ private:
     DriveChoice m_drive;
     DeskSession m_session;
     SessionCommands m_commands;
+    DriveCommands m_driveCommands;
     ParameterTableModel m_tableModel;
     SnapshotListModel m_snapshots;
     MessageListModel m_messages;

@@ -15,17 +15,14 @@ void DriveChoice::make(const DriveAddress &address)
     m_isMade = true;
 }
 
-bool DriveChoice::ask()
+std::optional<DriveAddress> DriveChoice::ask()
 {
     const std::optional<QString> text = m_dialogs.driveAddress(m_address.toText());
     if (!text)
-        return false;
+        return {};
     const std::optional<DriveAddress> address = DriveAddress::of(*text);
-    if (!address) {
+    if (!address)
         System::addCriticalMessage(
             *text, tr("keine Adresse eines Antriebs, wie zum Beispiel 10.0.0.7:502"));
-        return false;
-    }
-    make(*address);
-    return true;
+    return address;
 }

@@ -17,9 +17,9 @@ public:
     bool isMade() const { return m_isMade; }
     const DriveAddress &address() const { return m_address; }
     void make(const DriveAddress &address);
-    /// Asks the user. False where it is given up. **Reports** critical what is no address; the choice
-    /// stays as it was.
-    bool ask();
+    /// Asks the user; the choice stays as it was. Empty where the user gives up. **Reports** critical what
+    /// is no address.
+    std::optional<DriveAddress> ask();
 
 private:
     DeskDialogs &m_dialogs;

@@ -14,7 +14,7 @@ class DriveLink : public QObject {
 public:
     using QObject::QObject;
 
-    /// **Emits** opened or closed, at once or later.
+    /// **Emits** reading and opened, or closed, at once or later.
     virtual void open() = 0;
     /// **Emits** closed, at once or later; also while it is still opening.
     virtual void close() = 0;
@@ -22,6 +22,10 @@ public:
     virtual void write(const ValuePlace &place) = 0;
 
 Q_SIGNALS:
+    /// Connected; its values are being read. Told as often as that goes on; never by a link that reads
+    /// none.
+    void reading(qsizetype done, qsizetype total);
+    /// Connected, and all values are read.
     void opened();
     /// An empty reason: as it was asked to.
     void closed(const QString &reason);

@@ -41,6 +41,7 @@ void OnlineDriveLink::open()
     connect(m_session.get(), &OnlineSession::stateChanged, this, &OnlineDriveLink::onStateChanged);
     connect(m_session.get(), &OnlineSession::connectionFailed, this, &DriveLink::closed);
     connect(m_session.get(), &OnlineSession::valueReported, this, &OnlineDriveLink::onReported);
+    connect(m_session.get(), &OnlineSession::transferProgress, this, &OnlineDriveLink::onProgress);
     connect(
         m_session.get(), &OnlineSession::transferFinished, this, &OnlineDriveLink::onTransferred);
     m_session->goOnline();
@@ -63,15 +64,23 @@ void OnlineDriveLink::write(const ValuePlace &place)
 void OnlineDriveLink::onStateChanged()
 {
     const QPointer<OnlineSession> session(m_session.get());
-    if (session->state() == eState::Online)
-        Q_EMIT opened();
-    else if (session->state() == eState::Offline && m_isClosing)
+    if (session->state() == eState::Offline && m_isClosing)
         Q_EMIT closed({});
+    else if (session->state() == eState::Online)
+        readAll();
+}
+
+void OnlineDriveLink::readAll()
+{
+    const QPointer<OnlineSession> session(m_session.get());
+    const auto isOnline = [&session] { return session && session->state() == eState::Online; };
+    m_isReadingAll = true;
+    Q_EMIT reading(0, session->registerMap()->values().size());
     // A listener may have closed the link, or deleted it.
-    if (!session || session->state() != eState::Online)
-        return;
-    m_isReadingAll = session->upload();
-    follow();
+    if (isOnline())
+        session->upload();
+    if (isOnline())
+        follow();
 }
 
 /// What the drive does not keep changes by itself.
@@ -95,10 +104,39 @@ void OnlineDriveLink::onReported(const OnlineOutcome &outcome)
     Q_EMIT reported(outcome);
 }
 
+void OnlineDriveLink::onProgress(qsizetype done, qsizetype total)
+{
+    // The end of a connection counts everything as done.
+    if (m_isReadingAll && m_session->state() == eState::Online)
+        Q_EMIT reading(done, total);
+}
+
 void OnlineDriveLink::onTransferred(const OnlineReport &report)
 {
     if (!std::exchange(m_isReadingAll, false))
         return;
+    const QPointer<OnlineSession> session(m_session.get());
+    if (m_isClosing)
+        tellCancelled(report);
+    else
+        tellRead(report);
+    if (session && session->state() == eState::Online)
+        Q_EMIT opened();
+}
+
+void OnlineDriveLink::tellCancelled(const OnlineReport &report) const
+{
+    const qsizetype count = report.count(eKind::Unchanged) + report.count(eKind::Changed);
+    warn(tr(
+        "Lesen vom Antrieb %1 abgebrochen: %2 von %3 Werten sind gelesen, die anderen sind die von "
+        "vorher")
+             .arg(m_address.toText())
+             .arg(count)
+             .arg(report.outcomes().size() - report.count(eKind::Unmapped)));
+}
+
+void OnlineDriveLink::tellRead(const OnlineReport &report) const
+{
     const QString title = m_container.domain();
     System::addInformationMessage(
         title, tr("Vom Antrieb %1 gelesen: %2").arg(m_address.toText(), report.summary()));

@@ -21,16 +21,20 @@ public:
     ~OnlineDriveLink() override;
 
     /// **Reports** what was read as information, each loss as a warning, titled with the container's
-    /// domain; also later.
+    /// domain; also later. Where reading is ended by close(), how far it came is one warning.
     void open() override;
     void close() override;
     void write(const ValuePlace &place) override;
 
 private:
     void onStateChanged();
+    void readAll();
     void follow();
     void onReported(const OnlineOutcome &outcome);
+    void onProgress(qsizetype done, qsizetype total);
     void onTransferred(const OnlineReport &report);
+    void tellRead(const OnlineReport &report) const;
+    void tellCancelled(const OnlineReport &report) const;
     void warn(const QString &text) const;
 
     ParameterContainer &m_container;

@@ -11,6 +11,7 @@ OnlineSwitch::OnlineSwitch(ParameterContainer &container, std::unique_ptr<DriveL
 {
     if (!m_link)
         return;
+    connect(m_link.get(), &DriveLink::reading, this, &OnlineSwitch::onReading);
     connect(m_link.get(), &DriveLink::opened, this, &OnlineSwitch::onOpened);
     connect(m_link.get(), &DriveLink::closed, this, &OnlineSwitch::onClosed);
     connect(m_link.get(), &DriveLink::reported, this, &OnlineSwitch::reported);
@@ -36,12 +37,22 @@ void OnlineSwitch::turn(bool on)
 
 void OnlineSwitch::write(const ValuePlace &place)
 {
-    if (!m_link || m_state != eState::Online)
+    if (!m_link || !isConnected())
         return;
     const QPointer<OnlineSwitch> self(this);
     Q_EMIT sending(place);
     if (self)
         m_link->write(place);
+}
+
+void OnlineSwitch::onReading(qsizetype done, qsizetype total)
+{
+    m_readCount = done;
+    m_countToRead = total;
+    const QPointer<OnlineSwitch> self(this);
+    setState(eState::Reading);
+    if (self && m_state == eState::Reading)
+        Q_EMIT progressed();
 }
 
 void OnlineSwitch::onOpened()
@@ -63,7 +74,7 @@ void OnlineSwitch::setState(eState state)
         return;
     m_state = state;
     const QPointer<OnlineSwitch> self(this);
-    const bool isOnline = state == eState::Online;
+    const bool isOnline = isConnected();
     if (m_container && m_container->isOnline() != isOnline)
         m_container->setOnline(isOnline);
     if (self)

@@ -1,3 +1,4 @@
+#include "apps/krparameter-desk/ActionProgress.h"
 #include "apps/krparameter-desk/ActionStarter.h"
 #include "apps/krparameter-desk/DeskActions.h"
 #include "apps/krparameter-desk/DeskWindow.h"
@@ -18,7 +19,6 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QProgressBar>
-#include <QtWidgets/QStatusBar>
 
 using eSeverity = MessageRecorder::eSeverity;
 using eState = OnlineSwitch::eState;
@@ -92,7 +92,7 @@ struct Stand {
     QString progress()
     {
         QStringList texts;
-        const auto bars = window.statusBar()->findChildren<QProgressBar *>();
+        const auto bars = window.findChild<ActionProgress *>()->findChildren<QProgressBar *>();
         for (const QProgressBar *bar : bars) {
             const auto *label = bar->parentWidget()->findChild<QLabel *>();
             texts.append(

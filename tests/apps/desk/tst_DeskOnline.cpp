@@ -197,7 +197,7 @@ void tst_DeskOnline::writesTheSameWhileItReads()
     bool isAccepted = false;
     // As soon as the values are being read.
     connect(s.window.session().onlineSwitch(), &OnlineSwitch::stateChanged, &context, [&] {
-        if (s.state() == eState::Online) {
+        if (s.state() == eState::Reading) {
             QMetaObject::invokeMethod(
                 &context,
                 [&] {
@@ -258,7 +258,7 @@ void tst_DeskOnline::losesItsDriveWhileItReads()
     s.expect(eSeverity::Warning, QStringLiteral("und 10 weitere Werte nicht gelesen"));
     s.expect(eSeverity::Critical, QStringLiteral("Nicht mehr online: der Antrieb antwortet nicht"));
     s.press(DeskActions::GoOnline);
-    QTRY_VERIFY_WITH_TIMEOUT(s.state() == eState::Online, 60000);
+    QTRY_VERIFY_WITH_TIMEOUT(s.state() == eState::Reading, 60000);
     QTRY_VERIFY_WITH_TIMEOUT(s.state() == eState::Offline, 60000);
 }
 
