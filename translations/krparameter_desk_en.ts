@@ -659,5 +659,13 @@
         <source>Verbinden</source>
         <translation>Connect</translation>
     </message>
+    <message>
+        <source>Der Ordner &quot;%1&quot; enthält ein anderes Projekt. Soll es ersetzt werden?</source>
+        <translation>The folder &quot;%1&quot; holds another project. Replace it?</translation>
+    </message>
+    <message>
+        <source>Ersetzen</source>
+        <translation>Replace</translation>
+    </message>
 </context>
 </TS>

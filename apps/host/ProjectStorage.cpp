@@ -3,8 +3,9 @@
 #include "apps/host/BlockComparison.h"
 #include "apps/host/DriveProject.h"
 
-ProjectStorage::LoadResult ProjectStorage::load(
-    DriveProject &project, eCutBlock cutBlock, const Announce &announce, Progress *progress) const
+#include <utility>
+
+ProjectStorage::LoadResult ProjectStorage::judge(DriveProject &project, Progress *progress) const
 {
     LoadResult result;
     std::optional<ProjectFolder::Content> content = m_folder.read(result.error);
@@ -26,15 +27,29 @@ ProjectStorage::LoadResult ProjectStorage::load(
         result.error = tr("abgebrochen");
         return result;
     }
-    if (announce)
-        announce(result.report);
-    if (result.report.isCut() && cutBlock == eCutBlock::Refuse) {
+    result.blocks = std::move(content->blocks);
+    result.status = LoadResult::eStatus::Loaded;
+    if (result.report.isCut()) {
         result.status = LoadResult::eStatus::Cut;
         result.error = tr("%1: der Block \"%2\" ist abgeschnitten").arg(m_folder.path(), name);
-        return result;
     }
-    project.container().loadFrom(content->blocks);
+    return result;
+}
+
+ProjectStorage::LoadResult ProjectStorage::load(
+    DriveProject &project, eCutBlock cutBlock, const Announce &announce, Progress *progress) const
+{
+    LoadResult result = judge(project, progress);
+    QMap<QString, QByteArray> blocks = std::exchange(result.blocks, {});
+    if (result.status != LoadResult::eStatus::Loaded && result.status != LoadResult::eStatus::Cut)
+        return result;
+    if (announce)
+        announce(result.report);
+    if (result.status == LoadResult::eStatus::Cut && cutBlock == eCutBlock::Refuse)
+        return result;
+    project.container().loadFrom(blocks);
     result.status = LoadResult::eStatus::Loaded;
+    result.error.clear();
     return result;
 }
 

@@ -26,6 +26,8 @@ public:
         QString error;
         /// Filled as soon as the folder could be read.
         LoadReport report;
+        /// Of judge(): what the container is filled with, also where the status is Cut.
+        QMap<QString, QByteArray> blocks;
     };
 
     struct SaveResult {
@@ -46,6 +48,8 @@ public:
 
     ProjectFolder &folder() { return m_folder; }
 
+    /// What load() would answer; the container stays as it is. A cut block is Cut.
+    LoadResult judge(DriveProject &project, Progress *progress = nullptr) const;
     /// **Refused** a folder that cannot be read or holds no project, and a cut block unless it is to
     /// be loaded nevertheless; the container stays as it is.
     /// `announce` is told the report when it is complete and the container still as it was.

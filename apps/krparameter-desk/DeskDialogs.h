@@ -26,6 +26,8 @@ public:
     virtual bool agreesToLoadCut(const QString &report) = 0;
     /// To save although these texts get lost.
     virtual bool agreesToLose(const QString &losses) = 0;
+    /// To save over the project that this folder holds, which is another one.
+    virtual bool agreesToReplace(const QString &folder) = 0;
     /// Does the job; shows its progress with a way to cancel it where it takes long.
     virtual void run(const QString &title, const std::function<void(Progress &)> &job) = 0;
 };

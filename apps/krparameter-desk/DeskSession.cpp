@@ -1,7 +1,6 @@
 #include "apps/krparameter-desk/DeskSession.h"
 
 #include "apps/host/DriveProject.h"
-#include "apps/host/ProjectStorage.h"
 #include "apps/krparameter-desk/DeskDialogs.h"
 #include "apps/krparameter-desk/OnlineSwitch.h"
 #include "apps/krparameter-desk/ValueWriter.h"
@@ -119,43 +118,39 @@ bool DeskSession::load(const QString &folder)
 {
     if (!m_project)
         return false;
+    ProjectStorage::LoadResult judged;
+    m_dialogs.run(tr("Projekt laden"),
+        [&](Progress &progress) { judged = ProjectStorage(folder).judge(*m_project, &progress); });
+    const bool isWanted = judged.status == LoadStatus::Loaded
+        || (judged.status == LoadStatus::Cut && m_dialogs.agreesToLoadCut(judged.report.toText()));
+    if (!isWanted) {
+        System::addCriticalMessage(titleOf(folder), judged.error);
+        return false;
+    }
     // The values of a project go to a drive only where somebody sends them.
     m_onlineSwitch->turn(false);
     Q_EMIT aboutToChange();
-    const bool isLoaded = loadInto(*m_project, folder);
+    fill(folder, judged);
     tellModified();
     Q_EMIT changed();
-    return isLoaded;
+    return true;
 }
 
-bool DeskSession::loadInto(DriveProject &project, const QString &folder)
+void DeskSession::fill(const QString &folder, ProjectStorage::LoadResult &judged)
 {
-    const ProjectStorage storage(folder);
-    ProjectStorage::LoadResult result;
     m_writer->forget();
-    const auto load = [&](ProjectStorage::eCutBlock cutBlock) {
-        m_dialogs.run(tr("Projekt laden"),
-            [&](Progress &progress) { result = storage.load(project, cutBlock, {}, &progress); });
-    };
-    load(ProjectStorage::eCutBlock::Refuse);
-    if (result.status == LoadStatus::Cut && m_dialogs.agreesToLoadCut(result.report.toText()))
-        load(ProjectStorage::eCutBlock::Load);
-    if (result.status != LoadStatus::Loaded) {
-        System::addCriticalMessage(titleOf(folder), result.error);
-        return false;
-    }
-    project.container().setDomain(titleOf(folder));
+    m_project->container().loadFrom(judged.blocks);
+    m_project->container().setDomain(titleOf(folder));
     m_undoStack.clear();
     m_folder = folder;
-    m_folderHoldsMore = result.report.leavesContentBehind();
+    m_folderHoldsMore = judged.report.leavesContentBehind();
     m_hasOtherChanges = false;
-    report(titleOf(folder), result.report);
-    return true;
+    report(titleOf(folder), judged.report);
 }
 
 bool DeskSession::save(const QString &folder)
 {
-    if (!m_project || !agreesToLeaveBehind(folder))
+    if (!m_project || !agreesToOverwrite(folder))
         return false;
     ProjectStorage storage(folder);
     ProjectStorage::SaveResult result;
@@ -193,10 +188,11 @@ void DeskSession::redo()
         m_undoStack.redo();
 }
 
-bool DeskSession::agreesToLeaveBehind(const QString &folder)
+bool DeskSession::agreesToOverwrite(const QString &folder)
 {
-    const bool drops = m_folderHoldsMore && QDir(folder) == QDir(m_folder);
-    return !drops
+    if (m_folder.isEmpty() || QDir(folder) != QDir(m_folder))
+        return !ProjectFolder(folder).holdsProject() || m_dialogs.agreesToReplace(folder);
+    return !m_folderHoldsMore
         || m_dialogs.agreesToLose(
             tr("Das Projekt enthält, was dieses Gerät nicht kennt; es ginge verloren."));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "apps/host/ProjectStorage.h"
 #include "apps/krparameter-desk/DriveLink.h"
 
 #include <QtCore/QObject>
@@ -13,7 +14,6 @@ class DriveProject;
 class OnlineSwitch;
 class ParameterContainer;
 class ValueWriter;
-struct LoadReport;
 
 /// The device that is open on the desk, with its project folder and what was written since. Messages
 /// of its own go to the sink with the name of device or project as title.
@@ -50,10 +50,12 @@ public:
     /// **Emits** aboutToChange, changed. **Reports** critical.
     bool open(const QString &descriptionFile);
     /// Fills the open device from a project folder. **Refused** without device, what is no project,
-    /// and a cut block that the user does not want. Goes offline before. **Emits** aboutToChange, changed.
-    /// **Reports** what was read as information, every finding of the load report as warning.
+    /// and a cut block that the user does not want; all stays as it is, also online. Goes offline before
+    /// anything is filled. **Emits** aboutToChange, changed. **Reports** what was read as information,
+    /// every finding of the load report as warning.
     bool load(const QString &folder);
-    /// **Refused** texts that would be lost unless the user agrees. **Emits** saved.
+    /// **Refused** unless the user agrees: texts that would be lost, a folder that holds another project
+    /// than the one that was loaded or saved last. **Emits** saved.
     bool save(const QString &folder);
     /// Do nothing where they cannot.
     void undo();
@@ -73,8 +75,8 @@ Q_SIGNALS:
 
 private:
     void adopt(std::unique_ptr<DriveProject> project);
-    bool loadInto(DriveProject &project, const QString &folder);
-    bool agreesToLeaveBehind(const QString &folder);
+    void fill(const QString &folder, ProjectStorage::LoadResult &judged);
+    bool agreesToOverwrite(const QString &folder);
     bool mayRestore() const;
     void forgetUndo();
     void onOnlineChanged();

@@ -2,6 +2,7 @@
 
 #include "apps/krparameter-desk/DelayedProgress.h"
 
+#include <QtCore/QDir>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QMessageBox>
@@ -57,6 +58,14 @@ bool WindowDialogs::agreesToLose(const QString &losses)
 {
     return agrees(tr("Beim Speichern geht etwas verloren. Trotzdem speichern?"), losses,
         tr("Trotzdem speichern"));
+}
+
+bool WindowDialogs::agreesToReplace(const QString &folder)
+{
+    const QDir directory(folder);
+    return agrees(tr("Der Ordner \"%1\" enthält ein anderes Projekt. Soll es ersetzt werden?")
+                      .arg(directory.dirName()),
+        QDir::toNativeSeparators(directory.absolutePath()), tr("Ersetzen"));
 }
 
 void WindowDialogs::run(const QString &title, const std::function<void(Progress &)> &job)

@@ -22,6 +22,7 @@ public:
     eUnsaved unsavedChanges() override;
     bool agreesToLoadCut(const QString &report) override;
     bool agreesToLose(const QString &losses) override;
+    bool agreesToReplace(const QString &folder) override;
     void run(const QString &title, const std::function<void(Progress &)> &job) override;
 
 private:

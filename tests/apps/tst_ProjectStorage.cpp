@@ -43,6 +43,7 @@ private Q_SLOTS:
     void refusesEveryPrefix_data();
     void refusesEveryPrefix();
     void loadsACutBlockWhenForced();
+    void judgesWithoutLoading();
     void refusesAMissingBlock();
     void refusesAFolderWithoutProject();
     void refusesToLoseTexts();
@@ -164,6 +165,30 @@ void tst_ProjectStorage::loadsACutBlockWhenForced()
     QCOMPARE(result.report.valuesEmptied, QStringList(QStringLiteral("2.B01")));
     QCOMPARE(read(*project, "A20", eLivingSpace::Global), QStringLiteral("new"));
     QCOMPARE(read(*project, "B01", eLivingSpace::Axis2), QString());
+}
+
+void tst_ProjectStorage::judgesWithoutLoading()
+{
+    const SmallDevice device;
+    const auto project = device.open();
+    ProjectStorage storage(device.path("project"));
+    QVERIFY(storage.save(*project, ProjectStorage::eLoss::Refuse).status == SaveStatus::Saved);
+    project->container().writeValueNative(
+        eLivingSpace::Axis1, at("B01"), 0, QStringLiteral("9000"));
+    auto judged = storage.judge(*project);
+    QVERIFY(judged.status == LoadStatus::Loaded);
+    QVERIFY(judged.error.isEmpty());
+    QVERIFY(judged.report.isComplete());
+    QCOMPARE(judged.blocks.value(Block), SmallDevice::defaultBlock());
+    QCOMPARE(read(*project, "B01", eLivingSpace::Axis1), QStringLiteral("9000"));
+
+    const QByteArray cut = SmallDevice::defaultBlock().first(60);
+    replace(storage.folder().path() + u'/' + Block, cut);
+    judged = storage.judge(*project);
+    QVERIFY(judged.status == LoadStatus::Cut);
+    QVERIFY(judged.error.endsWith(QStringLiteral("ist abgeschnitten")));
+    QCOMPARE(judged.blocks.value(Block), cut);
+    QCOMPARE(read(*project, "B01", eLivingSpace::Axis1), QStringLiteral("9000"));
 }
 
 void tst_ProjectStorage::refusesAMissingBlock()

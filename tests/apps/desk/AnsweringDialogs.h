@@ -36,6 +36,11 @@ public:
         asked.append(QStringLiteral("lose: ") + losses);
         return agrees;
     }
+    bool agreesToReplace(const QString &folder) override
+    {
+        asked.append(QStringLiteral("replace: ") + folder);
+        return agrees;
+    }
     void run(const QString &, const std::function<void(Progress &)> &job) override
     {
         struct Silent final : Progress {

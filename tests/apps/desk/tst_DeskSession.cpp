@@ -32,6 +32,11 @@ private Q_SLOTS:
     void losses_data();
     void losses();
     void leavesNothingBehindUnasked();
+    void savesOverAnotherProjectIfAgreed_data();
+    void savesOverAnotherProjectIfAgreed();
+    void savesOverItsOwnProjectUnasked();
+    void refusedLoadChangesNothing_data();
+    void refusedLoadChangesNothing();
     void cancelledSave();
     void mayClose_data();
     void mayClose();
@@ -276,6 +281,109 @@ void tst_DeskSession::leavesNothingBehindUnasked()
         QStringLiteral("gespeichert und zurückgelesen"));
     QVERIFY(m_session->save(m_device->path("other")));
     QCOMPARE(m_dialogs->asked.size(), 1);
+}
+
+void tst_DeskSession::savesOverAnotherProjectIfAgreed_data()
+{
+    QTest::addColumn<bool>("agrees");
+    QTest::addColumn<bool>("closes");
+    QTest::addColumn<bool>("hasBlock");
+    QTest::newRow("the user agrees") << true << false << true;
+    QTest::newRow("the user does not agree") << false << false << true;
+    QTest::newRow("the user agrees while closing") << true << true << true;
+    QTest::newRow("the user does not agree while closing") << false << true << true;
+    QTest::newRow("a manifest alone is a project too") << false << false << false;
+}
+
+/// The folder is chosen, and holds what belongs to another machine.
+void tst_DeskSession::savesOverAnotherProjectIfAgreed()
+{
+    QFETCH(bool, agrees);
+    QFETCH(bool, closes);
+    QFETCH(bool, hasBlock);
+    const QString folder = m_device->path("plant");
+    QVERIFY(QDir().mkpath(folder));
+    QFile other(
+        folder + (hasBlock ? QStringLiteral("/Parameter.ini") : QStringLiteral("/Manifest.ini")));
+    const QByteArray before("[X099]\r\nV_0_0=1\r\n");
+    QVERIFY(other.open(QIODevice::WriteOnly));
+    QCOMPARE(other.write(before), before.size());
+    other.close();
+    QVERIFY(m_session->open(m_device->fileName()));
+    QVERIFY(m_session->writer()->write(place("B10"), QStringLiteral("11")).isAccepted);
+    m_dialogs->agrees = agrees;
+    m_dialogs->unsavedAnswer = eUnsaved::Save;
+    m_dialogs->folderAnswer = folder;
+    if (agrees)
+        expectSaved();
+    QCOMPARE(closes ? m_session->mayClose() : m_session->save(folder), agrees);
+    QCOMPARE(m_dialogs->asked.constLast(), QStringLiteral("replace: ") + folder);
+    QVERIFY(other.open(QIODevice::ReadOnly));
+    QCOMPARE(other.readAll() == before, !agrees);
+    QCOMPARE(m_session->isModified(), !agrees);
+    QCOMPARE(m_session->folder(), agrees ? folder : QString());
+}
+
+void tst_DeskSession::savesOverItsOwnProjectUnasked()
+{
+    const QString folder = m_device->path("plant");
+    QVERIFY(m_session->open(m_device->fileName()));
+    for (int i = 0; i < 2; ++i) {
+        expectSaved();
+        QVERIFY(m_session->save(folder));
+    }
+    // By whatever name.
+    expectSaved();
+    QVERIFY(m_session->save(folder + QStringLiteral("/../plant/")));
+    QCOMPARE(m_dialogs->asked, QStringList());
+    // Another device knows nothing of it.
+    QVERIFY(m_session->open(m_device->fileName()));
+    QVERIFY(!m_session->save(folder));
+    QCOMPARE(m_dialogs->asked, QStringList(QStringLiteral("replace: ") + folder));
+    expect(eSeverity::Information, QStringLiteral("plant"),
+        QStringLiteral("10 Werte und 10 Defaultwerte gelesen"));
+    QVERIFY(m_session->load(folder));
+    expectSaved();
+    QVERIFY(m_session->save(folder));
+    QCOMPARE(m_dialogs->asked.size(), 1);
+}
+
+void tst_DeskSession::refusedLoadChangesNothing_data()
+{
+    QTest::addColumn<std::function<void(const QString &, AnsweringDialogs &)>>("spoil");
+    const auto row = [](const char *name,
+                         std::function<void(const QString &, AnsweringDialogs &)> spoil) {
+        QTest::newRow(name) << spoil;
+    };
+    row("no project", [](const QString &folder, AnsweringDialogs &) {
+        QVERIFY(QDir(folder).removeRecursively());
+    });
+    row("cancelled", [](const QString &, AnsweringDialogs &dialogs) { dialogs.cancels = true; });
+    row("cut, and not wanted so", [](const QString &folder, AnsweringDialogs &) {
+        QVERIFY(QFile::resize(folder + QStringLiteral("/Parameter.ini"), 100));
+    });
+}
+
+/// Neither the connection nor what could be undone, nor what a view shows.
+void tst_DeskSession::refusedLoadChangesNothing()
+{
+    QFETCH(std::function<void(const QString &, AnsweringDialogs &)>, spoil);
+    QVERIFY(m_session->open(m_device->fileName()));
+    expectSaved();
+    QVERIFY(m_session->save(m_device->path("plant")));
+    m_session->onlineSwitch()->turn(true);
+    QVERIFY(m_session->writer()->write(place("B10"), QStringLiteral("11")).isAccepted);
+    spoil(m_device->path("plant"), *m_dialogs);
+    const QSignalSpy before(m_session.get(), &DeskSession::aboutToChange);
+    const QSignalSpy after(m_session.get(), &DeskSession::changed);
+    QVERIFY(!m_session->load(m_device->path("plant")));
+    QCOMPARE(m_messages->take().size(), 1);
+    QCOMPARE(before.count(), 0);
+    QCOMPARE(after.count(), 0);
+    QVERIFY(m_session->onlineSwitch()->state() == OnlineSwitch::eState::Online);
+    QVERIFY(m_session->project()->container().isOnline());
+    QCOMPARE(native(place("B10")), QStringLiteral("11"));
+    QVERIFY(m_session->canUndo());
 }
 
 void tst_DeskSession::cancelledSave()

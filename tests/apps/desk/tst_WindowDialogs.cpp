@@ -2,6 +2,8 @@
 
 #include "apps/host/Progress.h"
 
+#include <QtCore/QDir>
+#include <QtCore/QTemporaryDir>
 #include <QtCore/QTimer>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
@@ -10,6 +12,8 @@
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 
+#include <functional>
+
 using eUnsaved = DeskDialogs::eUnsaved;
 
 /// The questions with real clicks and keys.
@@ -17,13 +21,18 @@ class tst_WindowDialogs : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
+
     void unsavedChanges_data();
     void unsavedChanges();
+    void choosesFiles_data();
+    void choosesFiles();
     void agreement_data();
     void agreement();
     void snapshotName_data();
     void snapshotName();
     void driveAddress();
+    void agreesToReplace();
     void run();
 
 private:
@@ -71,6 +80,61 @@ void tst_WindowDialogs::unsavedChanges()
     });
     WindowDialogs dialogs;
     QCOMPARE(int(dialogs.unsavedChanges()), expected);
+}
+
+void tst_WindowDialogs::choosesFiles_data()
+{
+    using Choose = std::function<QString(WindowDialogs &, const QString &)>;
+    QTest::addColumn<Choose>("choose");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("expected");
+    const Choose device = [](WindowDialogs &dialogs, const QString &folder) {
+        return dialogs.descriptionFile(folder);
+    };
+    const Choose load = [](WindowDialogs &dialogs, const QString &) {
+        return dialogs.projectToLoad();
+    };
+    const Choose save = [](WindowDialogs &dialogs, const QString &) {
+        return dialogs.projectToSave();
+    };
+    const QString none;
+    const QString file = QStringLiteral("drive.json");
+    const QString folder = QStringLiteral("plant");
+    QTest::newRow("a description") << device << QStringLiteral("Gerät öffnen") << file << file;
+    QTest::newRow("no description") << device << QStringLiteral("Gerät öffnen") << none << none;
+    QTest::newRow("a project to load")
+        << load << QStringLiteral("Projekt laden") << folder << folder;
+    QTest::newRow("no project to load") << load << QStringLiteral("Projekt laden") << none << none;
+    QTest::newRow("where to save")
+        << save << QStringLiteral("Projekt speichern in") << folder << folder;
+    QTest::newRow("saved nowhere")
+        << save << QStringLiteral("Projekt speichern in") << none << none;
+}
+
+/// Nothing typed: Escape.
+void tst_WindowDialogs::choosesFiles()
+{
+    QFETCH(std::function<QString(WindowDialogs &, const QString &)>, choose);
+    QFETCH(QString, title);
+    QFETCH(QString, typed);
+    QFETCH(QString, expected);
+    const QTemporaryDir folder;
+    QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("plant")));
+    QFile file(folder.filePath(QStringLiteral("drive.json")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QString shownTitle;
+    inDialog([&](QDialog &dialog) {
+        shownTitle = dialog.windowTitle();
+        auto *name = dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        if (!typed.isEmpty())
+            name->setText(folder.filePath(typed));
+        QTest::keyClick(name, typed.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
+    });
+    WindowDialogs dialogs;
+    QCOMPARE(
+        choose(dialogs, folder.path()), expected.isEmpty() ? expected : folder.filePath(expected));
+    QCOMPARE(shownTitle, title);
 }
 
 void tst_WindowDialogs::agreement_data()
@@ -139,6 +203,22 @@ void tst_WindowDialogs::driveAddress()
         QStringLiteral("drive7:503"));
     inDialog([](QDialog &dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
     QVERIFY(!dialogs.driveAddress(QStringLiteral("127.0.0.1:502")));
+}
+
+void tst_WindowDialogs::agreesToReplace()
+{
+    WindowDialogs dialogs;
+    QString question;
+    inDialog([&](QDialog &dialog) {
+        question = static_cast<QMessageBox &>(dialog).text();
+        click(dialog, QStringLiteral("Ersetzen"));
+    });
+    QVERIFY(dialogs.agreesToReplace(QStringLiteral("/machines/press 7")));
+    QCOMPARE(question,
+        QStringLiteral(
+            "Der Ordner \"press 7\" enthält ein anderes Projekt. Soll es ersetzt werden?"));
+    inDialog([](QDialog &dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
+    QVERIFY(!dialogs.agreesToReplace(QStringLiteral("/machines/press 7")));
 }
 
 void tst_WindowDialogs::run()
