@@ -8,12 +8,15 @@
 #include <KrSystem/System.h>
 #include <LmUtilities/DefaultPathSetting.h>
 
+#include <QtCore/QEvent>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QTextStream>
 #include <QtWidgets/QBoxLayout>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QPushButton>
+
+#include <utility>
 
 namespace {
 
@@ -51,22 +54,25 @@ ParameterValueSnapshotWidgetPrivate::~ParameterValueSnapshotWidgetPrivate() = de
 void ParameterValueSnapshotWidgetPrivate::appendSnapshot(
     ParameterValueSnapshot *snapshot, const QString &title)
 {
-    QPushButton *button =
-        appendButton(ParameterValueSnapshotWidget::tr("Spalte \"%1\" exportieren").arg(title));
+    QPushButton *button = appendButton();
     button->setProperty(IndexProperty, static_cast<int>(snapshots.size()));
     connect(button, &QPushButton::clicked, this,
         &ParameterValueSnapshotWidgetPrivate::onExportButtonClicked);
     snapshots.append(snapshot);
     titles.append(title);
+    columnButtons.append(button);
+    retranslate();
 }
 
 /// Deliberate: each call adds one more button.
 void ParameterValueSnapshotWidgetPrivate::setHtmlHeader(const QString &header)
 {
     htmlHeader = header;
-    connect(appendButton(ParameterValueSnapshotWidget::tr("HTML exportieren")),
-        &QPushButton::clicked, this,
+    QPushButton *button = appendButton();
+    connect(button, &QPushButton::clicked, this,
         &ParameterValueSnapshotWidgetPrivate::onHtmlExportButtonClicked);
+    htmlButtons.append(button);
+    retranslate();
 }
 
 bool ParameterValueSnapshotWidgetPrivate::refill(const FillingProgress::Advance &advance)
@@ -101,6 +107,17 @@ QString ParameterValueSnapshotWidgetPrivate::document(SnapshotHtmlReport::eForm 
 {
     const QList<SnapshotRow> rows = shownTable ? shownTable->rows : QList<SnapshotRow>();
     return SnapshotHtmlReport::document(htmlHeader, shownTitles(), rows, form);
+}
+
+void ParameterValueSnapshotWidgetPrivate::changeEvent(QEvent *event)
+{
+    QTreeWidget::changeEvent(event);
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    retranslate();
+    // Nothing stands there before the first filling.
+    if (columnCount() > 0)
+        headerItem()->setText(0, ParameterValueSnapshotWidget::tr("Parameter"));
 }
 
 /// The widget may be gone when the dialog comes back, and with it the function that asked.
@@ -141,7 +158,7 @@ void ParameterValueSnapshotWidgetPrivate::onHtmlExportButtonClicked()
     directory.setPath(QFileInfo(fileName).absolutePath());
 }
 
-QPushButton *ParameterValueSnapshotWidgetPrivate::appendButton(const QString &text)
+QPushButton *ParameterValueSnapshotWidgetPrivate::appendButton()
 {
     if (!buttonRow) {
         buttonRow = new QHBoxLayout;
@@ -149,11 +166,21 @@ QPushButton *ParameterValueSnapshotWidgetPrivate::appendButton(const QString &te
     } else {
         delete buttonRow->takeAt(buttonRow->count() - 1);
     }
-    auto *button = new QPushButton(text);
+    auto *button = new QPushButton;
     buttonRow->addWidget(button);
     buttonRow->addItem(
         new QSpacerItem(SpacerSize, SpacerSize, QSizePolicy::Expanding, QSizePolicy::Fixed));
     return button;
+}
+
+void ParameterValueSnapshotWidgetPrivate::retranslate()
+{
+    for (qsizetype i = 0; i < columnButtons.size(); ++i) {
+        columnButtons.at(i)->setText(
+            ParameterValueSnapshotWidget::tr("Spalte \"%1\" exportieren").arg(titles.at(i)));
+    }
+    for (QPushButton *button : std::as_const(htmlButtons))
+        button->setText(ParameterValueSnapshotWidget::tr("HTML exportieren"));
 }
 
 /// Those of the last filling; a column that was appended since is not among them.

@@ -37,12 +37,17 @@ public:
     std::function<QString(QWidget *, const QString &, const QString &, const QString &)>
         chooseSaveFile;
 
+protected:
+    /// Header and buttons follow the language; the rows stay as they are.
+    void changeEvent(QEvent *event) override;
+
 private Q_SLOTS:
     void onExportButtonClicked();
     void onHtmlExportButtonClicked();
 
 private:
-    QPushButton *appendButton(const QString &text);
+    QPushButton *appendButton();
+    void retranslate();
     QStringList shownTitles() const;
     QList<ParameterValueSnapshot *> livingSnapshots() const;
 
@@ -54,6 +59,9 @@ private:
     /// What the tree shows. Null until the first filling, and where it was ended.
     std::shared_ptr<const SnapshotTable> shownTable;
     CoordinateItems coordinateItems;
+    /// One for each title.
+    QList<QPushButton *> columnButtons;
+    QList<QPushButton *> htmlButtons;
     QVBoxLayout *outerLayout;
     /// Null until the first button. Ends with a spacer that keeps the buttons on the left.
     QHBoxLayout *buttonRow = nullptr;

@@ -70,6 +70,10 @@
         <source>Noch kein Vergleich. Ein Snapshot hält alle Werte fest; ausgewählte stehen hier nebeneinander.</source>
         <translation>No comparison yet. A snapshot records all values; chosen ones stand here side by side.</translation>
     </message>
+    <message>
+        <source>%1: kein Unterschied, der zu sehen ist. Was sich unterscheidet, liest sich gleich, oder die Zugriffsstufe reicht dafür nicht aus.</source>
+        <translation>%1: no difference that can be seen. What differs reads the same, or the access level is too low for it.</translation>
+    </message>
 </context>
 <context>
     <name>DelayedProgress</name>

@@ -6,11 +6,26 @@
 
 #include <KrParameterInstance/ParameterValueSnapshotWidget.h>
 
+#include <QtCore/QEvent>
 #include <QtWidgets/QBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QTreeWidget>
 
 #include <utility>
+
+namespace {
+
+bool hasVisibleRow(const QTreeWidgetItem &parent)
+{
+    for (int i = 0; i < parent.childCount(); ++i) {
+        const QTreeWidgetItem &row = *parent.child(i);
+        if (!row.isHidden() && (row.childCount() == 0 || hasVisibleRow(row)))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
 
 ComparisonPage::ComparisonPage(QWidget *parent)
     : QWidget(parent)
@@ -41,15 +56,25 @@ void ComparisonPage::compare(const QList<ParameterValueSnapshot *> &snapshots,
     };
     if (!widget->updateStepwise(advance))
         return;
-    m_summary->setText(summary(names, widget->isEmpty()));
+    m_names = names;
+    m_content = contentOf(*widget);
+    summarize();
     show(std::move(widget));
 }
 
 void ComparisonPage::clear()
 {
     delete std::exchange(m_widget, nullptr);
-    m_summary->setText(tr("Noch kein Vergleich. Ein Snapshot hält alle Werte fest; ausgewählte "
-                          "stehen hier nebeneinander."));
+    m_names.clear();
+    m_content = eContent::Nothing;
+    summarize();
+}
+
+void ComparisonPage::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        summarize();
 }
 
 void ComparisonPage::show(std::unique_ptr<ParameterValueSnapshotWidget> widget)
@@ -71,10 +96,38 @@ void ComparisonPage::onActivated(const QTreeWidgetItem *item)
         Q_EMIT addressActivated(address);
 }
 
-QString ComparisonPage::summary(const QStringList &names, bool isEmpty)
+/// Rows may all be hidden: what differs reads the same, or the user may not read it.
+ComparisonPage::eContent ComparisonPage::contentOf(const ParameterValueSnapshotWidget &widget)
 {
-    if (names.size() == 1)
-        return tr("Alle Werte von \"%1\"").arg(names.first());
-    const QString chain = names.join(QStringLiteral(" → "));
-    return isEmpty ? tr("%1: kein Unterschied").arg(chain) : tr("%1: was sich ändert").arg(chain);
+    if (widget.isEmpty())
+        return eContent::NoDifference;
+    const auto *tree = widget.findChild<QTreeWidget *>();
+    return hasVisibleRow(*tree->invisibleRootItem()) ? eContent::Rows
+                                                     : eContent::NoVisibleDifference;
+}
+
+void ComparisonPage::summarize()
+{
+    m_summary->setText(summary());
+}
+
+QString ComparisonPage::summary() const
+{
+    if (m_content == eContent::Nothing)
+        return tr("Noch kein Vergleich. Ein Snapshot hält alle Werte fest; ausgewählte "
+                  "stehen hier nebeneinander.");
+    if (m_names.size() == 1)
+        return tr("Alle Werte von \"%1\"").arg(m_names.first());
+    const QString chain = m_names.join(QStringLiteral(" → "));
+    switch (m_content) {
+    case eContent::NoDifference:
+        return tr("%1: kein Unterschied").arg(chain);
+    case eContent::NoVisibleDifference:
+        return tr("%1: kein Unterschied, der zu sehen ist. Was sich unterscheidet, liest sich "
+                  "gleich, oder "
+                  "die Zugriffsstufe reicht dafür nicht aus.")
+            .arg(chain);
+    default:
+        return tr("%1: was sich ändert").arg(chain);
+    }
 }

@@ -32,13 +32,24 @@ public:
 Q_SIGNALS:
     void addressActivated(const ParameterAddress &address);
 
+protected:
+    /// What is shown stays, its texts follow the language.
+    void changeEvent(QEvent *event) override;
+
 private:
+    enum class eContent { Nothing, Rows, NoDifference, NoVisibleDifference };
+
     void show(std::unique_ptr<ParameterValueSnapshotWidget> widget);
     void onActivated(const QTreeWidgetItem *item);
-    static QString summary(const QStringList &names, bool isEmpty);
+    static eContent contentOf(const ParameterValueSnapshotWidget &widget);
+    void summarize();
+    QString summary() const;
 
     QVBoxLayout *m_layout;
     QLabel *m_summary;
+    /// Of what is shown.
+    QStringList m_names;
+    eContent m_content = eContent::Nothing;
     /// Null while nothing is compared.
     ParameterValueSnapshotWidget *m_widget = nullptr;
 };

@@ -338,6 +338,6 @@ void DeskWindow::compareChecked()
 {
     m_dialogs.run(tr("Snapshots vergleichen"), [this](Progress &progress) {
         m_comparison->compare(m_snapshots.checkedSnapshots(), m_snapshots.checkedNames(),
-            m_session.deviceName(), &progress);
+            m_snapshots.checkedDevices().join(QStringLiteral(", ")), &progress);
     });
 }

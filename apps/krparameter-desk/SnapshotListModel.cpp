@@ -4,6 +4,8 @@
 #include "apps/host/ValuePlace.h"
 
 #include <KrFilter/Filter.h>
+#include <KrFirmware/ServoDriveFirmware.h>
+#include <KrParameterInstance/ParameterContainer.h>
 
 #include <algorithm>
 
@@ -60,7 +62,9 @@ bool SnapshotListModel::take(ParameterContainer &container, const QString &name,
         return false;
     const int row = rowCount();
     beginInsertRows({}, row, row);
-    m_entries.push_back({name, std::move(snapshot), true});
+    const ServoDriveFirmware *firmware = container.firmware();
+    m_entries.push_back(
+        {name, firmware ? firmware->deviceFamilyName() : QString(), std::move(snapshot), true});
     endInsertRows();
     Q_EMIT checkedChanged();
     return true;
@@ -112,6 +116,16 @@ QStringList SnapshotListModel::checkedNames() const
     for (const Entry &entry : m_entries) {
         if (entry.isChecked)
             result.append(entry.name);
+    }
+    return result;
+}
+
+QStringList SnapshotListModel::checkedDevices() const
+{
+    QStringList result;
+    for (const Entry &entry : m_entries) {
+        if (entry.isChecked && !entry.device.isEmpty() && !result.contains(entry.device))
+            result.append(entry.device);
     }
     return result;
 }

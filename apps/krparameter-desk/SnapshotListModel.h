@@ -29,6 +29,8 @@ public:
     /// **Owner** the model.
     QList<ParameterValueSnapshot *> checkedSnapshots() const;
     QStringList checkedNames() const;
+    /// The devices that the checked ones were taken of, each once.
+    QStringList checkedDevices() const;
 
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
@@ -43,6 +45,8 @@ Q_SIGNALS:
 private:
     struct Entry {
         QString name;
+        /// Empty where the container had none.
+        QString device;
         std::unique_ptr<ParameterValueSnapshot> snapshot;
         bool isChecked = true;
     };

@@ -1,3 +1,4 @@
+#include "apps/krparameter-desk/ComparisonPage.h"
 #include "apps/krparameter-desk/DeskActions.h"
 #include "apps/krparameter-desk/DeskWindow.h"
 #include "apps/krparameter-desk/ParameterTableView.h"
@@ -50,6 +51,10 @@ private Q_SLOTS:
     void comparisonFollowsTheAccessLevel();
     void cancelledComparison_data();
     void cancelledComparison();
+    void cancelledComparisonFollowsTheLanguage();
+    void removedSnapshotExportsNothing();
+    void comparisonWithoutVisibleDifference();
+    void reportNamesTheDevicesOfItsSnapshots();
     void exportsByItsButtons();
     void everyLetterOnce_data();
     void everyLetterOnce();
@@ -67,6 +72,11 @@ private:
     QLineEdit *field() const { return m_window->tableView().findChild<QLineEdit *>(); }
     RejectionNote *note() const { return m_window->tableView().findChild<RejectionNote *>(); }
     ParameterContainer &container() const { return m_window->session().project()->container(); }
+    /// What stands above the comparison.
+    QString summary() const
+    {
+        return m_window->findChild<ComparisonPage *>()->findChild<QLabel *>()->text();
+    }
     QTreeWidget *tree() const
     {
         const auto *widget = m_window->findChild<ParameterValueSnapshotWidget *>();
@@ -418,6 +428,94 @@ void tst_DeskFollowing::exportsByItsButtons()
     clickExport(QStringLiteral("Spalte \"Snapshot 2\" exportieren"), after);
     QCOMPARE(content(before), QByteArray("\xEF\xBB\xBF\r\n\"K08\";\"Zehntel\";\"30.0\"\n"));
     QCOMPARE(content(after), QByteArray("\xEF\xBB\xBF\r\n\"K08\";\"Zehntel\";\"40.0\"\n"));
+}
+
+/// The rows stay as they are, and may be exported.
+void tst_DeskFollowing::cancelledComparisonFollowsTheLanguage()
+{
+    m_window->actions()[DeskActions::TakeSnapshot]->trigger();
+    type("K08", QStringLiteral("40"));
+    m_window->actions()[DeskActions::TakeSnapshot]->trigger();
+    QCOMPARE(summary(), QStringLiteral("Snapshot 1 → Snapshot 2: was sich ändert"));
+    const QPointer<QTreeWidget> before(tree());
+    m_dialogs->cancels = true;
+    m_window->language().choose(QStringLiteral("en"));
+    QTRY_COMPARE(summary(), QStringLiteral("Snapshot 1 → Snapshot 2: what changes"));
+    QVERIFY(tree() == before);
+    QStringList buttons;
+    for (const QPushButton *button :
+        m_window->findChild<ParameterValueSnapshotWidget *>()->findChildren<QPushButton *>())
+        buttons.append(button->text());
+    QCOMPARE(buttons.join(u'|'),
+        QStringLiteral("Export column \"Snapshot 1\"|Export column \"Snapshot 2\"|Export HTML"));
+    QCOMPARE(before->headerItem()->text(0), QStringLiteral("Parameter"));
+    QCOMPARE(before->headerItem()->text(2), QStringLiteral("Snapshot 2"));
+    const QString after = m_device->path("after.txt");
+    clickExport(QStringLiteral("Export column \"Snapshot 2\""), after);
+    QCOMPARE(content(after), QByteArray("\xEF\xBB\xBF\r\n\"K08\";\"Zehntel\";\"40.0\"\n"));
+}
+
+/// What is left of it is the table that stays where the next comparison is cancelled.
+void tst_DeskFollowing::removedSnapshotExportsNothing()
+{
+    m_window->actions()[DeskActions::TakeSnapshot]->trigger();
+    type("K08", QStringLiteral("40"));
+    m_window->actions()[DeskActions::TakeSnapshot]->trigger();
+    m_window->showComparison();
+    const QPointer<QTreeWidget> before(tree());
+    m_dialogs->cancels = true;
+    m_window->snapshots().removeAt(0);
+    QVERIFY(tree() == before);
+    const QString gone = m_device->path("gone.txt");
+    const QString there = m_device->path("there.txt");
+    clickExport(QStringLiteral("Spalte \"Snapshot 1\" exportieren"), gone);
+    clickExport(QStringLiteral("Spalte \"Snapshot 2\" exportieren"), there);
+    QVERIFY(!QFile::exists(gone));
+    QCOMPARE(content(there), QByteArray("\xEF\xBB\xBF\r\n\"K08\";\"Zehntel\";\"40.0\"\n"));
+}
+
+void tst_DeskFollowing::comparisonWithoutVisibleDifference()
+{
+    QVERIFY(summary().startsWith(QStringLiteral("Noch kein Vergleich.")));
+    m_window->actions()[DeskActions::TakeSnapshot]->trigger();
+    QCOMPARE(summary(), QStringLiteral("Alle Werte von \"Snapshot 1\""));
+    m_window->actions()[DeskActions::TakeSnapshot]->trigger();
+    QCOMPARE(summary(), QStringLiteral("Snapshot 1 → Snapshot 2: kein Unterschied"));
+    type("K10", QStringLiteral("4321"));
+    m_window->snapshots().removeAt(0);
+    m_window->actions()[DeskActions::TakeSnapshot]->trigger();
+    const QString chain = m_window->snapshots().checkedNames().join(QStringLiteral(" → "));
+    QCOMPARE(summary(), chain + QStringLiteral(": was sich ändert"));
+    // It may not be read any more.
+    m_window->setAccessLevel(2);
+    QCOMPARE(summary(),
+        chain
+            + QStringLiteral(": kein Unterschied, der zu sehen ist. Was sich unterscheidet, liest "
+                             "sich gleich, oder die Zugriffsstufe reicht dafür nicht aus."));
+    m_window->setAccessLevel(3);
+    QCOMPARE(summary(), chain + QStringLiteral(": was sich ändert"));
+}
+
+void tst_DeskFollowing::reportNamesTheDevicesOfItsSnapshots()
+{
+    m_window->actions()[DeskActions::TakeSnapshot]->trigger();
+    type("K08", QStringLiteral("40"));
+    m_window->actions()[DeskActions::TakeSnapshot]->trigger();
+    const DeskDevice other;
+    QVERIFY(m_window->session().open(other.fileName()));
+    SnapshotListModel &model = m_window->snapshots();
+    model.setData(model.index(0), Qt::Unchecked, Qt::CheckStateRole);
+    model.setData(model.index(0), Qt::Checked, Qt::CheckStateRole);
+    m_window->showComparison();
+    const QString report = m_device->path("report.html");
+    clickExport(QStringLiteral("HTML exportieren"), report);
+    QVERIFY(content(report).contains("Following drive"));
+    QVERIFY(!content(report).contains("Desk drive"));
+    // Each device once.
+    m_window->actions()[DeskActions::TakeSnapshot]->trigger();
+    const QString both = m_device->path("both.html");
+    clickExport(QStringLiteral("HTML exportieren"), both);
+    QVERIFY(content(both).contains("Following drive, Desk drive"));
 }
 
 void tst_DeskFollowing::everyLetterOnce_data()
