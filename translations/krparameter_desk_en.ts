@@ -415,6 +415,13 @@
     </message>
 </context>
 <context>
+    <name>MessagePane</name>
+    <message>
+        <source>Die Meldung gehört zu einem Gerät, das nicht mehr offen ist.</source>
+        <translation>The message belongs to a device that is no longer open.</translation>
+    </message>
+</context>
+<context>
     <name>OnlineDriveLink</name>
     <message>
         <source>Vom Antrieb %1 gelesen: %2</source>
@@ -571,6 +578,25 @@
     </message>
 </context>
 <context>
+    <name>TableNavigation</name>
+    <message>
+        <source>Es ist kein Gerät offen.</source>
+        <translation>No device is open.</translation>
+    </message>
+    <message>
+        <source>%1 gibt es in diesem Gerät nicht.</source>
+        <translation>This device has no %1.</translation>
+    </message>
+    <message>
+        <source>%1 ist erst ab Zugriffsstufe %2 zu sehen.</source>
+        <translation>%1 can be seen from access level %2 on.</translation>
+    </message>
+    <message>
+        <source>%1 ist zurzeit ausgeblendet.</source>
+        <translation>%1 is hidden at present.</translation>
+    </message>
+</context>
+<context>
     <name>ValueWriter</name>
     <message>
         <source>Das Gerät hat den Parameter nicht mehr.</source>
@@ -670,6 +696,26 @@
     <message>
         <source>Ersetzen</source>
         <translation>Replace</translation>
+    </message>
+    <message>
+        <source>Soll der Snapshot &quot;%1&quot; entfernt werden?</source>
+        <translation>Remove snapshot &quot;%1&quot;?</translation>
+    </message>
+    <message>
+        <source>Er lässt sich nicht zurückholen.</source>
+        <translation>It cannot be brought back.</translation>
+    </message>
+    <message>
+        <source>Entfernen</source>
+        <translation>Remove</translation>
+    </message>
+    <message>
+        <source>Snapshots bleiben nicht über das Ende hinaus. Trotzdem beenden?</source>
+        <translation>Snapshots do not outlast the desk. Quit nevertheless?</translation>
+    </message>
+    <message>
+        <source>Beenden</source>
+        <translation>Quit</translation>
     </message>
 </context>
 </TS>

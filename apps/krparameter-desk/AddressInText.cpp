@@ -20,7 +20,8 @@ QString trimmed(QString word)
 ParameterAddress AddressInText::find(const QString &text)
 {
     for (const QString &word : text.simplified().split(QLatin1Char(' '))) {
-        const ParameterAddress address(trimmed(word), true);
+        const QString head = word.section(QLatin1Char('/'), 0, 0);
+        const ParameterAddress address(trimmed(head), true);
         if (address.isValid())
             return address;
     }

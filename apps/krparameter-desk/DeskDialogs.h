@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 
 #include <functional>
 #include <optional>
@@ -28,6 +29,9 @@ public:
     virtual bool agreesToLose(const QString &losses) = 0;
     /// To save over the project that this folder holds, which is another one.
     virtual bool agreesToReplace(const QString &folder) = 0;
+    virtual bool agreesToRemoveSnapshot(const QString &name) = 0;
+    /// To close the desk, which does not keep these snapshots.
+    virtual bool agreesToLoseSnapshots(const QStringList &names) = 0;
     /// Does the job; shows its progress with a way to cancel it where it takes long.
     virtual void run(const QString &title, const std::function<void(Progress &)> &job) = 0;
 };

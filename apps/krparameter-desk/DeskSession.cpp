@@ -6,6 +6,7 @@
 #include "apps/krparameter-desk/ValueWriter.h"
 
 #include <KrFirmware/ServoDriveFirmware.h>
+#include <KrParameterInstance/ParameterInformation.h>
 #include <KrSystem/System.h>
 
 #include <QtCore/QDir>
@@ -19,6 +20,15 @@ using SaveStatus = ProjectStorage::SaveResult::eStatus;
 QString titleOf(const QString &folder)
 {
     return QFileInfo(QDir::cleanPath(folder)).fileName();
+}
+
+/// The drive keeps it and somebody may write it. Anything else changes by itself.
+bool isSetting(const ParameterInformation &parameter, quint16 element)
+{
+    const auto of = [&](eParameterProperty property) {
+        return parameter.elementProperty(element, property).asInt32();
+    };
+    return of(eParameterProperty::MemoryAllocation) == 0 && of(eParameterProperty::NoWrite) == 0;
 }
 
 /// The first line says what was read, every further one what was not.
@@ -111,6 +121,7 @@ void DeskSession::adopt(std::unique_ptr<DriveProject> project)
     connect(&container, &ParameterContainer::parameterNativeValueChanged, this,
         &DeskSession::onNativeValueChanged);
     tellModified();
+    Q_EMIT deviceReplaced();
     Q_EMIT changed();
 }
 
@@ -219,9 +230,12 @@ void DeskSession::onOnlineChanged()
     Q_EMIT onlineChanged();
 }
 
-void DeskSession::onNativeValueChanged()
+void DeskSession::onNativeValueChanged(const ParameterAddress &address)
 {
     if (m_hasOtherChanges || m_writer->isWriting())
+        return;
+    const auto parameter = m_project->container().parameterInformation(address.coordinate());
+    if (!parameter || !isSetting(*parameter, address.element()))
         return;
     m_hasOtherChanges = true;
     tellModified();

@@ -12,6 +12,7 @@
 class DeskDialogs;
 class DriveProject;
 class OnlineSwitch;
+class ParameterAddress;
 class ParameterContainer;
 class ValueWriter;
 
@@ -47,7 +48,7 @@ public:
     /// Asks what to do with unsaved changes. False: nothing is to be lost, stay.
     bool mayClose();
     /// The file of a description. **Refused** an unusable one; the device that is open stays.
-    /// **Emits** aboutToChange, changed. **Reports** critical.
+    /// **Emits** aboutToChange, deviceReplaced, changed. **Reports** critical.
     bool open(const QString &descriptionFile);
     /// Fills the open device from a project folder. **Refused** without device, what is no project,
     /// and a cut block that the user does not want; all stays as it is, also online. Goes offline before
@@ -65,6 +66,8 @@ Q_SIGNALS:
     /// The device or all of its values; who holds the project lets it go.
     void aboutToChange();
     void changed();
+    /// Another device is open. Before changed.
+    void deviceReplaced();
     void saved();
     void modifiedChanged(bool isModified);
     /// The state of the switch. What could be undone is forgotten before, where a drive's values begin to
@@ -80,7 +83,7 @@ private:
     bool mayRestore() const;
     void forgetUndo();
     void onOnlineChanged();
-    void onNativeValueChanged();
+    void onNativeValueChanged(const ParameterAddress &address);
     void tellModified();
 
     DeskDialogs &m_dialogs;
@@ -93,7 +96,7 @@ private:
     QString m_folder;
     /// The folder holds what the device does not know; a save there drops it.
     bool m_folderHoldsMore = false;
-    /// By something else than the user, who could undo it.
+    /// By something else than the user, who could undo it. What a drive measures is no change.
     bool m_hasOtherChanges = false;
     bool m_wasModified = false;
 };

@@ -35,6 +35,8 @@ namespace {
 constexpr QSize FirstSize(1280, 800);
 constexpr int FirstMessageHeight = 105;
 constexpr int FirstSnapshotWidth = 200;
+/// Of a note in the status bar. **Unit** ms.
+constexpr int NoticeSpan = 8000;
 
 } // namespace
 
@@ -134,6 +136,10 @@ void DeskWindow::closeEvent(QCloseEvent *event)
         event->ignore();
         return;
     }
+    if (!m_commands.mayLose(m_snapshots)) {
+        event->ignore();
+        return;
+    }
     saveState();
     QMainWindow::closeEvent(event);
 }
@@ -160,6 +166,8 @@ void DeskWindow::buildDocks()
     resizeDocks({m_messageDock}, {FirstMessageHeight}, Qt::Vertical);
     resizeDocks({m_snapshotDock}, {FirstSnapshotWidth}, Qt::Horizontal);
     connect(m_messagePane, &MessagePane::addressActivated, this, &DeskWindow::goTo);
+    connect(m_messagePane, &MessagePane::leadsNowhere, this,
+        [this](const QString &reason) { statusBar()->showMessage(reason, NoticeSpan); });
 }
 
 void DeskWindow::on(int action, const std::function<void(bool)> &function)
@@ -177,7 +185,8 @@ void DeskWindow::connectCommands()
     on(DeskActions::Undo, [this](bool) { m_session.undo(); });
     on(DeskActions::Redo, [this](bool) { m_session.redo(); });
     on(DeskActions::TakeSnapshot, [this](bool) { m_commands.takeSnapshot(m_snapshots); });
-    on(DeskActions::RemoveSnapshot, [this](bool) { m_snapshotPane->removeCurrent(); });
+    on(DeskActions::RemoveSnapshot,
+        [this](bool) { m_commands.removeSnapshot(m_snapshots, m_snapshotPane->currentRow()); });
     on(DeskActions::ClearMessages, [this](bool) { m_messages.clear(); });
     on(DeskActions::GoOnline, [this](bool isOn) {
         m_driveCommands.turn(isOn);
@@ -253,6 +262,7 @@ void DeskWindow::connectSession()
     m_session.setMakeLink([this](ParameterContainer &container) {
         return std::make_unique<OnlineDriveLink>(container, m_drive.address());
     });
+    connect(&m_session, &DeskSession::deviceReplaced, &m_messages, &MessageListModel::endDevice);
     connect(&m_session, &DeskSession::aboutToChange, this, &DeskWindow::onAboutToChange);
     connect(&m_session, &DeskSession::changed, this, &DeskWindow::onChanged);
     connect(&m_session, &DeskSession::saved, m_status, &DeskStatus::updateTitle);
@@ -300,6 +310,8 @@ void DeskWindow::goTo(const ParameterAddress &address)
     } else if (m_navigation->canNavigateToParameter(address.coordinate())) {
         m_pages->setCurrentWidget(m_tableView);
         m_navigation->navigateToParameter(address.coordinate());
+    } else {
+        statusBar()->showMessage(m_navigation->obstacle(address), NoticeSpan);
     }
 }
 

@@ -12,12 +12,23 @@ void MessageListModel::clear()
 {
     beginResetModel();
     m_messages.clear();
+    m_foreignCount = 0;
     endResetModel();
 }
 
 SystemMessage MessageListModel::messageAt(const QModelIndex &index) const
 {
     return m_messages.value(index.row());
+}
+
+void MessageListModel::endDevice()
+{
+    m_foreignCount = m_messages.size();
+}
+
+bool MessageListModel::isOfThisDevice(const QModelIndex &index) const
+{
+    return index.isValid() && index.row() >= m_foreignCount;
 }
 
 int MessageListModel::rowCount(const QModelIndex &parent) const
@@ -50,6 +61,7 @@ void MessageListModel::append(const SystemMessage &message)
     if (m_messages.size() >= System::MessageBound) {
         beginRemoveRows({}, 0, 0);
         m_messages.removeFirst();
+        m_foreignCount = qMax(m_foreignCount - 1, qsizetype(0));
         endRemoveRows();
     }
     const int row = int(m_messages.size());

@@ -14,6 +14,10 @@ public:
 
     void clear();
     SystemMessage messageAt(const QModelIndex &index) const;
+    /// What is there is about a device that is no longer open.
+    void endDevice();
+    /// Came since the last endDevice().
+    bool isOfThisDevice(const QModelIndex &index) const;
 
     int rowCount(const QModelIndex &parent = {}) const override;
     /// Title and text; the severity shows as icon.
@@ -24,4 +28,6 @@ private:
     static QString severityText(SystemMessage::eSeverity severity);
 
     QList<SystemMessage> m_messages;
+    /// So many of them, the oldest, are about a device that is no longer open.
+    qsizetype m_foreignCount = 0;
 };

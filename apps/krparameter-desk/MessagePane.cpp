@@ -19,6 +19,10 @@ void MessagePane::onActivated(const QModelIndex &index)
 {
     const auto *model = static_cast<const MessageListModel *>(this->model());
     const ParameterAddress address = AddressInText::find(model->messageAt(index).text);
-    if (address.isValid())
+    if (!address.isValid())
+        return;
+    if (model->isOfThisDevice(index))
         Q_EMIT addressActivated(address);
+    else
+        Q_EMIT leadsNowhere(tr("Die Meldung gehört zu einem Gerät, das nicht mehr offen ist."));
 }

@@ -17,6 +17,8 @@ public:
 
 Q_SIGNALS:
     void addressActivated(const ParameterAddress &address);
+    /// For the user: why a message that names a parameter does not lead to it.
+    void leadsNowhere(const QString &reason);
 
 private:
     void onActivated(const QModelIndex &index);

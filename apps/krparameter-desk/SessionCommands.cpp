@@ -61,3 +61,16 @@ void SessionCommands::takeSnapshot(SnapshotListModel &snapshots)
         snapshots.take(m_session.project()->container(), *name, &progress);
     });
 }
+
+void SessionCommands::removeSnapshot(SnapshotListModel &snapshots, int row)
+{
+    const QStringList names = snapshots.names();
+    if (row >= 0 && row < names.size() && m_dialogs.agreesToRemoveSnapshot(names.at(row)))
+        snapshots.removeAt(row);
+}
+
+bool SessionCommands::mayLose(const SnapshotListModel &snapshots)
+{
+    const QStringList names = snapshots.names();
+    return names.isEmpty() || m_dialogs.agreesToLoseSnapshots(names);
+}

@@ -22,6 +22,10 @@ public:
     void saveProject();
     void saveProjectElsewhere();
     void takeSnapshot(SnapshotListModel &snapshots);
+    /// Asks before; nothing where there is no such row.
+    void removeSnapshot(SnapshotListModel &snapshots, int row);
+    /// Asks where there are any.
+    bool mayLose(const SnapshotListModel &snapshots);
 
 private:
     /// An empty folder: the user chooses one.

@@ -100,6 +100,14 @@ QString SnapshotListModel::suggestedName() const
     }
 }
 
+QStringList SnapshotListModel::names() const
+{
+    QStringList result;
+    for (const Entry &entry : m_entries)
+        result.append(entry.name);
+    return result;
+}
+
 QList<ParameterValueSnapshot *> SnapshotListModel::checkedSnapshots() const
 {
     QList<ParameterValueSnapshot *> result;

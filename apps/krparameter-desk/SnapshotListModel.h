@@ -26,6 +26,7 @@ public:
     /// "Snapshot 3" for the third; never a name that is there.
     QString suggestedName() const;
 
+    QStringList names() const;
     /// **Owner** the model.
     QList<ParameterValueSnapshot *> checkedSnapshots() const;
     QStringList checkedNames() const;

@@ -10,7 +10,6 @@
 
 SnapshotPane::SnapshotPane(SnapshotListModel &model, const DeskActions &actions, QWidget *parent)
     : QWidget(parent)
-    , m_model(model)
     , m_list(new QListView(this))
 {
     m_list->setObjectName(QStringLiteral("snapshots"));
@@ -29,7 +28,7 @@ SnapshotPane::SnapshotPane(SnapshotListModel &model, const DeskActions &actions,
     }
 }
 
-void SnapshotPane::removeCurrent()
+int SnapshotPane::currentRow() const
 {
-    m_model.removeAt(m_list->currentIndex().row());
+    return m_list->currentIndex().row();
 }

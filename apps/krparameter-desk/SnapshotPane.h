@@ -15,9 +15,9 @@ public:
     SnapshotPane(SnapshotListModel &model, const DeskActions &actions, QWidget *parent);
 
     QListView *list() const { return m_list; }
-    void removeCurrent();
+    /// -1 where none is.
+    int currentRow() const;
 
 private:
-    SnapshotListModel &m_model;
     QListView *m_list;
 };

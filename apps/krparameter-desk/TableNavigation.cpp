@@ -5,6 +5,7 @@
 #include "apps/krparameter-desk/ParameterTableView.h"
 
 #include <KrParameterInstance/ParameterInformation.h>
+#include <KrSystem/System.h>
 
 namespace {
 
@@ -83,4 +84,26 @@ ParameterAddress TableNavigation::currentAddress() const
 ParameterContainer *TableNavigation::parameterContainer() const
 {
     return m_project ? &m_project->container() : nullptr;
+}
+
+QString TableNavigation::obstacle(const ParameterAddress &address) const
+{
+    if (!m_project)
+        return tr("Es ist kein Gerät offen.");
+    const auto parameter = m_project->container().parameterInformation(address.coordinate());
+    const QList<ValuePlace> places =
+        parameter ? ValuePlace::allOf(*parameter) : QList<ValuePlace>();
+    if (places.isEmpty()) {
+        return tr("%1 gibt es in diesem Gerät nicht.")
+            .arg(address.toText(address.axis() == 0, address.element() > 0));
+    }
+    // A title may name a record as a whole.
+    ValuePlace place = ValuePlace::of(address, *parameter);
+    if (!places.contains(place))
+        place = places.constFirst();
+    const QString text = place.addressText(*parameter);
+    const quint32 level = parameter->readLevel(place.element);
+    return level > System::information()->userAccessLevel()
+        ? tr("%1 ist erst ab Zugriffsstufe %2 zu sehen.").arg(text).arg(level)
+        : tr("%1 ist zurzeit ausgeblendet.").arg(text);
 }

@@ -29,6 +29,9 @@ public:
     ParameterAddress currentAddress() const override;
     ParameterContainer *parameterContainer() const override;
 
+    /// For the user: why neither the address nor its parameter can be gone to.
+    QString obstacle(const ParameterAddress &address) const;
+
 private:
     ParameterTableModel &m_model;
     ParameterTableView &m_view;

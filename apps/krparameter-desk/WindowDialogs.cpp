@@ -68,6 +68,18 @@ bool WindowDialogs::agreesToReplace(const QString &folder)
         QDir::toNativeSeparators(directory.absolutePath()), tr("Ersetzen"));
 }
 
+bool WindowDialogs::agreesToRemoveSnapshot(const QString &name)
+{
+    return agrees(tr("Soll der Snapshot \"%1\" entfernt werden?").arg(name),
+        tr("Er lässt sich nicht zurückholen."), tr("Entfernen"));
+}
+
+bool WindowDialogs::agreesToLoseSnapshots(const QStringList &names)
+{
+    return agrees(tr("Snapshots bleiben nicht über das Ende hinaus. Trotzdem beenden?"),
+        names.join(QLatin1Char('\n')), tr("Beenden"));
+}
+
 void WindowDialogs::run(const QString &title, const std::function<void(Progress &)> &job)
 {
     DelayedProgress progress(m_parent, title);

@@ -41,6 +41,16 @@ public:
         asked.append(QStringLiteral("replace: ") + folder);
         return agrees;
     }
+    bool agreesToRemoveSnapshot(const QString &name) override
+    {
+        asked.append(QStringLiteral("remove: ") + name);
+        return losesSnapshots;
+    }
+    bool agreesToLoseSnapshots(const QStringList &names) override
+    {
+        asked.append(QStringLiteral("snapshots: ") + names.join(QStringLiteral(", ")));
+        return losesSnapshots;
+    }
     void run(const QString &, const std::function<void(Progress &)> &job) override
     {
         struct Silent final : Progress {
@@ -58,6 +68,7 @@ public:
     eUnsaved unsavedAnswer = eUnsaved::Cancel;
     bool takesSuggestedName = true;
     bool agrees = false;
+    bool losesSnapshots = true;
     bool cancels = false;
 
 private:

@@ -28,6 +28,11 @@ void tst_AddressInText::find_data()
         << QStringLiteral("one is missing (A20).") << QStringLiteral("1.A020[00000]");
     QTest::newRow("the first of several")
         << QStringLiteral("2 Parameter fehlen: B01, C02") << QStringLiteral("1.B001[00000]");
+    QTest::newRow("a key of a section")
+        << QStringLiteral("1 Schlüssel nicht verstanden: H000/Foo, B01/V_9_0")
+        << QStringLiteral("1.H000[00000]");
+    QTest::newRow("the folder of a path is none")
+        << QStringLiteral("/plants/H000/Parameter.ini ist kein Projekt") << none;
     QTest::newRow("no address") << QStringLiteral("gespeichert und zurückgelesen") << none;
     QTest::newRow("lower case is a word") << QStringLiteral("e84") << none;
     QTest::newRow("an empty text") << none << none;

@@ -24,6 +24,8 @@ private Q_SLOTS:
     void modified();
     void undoLeadsBackToTheFile();
     void valueFromElsewhereIsAChange();
+    void measuredValueIsNoChange_data();
+    void measuredValueIsNoChange();
     void saveAndLoad();
     void loadReportsFindings();
     void folderWithoutProject();
@@ -165,6 +167,28 @@ void tst_DeskSession::valueFromElsewhereIsAChange()
         eLivingSpace::Global, place("B10").coordinate, 0, QStringLiteral("12"));
     QVERIFY(m_session->isModified());
     QVERIFY(!m_session->undoStack()->canUndo());
+}
+
+void tst_DeskSession::measuredValueIsNoChange_data()
+{
+    QTest::addColumn<QByteArray>("property");
+    QTest::newRow("the drive does not keep it") << QByteArray(R"("memoryAllocation": 1)");
+    QTest::newRow("nobody may write it") << QByteArray(R"("noWrite": 1)");
+}
+
+/// It changes by itself; what the user writes is a change nevertheless.
+void tst_DeskSession::measuredValueIsNoChange()
+{
+    QFETCH(QByteArray, property);
+    const DeskDevice device(DeskDevice::description().replace(
+        R"("default": 10,)", R"("default": 10, )" + property + ','));
+    QVERIFY(m_session->open(device.fileName()));
+    m_session->project()->container().writeValueNative(
+        eLivingSpace::Global, place("B10").coordinate, 0, QStringLiteral("12"));
+    QCOMPARE(native(place("B10")), QStringLiteral("12"));
+    QVERIFY(!m_session->isModified());
+    QVERIFY(m_session->writer()->write(place("B01", 1), QStringLiteral("5")).isAccepted);
+    QVERIFY(m_session->isModified());
 }
 
 void tst_DeskSession::saveAndLoad()

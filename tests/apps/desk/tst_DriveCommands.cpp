@@ -139,6 +139,7 @@ private Q_SLOTS:
     void tellsHowManyValuesAreRead();
     void isCancelledWhileItReads();
     void writtenWhileItReads();
+    void measuredValuesAreNoChange();
 
 private:
     QTemporaryDir m_settings;
@@ -361,6 +362,33 @@ void tst_DriveCommands::writtenWhileItReads()
     QTRY_COMPARE_PATIENTLY(s.first.value("Z01"), QStringLiteral("new"));
     QCOMPARE(s.shown(last), QStringLiteral("new"));
     QVERIFY(!s.window.session().canUndo());
+    QVERIFY(s.window.isWindowModified());
+}
+
+/// Seconds after a save the desk is as saved as it was.
+void tst_DriveCommands::measuredValuesAreNoChange()
+{
+    Stand s;
+    QVERIFY(s.isUp);
+    const QTemporaryDir folder;
+    const ValuePlace actual {at("B02"), eLivingSpace::Axis1, 0};
+    s.goOnline();
+    QVERIFY(s.write(Target, "-7"));
+    QTRY_COMPARE_PATIENTLY(s.first.value("2.B01"), QStringLiteral("-7"));
+    QVERIFY(s.window.isWindowModified());
+    QVERIFY(s.window.session().save(folder.filePath(QStringLiteral("plant"))));
+    s.messages.take();
+    const QString before = s.shown(actual);
+    s.first.order(QStringLiteral("tick 5"));
+    QTRY_VERIFY_PATIENTLY(s.shown(actual) != before);
+    QVERIFY(!s.window.isWindowModified());
+    s.dialogs.asked.clear();
+    QVERIFY(s.window.session().mayClose());
+    QCOMPARE(s.dialogs.asked, QStringList());
+    // What somebody else set there is one.
+    s.first.order(QStringLiteral("set 1.B01 6"));
+    s.press(Qt::Key_F9);
+    s.goOnline();
     QVERIFY(s.window.isWindowModified());
 }
 

@@ -12,6 +12,7 @@ private Q_SLOTS:
     void messages();
     void keepsAsManyAsTheSink();
     void clear();
+    void endOfADevice();
 };
 
 void tst_MessageListModel::messages()
@@ -50,6 +51,28 @@ void tst_MessageListModel::clear()
     QCOMPARE(model.messageAt(QModelIndex()).text, QString());
     System::addWarningMessage(QString(), QStringLiteral("y"));
     QCOMPARE(model.rowCount(), 1);
+}
+
+void tst_MessageListModel::endOfADevice()
+{
+    MessageListModel model;
+    System::addWarningMessage(QString(), QStringLiteral("a"));
+    System::addWarningMessage(QString(), QStringLiteral("b"));
+    QVERIFY(model.isOfThisDevice(model.index(1)));
+    model.endDevice();
+    System::addWarningMessage(QString(), QStringLiteral("c"));
+    QVERIFY(!model.isOfThisDevice(model.index(0)));
+    QVERIFY(!model.isOfThisDevice(model.index(1)));
+    QVERIFY(model.isOfThisDevice(model.index(2)));
+    QVERIFY(!model.isOfThisDevice(QModelIndex()));
+    // The oldest go.
+    for (int i = 0; i < System::MessageBound - 2; ++i)
+        System::addWarningMessage(QString(), QString::number(i));
+    QVERIFY(!model.isOfThisDevice(model.index(0)));
+    QVERIFY(model.isOfThisDevice(model.index(1)));
+    model.clear();
+    System::addWarningMessage(QString(), QStringLiteral("d"));
+    QVERIFY(model.isOfThisDevice(model.index(0)));
 }
 
 QTEST_GUILESS_MAIN(tst_MessageListModel)

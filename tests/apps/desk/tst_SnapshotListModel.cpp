@@ -1,6 +1,6 @@
 #include "apps/host/Progress.h"
 #include "apps/krparameter-desk/SnapshotListModel.h"
-#include "tests/apps/desk/DeskDevice.h"
+#include "tests/apps/desk/FollowingDevice.h"
 #include "tests/support/MessageRecorder.h"
 
 #include <QtTest/QAbstractItemModelTester>
@@ -20,6 +20,7 @@ private Q_SLOTS:
     void removing();
     void clearing();
     void outlivesTheDevice();
+    void namesItsDevices();
 };
 
 void tst_SnapshotListModel::take()
@@ -181,6 +182,28 @@ void tst_SnapshotListModel::outlivesTheDevice()
     QCOMPARE(model.checkedSnapshots().constFirst()->value(
                  eLivingSpace::Axis1, place("B01").coordinate, 0, true),
         QStringLiteral("4.200 A"));
+}
+
+void tst_SnapshotListModel::namesItsDevices()
+{
+    MessageRecorder messages;
+    const DeskDevice first;
+    const FollowingDevice second;
+    const auto firstProject = first.open();
+    const auto secondProject = second.open();
+    ParameterContainer none;
+    SnapshotListModel model;
+    model.take(firstProject->container(), QStringLiteral("A"));
+    model.take(none, QStringLiteral("B"));
+    model.take(firstProject->container(), QStringLiteral("C"));
+    QCOMPARE(model.checkedDevices(), QStringList(QStringLiteral("Desk drive")));
+    model.take(secondProject->container(), QStringLiteral("D"));
+    QCOMPARE(model.checkedDevices(),
+        (QStringList {QStringLiteral("Desk drive"), QStringLiteral("Following drive")}));
+    QCOMPARE(model.names().join(u' '), QStringLiteral("A B C D"));
+    QVERIFY(model.setData(model.index(0), Qt::Unchecked, Qt::CheckStateRole));
+    QVERIFY(model.setData(model.index(2), Qt::Unchecked, Qt::CheckStateRole));
+    QCOMPARE(model.checkedDevices(), QStringList(QStringLiteral("Following drive")));
 }
 
 QTEST_GUILESS_MAIN(tst_SnapshotListModel)

@@ -33,6 +33,7 @@ private Q_SLOTS:
     void snapshotName();
     void driveAddress();
     void agreesToReplace();
+    void losesSnapshots();
     void run();
 
 private:
@@ -219,6 +220,36 @@ void tst_WindowDialogs::agreesToReplace()
             "Der Ordner \"press 7\" enthält ein anderes Projekt. Soll es ersetzt werden?"));
     inDialog([](QDialog &dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
     QVERIFY(!dialogs.agreesToReplace(QStringLiteral("/machines/press 7")));
+}
+
+void tst_WindowDialogs::losesSnapshots()
+{
+    WindowDialogs dialogs;
+    QString asked;
+    const auto ask = [&asked](QDialog &dialog) {
+        const auto &box = static_cast<QMessageBox &>(dialog);
+        asked = box.text() + u'|' + box.informativeText();
+    };
+    inDialog([&](QDialog &dialog) {
+        ask(dialog);
+        click(dialog, QStringLiteral("Entfernen"));
+    });
+    QVERIFY(dialogs.agreesToRemoveSnapshot(QStringLiteral("Vorher")));
+    QCOMPARE(asked,
+        QStringLiteral("Soll der Snapshot \"Vorher\" entfernt werden?|Er lässt sich nicht "
+                       "zurückholen."));
+    inDialog([](QDialog &dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
+    QVERIFY(!dialogs.agreesToRemoveSnapshot(QStringLiteral("Vorher")));
+    inDialog([&](QDialog &dialog) {
+        ask(dialog);
+        click(dialog, QStringLiteral("Beenden"));
+    });
+    QVERIFY(dialogs.agreesToLoseSnapshots({QStringLiteral("Vorher"), QStringLiteral("Nachher")}));
+    QCOMPARE(asked,
+        QStringLiteral("Snapshots bleiben nicht über das Ende hinaus. Trotzdem beenden?|Vorher\n"
+                       "Nachher"));
+    inDialog([](QDialog &dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    QVERIFY(!dialogs.agreesToLoseSnapshots({QStringLiteral("Vorher")}));
 }
 
 void tst_WindowDialogs::run()

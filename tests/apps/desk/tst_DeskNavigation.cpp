@@ -1,0 +1,177 @@
+#include "apps/krparameter-desk/DeskWindow.h"
+#include "apps/krparameter-desk/MessagePane.h"
+#include "apps/krparameter-desk/ParameterTableView.h"
+#include "tests/apps/desk/AnsweringDialogs.h"
+#include "tests/apps/desk/FollowingDevice.h"
+#include "tests/support/MessageRecorder.h"
+
+#include <KrParameterInstance/ParameterNavigationHost.h>
+#include <KrSystem/System.h>
+
+#include <QtTest/QTest>
+#include <QtWidgets/QStatusBar>
+
+/// Messages lead to their parameters, and say why where they do not.
+class tst_DeskNavigation : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void leadsToItsParameter_data();
+    void leadsToItsParameter();
+    void saysWhyNot_data();
+    void saysWhyNot();
+    void recordThatMayNotBeRead();
+    void messageOfAnotherDevice();
+    void messageOfAnotherProject();
+
+private:
+    void tell(const QString &text)
+    {
+        m_messages->expect(MessageRecorder::eSeverity::Warning, QStringLiteral("plant"), text);
+        System::addWarningMessage(QStringLiteral("plant"), text);
+    }
+    /// With Return on the message of this row.
+    void activate(int row)
+    {
+        auto *pane = m_window->findChild<MessagePane *>();
+        pane->setCurrentIndex(pane->model()->index(row, 0));
+        QTest::keyClick(pane, Qt::Key_Return);
+    }
+    QString notice() const { return m_window->statusBar()->currentMessage(); }
+    QString current() const { return m_window->navigation().currentAddress().toSortableText(); }
+    void open(const DeskDevice &device) { QVERIFY(m_window->session().open(device.fileName())); }
+
+    std::unique_ptr<MessageRecorder> m_messages;
+    std::unique_ptr<AnsweringDialogs> m_dialogs;
+    std::unique_ptr<DeskWindow> m_window;
+};
+
+void tst_DeskNavigation::init()
+{
+    System::information()->setUserAccessLevel(4);
+    m_messages = std::make_unique<MessageRecorder>();
+    m_dialogs = std::make_unique<AnsweringDialogs>();
+    m_window = std::make_unique<DeskWindow>(*m_dialogs);
+    m_window->show();
+}
+
+void tst_DeskNavigation::cleanup()
+{
+    m_window.reset();
+    m_messages.reset();
+}
+
+void tst_DeskNavigation::leadsToItsParameter_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("an address") << QStringLiteral("Parameter K08: zu groß");
+    QTest::newRow("a key of a section") << QStringLiteral("1 Schlüssel nicht verstanden: K008/Foo");
+}
+
+void tst_DeskNavigation::leadsToItsParameter()
+{
+    QFETCH(QString, text);
+    open(FollowingDevice());
+    tell(text);
+    activate(0);
+    QCOMPARE(current(), QStringLiteral("1.K008[00000]"));
+    QCOMPARE(notice(), QString());
+}
+
+void tst_DeskNavigation::saysWhyNot_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QString>("notice");
+    const QString german = QStringLiteral("de");
+    const QString english = QStringLiteral("en");
+    const QString level = QStringLiteral("K10: x");
+    const QString hidden = QStringLiteral("K04: x");
+    const QString missing = QStringLiteral("X99: x");
+    const QString elsewhere = QStringLiteral("2.X99[3]: x");
+    QTest::newRow("above the level")
+        << level << german << QStringLiteral("K10 ist erst ab Zugriffsstufe 3 zu sehen.");
+    QTest::newRow("above the level, in English")
+        << level << english << QStringLiteral("K10 can be seen from access level 3 on.");
+    QTest::newRow("hidden") << hidden << german << QStringLiteral("K04 ist zurzeit ausgeblendet.");
+    QTest::newRow("hidden, in English")
+        << hidden << english << QStringLiteral("K04 is hidden at present.");
+    QTest::newRow("not of this device")
+        << missing << german << QStringLiteral("X99 gibt es in diesem Gerät nicht.");
+    QTest::newRow("not of this device, in English")
+        << missing << english << QStringLiteral("This device has no X99.");
+    QTest::newRow("on another axis")
+        << elsewhere << german << QStringLiteral("2.X99[3] gibt es in diesem Gerät nicht.");
+    QTest::newRow("without address") << QStringLiteral("gespeichert") << german << QString();
+}
+
+void tst_DeskNavigation::saysWhyNot()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, language);
+    QFETCH(QString, notice);
+    open(FollowingDevice());
+    m_window->language().choose(language);
+    m_window->setAccessLevel(2);
+    m_window->session().project()->container().writeValueNative(
+        eLivingSpace::Global, place("K01").coordinate, 0, QStringLiteral("101"));
+    const QString before = current();
+    tell(text);
+    activate(0);
+    QCOMPARE(this->notice(), notice);
+    QCOMPARE(current(), before);
+}
+
+/// Its title has no element, which none of its values is called.
+void tst_DeskNavigation::recordThatMayNotBeRead()
+{
+    QByteArray description = DeskDevice::description();
+    const qsizetype record = description.indexOf("\"E30\"");
+    const qsizetype next = description.indexOf("\"P01\"");
+    QByteArray part = description.mid(record, next - record);
+    description.replace(record, next - record, part.replace("\"read\": 0", "\"read\": 5"));
+    open(DeskDevice(description));
+    tell(QStringLiteral("E30 Faktor: x"));
+    activate(0);
+    QCOMPARE(notice(), QStringLiteral("E30[1] ist erst ab Zugriffsstufe 5 zu sehen."));
+}
+
+void tst_DeskNavigation::messageOfAnotherDevice()
+{
+    tell(QStringLiteral("K03: ohne Gerät"));
+    activate(0);
+    QCOMPARE(notice(), QStringLiteral("Es ist kein Gerät offen."));
+    const FollowingDevice device;
+    open(device);
+    tell(QStringLiteral("K08: x"));
+    // It has the same parameters, and is another one.
+    open(device);
+    const QString before = current();
+    tell(QStringLiteral("K08: y"));
+    activate(1);
+    QCOMPARE(current(), before);
+    QCOMPARE(
+        notice(), QStringLiteral("Die Meldung gehört zu einem Gerät, das nicht mehr offen ist."));
+    activate(2);
+    QCOMPARE(current(), QStringLiteral("1.K008[00000]"));
+}
+
+void tst_DeskNavigation::messageOfAnotherProject()
+{
+    const FollowingDevice device;
+    open(device);
+    m_messages->expect(MessageRecorder::eSeverity::Information, QStringLiteral("plant"),
+        QStringLiteral("gespeichert und zurückgelesen"));
+    QVERIFY(m_window->session().save(device.path("plant")));
+    tell(QStringLiteral("K08: x"));
+    QVERIFY(m_window->session().load(device.path("plant")));
+    m_messages->take();
+    activate(1);
+    QCOMPARE(current(), QStringLiteral("1.K008[00000]"));
+}
+
+QTEST_MAIN(tst_DeskNavigation)
+#include "tst_DeskNavigation.moc"
