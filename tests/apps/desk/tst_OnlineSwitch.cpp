@@ -11,6 +11,8 @@ class tst_OnlineSwitch : public QObject {
 private Q_SLOTS:
     void withoutLink();
     void opensWhenTheLinkDoes();
+    void readsBeforeItIsOpen();
+    void isClosedWhileItReads();
     void closesWhenTheLinkDoes();
     void lostLink();
     void refusedLink();
@@ -88,6 +90,46 @@ void tst_OnlineSwitch::opensWhenTheLinkDoes()
     QVERIFY(stand.onlineSwitch->state() == eState::Online);
     QVERIFY(stand.container.isOnline());
     QCOMPARE(stand.calls, QStringList(QStringLiteral("open")));
+}
+
+/// It is connected meanwhile: what is written goes to the drive.
+void tst_OnlineSwitch::readsBeforeItIsOpen()
+{
+    Stand stand;
+    const QSignalSpy states(stand.onlineSwitch.get(), &OnlineSwitch::stateChanged);
+    const QSignalSpy progress(stand.onlineSwitch.get(), &OnlineSwitch::progressed);
+    stand.onlineSwitch->turn(true);
+    QVERIFY(!stand.onlineSwitch->isConnected());
+    Q_EMIT stand.link->reading(0, 40);
+    QVERIFY(stand.onlineSwitch->state() == eState::Reading);
+    QVERIFY(stand.onlineSwitch->isConnected());
+    QVERIFY(stand.container.isOnline());
+    Q_EMIT stand.link->reading(12, 40);
+    QCOMPARE(stand.onlineSwitch->readCount(), 12);
+    QCOMPARE(stand.onlineSwitch->countToRead(), 40);
+    stand.onlineSwitch->write(place("B01", 1));
+    Q_EMIT stand.link->opened();
+    QVERIFY(stand.onlineSwitch->state() == eState::Online);
+    QVERIFY(stand.onlineSwitch->isConnected());
+    QCOMPARE(states.count(), 3);
+    QCOMPARE(progress.count(), 2);
+    QCOMPARE(stand.calls, (QStringList {QStringLiteral("open"), QStringLiteral("write B01")}));
+}
+
+/// By who hears that it reads.
+void tst_OnlineSwitch::isClosedWhileItReads()
+{
+    Stand stand;
+    const QSignalSpy progress(stand.onlineSwitch.get(), &OnlineSwitch::progressed);
+    stand.onlineSwitch->turn(true);
+    connect(stand.onlineSwitch.get(), &OnlineSwitch::stateChanged, stand.link, [&stand] {
+        if (stand.onlineSwitch->state() == eState::Reading)
+            Q_EMIT stand.link->closed(QString());
+    });
+    Q_EMIT stand.link->reading(0, 40);
+    QVERIFY(stand.onlineSwitch->state() == eState::Offline);
+    QVERIFY(!stand.container.isOnline());
+    QCOMPARE(progress.count(), 0);
 }
 
 void tst_OnlineSwitch::closesWhenTheLinkDoes()
