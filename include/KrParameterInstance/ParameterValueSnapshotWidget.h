@@ -11,7 +11,8 @@ class ParameterValueSnapshot;
 class ParameterValueSnapshotWidgetPrivate;
 
 /// Shows snapshots side by side, one value column each. With one snapshot it lists everything; with
-/// several only what differs between neighbours.
+/// several only what differs between neighbours. When the language changes its buttons and its header
+/// follow at once, its rows with update().
 class KrParameterInstance_EXPORT ParameterValueSnapshotWidget : public QWidget {
     Q_OBJECT
 

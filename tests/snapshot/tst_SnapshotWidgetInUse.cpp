@@ -29,6 +29,7 @@ private Q_SLOTS:
     void stepwiseUntilEnded();
     void wholeRowsAreSelected();
     void english();
+    void changesTheLanguage();
 
 private:
     void append(const char *title);
@@ -277,6 +278,35 @@ void tst_SnapshotWidgetInUse::english()
         (QStringList {QStringLiteral("Export column \"before\""),
             QStringLiteral("Export column \"after\""), QStringLiteral("Export HTML")}));
     QVERIFY(m_widget->report().contains(QStringLiteral("<td>&lt;not present&gt;</td>")));
+}
+
+/// Buttons and header at once, the rows with the next filling.
+void tst_SnapshotWidgetInUse::changesTheLanguage()
+{
+    append("before");
+    m_fixture->container->deleteParameter(QStringLiteral("S;{A03}"));
+    append("after");
+    m_widget->setHtmlHeader(QStringLiteral("Report"));
+    m_widget->update();
+    QTranslator translator;
+    QVERIFY(translator.load(QStringLiteral(":/i18n/KrParameterInstance_en.qm")));
+    QCoreApplication::installTranslator(&translator);
+    QEvent change(QEvent::LanguageChange);
+    QCoreApplication::sendEvent(m_widget.get(), &change);
+    QStringList buttons;
+    for (const QPushButton *button : m_widget->findChildren<QPushButton *>())
+        buttons.append(button->text());
+    QCOMPARE(buttons.join(u'|'),
+        QStringLiteral("Export column \"before\"|Export column \"after\"|Export HTML"));
+    QCOMPARE(tree()->headerItem()->text(0), QStringLiteral("Parameter"));
+    QCOMPARE(tree()->headerItem()->text(2), QStringLiteral("after"));
+    QCOMPARE(visibleRows(), QStringList {QStringLiteral("A03 Speed|13|<nicht vorhanden>")});
+    m_widget->update();
+    QCOMPARE(visibleRows(), QStringList {QStringLiteral("A03 Speed|13|<not present>")});
+    // One that shows nothing yet.
+    ParameterValueSnapshotWidget empty(nullptr);
+    QCoreApplication::sendEvent(&empty, &change);
+    QCOMPARE(empty.findChild<QTreeWidget *>()->columnCount(), 0);
 }
 
 QTEST_MAIN(tst_SnapshotWidgetInUse)
