@@ -291,7 +291,7 @@ void tst_DriveCommands::tellsHowManyValuesAreRead()
     Stand s(scattered());
     QVERIFY(s.isUp);
     s.first.order(QStringLiteral("set Z01 xyz"));
-    s.first.order(QStringLiteral("delay 1000 200"));
+    s.first.order(QStringLiteral("delay 1000 350"));
     QStringList texts;
     connect(&s.window.session(), &DeskSession::readingProgressed, &s.window,
         [&] { texts.append(s.stateText()); });
@@ -319,7 +319,7 @@ void tst_DriveCommands::isCancelledWhileItReads()
 {
     Stand s(scattered());
     QVERIFY(s.isUp);
-    s.first.order(QStringLiteral("delay 1000 200"));
+    s.first.order(QStringLiteral("delay 1000 350"));
     s.press(Qt::Key_F9);
     QTRY_VERIFY_PATIENTLY(s.progress().isVisible());
     auto *bar = s.progress().findChild<QProgressBar *>();
