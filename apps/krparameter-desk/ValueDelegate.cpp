@@ -1,10 +1,11 @@
 #include "apps/krparameter-desk/ValueDelegate.h"
 
+#include "apps/krparameter-desk/ChoiceEditor.h"
 #include "apps/krparameter-desk/ParameterTableModel.h"
 #include "apps/krparameter-desk/RowTexts.h"
 
+#include <QtCore/QScopedValueRollback>
 #include <QtGui/QKeyEvent>
-#include <QtWidgets/QComboBox>
 #include <QtWidgets/QLineEdit>
 
 #include <optional>
@@ -28,7 +29,7 @@ QColor mixed(const QColor &color, const QColor &base)
 /// native one.
 std::optional<QString> changedText(const QWidget &editor, const QModelIndex &index)
 {
-    if (const auto *list = qobject_cast<const QComboBox *>(&editor)) {
+    if (const auto *list = qobject_cast<const ChoiceEditor *>(&editor)) {
         const QString native = list->currentData().toString();
         const bool isChosen = list->currentIndex() >= 0
             && native != index.data(ParameterTableModel::NativeRole).toString();
@@ -41,12 +42,36 @@ std::optional<QString> changedText(const QWidget &editor, const QModelIndex &ind
 
 } // namespace
 
+bool ValueDelegate::commitOpenEditor()
+{
+    if (!m_editor)
+        return true;
+    if (!commit(m_editor)) {
+        m_editor->setFocus();
+        return false;
+    }
+    Q_EMIT closeEditor(m_editor);
+    return true;
+}
+
 QWidget *ValueDelegate::createEditor(
     QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     Q_UNUSED(option)
-    if (!index.data(ParameterTableModel::ChoicesRole).value<QList<RowTexts::Choice>>().isEmpty())
-        return createChoice(parent, index);
+    const auto choices =
+        index.data(ParameterTableModel::ChoicesRole).value<QList<RowTexts::Choice>>();
+    m_editor = choices.isEmpty() ? createField(parent) : createChoice(choices, parent);
+    return m_editor;
+}
+
+void ValueDelegate::destroyEditor(QWidget *editor, const QModelIndex &index) const
+{
+    m_editor.clear();
+    QStyledItemDelegate::destroyEditor(editor, index);
+}
+
+QWidget *ValueDelegate::createField(QWidget *parent) const
+{
     auto *field = new QLineEdit(parent);
     field->setFrame(false);
     field->setAutoFillBackground(true);
@@ -54,15 +79,11 @@ QWidget *ValueDelegate::createEditor(
     return field;
 }
 
-QWidget *ValueDelegate::createChoice(QWidget *parent, const QModelIndex &index) const
+QWidget *ValueDelegate::createChoice(const QList<RowTexts::Choice> &choices, QWidget *parent) const
 {
-    auto *list = new QComboBox(parent);
-    for (const auto &[native, shown] :
-        index.data(ParameterTableModel::ChoicesRole).value<QList<RowTexts::Choice>>())
-        list->addItem(shown, native);
-    // Wide enough to read while the list is open.
-    list->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    connect(list, &QComboBox::activated, this, [this, list] {
+    auto *list = new ChoiceEditor(choices, parent);
+    connect(list, &ChoiceEditor::moved, this, &ValueDelegate::typed);
+    connect(list, &ChoiceEditor::clicked, this, [this, list] {
         auto *self = const_cast<ValueDelegate *>(this);
         if (self->commit(list))
             Q_EMIT self->closeEditor(list);
@@ -72,8 +93,8 @@ QWidget *ValueDelegate::createChoice(QWidget *parent, const QModelIndex &index) 
 
 void ValueDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
 {
-    if (auto *list = qobject_cast<QComboBox *>(editor)) {
-        list->setCurrentIndex(list->findData(index.data(ParameterTableModel::NativeRole)));
+    if (auto *list = qobject_cast<ChoiceEditor *>(editor)) {
+        list->follow(index.data(ParameterTableModel::NativeRole).toString());
         return;
     }
     auto *field = qobject_cast<QLineEdit *>(editor);
@@ -84,11 +105,13 @@ void ValueDelegate::setEditorData(QWidget *editor, const QModelIndex &index) con
     field->selectAll();
 }
 
+/// A field that is left writes what was typed; a choice that nobody made writes nothing.
 void ValueDelegate::setModelData(
     QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
 {
+    const bool isMeant = m_isCommitting || qobject_cast<const QLineEdit *>(editor);
     const std::optional<QString> text =
-        index.isValid() ? changedText(*editor, index) : std::nullopt;
+        isMeant && index.isValid() ? changedText(*editor, index) : std::nullopt;
     m_isAccepted = !text || model->setData(index, *text, Qt::EditRole);
 }
 
@@ -110,6 +133,10 @@ void ValueDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIn
 bool ValueDelegate::eventFilter(QObject *object, QEvent *event)
 {
     auto *editor = qobject_cast<QWidget *>(object);
+    // A menu gives the focus back: its commands are about what is typed.
+    if (event->type() == QEvent::FocusOut
+        && static_cast<QFocusEvent *>(event)->reason() == Qt::MenuBarFocusReason)
+        return false;
     if (!editor || event->type() != QEvent::KeyPress)
         return QStyledItemDelegate::eventFilter(object, event);
     EndEditHint hint = NoHint;
@@ -133,6 +160,7 @@ bool ValueDelegate::eventFilter(QObject *object, QEvent *event)
 
 bool ValueDelegate::commit(QWidget *editor)
 {
+    const QScopedValueRollback committing(m_isCommitting, true);
     m_isAccepted = true;
     Q_EMIT commitData(editor);
     return m_isAccepted;

@@ -15,6 +15,7 @@
 #include <QtCore/QSettings>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
+#include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QHeaderView>
@@ -341,8 +342,8 @@ void tst_DeskWindow::chooseFromAList()
     QCOMPARE(list->count(), 2);
     QCOMPARE(list->currentText(), QStringLiteral("0: Aus"));
     QCOMPARE(list->itemText(1), QStringLiteral("1: Ein"));
-    QTest::keyClick(list, Qt::Key_Down);
-    QTest::keyClick(list, Qt::Key_Return);
+    QTest::keyClick(list->view(), Qt::Key_Down);
+    QTest::keyClick(list->view(), Qt::Key_Return);
     QCOMPARE(value(place("B02", 2)), QStringLiteral("1: Ein"));
     QCOMPARE(value(place("B02", 1)), QStringLiteral("0: Aus"));
 }
