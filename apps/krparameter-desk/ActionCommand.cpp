@@ -38,6 +38,8 @@ std::optional<ValuePlace> ActionCommand::currentPlace() const
 
 void ActionCommand::start()
 {
-    if (const std::optional<ValuePlace> place = currentPlace())
+    const std::optional<ValuePlace> place = currentPlace();
+    // What is typed may be a value of the action.
+    if (place && m_view.commitOpenField())
         m_starter.start(*place);
 }

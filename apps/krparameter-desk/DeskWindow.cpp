@@ -30,6 +30,8 @@
 #include <QtWidgets/QStatusBar>
 #include <QtWidgets/QTabWidget>
 
+#include <algorithm>
+
 namespace {
 
 constexpr QSize FirstSize(1280, 800);
@@ -37,6 +39,26 @@ constexpr int FirstMessageHeight = 105;
 constexpr int FirstSnapshotWidth = 200;
 /// Of a note in the status bar. **Unit** ms.
 constexpr int NoticeSpan = 8000;
+
+/// Those that are about the values as a whole: what is typed and not written yet belongs to them.
+constexpr DeskActions::eAction CommandsOnValues[] = {
+    DeskActions::OpenDevice,
+    DeskActions::LoadProject,
+    DeskActions::SaveProject,
+    DeskActions::SaveProjectAs,
+    DeskActions::Undo,
+    DeskActions::Redo,
+    DeskActions::TakeSnapshot,
+    DeskActions::GoOnline,
+    DeskActions::ChooseDrive,
+    DeskActions::ReadOnly,
+};
+
+bool isOnValues(int action)
+{
+    return std::find(std::begin(CommandsOnValues), std::end(CommandsOnValues), action)
+        != std::end(CommandsOnValues);
+}
 
 } // namespace
 
@@ -132,7 +154,7 @@ void DeskWindow::showComparison()
 
 void DeskWindow::closeEvent(QCloseEvent *event)
 {
-    if (!m_session.mayClose()) {
+    if (!m_tableView->commitOpenField() || !m_session.mayClose()) {
         event->ignore();
         return;
     }
@@ -172,7 +194,14 @@ void DeskWindow::buildDocks()
 
 void DeskWindow::on(int action, const std::function<void(bool)> &function)
 {
-    connect((*m_actions)[DeskActions::eAction(action)], &QAction::triggered, this, function);
+    connect((*m_actions)[DeskActions::eAction(action)], &QAction::triggered, this,
+        [this, action, function](bool isOn) {
+            // A field whose text is refused stays open, and nothing else happens.
+            if (!isOnValues(action) || m_tableView->commitOpenField())
+                function(isOn);
+            else
+                m_status->updateSwitches();
+        });
 }
 
 void DeskWindow::connectCommands()

@@ -62,6 +62,11 @@ void ParameterTableView::editCurrentValue()
         edit(value);
 }
 
+bool ParameterTableView::commitOpenField()
+{
+    return m_delegate->commitOpenEditor();
+}
+
 void ParameterTableView::setDefaultColumnWidths()
 {
     const int letter = fontMetrics().horizontalAdvance(QLatin1Char('x'));

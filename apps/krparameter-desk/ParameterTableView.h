@@ -20,6 +20,8 @@ public:
     void goTo(const QModelIndex &index);
     /// Of the current row, where it can be written.
     void editCurrentValue();
+    /// Writes what stands in the open field, and closes it. False where it was refused and stays open.
+    bool commitOpenField();
     void setDefaultColumnWidths();
 
 protected:
