@@ -29,6 +29,7 @@
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QStatusBar>
 #include <QtWidgets/QTabWidget>
+#include <QtWidgets/QTreeWidget>
 
 #include <algorithm>
 
@@ -149,7 +150,15 @@ void DeskWindow::saveState()
 void DeskWindow::showComparison()
 {
     compareChecked();
+    goToComparison();
+}
+
+/// Without comparison the page itself takes the keys.
+void DeskWindow::goToComparison()
+{
     m_pages->setCurrentWidget(m_comparison);
+    auto *tree = m_comparison->findChild<QTreeWidget *>();
+    (tree ? tree : static_cast<QWidget *>(m_comparison))->setFocus();
 }
 
 void DeskWindow::closeEvent(QCloseEvent *event)
@@ -245,7 +254,7 @@ void DeskWindow::connectViews()
         m_pages->setCurrentWidget(m_tableView);
         m_tableView->setFocus();
     });
-    on(DeskActions::ShowComparison, [this](bool) { m_pages->setCurrentWidget(m_comparison); });
+    on(DeskActions::ShowComparison, [this](bool) { goToComparison(); });
     on(DeskActions::GoToSnapshots, [this](bool) {
         m_snapshotDock->show();
         m_snapshotPane->list()->setFocus();
@@ -276,8 +285,12 @@ void DeskWindow::connectSelectors()
     connect(m_selectors, &SelectorBar::searchLeft, this, [this] {
         if (!m_tableView->currentIndex().isValid())
             m_tableView->setCurrentIndex(m_tableModel.index(0, ParameterTableModel::Value));
+        m_pages->setCurrentWidget(m_tableView);
         m_tableView->setFocus();
     });
+    // Who types wants to see what is found.
+    connect(m_selectors->searchField(), &QLineEdit::textEdited, this,
+        [this] { m_pages->setCurrentWidget(m_tableView); });
     connect(m_selectors, &SelectorBar::axisChosen, &m_tableModel, &ParameterTableModel::setAxis);
     connect(m_selectors, &SelectorBar::accessLevelChosen, this, &DeskWindow::setAccessLevel);
     connect(m_selectors, &SelectorBar::languageChosen, &m_language, &DeskLanguage::choose);

@@ -72,6 +72,7 @@ private:
     void connectStarter();
     void retranslate();
 
+    void goToComparison();
     void goTo(const ParameterAddress &address);
     void reveal();
     void onAboutToChange();

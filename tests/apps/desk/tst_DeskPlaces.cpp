@@ -1,0 +1,160 @@
+#include "tests/apps/desk/DeskOnScreen.h"
+
+#include <KrParameterInstance/ParameterValueSnapshotWidget.h>
+
+#include <QtWidgets/QListView>
+#include <QtWidgets/QTabWidget>
+#include <QtWidgets/QTreeWidget>
+
+/// Where keys lead on the desk, and what is in view there.
+class tst_DeskPlaces : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init() { m_desk = std::make_unique<DeskOnScreen>(description()); }
+    void cleanup() { m_desk.reset(); }
+
+    void parametersByKey();
+    void comparisonByKey();
+    void comparisonWithoutSnapshots();
+    void compareGoesToTheComparison();
+    void tickingStaysInTheList();
+    void searchOnTheComparison();
+    void searchLeftOnTheComparison();
+
+private:
+    static QByteArray description();
+    DeskOnScreen &desk() const { return *m_desk; }
+    QTabWidget *pages() const { return desk().window->findChild<QTabWidget *>(); }
+    QTreeWidget *tree() const
+    {
+        const auto *widget = desk().window->findChild<ParameterValueSnapshotWidget *>();
+        return widget ? widget->findChild<QTreeWidget *>() : nullptr;
+    }
+    void write(const ValuePlace &at, const char *text) const;
+
+    QTemporaryDir m_settings;
+    std::unique_ptr<DeskOnScreen> m_desk;
+};
+
+/// More rows than the table shows at once: P000 to P399.
+QByteArray tst_DeskPlaces::description()
+{
+    QByteArrayList parameters;
+    for (int number = 0; number < 400; ++number) {
+        parameters.append(
+            QStringLiteral(R"({"number": %1, "coordinates": ["P%2"], "name": "Platz %2",
+"global": true, "elements": [{"dataType": "UINT16", "kind": 0, "default": %1,
+"limits": {"lower": 0, "upper": 1000}, "levels": {"read": 0, "write": 2}}]})")
+                .arg(number + 1)
+                .arg(number, 3, 10, QLatin1Char('0'))
+                .toUtf8());
+    }
+    return R"({"format": "kr-device-description", "version": 1,
+  "family": {"identifier": 81, "name": "Places", "hasPhysicalAxes": true, "axes": [1]},
+  "languages": ["de", "en"], "dataTypes": ["UINT16"], "parameters": [)"
+        + parameters.join(',') + "]}";
+}
+
+void tst_DeskPlaces::initTestCase()
+{
+    QSettings::setDefaultFormat(QSettings::IniFormat);
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
+    QCoreApplication::setOrganizationName(QStringLiteral("KrTest"));
+    QCoreApplication::setApplicationName(QStringLiteral("tst_DeskPlaces"));
+}
+
+void tst_DeskPlaces::write(const ValuePlace &at, const char *text) const
+{
+    desk().table().goTo(desk().model().indexOf(at));
+    desk().type(text);
+    desk().press(Qt::Key_Return);
+    QCOMPARE(desk().value(at), QString::fromLatin1(text));
+}
+
+void tst_DeskPlaces::parametersByKey()
+{
+    desk().press(DeskActions::ShowComparison);
+    desk().press(DeskActions::ShowParameters);
+    QVERIFY(desk().table().hasFocus());
+    QCOMPARE(pages()->currentIndex(), 0);
+    // From the list of snapshots too, where the table stood in front all the time.
+    desk().press(DeskActions::GoToSnapshots);
+    QVERIFY(!desk().table().hasFocus());
+    desk().press(DeskActions::ShowParameters);
+    QVERIFY(desk().table().hasFocus());
+}
+
+void tst_DeskPlaces::comparisonByKey()
+{
+    desk().press(DeskActions::TakeSnapshot);
+    desk().press(DeskActions::ShowComparison);
+    QVERIFY(tree());
+    QVERIFY(tree()->hasFocus());
+    desk().press(Qt::Key_Down);
+    QVERIFY(tree()->currentItem());
+    desk().press(DeskActions::GoToSnapshots);
+    desk().press(DeskActions::ShowComparison);
+    QVERIFY(tree()->hasFocus());
+}
+
+void tst_DeskPlaces::comparisonWithoutSnapshots()
+{
+    desk().press(DeskActions::GoToSnapshots);
+    desk().press(DeskActions::ShowComparison);
+    QCOMPARE(pages()->currentIndex(), 1);
+    QVERIFY(pages()->currentWidget()->hasFocus());
+    desk().press(DeskActions::ShowParameters);
+    QVERIFY(desk().table().hasFocus());
+}
+
+void tst_DeskPlaces::compareGoesToTheComparison()
+{
+    desk().press(DeskActions::TakeSnapshot);
+    desk().press(DeskActions::GoToSnapshots);
+    desk().press(Qt::Key_Home);
+    desk().press(Qt::Key_Space);
+    desk().press(Qt::Key_Space);
+    desk().press(DeskActions::CompareSnapshots);
+    QVERIFY(tree()->hasFocus());
+    // And again from the comparison itself, which is made anew.
+    desk().press(DeskActions::CompareSnapshots);
+    QVERIFY(tree()->hasFocus());
+}
+
+void tst_DeskPlaces::tickingStaysInTheList()
+{
+    desk().press(DeskActions::TakeSnapshot);
+    desk().press(DeskActions::ShowComparison);
+    desk().press(DeskActions::GoToSnapshots);
+    desk().press(Qt::Key_Home);
+    desk().press(Qt::Key_Space);
+    QVERIFY(desk().child<QListView>("snapshots")->hasFocus());
+}
+
+void tst_DeskPlaces::searchOnTheComparison()
+{
+    desk().press(DeskActions::ShowComparison);
+    QTest::mouseClick(desk().child<QLineEdit>("search"), Qt::LeftButton);
+    QCOMPARE(pages()->currentIndex(), 1);
+    desk().type("p17");
+    QCOMPARE(pages()->currentIndex(), 0);
+    QVERIFY(desk().child<QLineEdit>("search")->hasFocus());
+    // P17 and P170 to P179.
+    QCOMPARE(desk().model().rowCount(), 11);
+}
+
+void tst_DeskPlaces::searchLeftOnTheComparison()
+{
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Return}) {
+        desk().press(DeskActions::ShowComparison);
+        QTest::mouseClick(desk().child<QLineEdit>("search"), Qt::LeftButton);
+        desk().press(key);
+        QCOMPARE(pages()->currentIndex(), 0);
+        QVERIFY(desk().table().hasFocus());
+    }
+}
+
+QTEST_MAIN(tst_DeskPlaces)
+#include "tst_DeskPlaces.moc"
