@@ -367,6 +367,20 @@
     <message>
         <source>liest %1 von %2 Werten …</source>
         <translation>reading %1 of %2 values …</translation>
+        <source>&amp;Rückgängig</source>
+        <translation>&amp;Undo</translation>
+    </message>
+    <message>
+        <source>&amp;Rückgängig: %1</source>
+        <translation>&amp;Undo: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Wiederholen</source>
+        <translation>&amp;Redo</translation>
+    </message>
+    <message>
+        <source>&amp;Wiederholen: %1</source>
+        <translation>&amp;Redo: %1</translation>
     </message>
 </context>
 <context>

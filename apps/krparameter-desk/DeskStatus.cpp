@@ -65,8 +65,7 @@ void DeskStatus::updateSwitches()
         {DeskActions::LoadProject, DeskActions::SaveProject, DeskActions::SaveProjectAs,
             DeskActions::TakeSnapshot, DeskActions::GoOnline, DeskActions::ReadOnly})
         m_actions[action]->setEnabled(hasDevice);
-    m_actions[DeskActions::Undo]->setEnabled(m_session.canUndo());
-    m_actions[DeskActions::Redo]->setEnabled(m_session.canRedo());
+    updateUndo();
     m_actions[DeskActions::GoOnline]->setChecked(state != OnlineSwitch::eState::Offline);
     m_actions[DeskActions::ReadOnly]->setChecked(m_session.isReadOnly());
     updateOnline();
@@ -99,6 +98,19 @@ QString DeskStatus::stateText(const OnlineSwitch *link)
         return tr("online");
     }
     return tr("offline");
+}
+
+/// The commands bear the addresses of what was written.
+void DeskStatus::updateUndo()
+{
+    const QString undone = m_session.undoStack()->undoText();
+    const QString redone = m_session.undoStack()->redoText();
+    QAction *undo = m_actions[DeskActions::Undo];
+    QAction *redo = m_actions[DeskActions::Redo];
+    undo->setEnabled(m_session.canUndo());
+    redo->setEnabled(m_session.canRedo());
+    undo->setText(undone.isEmpty() ? tr("&Rückgängig") : tr("&Rückgängig: %1").arg(undone));
+    redo->setText(redone.isEmpty() ? tr("&Wiederholen") : tr("&Wiederholen: %1").arg(redone));
 }
 
 void DeskStatus::updateCount()

@@ -31,6 +31,7 @@ public:
 
 private:
     static QString stateText(const OnlineSwitch *link);
+    void updateUndo();
 
     QMainWindow &m_window;
     DeskSession &m_session;

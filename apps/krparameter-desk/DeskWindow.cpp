@@ -220,8 +220,16 @@ void DeskWindow::connectCommands()
     on(DeskActions::SaveProject, [this](bool) { m_commands.saveProject(); });
     on(DeskActions::SaveProjectAs, [this](bool) { m_commands.saveProjectElsewhere(); });
     on(DeskActions::Quit, [this](bool) { close(); });
-    on(DeskActions::Undo, [this](bool) { m_session.undo(); });
-    on(DeskActions::Redo, [this](bool) { m_session.redo(); });
+    on(DeskActions::Undo, [this](bool) {
+        const QString address = m_session.undoStack()->undoText();
+        m_session.undo();
+        goTo(ParameterAddress(address, true));
+    });
+    on(DeskActions::Redo, [this](bool) {
+        const QString address = m_session.undoStack()->redoText();
+        m_session.redo();
+        goTo(ParameterAddress(address, true));
+    });
     on(DeskActions::TakeSnapshot, [this](bool) { m_commands.takeSnapshot(m_snapshots); });
     on(DeskActions::RemoveSnapshot,
         [this](bool) { m_commands.removeSnapshot(m_snapshots, m_snapshotPane->currentRow()); });
@@ -237,8 +245,7 @@ void DeskWindow::connectCommands()
         m_status->updateSwitches();
     });
     const QUndoStack *stack = m_session.undoStack();
-    connect(stack, &QUndoStack::canUndoChanged, m_status, &DeskStatus::updateSwitches);
-    connect(stack, &QUndoStack::canRedoChanged, m_status, &DeskStatus::updateSwitches);
+    connect(stack, &QUndoStack::indexChanged, m_status, &DeskStatus::updateSwitches);
 }
 
 void DeskWindow::connectViews()

@@ -22,6 +22,10 @@ private Q_SLOTS:
     void tickingStaysInTheList();
     void searchOnTheComparison();
     void searchLeftOnTheComparison();
+    void undoIsNamed();
+    void undoGoesToItsRow();
+    void undoGoesThroughSearchAndComparison();
+    void undoOfWhatMayNotBeSeen();
 
 private:
     static QByteArray description();
@@ -38,17 +42,20 @@ private:
     std::unique_ptr<DeskOnScreen> m_desk;
 };
 
-/// More rows than the table shows at once: P000 to P399.
+/// More rows than the table shows at once: P00 to P399, whose defaults are their numbers. The last one is
+/// read from level 2 on.
 QByteArray tst_DeskPlaces::description()
 {
     QByteArrayList parameters;
     for (int number = 0; number < 400; ++number) {
         parameters.append(
-            QStringLiteral(R"({"number": %1, "coordinates": ["P%2"], "name": "Platz %2",
+            QStringLiteral(R"({"number": %4, "coordinates": ["P%2"], "name": "Platz %2",
 "global": true, "elements": [{"dataType": "UINT16", "kind": 0, "default": %1,
-"limits": {"lower": 0, "upper": 1000}, "levels": {"read": 0, "write": 2}}]})")
-                .arg(number + 1)
+"limits": {"lower": 0, "upper": 1000}, "levels": {"read": %3, "write": 2}}]})")
+                .arg(number)
                 .arg(number, 3, 10, QLatin1Char('0'))
+                .arg(number == 399 ? 2 : 0)
+                .arg(number + 1)
                 .toUtf8());
     }
     return R"({"format": "kr-device-description", "version": 1,
@@ -154,6 +161,73 @@ void tst_DeskPlaces::searchLeftOnTheComparison()
         QCOMPARE(pages()->currentIndex(), 0);
         QVERIFY(desk().table().hasFocus());
     }
+}
+
+void tst_DeskPlaces::undoIsNamed()
+{
+    const QAction *undo = desk().action(DeskActions::Undo);
+    const QAction *redo = desk().action(DeskActions::Redo);
+    QCOMPARE(undo->text(), QStringLiteral("&Rückgängig"));
+    QCOMPARE(redo->text(), QStringLiteral("&Wiederholen"));
+    write(place("P3"), "13");
+    write(place("P5"), "15");
+    QCOMPARE(undo->text(), QStringLiteral("&Rückgängig: P05"));
+    desk().press(DeskActions::Undo);
+    QCOMPARE(undo->text(), QStringLiteral("&Rückgängig: P03"));
+    QCOMPARE(redo->text(), QStringLiteral("&Wiederholen: P05"));
+    desk().window->language().choose(QStringLiteral("en"));
+    QCOMPARE(undo->text(), QStringLiteral("&Undo: P03"));
+    QCOMPARE(redo->text(), QStringLiteral("&Redo: P05"));
+    desk().press(DeskActions::Undo);
+    QCOMPARE(undo->text(), QStringLiteral("&Undo"));
+    QVERIFY(!undo->isEnabled());
+    desk().window->language().choose(QStringLiteral("de"));
+    QCOMPARE(redo->text(), QStringLiteral("&Wiederholen: P03"));
+}
+
+void tst_DeskPlaces::undoGoesToItsRow()
+{
+    write(place("P300"), "13");
+    write(place("P5"), "15");
+    desk().table().goTo(desk().model().indexOf(place("P200")));
+    desk().press(DeskActions::Undo);
+    QCOMPARE(desk().table().currentIndex(), desk().model().indexOf(place("P5")));
+    QVERIFY(desk().isInView(place("P5")));
+    desk().press(DeskActions::Undo);
+    QCOMPARE(desk().table().currentIndex(), desk().model().indexOf(place("P300")));
+    QVERIFY(desk().isInView(place("P300")));
+    desk().press(DeskActions::Redo);
+    desk().press(DeskActions::Redo);
+    QCOMPARE(desk().table().currentIndex(), desk().model().indexOf(place("P5")));
+    QVERIFY(desk().table().hasFocus());
+}
+
+void tst_DeskPlaces::undoGoesThroughSearchAndComparison()
+{
+    write(place("P300"), "13");
+    desk().press(DeskActions::Search);
+    desk().type("p17");
+    desk().press(Qt::Key_Down);
+    desk().press(DeskActions::ShowComparison);
+    desk().press(DeskActions::Undo);
+    QCOMPARE(pages()->currentIndex(), 0);
+    QCOMPARE(desk().child<QLineEdit>("search")->text(), QString());
+    QCOMPARE(desk().table().currentIndex(), desk().model().indexOf(place("P300")));
+    QVERIFY(desk().isInView(place("P300")));
+    QCOMPARE(desk().value(place("P300")), QStringLiteral("300"));
+}
+
+/// It is taken back all the same; the row that is current stays so.
+void tst_DeskPlaces::undoOfWhatMayNotBeSeen()
+{
+    write(place("P399"), "13");
+    desk().table().goTo(desk().model().indexOf(place("P5")));
+    desk().window->setAccessLevel(0);
+    QVERIFY(!desk().model().indexOf(place("P399")).isValid());
+    desk().press(DeskActions::Undo);
+    QCOMPARE(desk().table().currentIndex(), desk().model().indexOf(place("P5")));
+    desk().window->setAccessLevel(4);
+    QCOMPARE(desk().value(place("P399")), QStringLiteral("399"));
 }
 
 QTEST_MAIN(tst_DeskPlaces)
