@@ -289,6 +289,8 @@ void DeskWindow::connectSelectors()
 {
     connect(m_selectors, &SelectorBar::searchChanged, &m_tableModel,
         &ParameterTableModel::setSearchedText);
+    connect(
+        m_selectors, &SelectorBar::searchChanged, m_tableView, &ParameterTableView::showCurrent);
     connect(m_selectors, &SelectorBar::searchLeft, this, [this] {
         if (!m_tableView->currentIndex().isValid())
             m_tableView->setCurrentIndex(m_tableModel.index(0, ParameterTableModel::Value));
@@ -299,6 +301,7 @@ void DeskWindow::connectSelectors()
     connect(m_selectors->searchField(), &QLineEdit::textEdited, this,
         [this] { m_pages->setCurrentWidget(m_tableView); });
     connect(m_selectors, &SelectorBar::axisChosen, &m_tableModel, &ParameterTableModel::setAxis);
+    connect(m_selectors, &SelectorBar::axisChosen, m_tableView, &ParameterTableView::showCurrent);
     connect(m_selectors, &SelectorBar::accessLevelChosen, this, &DeskWindow::setAccessLevel);
     connect(m_selectors, &SelectorBar::languageChosen, &m_language, &DeskLanguage::choose);
     connect(&m_language, &DeskLanguage::changed, this, &DeskWindow::retranslate);

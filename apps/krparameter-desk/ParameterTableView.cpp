@@ -42,7 +42,14 @@ ParameterTableView::ParameterTableView(ParameterTableModel &model, QWidget *pare
         &model, &ParameterTableModel::writeAnswered, this, &ParameterTableView::onWriteAnswered);
     connect(m_delegate, &ValueDelegate::typed, m_note, &QWidget::hide);
     connect(&model, &QAbstractItemModel::modelReset, m_note, &QWidget::hide);
+    connect(&model, &QAbstractItemModel::layoutChanged, this, &ParameterTableView::returnToPlace);
     connect(&model, &QAbstractItemModel::layoutChanged, this, &ParameterTableView::moveNote);
+    connect(&model, &QAbstractItemModel::modelReset, this, [this] { m_place.reset(); });
+    connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+        [this, &model](const QModelIndex &current) {
+            if (current.isValid())
+                m_place = model.placeAt(current);
+        });
 }
 
 void ParameterTableView::goTo(const QModelIndex &index)
@@ -50,6 +57,15 @@ void ParameterTableView::goTo(const QModelIndex &index)
     setCurrentIndex(index);
     scrollTo(index, PositionAtCenter);
     setFocus();
+}
+
+void ParameterTableView::showCurrent()
+{
+    const QModelIndex current = currentIndex();
+    if (!current.isValid())
+        scrollToTop();
+    else if (!viewport()->rect().contains(visualRect(current)))
+        scrollTo(current, PositionAtCenter);
 }
 
 void ParameterTableView::editCurrentValue()
@@ -134,6 +150,16 @@ void ParameterTableView::onWriteAnswered(
         m_note->hide();
     else
         m_note->showBeside(visualRect(index), message);
+}
+
+/// Who searched and gave up is where he was.
+void ParameterTableView::returnToPlace()
+{
+    if (!m_place || currentIndex().isValid())
+        return;
+    const QModelIndex place = static_cast<ParameterTableModel *>(model())->indexOf(*m_place);
+    if (place.isValid())
+        setCurrentIndex(place);
 }
 
 /// A write may move its own row, or hide it.

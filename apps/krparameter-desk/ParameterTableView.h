@@ -1,13 +1,18 @@
 #pragma once
 
+#include "apps/host/ValuePlace.h"
+
 #include <QtCore/QPersistentModelIndex>
 #include <QtWidgets/QTableView>
+
+#include <optional>
 
 class ParameterTableModel;
 class RejectionNote;
 class ValueDelegate;
 
-/// The table of values. Keys: F2, Return or a typed letter edits, Tab goes on to the next value that can
+/// The table of values. A current row that vanishes is current again when it comes back, unless another one
+/// became current meanwhile. Keys: F2, Return or a typed letter edits, Tab goes on to the next value that can
 /// be written, Escape gives up.
 class ParameterTableView : public QTableView {
     Q_OBJECT
@@ -18,6 +23,8 @@ public:
 
     /// Makes it the current row, with its value in view.
     void goTo(const QModelIndex &index);
+    /// Scrolls to the current row where other rows are shown than before, to the top where none is current.
+    void showCurrent();
     /// Of the current row, where it can be written.
     void editCurrentValue();
     /// Writes what stands in the open field, and closes it. False where it was refused and stays open.
@@ -34,10 +41,13 @@ protected:
 private:
     void editFrom(int row, int step);
     void moveNote();
+    void returnToPlace();
     void onWriteAnswered(const QModelIndex &index, bool isAccepted, const QString &message);
 
     ValueDelegate *m_delegate;
     RejectionNote *m_note;
+    /// That was current last, also while its row is not shown.
+    std::optional<ValuePlace> m_place;
     /// Of which the note tells.
     QPersistentModelIndex m_noted;
     /// The note says what was corrected: it outlives the editor.

@@ -2,6 +2,7 @@
 
 #include <KrParameterInstance/ParameterValueSnapshotWidget.h>
 
+#include <QtWidgets/QComboBox>
 #include <QtWidgets/QListView>
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QTreeWidget>
@@ -22,6 +23,11 @@ private Q_SLOTS:
     void tickingStaysInTheList();
     void searchOnTheComparison();
     void searchLeftOnTheComparison();
+    void rowStaysInViewAfterTheSearch_data();
+    void rowStaysInViewAfterTheSearch();
+    void rowIsCurrentAgainAfterTheSearch();
+    void searchThatFindsNothingOfThePlace();
+    void rowStaysInViewOnAnotherAxis();
     void undoIsNamed();
     void undoGoesToItsRow();
     void undoGoesThroughSearchAndComparison();
@@ -161,6 +167,74 @@ void tst_DeskPlaces::searchLeftOnTheComparison()
         QCOMPARE(pages()->currentIndex(), 0);
         QVERIFY(desk().table().hasFocus());
     }
+}
+
+void tst_DeskPlaces::rowStaysInViewAfterTheSearch_data()
+{
+    QTest::addColumn<bool>("byEscape");
+    QTest::newRow("Escape clears") << true;
+    QTest::newRow("Backspace clears") << false;
+}
+
+void tst_DeskPlaces::rowStaysInViewAfterTheSearch()
+{
+    QFETCH(bool, byEscape);
+    desk().press(DeskActions::Search);
+    desk().type("p317");
+    desk().press(Qt::Key_Down);
+    QCOMPARE(desk().table().currentIndex(), desk().model().indexOf(place("P317")));
+    desk().press(DeskActions::Search);
+    if (byEscape)
+        desk().press(Qt::Key_Escape);
+    else
+        desk().press(Qt::Key_Backspace);
+    QCOMPARE(desk().model().rowCount(), 400);
+    QVERIFY(desk().isInView(place("P317")));
+    desk().press(Qt::Key_Down);
+    QVERIFY(desk().table().hasFocus());
+    QCOMPARE(desk().table().currentIndex(), desk().model().indexOf(place("P317")));
+    QVERIFY(desk().isInView(place("P317")));
+}
+
+/// Who finds nothing and gives up is where he was.
+void tst_DeskPlaces::rowIsCurrentAgainAfterTheSearch()
+{
+    desk().table().goTo(desk().model().indexOf(place("P200")));
+    desk().press(DeskActions::Search);
+    desk().type("p17");
+    QVERIFY(!desk().table().currentIndex().isValid());
+    desk().press(Qt::Key_Escape);
+    QCOMPARE(desk().table().currentIndex(), desk().model().indexOf(place("P200")));
+    QVERIFY(desk().isInView(place("P200")));
+    desk().press(Qt::Key_Down);
+    QVERIFY(desk().isInView(place("P200")));
+}
+
+void tst_DeskPlaces::searchThatFindsNothingOfThePlace()
+{
+    desk().table().goTo(desk().model().indexOf(place("P200")));
+    desk().press(DeskActions::Search);
+    desk().type("p3");
+    QVERIFY(!desk().table().currentIndex().isValid());
+    QVERIFY(desk().isInView(place("P30")));
+    desk().press(Qt::Key_Down);
+    QCOMPARE(desk().table().currentIndex(), desk().model().indexOf(place("P30")));
+    // From now on this is the place.
+    desk().press(DeskActions::Search);
+    desk().press(Qt::Key_Escape);
+    QCOMPARE(desk().table().currentIndex(), desk().model().indexOf(place("P30")));
+    QVERIFY(desk().isInView(place("P30")));
+}
+
+/// All parameters are global: every axis has all of them.
+void tst_DeskPlaces::rowStaysInViewOnAnotherAxis()
+{
+    desk().table().goTo(desk().model().indexOf(place("P200")));
+    desk().table().scrollToTop();
+    auto *axis = desk().child<QComboBox>("axis");
+    axis->setFocus();
+    QTest::keyClick(axis, Qt::Key_Down);
+    QVERIFY(desk().isInView(place("P200")));
 }
 
 void tst_DeskPlaces::undoIsNamed()
