@@ -133,6 +133,8 @@ void DeskWindow::restoreState(const QString &language)
     QSettings settings;
     const WindowState state(settings);
     state.restore(*this, *m_tableView->horizontalHeader());
+    // Also after a state that lacks it: nothing else would bring it back.
+    m_selectors->show();
     if (const auto level = state.accessLevel())
         setAccessLevel(*level);
     m_language.choose(language.isEmpty() ? state.language() : language);
@@ -269,6 +271,10 @@ void DeskWindow::connectViews()
     on(DeskActions::GoToMessages, [this](bool) {
         m_messageDock->show();
         m_messagePane->setFocus();
+    });
+    // Nobody edits what is not to be seen.
+    connect(m_pages, &QTabWidget::currentChanged, this, [this] {
+        (*m_actions)[DeskActions::EditValue]->setEnabled(m_pages->currentWidget() == m_tableView);
     });
     // Delete and F2 mean something else in fields and in other lists.
     bindTo(*m_snapshotPane->list(), DeskActions::RemoveSnapshot);

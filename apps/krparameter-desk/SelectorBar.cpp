@@ -1,5 +1,6 @@
 #include "apps/krparameter-desk/SelectorBar.h"
 
+#include <QtGui/QAction>
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLabel>
@@ -29,6 +30,8 @@ SelectorBar::SelectorBar(QWidget *parent)
 {
     setObjectName(QStringLiteral("selectors"));
     setMovable(false);
+    // Without it there is no search: no menu of the window offers to hide it.
+    toggleViewAction()->setVisible(false);
     m_search->setObjectName(QStringLiteral("search"));
     m_search->setClearButtonEnabled(true);
     m_search->setMinimumWidth(SearchWidth);

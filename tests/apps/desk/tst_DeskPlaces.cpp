@@ -3,7 +3,9 @@
 #include <KrParameterInstance/ParameterValueSnapshotWidget.h>
 
 #include <QtWidgets/QComboBox>
+#include <QtWidgets/QDockWidget>
 #include <QtWidgets/QListView>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QTreeWidget>
 
@@ -28,6 +30,10 @@ private Q_SLOTS:
     void rowIsCurrentAgainAfterTheSearch();
     void searchThatFindsNothingOfThePlace();
     void rowStaysInViewOnAnotherAxis();
+    void editOnlyOnTheTable();
+    void searchCannotBeHidden();
+    void hiddenSearchComesBack();
+    void docksAreRestored();
     void undoIsNamed();
     void undoGoesToItsRow();
     void undoGoesThroughSearchAndComparison();
@@ -235,6 +241,62 @@ void tst_DeskPlaces::rowStaysInViewOnAnotherAxis()
     axis->setFocus();
     QTest::keyClick(axis, Qt::Key_Down);
     QVERIFY(desk().isInView(place("P200")));
+}
+
+void tst_DeskPlaces::editOnlyOnTheTable()
+{
+    const QAction *edit = desk().action(DeskActions::EditValue);
+    QVERIFY(edit->isEnabled());
+    desk().press(DeskActions::ShowComparison);
+    QVERIFY(!edit->isEnabled());
+    desk().press(DeskActions::EditValue);
+    QVERIFY(!desk().field());
+    desk().press(DeskActions::ShowParameters);
+    QVERIFY(edit->isEnabled());
+    desk().press(DeskActions::EditValue);
+    QVERIFY(desk().field());
+}
+
+/// The window's own menu has the docks.
+void tst_DeskPlaces::searchCannotBeHidden()
+{
+    const std::unique_ptr<QMenu> menu(desk().window->createPopupMenu());
+    QStringList offered;
+    for (const QAction *action : menu->actions()) {
+        if (action->isVisible() && !action->isSeparator())
+            offered.append(action->text());
+    }
+    offered.sort();
+    QCOMPARE(offered.join(u' '), QStringLiteral("Meldungen Snapshots"));
+}
+
+void tst_DeskPlaces::hiddenSearchComesBack()
+{
+    desk().window->selectors().hide();
+    desk().window->saveState();
+    desk().open();
+    desk().window->restoreState();
+    QVERIFY(desk().window->selectors().isVisible());
+    desk().press(DeskActions::Search);
+    QVERIFY(desk().child<QLineEdit>("search")->hasFocus());
+}
+
+void tst_DeskPlaces::docksAreRestored()
+{
+    auto *snapshots = desk().child<QDockWidget>("snapshotDock");
+    desk().window->addDockWidget(Qt::LeftDockWidgetArea, snapshots);
+    desk().child<QDockWidget>("messageDock")->close();
+    desk().window->close();
+    desk().open();
+    desk().window->restoreState();
+    snapshots = desk().child<QDockWidget>("snapshotDock");
+    QCOMPARE(desk().window->dockWidgetArea(snapshots), Qt::LeftDockWidgetArea);
+    QVERIFY(snapshots->isVisible());
+    auto *messages = desk().child<QDockWidget>("messageDock");
+    QVERIFY(!messages->isVisible());
+    desk().press(DeskActions::GoToMessages);
+    QVERIFY(messages->isVisible());
+    QVERIFY(desk().child<QListView>("messages")->hasFocus());
 }
 
 void tst_DeskPlaces::undoIsNamed()
