@@ -23,7 +23,6 @@
 #include <QtCore/QSettings>
 #include <QtGui/QCloseEvent>
 #include <QtWidgets/QDockWidget>
-#include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListView>
 #include <QtWidgets/QMenuBar>
@@ -37,7 +36,7 @@ namespace {
 
 constexpr QSize FirstSize(1280, 800);
 constexpr int FirstMessageHeight = 105;
-constexpr int FirstSnapshotWidth = 200;
+constexpr int FirstSnapshotWidth = 150;
 /// Of a note in the status bar. **Unit** ms.
 constexpr int NoticeSpan = 8000;
 
@@ -132,7 +131,7 @@ void DeskWindow::restoreState(const QString &language)
 {
     QSettings settings;
     const WindowState state(settings);
-    state.restore(*this, *m_tableView->horizontalHeader());
+    state.restore(*this, m_tableView->columns());
     // Also after a state that lacks it: nothing else would bring it back.
     m_selectors->show();
     if (const auto level = state.accessLevel())
@@ -144,7 +143,7 @@ void DeskWindow::saveState()
 {
     QSettings settings;
     WindowState state(settings);
-    state.save(*this, *m_tableView->horizontalHeader());
+    state.save(*this, m_tableView->columns());
     state.setAccessLevel(System::information()->userAccessLevel());
     state.setLanguage(m_language.language());
 }

@@ -1,6 +1,7 @@
 #include "apps/krparameter-desk/ParameterTableModel.h"
 
 #include "apps/host/DriveProject.h"
+#include "apps/krparameter-desk/LongestTexts.h"
 #include "apps/krparameter-desk/RowTexts.h"
 #include "apps/krparameter-desk/TableCells.h"
 #include "apps/krparameter-desk/ValueWriter.h"
@@ -174,6 +175,29 @@ QModelIndex ParameterTableModel::indexOf(const ValuePlace &place, eColumn column
     return shownRow == ShownRows::NotShown ? QModelIndex() : index(shownRow, column);
 }
 
+QStringList ParameterTableModel::longestTexts(eColumn column) const
+{
+    switch (column) {
+    case Address:
+        return longest([this](const ValuePlace &place) { return m_texts->address(place); });
+    case Name:
+        return longest([this](const ValuePlace &place) { return m_texts->name(place); });
+    case Value:
+        return longest([this](const ValuePlace &place) {
+            return m_texts->isNumber(place) ? QString() : m_texts->value(place);
+        });
+    default:
+        return {};
+    }
+}
+
+QStringList ParameterTableModel::longestChoices() const
+{
+    return longest([this](const ValuePlace &place) {
+        return m_texts->isNumber(place) ? QString() : m_texts->longestChoice(place);
+    });
+}
+
 int ParameterTableModel::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : m_shown.count();
@@ -290,6 +314,23 @@ void ParameterTableModel::findRows()
     QList<bool> found = m_search.find(m_searchedText);
     found.append(QList<bool>(m_places.size() - found.size(), true));
     m_shown.setFound(found);
+}
+
+QStringList ParameterTableModel::longest(
+    const std::function<QString(const ValuePlace &)> &textOf) const
+{
+    LongestTexts longest;
+    const ValuePlace *first = nullptr;
+    for (int row = 0; row < m_places.size(); ++row) {
+        const ValuePlace &place = m_places.at(row);
+        if (!m_shown.isVisible(row))
+            continue;
+        if (!first || first->coordinate != place.coordinate)
+            first = &place;
+        if (first->livingSpace == place.livingSpace)
+            longest.add(textOf(place));
+    }
+    return longest.texts();
 }
 
 void ParameterTableModel::onValueChanged(const ParameterAddress &address)

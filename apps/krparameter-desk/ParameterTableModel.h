@@ -46,6 +46,12 @@ public:
     /// Invalid where no row of the place is shown.
     QModelIndex indexOf(const ValuePlace &place, eColumn column = Value) const;
 
+    /// Of an address, a name or a value, among all rows that the user may see whatever is searched. Of
+    /// parameters with axes the first one's; numbers, which are short, are left out.
+    QStringList longestTexts(eColumn column) const;
+    /// That values have or can have.
+    QStringList longestChoices() const;
+
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
@@ -71,6 +77,7 @@ private:
     void readPiece();
     void readTexts(qsizetype end);
     void findRows();
+    QStringList longest(const std::function<QString(const ValuePlace &)> &textOf) const;
     void onValueChanged(const ParameterAddress &address);
     void onVisibilityChanged(const ParameterAddress &address);
     void updateRow(const ValuePlace &place);

@@ -1,5 +1,6 @@
 #include "apps/krparameter-desk/ParameterTableView.h"
 
+#include "apps/krparameter-desk/ColumnFitter.h"
 #include "apps/krparameter-desk/ParameterTableModel.h"
 #include "apps/krparameter-desk/RejectionNote.h"
 #include "apps/krparameter-desk/ValueDelegate.h"
@@ -12,8 +13,6 @@
 
 namespace {
 
-/// In widths of the letter "x".
-constexpr int Widths[ParameterTableModel::ColumnCount] = {11, 50, 25, 10, 14, 13, 13, 14};
 constexpr int LinePadding = 8;
 
 } // namespace
@@ -37,7 +36,7 @@ ParameterTableView::ParameterTableView(ParameterTableModel &model, QWidget *pare
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + LinePadding);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setStretchLastSection(true);
-    setDefaultColumnWidths();
+    m_columns = new ColumnFitter(model, *this);
     connect(
         &model, &ParameterTableModel::writeAnswered, this, &ParameterTableView::onWriteAnswered);
     connect(m_delegate, &ValueDelegate::typed, m_note, &QWidget::hide);
@@ -81,13 +80,6 @@ void ParameterTableView::editCurrentValue()
 bool ParameterTableView::commitOpenField()
 {
     return m_delegate->commitOpenEditor();
-}
-
-void ParameterTableView::setDefaultColumnWidths()
-{
-    const int letter = fontMetrics().horizontalAdvance(QLatin1Char('x'));
-    for (int column = 0; column < ParameterTableModel::ColumnCount; ++column)
-        setColumnWidth(column, Widths[column] * letter);
 }
 
 void ParameterTableView::keyPressEvent(QKeyEvent *event)

@@ -7,6 +7,7 @@
 
 #include <optional>
 
+class ColumnFitter;
 class ParameterTableModel;
 class RejectionNote;
 class ValueDelegate;
@@ -29,7 +30,7 @@ public:
     void editCurrentValue();
     /// Writes what stands in the open field, and closes it. False where it was refused and stays open.
     bool commitOpenField();
-    void setDefaultColumnWidths();
+    ColumnFitter &columns() { return *m_columns; }
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
@@ -46,6 +47,7 @@ private:
 
     ValueDelegate *m_delegate;
     RejectionNote *m_note;
+    ColumnFitter *m_columns = nullptr;
     /// That was current last, also while its row is not shown.
     std::optional<ValuePlace> m_place;
     /// Of which the note tells.

@@ -93,6 +93,16 @@ QList<RowTexts::Choice> RowTexts::choices(const ValuePlace &place) const
     return result;
 }
 
+QString RowTexts::longestChoice(const ValuePlace &place) const
+{
+    QString longest;
+    for (const auto &[native, shown] : choices(place)) {
+        if (shown.size() > longest.size())
+            longest = shown;
+    }
+    return longest;
+}
+
 QString RowTexts::nativeValue(const ValuePlace &place) const
 {
     const auto found = parameter(place);

@@ -28,6 +28,8 @@ public:
     QString changeTag(const ValuePlace &place) const;
     /// Empty for a value that is no choice.
     QList<Choice> choices(const ValuePlace &place) const;
+    /// Empty for a value that is no choice.
+    QString longestChoice(const ValuePlace &place) const;
     QString nativeValue(const ValuePlace &place) const;
 
     bool isVisible(const ValuePlace &place) const;

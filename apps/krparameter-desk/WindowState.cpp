@@ -1,9 +1,9 @@
 #include "apps/krparameter-desk/WindowState.h"
 
+#include "apps/krparameter-desk/ColumnFitter.h"
 #include "apps/krparameter-desk/SelectorBar.h"
 
 #include <QtCore/QSettings>
-#include <QtWidgets/QHeaderView>
 #include <QtWidgets/QMainWindow>
 
 namespace {
@@ -13,7 +13,7 @@ constexpr int Version = 1;
 
 constexpr QLatin1StringView Geometry("window/geometry");
 constexpr QLatin1StringView Docks("window/docks");
-constexpr QLatin1StringView Columns("window/columns1");
+constexpr QLatin1StringView Columns("window/columns2");
 constexpr QLatin1StringView Language("language");
 constexpr QLatin1StringView AccessLevel("accessLevel");
 
@@ -24,18 +24,18 @@ WindowState::WindowState(QSettings &settings)
 {
 }
 
-void WindowState::save(const QMainWindow &window, const QHeaderView &columns)
+void WindowState::save(const QMainWindow &window, const ColumnFitter &columns)
 {
     m_settings.setValue(Geometry, window.saveGeometry());
     m_settings.setValue(Docks, window.saveState(Version));
-    m_settings.setValue(Columns, columns.saveState());
+    m_settings.setValue(Columns, columns.state());
 }
 
-void WindowState::restore(QMainWindow &window, QHeaderView &columns) const
+void WindowState::restore(QMainWindow &window, ColumnFitter &columns) const
 {
     window.restoreGeometry(m_settings.value(Geometry).toByteArray());
     window.restoreState(m_settings.value(Docks).toByteArray(), Version);
-    columns.restoreState(m_settings.value(Columns).toByteArray());
+    columns.restore(m_settings.value(Columns).toByteArray());
 }
 
 void WindowState::setLanguage(const QString &language)

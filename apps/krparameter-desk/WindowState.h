@@ -5,7 +5,7 @@
 
 #include <optional>
 
-class QHeaderView;
+class ColumnFitter;
 class QMainWindow;
 class QSettings;
 
@@ -16,8 +16,8 @@ public:
     /// **Owner** of the settings the caller.
     explicit WindowState(QSettings &settings);
 
-    void save(const QMainWindow &window, const QHeaderView &columns);
-    void restore(QMainWindow &window, QHeaderView &columns) const;
+    void save(const QMainWindow &window, const ColumnFitter &columns);
+    void restore(QMainWindow &window, ColumnFitter &columns) const;
 
     void setLanguage(const QString &language);
     QString language() const;

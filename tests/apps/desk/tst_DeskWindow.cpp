@@ -653,7 +653,7 @@ void tst_DeskWindow::senselessStateIsLeftAside()
     QSettings settings;
     settings.setValue(QStringLiteral("window/geometry"), QByteArray("x"));
     settings.setValue(QStringLiteral("window/docks"), QByteArray("x"));
-    settings.setValue(QStringLiteral("window/columns1"), QByteArray("x"));
+    settings.setValue(QStringLiteral("window/columns2"), QByteArray("x"));
     settings.setValue(QStringLiteral("language"), QStringLiteral("fr"));
     settings.setValue(QStringLiteral("accessLevel"), 77);
     const int width = table().columnWidth(ParameterTableModel::Name);
