@@ -14,7 +14,7 @@ SnapshotPane::SnapshotPane(SnapshotListModel &model, const DeskActions &actions,
 {
     m_list->setObjectName(QStringLiteral("snapshots"));
     m_list->setModel(&model);
-    m_list->setItemDelegate(new SpaciousDelegate(m_list));
+    m_list->setItemDelegate(new SpaciousDelegate(m_list, SpaciousDelegate::eShape::List));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_list);

@@ -2,11 +2,13 @@
 
 namespace {
 
-constexpr QSize Space(24, 7);
+constexpr int BetweenColumns = 24;
+constexpr int BetweenRows = 7;
 
 } // namespace
 
 QSize SpaciousDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
-    return QStyledItemDelegate::sizeHint(option, index) + Space;
+    const int between = m_shape == eShape::Columns ? BetweenColumns : 0;
+    return QStyledItemDelegate::sizeHint(option, index) + QSize(between, BetweenRows);
 }
