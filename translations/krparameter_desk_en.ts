@@ -367,6 +367,8 @@
     <message>
         <source>liest %1 von %2 Werten …</source>
         <translation>reading %1 of %2 values …</translation>
+    </message>
+    <message>
         <source>&amp;Rückgängig</source>
         <translation>&amp;Undo</translation>
     </message>
