@@ -33,6 +33,29 @@
     </message>
 </context>
 <context>
+    <name>CarriedText</name>
+    <message>
+        <source>eine ganze Zahl von %1 bis %2</source>
+        <translation>a whole number from %1 to %2</translation>
+    </message>
+    <message>
+        <source>eine ganze Zahl von 0 bis %1</source>
+        <translation>a whole number from 0 to %1</translation>
+    </message>
+    <message>
+        <source>eine Zahl mit %1 Bit</source>
+        <translation>a number of %1 bits</translation>
+    </message>
+    <message>
+        <source>höchstens %1 Zeichen aus Latin-1</source>
+        <translation>at most %1 characters of Latin-1</translation>
+    </message>
+    <message>
+        <source>höchstens %1 Bytes, je zwei hexadezimale Ziffern</source>
+        <translation>at most %1 bytes, two hexadecimal digits each</translation>
+    </message>
+</context>
+<context>
     <name>CheckCommand</name>
     <message>
         <source>Liest die Beschreibung und jeden ihrer Werte und zeigt, was nicht gemeint sein kann:
@@ -456,6 +479,10 @@ of write level 6 and above show &lt;offline&gt; and count as equal, except with 
     <message>
         <source>nicht zurückgelesen: %1</source>
         <translation>not read back: %1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; passt nicht, erwartet wird %2</source>
+        <translation>&quot;%1&quot; does not fit, expected is %2</translation>
     </message>
 </context>
 <context>

@@ -1,6 +1,7 @@
 #include "apps/online/DriveWriter.h"
 
 #include "apps/online/BlockPlan.h"
+#include "apps/online/CarriedText.h"
 #include "apps/online/ContainerValues.h"
 #include "apps/online/RegisterBytes.h"
 #include "apps/online/RegisterMap.h"
@@ -94,7 +95,18 @@ void DriveWriter::send(qsizetype value)
                 OnlineOutcome::tr("das Projekt hat den Wert nicht")});
         return;
     }
-    m_pending.insert(value, {eStep::Sent, m_values.nativeText(mapped), {}, false});
+    const QString text = m_values.nativeText(mapped);
+    if (!CarriedText::isCarried(text, *mapped.type)) {
+        // Nothing is sent; what the drive has comes back as behind a refusal of its own.
+        m_pending.insert(value,
+            {eStep::ReadBack, text,
+                {OnlineAnswer::eKind::Refused, {},
+                    tr("\"%1\" passt nicht, erwartet wird %2")
+                        .arg(text, CarriedText::wanted(*mapped.type))}});
+        readBack(value, mapped.span);
+        return;
+    }
+    m_pending.insert(value, {eStep::Sent, text, {}, false});
     const auto repeat =
         mapped.isStored ? RequestExchange::eRepeat::Allowed : RequestExchange::eRepeat::Never;
     m_requests.insert(
