@@ -99,7 +99,7 @@ void OnlineDriveLink::follow()
 void OnlineDriveLink::onReported(const OnlineOutcome &outcome)
 {
     // What is not read of all values is told at their end; what is not written has been sent.
-    if ((!m_isReadingAll || !outcome.sent.isEmpty()) && !outcome.isGood())
+    if ((!m_isReadingAll || outcome.isWrite) && !outcome.isGood())
         warn(outcome.toText());
     Q_EMIT reported(outcome);
 }

@@ -70,10 +70,7 @@ void ActionRun::await()
 
 void ActionRun::hear(const OnlineOutcome &outcome)
 {
-    // What was only read has nothing that was sent; what goes with the line has neither.
-    const bool isOfWrite =
-        !outcome.sent.isEmpty() || outcome.kind == eKind::Lost || outcome.kind == eKind::Unmapped;
-    if (m_end || !m_isAwaited || outcome.place != m_control || !isOfWrite)
+    if (m_end || !m_isAwaited || outcome.place != m_control || !outcome.isWrite)
         return;
     m_isAwaited = false;
     const bool wasStarting = std::exchange(m_isStarting, false);

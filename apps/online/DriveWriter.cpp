@@ -91,8 +91,8 @@ void DriveWriter::send(qsizetype value)
     if (registers.isEmpty()) {
         m_pending.remove(value);
         finish(value,
-            {mapped.place, mapped.addressText(), eKind::Unmapped, {}, {},
-                OnlineOutcome::tr("das Projekt hat den Wert nicht")});
+            OnlineOutcome::ofWrite(
+                mapped, eKind::Unmapped, OnlineOutcome::tr("das Projekt hat den Wert nicht")));
         return;
     }
     const QString text = m_values.nativeText(mapped);
@@ -164,9 +164,9 @@ void DriveWriter::concludeUnknown(qsizetype value, const OnlineAnswer &answer)
     const QPointer<QObject> guard(this);
     const quint32 run = m_runs;
     finish(value,
-        {mapped.place, mapped.addressText(), isRefused ? eKind::Refused : eKind::Lost, pending.sent,
-            {},
-            isRefused ? pending.answer.reason : tr("nicht zurückgelesen: %1").arg(answer.reason)});
+        OnlineOutcome::ofWrite(mapped, isRefused ? eKind::Refused : eKind::Lost,
+            isRefused ? pending.answer.reason : tr("nicht zurückgelesen: %1").arg(answer.reason),
+            pending.sent));
     if (guard && m_runs == run)
         Q_EMIT leftUnknown(value);
 }
@@ -230,8 +230,8 @@ void DriveWriter::finish(qsizetype value, const OnlineOutcome &outcome)
 OnlineOutcome DriveWriter::outcomeOf(
     const MappedValue &value, const Pending &pending, const QString &kept)
 {
-    OnlineOutcome outcome {value.place, value.addressText(), eKind::Written, pending.sent, kept,
-        pending.answer.reason};
+    OnlineOutcome outcome =
+        OnlineOutcome::ofWrite(value, eKind::Written, pending.answer.reason, pending.sent, kept);
     const bool isSame = ContainerValues::isSame(value, outcome.sent, outcome.kept);
     if (pending.answer.kind == OnlineAnswer::eKind::Good) {
         // A command is done when it was taken; what stands there afterwards is the drive's news.

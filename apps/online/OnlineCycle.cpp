@@ -67,7 +67,7 @@ void OnlineCycle::start(const RegisterMap &map)
     const QList<ParameterAddress> unmapped = m_cyclic.unmapped();
     for (const ParameterAddress &address : unmapped) {
         if (guard && m_runs == run)
-            reportUnmapped(address);
+            reportUnmapped(address, eDirection::FromDrive);
     }
 }
 
@@ -84,8 +84,9 @@ void OnlineCycle::stop(const QString &reason)
     m_clock.clearAlarm(eOnlineAlarm::Cycle);
     std::vector<Request> requests = std::exchange(m_requests, {});
     const QList<qsizetype> writes = m_writer.stop();
+    std::vector<bool> isWritten(requests.size());
     for (const qsizetype value : writes)
-        requests[std::size_t(value)].isOnce = true;
+        isWritten[std::size_t(value)] = true;
     const std::vector<Came> news = std::exchange(m_news, {});
     QList<Ended> lost;
     QList<ValuePlace> waiting;
@@ -94,6 +95,8 @@ void OnlineCycle::stop(const QString &reason)
         const MappedValue &mapped = map->values().at(value);
         if (request.isOnce)
             lost.append(ended(value, mapped, eKind::Lost, reason));
+        if (isWritten.at(std::size_t(value)))
+            lost.append({value, OnlineOutcome::ofWrite(mapped, eKind::Lost, reason)});
         // The elements of a parameter stand together.
         const ValuePlace place {mapped.place.coordinate, mapped.place.livingSpace, 0};
         if (request.isWaitedFor && (waiting.isEmpty() || waiting.constLast() != place))
@@ -134,7 +137,7 @@ void OnlineCycle::onChangedHere(const ParameterAddress &address)
         return;
     const qsizetype value = m_map->indexOf(address);
     if (value < 0)
-        reportUnmapped(address);
+        reportUnmapped(address, eDirection::ToDrive);
     else if (!m_map->values().at(value).isReadOnly)
         m_writer.write(value);
     else
@@ -184,7 +187,7 @@ void OnlineCycle::onNeeded(const ParameterAddress &address, bool isNeeded)
     if (!m_map)
         return;
     if (m_map->indexOf(address) < 0)
-        reportUnmapped(address);
+        reportUnmapped(address, eDirection::FromDrive);
     else
         arm();
 }
@@ -204,7 +207,7 @@ void OnlineCycle::onNeededOnce(const ParameterAddress &address)
         return;
     }
     const QPointer<OnlineCycle> guard(this);
-    reportUnmapped(address);
+    reportUnmapped(address, eDirection::FromDrive);
     if (guard)
         cancelWaiting(placeOf(address));
 }
@@ -345,12 +348,12 @@ ValuePlace OnlineCycle::placeOf(const ParameterAddress &address) const
         isGlobal ? eLivingSpace::Global : eLivingSpace(address.axis() + 1), address.element()};
 }
 
-void OnlineCycle::reportUnmapped(const ParameterAddress &address)
+void OnlineCycle::reportUnmapped(const ParameterAddress &address, eDirection direction)
 {
     const ValuePlace place = placeOf(address);
     Q_EMIT finished({{-1,
         {place, address.toText(place.livingSpace == eLivingSpace::Global, true), eKind::Unmapped,
-            {}, {}, tr("der Antrieb hat kein Register dafür")}}});
+            {}, {}, tr("der Antrieb hat kein Register dafür"), direction == eDirection::ToDrive}}});
 }
 
 void OnlineCycle::cancelWaiting(const ValuePlace &place)

@@ -47,7 +47,7 @@ public:
     /// **Owner** the caller; the map outlives the run.
     void start(const RegisterMap &map);
     /// Ends the run. **Emits** came for what did, finished for every value that is awaited: lost, for this
-    /// reason.
+    /// reason; for one that is awaited both ways its read, then its write.
     void stop(const QString &reason);
 
     /// Whether the container has the value; a project may have fewer elements than the device.
@@ -67,6 +67,8 @@ Q_SIGNALS:
     void finished(const QList<OnlineCycle::Ended> &ended);
 
 private:
+    enum class eDirection { FromDrive, ToDrive };
+
     void onChangedHere(const ParameterAddress &address);
     void onChangedByFunction(const ParameterAddress &address);
     void onWritten(qsizetype value, const OnlineOutcome &outcome);
@@ -86,7 +88,7 @@ private:
     void review(qsizetype value);
     void arm();
     ValuePlace placeOf(const ParameterAddress &address) const;
-    void reportUnmapped(const ParameterAddress &address);
+    void reportUnmapped(const ParameterAddress &address, eDirection direction);
     /// Tells a parameter that waits for all its elements that one does not come.
     void cancelWaiting(const ValuePlace &place);
     static Ended ended(qsizetype value, const MappedValue &mapped, OnlineOutcome::eKind kind,

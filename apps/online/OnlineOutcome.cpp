@@ -8,6 +8,12 @@ OnlineOutcome OnlineOutcome::ofRead(const MappedValue &value, eKind kind)
         kind == eKind::Unmapped ? tr("das Projekt hat den Wert nicht") : QString()};
 }
 
+OnlineOutcome OnlineOutcome::ofWrite(const MappedValue &value, eKind kind, const QString &reason,
+    const QString &sent, const QString &kept)
+{
+    return {value.place, value.addressText(), kind, sent, kept, reason, true};
+}
+
 QString OnlineOutcome::key(eKind kind)
 {
     switch (kind) {

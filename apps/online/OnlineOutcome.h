@@ -31,9 +31,14 @@ public:
     QString kept;
     /// For the user; of Refused, Lost and Unmapped.
     QString reason;
+    /// It was to go to the drive; otherwise it was to come from there.
+    bool isWrite = false;
 
     /// Of a value that came from the drive; Unmapped: the project has none such.
     static OnlineOutcome ofRead(const MappedValue &value, eKind kind);
+    /// Of a value that was to go to the drive.
+    static OnlineOutcome ofWrite(const MappedValue &value, eKind kind, const QString &reason,
+        const QString &sent = {}, const QString &kept = {});
 
     bool isGood() const { return isGood(kind); }
     static bool isGood(eKind kind)

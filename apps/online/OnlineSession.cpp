@@ -94,7 +94,7 @@ bool OnlineSession::upload()
             unmapped.append(OnlineOutcome::ofRead(value, OnlineOutcome::eKind::Unmapped));
     }
     for (const RegisterMap::Refusal &refusal : m_map->refusals())
-        unmapped.append(unmappedOutcome(refusal));
+        unmapped.append(unmappedOutcome(refusal, eDirection::FromDrive));
     return transfer(values, unmapped, eDirection::FromDrive);
 }
 
@@ -112,7 +112,7 @@ bool OnlineSession::download()
     QList<OnlineOutcome> unmapped;
     for (const RegisterMap::Refusal &refusal : m_map->refusals()) {
         if (refusal.isSetting)
-            unmapped.append(unmappedOutcome(refusal));
+            unmapped.append(unmappedOutcome(refusal, eDirection::ToDrive));
     }
     return transfer(values, unmapped, eDirection::ToDrive);
 }
@@ -135,7 +135,7 @@ bool OnlineSession::writeValue(const ValuePlace &place)
     const qsizetype value =
         parameter ? m_map->indexOf(parameter->address(place.livingSpace, place.element)) : -1;
     if (value < 0)
-        Q_EMIT valueReported(unmappedOutcome(place));
+        Q_EMIT valueReported(unmappedOutcome(place, eDirection::ToDrive));
     else
         m_cycle.writeNow(value);
     return true;
@@ -262,7 +262,7 @@ bool OnlineSession::transferPlaces(const QList<ValuePlace> &places, eDirection d
         const qsizetype value =
             parameter ? m_map->indexOf(parameter->address(place.livingSpace, place.element)) : -1;
         if (value < 0)
-            unmapped.append(unmappedOutcome(place));
+            unmapped.append(unmappedOutcome(place, direction));
         else if (!isNamed[std::size_t(value)])
             values.append(value);
         if (value >= 0)
@@ -376,20 +376,22 @@ void OnlineSession::finishTransfer()
     Q_EMIT transferFinished(report);
 }
 
-OnlineOutcome OnlineSession::unmappedOutcome(const ValuePlace &place) const
+OnlineOutcome OnlineSession::unmappedOutcome(const ValuePlace &place, eDirection direction) const
 {
     const auto parameter = m_container.parameterInformation(place.coordinate);
     const RegisterMap::Refusal *refusal = parameter
         ? m_map->refusalOf(parameter->address(place.livingSpace, place.element))
         : nullptr;
     if (refusal)
-        return unmappedOutcome(*refusal);
+        return unmappedOutcome(*refusal, direction);
     return {place, parameter ? place.addressText(*parameter) : QString(),
-        OnlineOutcome::eKind::Unmapped, {}, {}, tr("der Antrieb hat kein Register dafür")};
+        OnlineOutcome::eKind::Unmapped, {}, {}, tr("der Antrieb hat kein Register dafür"),
+        direction == eDirection::ToDrive};
 }
 
-OnlineOutcome OnlineSession::unmappedOutcome(const RegisterMap::Refusal &refusal)
+OnlineOutcome OnlineSession::unmappedOutcome(
+    const RegisterMap::Refusal &refusal, eDirection direction)
 {
     return {refusal.place, refusal.address, OnlineOutcome::eKind::Unmapped, {}, {},
-        RegisterMap::reasonText(refusal.reason)};
+        RegisterMap::reasonText(refusal.reason), direction == eDirection::ToDrive};
 }

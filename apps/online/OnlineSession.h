@@ -103,8 +103,8 @@ private:
     bool takeOff(qsizetype value);
     void tellProgress();
     void finishTransfer();
-    OnlineOutcome unmappedOutcome(const ValuePlace &place) const;
-    static OnlineOutcome unmappedOutcome(const RegisterMap::Refusal &refusal);
+    OnlineOutcome unmappedOutcome(const ValuePlace &place, eDirection direction) const;
+    static OnlineOutcome unmappedOutcome(const RegisterMap::Refusal &refusal, eDirection direction);
 
     ParameterContainer &m_container;
     const OnlineRules m_rules;

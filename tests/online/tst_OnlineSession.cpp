@@ -20,6 +20,8 @@ private Q_SLOTS:
     void waitsForTheLineForALimitedTime();
     void isRefusedTransfersWhileOffline();
     void losesEverythingWithTheLine();
+    void tellsAWriteFromAReadThatIsLostWithIt();
+    void tellsAWriteOfWhatHasNoRegister();
     void letsGoOfASilentDrive();
     void noticesAQuietDriveThatVanished();
     void returnsToADriveThatVanished();
@@ -155,6 +157,51 @@ void tst_OnlineSession::losesEverythingWithTheLine()
     s.session->upload();
     s.settle();
     QCOMPARE(s.native("1.B01"), QStringLiteral("44"));
+}
+
+void tst_OnlineSession::tellsAWriteFromAReadThatIsLostWithIt()
+{
+    OnlineStand s;
+    s.beOnline();
+    QStringList lost;
+    connect(s.session.get(), &OnlineSession::valueReported, this,
+        [&lost](const OnlineOutcome &outcome) {
+            lost.append(outcome.address
+                + (outcome.isWrite ? QStringLiteral(" written") : QStringLiteral(" read")));
+        });
+    s.session->readValues(
+        {{at("A01"), eLivingSpace::Global, 0}, {at("B01"), eLivingSpace::Axis1, 0}});
+    s.turn();
+    s.write("1.B01", "90");
+    s.write("2.B01", "91");
+    s.link->breakDown();
+    QCOMPARE(lost, texts({"A01 read", "1.B01 read", "1.B01 written", "2.B01 written"}));
+    QCOMPARE(s.session->report().summary(), QStringLiteral("2 Werte: 2 verloren"));
+}
+
+void tst_OnlineSession::tellsAWriteOfWhatHasNoRegister()
+{
+    OnlineStand s(onlineRules(),
+        OnlineDevice::description()
+            .replace("\"INT32\", \"STRING8\"", "\"INT32\", \"STRING8\", \"RAW\"")
+            .replace("\"dataType\": \"STRING8\", \"kind\": 5, \"default\": \"abc\"",
+                "\"dataType\": \"RAW\", \"kind\": 5"));
+    s.beOnline();
+    QList<bool> areWrites;
+    connect(s.session.get(), &OnlineSession::valueReported, this,
+        [&areWrites](const OnlineOutcome &outcome) {
+            QCOMPARE(outcome.place.coordinate, at("A03"));
+            areWrites.append(outcome.isWrite);
+        });
+    const ValuePlace place {at("A03"), eLivingSpace::Global, 0};
+    s.container.writeValueNative(place.livingSpace, place.coordinate, 0, QStringLiteral("61"));
+    QVERIFY(s.session->writeValue(place));
+    s.container.parameterSetup(at("A03"))->setParameterNeedsConsistence(place.livingSpace, 0, true);
+    QVERIFY(s.session->readValues({place}));
+    QTRY_VERIFY(!s.session->isTransferring());
+    QVERIFY(s.session->writeValues({place}));
+    QTRY_VERIFY(!s.session->isTransferring());
+    QCOMPARE(areWrites, (QList<bool> {true, true, false, false, true}));
 }
 
 void tst_OnlineSession::letsGoOfASilentDrive()

@@ -1,0 +1,135 @@
+#include "apps/online/ActionRun.h"
+#include "tests/online/OnlineStand.h"
+
+#include <KrParameterInstance/ParameterSetup.h>
+
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+
+#include <optional>
+
+using eEnd = ActionRun::eEnd;
+using eKind = OnlineAnswer::eKind;
+
+namespace {
+
+const ValuePlace Control {at("C01"), eLivingSpace::Axis1, 0};
+
+/// An action of a drive that is online, told what becomes of every value.
+struct Stand : OnlineStand {
+    explicit Stand(const QByteArray &description = OnlineDevice::description())
+        : OnlineStand(onlineRules(), description)
+        , run(std::in_place, container, Control)
+    {
+        beOnline();
+        settle();
+        QObject::connect(session.get(), &OnlineSession::valueReported, &*run,
+            [this](const OnlineOutcome &outcome) { run->hear(outcome); });
+    }
+
+    std::optional<ActionRun> run;
+};
+
+} // namespace
+
+class tst_ActionRun : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void startsThoughAReadFailsMeanwhile();
+    void losesAStartWithTheLine();
+    void isRefused();
+    void knowsItsProgressWhereItIsScaled();
+    void outlivesItsContainerWithoutAWord();
+};
+
+void tst_ActionRun::startsThoughAReadFailsMeanwhile()
+{
+    for (const eKind kind : {eKind::Lost, eKind::Refused}) {
+        Stand s;
+        s.container.parameterSetup(at("C01"))->setParameterNeedsConsistence(
+            eLivingSpace::Axis1, 0, true);
+        s.settle();
+        s.clock->advance(100);
+        QCOMPARE(s.link->sent.size(), 1);
+        const FakeLink::Sent read = s.link->take();
+        QVERIFY(read.isRead());
+        s.run->start();
+        QCOMPARE(s.link->sent.size(), 1);
+        const FakeLink::Sent start = s.link->take();
+        QVERIFY(!start.isRead());
+        // The read of element 0 fails, in as many attempts as it has; the drive answers all else.
+        s.link->answer(read, kind);
+        for (int i = 0; i < 4; ++i) {
+            s.container.writeValueNative(eLivingSpace::Axis2, at("B01"), 0, QString::number(i));
+            s.clock->advance(50);
+            while (!s.link->sent.isEmpty()) {
+                const FakeLink::Sent request = s.link->take();
+                if (request.span.unit == 2)
+                    s.link->answer(request, kind);
+                else
+                    s.link->answer(request);
+            }
+        }
+        QCOMPARE(s.log.count(kind == eKind::Lost ? QStringLiteral("1.C01[0]: verloren - reason")
+                                                 : QStringLiteral("1.C01[0]: abgelehnt - reason")),
+            1);
+        QVERIFY(!s.run->end());
+        s.link->answer(start);
+        s.settle();
+        QVERIFY(!s.run->end());
+        QCOMPARE(s.registerAt("1.C01[0]"), quint16(1));
+        s.registerAt("1.C01[1]") = 100;
+        s.registerAt("1.C01[0]") = 0;
+        s.clock->advance(100);
+        s.settle();
+        QTRY_VERIFY(s.run->end());
+        QCOMPARE(*s.run->end(), eEnd::Done);
+    }
+}
+
+void tst_ActionRun::losesAStartWithTheLine()
+{
+    Stand s;
+    s.run->start();
+    s.link->breakDown();
+    QVERIFY(s.run->end());
+    QCOMPARE(*s.run->end(), eEnd::StartLost);
+}
+
+void tst_ActionRun::isRefused()
+{
+    Stand s;
+    s.run->start();
+    s.link->answer(s.link->take(), eKind::Refused);
+    s.settle();
+    QVERIFY(s.run->end());
+    QCOMPARE(*s.run->end(), eEnd::NotStarted);
+}
+
+void tst_ActionRun::knowsItsProgressWhereItIsScaled()
+{
+    Stand s(OnlineDevice::description().replace("\"name\": \"Fortschritt\",",
+        "\"name\": \"Fortschritt\", \"scaling\": {\"factor\": 0.1},"));
+    s.container.writeValueNative(eLivingSpace::Axis1, at("C01"), 1, QStringLiteral("200"));
+    QCOMPARE(s.run->percent(), 20);
+}
+
+void tst_ActionRun::outlivesItsContainerWithoutAWord()
+{
+    auto stand = std::make_unique<Stand>();
+    ActionRun run(stand->container, Control);
+    const QSignalSpy ended(&run, &ActionRun::ended);
+    run.start();
+    run.loseDrive();
+    QCOMPARE(ended.size(), 1);
+    // What is told now waits in the queue until everything is gone.
+    stand->settle();
+    stand.reset();
+    QCoreApplication::processEvents();
+    QCOMPARE(ended.size(), 1);
+    QCOMPARE(*run.end(), eEnd::DriveGone);
+}
+
+QTEST_GUILESS_MAIN(tst_ActionRun)
+#include "tst_ActionRun.moc"
