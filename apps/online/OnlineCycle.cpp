@@ -164,7 +164,8 @@ void OnlineCycle::review(qsizetype value)
 void OnlineCycle::onWritten(qsizetype value, const OnlineOutcome &outcome)
 {
     // Whether the read-back came does not matter: what was read meanwhile was not stored.
-    if (m_requests.at(std::size_t(value)).isWaitedFor) {
+    const Request &request = m_requests.at(std::size_t(value));
+    if (request.isWaitedFor || request.isOnce) {
         m_reader.want(value);
         arm();
     }
@@ -282,10 +283,14 @@ bool OnlineCycle::take(qsizetype value, const QByteArray &bytes, quint32 request
         return true;
     Request &state = m_requests[std::size_t(value)];
     const Request before = std::exchange(state, {});
-    // Who waits for it has not got it yet.
-    state.isWaitedFor = before.isWaitedFor && isOld;
-    if (state.isWaitedFor && !isBeingWritten)
-        m_reader.want(value);
+    // Who waits for it has not got it yet: it is read behind the write.
+    if (isOld) {
+        state.isWaitedFor = before.isWaitedFor;
+        state.isOnce = before.isOnce;
+        if ((before.isWaitedFor || before.isOnce) && !isBeingWritten)
+            m_reader.want(value);
+        return true;
+    }
     if (!before.isOnce)
         return true;
     if (hasChanged)

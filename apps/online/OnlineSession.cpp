@@ -14,6 +14,7 @@
 #include <vector>
 
 struct OnlineSession::Transfer {
+    eDirection direction;
     /// By position in the map.
     std::vector<bool> isAwaited;
     qsizetype total = 0;
@@ -276,6 +277,7 @@ bool OnlineSession::transfer(
 {
     m_report = OnlineReport(m_map->values());
     m_transfer = std::make_unique<Transfer>();
+    m_transfer->direction = direction;
     m_transfer->isAwaited.resize(std::size_t(m_map->values().size()));
     m_transfer->total = values.size();
     m_report.reserve(values.size() + unmapped.size());
@@ -316,7 +318,7 @@ void OnlineSession::onCame(const std::vector<OnlineCycle::Came> &values)
     const bool isHeard = isSignalConnected(reported);
     bool hasProgress = false;
     for (const auto &[value, kind] : values) {
-        if (takeOff(value)) {
+        if (takeOff(value, eDirection::FromDrive)) {
             m_report.add(value, kind);
             hasProgress = true;
         }
@@ -335,7 +337,7 @@ void OnlineSession::onFinished(const QList<OnlineCycle::Ended> &ended)
     const QPointer<OnlineSession> guard(this);
     bool hasProgress = false;
     for (const auto &[value, outcome] : ended) {
-        if (takeOff(value)) {
+        if (takeOff(value, outcome.isWrite ? eDirection::ToDrive : eDirection::FromDrive)) {
             m_report.add(outcome);
             hasProgress = true;
         }
@@ -347,9 +349,10 @@ void OnlineSession::onFinished(const QList<OnlineCycle::Ended> &ended)
         tellProgress();
 }
 
-bool OnlineSession::takeOff(qsizetype value)
+bool OnlineSession::takeOff(qsizetype value, eDirection direction)
 {
-    if (!m_transfer || value < 0 || !m_transfer->isAwaited.at(std::size_t(value)))
+    if (!m_transfer || m_transfer->direction != direction || value < 0
+        || !m_transfer->isAwaited.at(std::size_t(value)))
         return false;
     m_transfer->isAwaited[std::size_t(value)] = false;
     ++m_transfer->done;

@@ -99,8 +99,8 @@ private:
         const QList<qsizetype> &values, const QList<OnlineOutcome> &unmapped, eDirection direction);
     void onCame(const std::vector<OnlineCycle::Came> &values);
     void onFinished(const QList<OnlineCycle::Ended> &ended);
-    /// Whether the running transfer waits for the value; it does not any more.
-    bool takeOff(qsizetype value);
+    /// Whether the running transfer waits for the value to go this way; it does not any more.
+    bool takeOff(qsizetype value, eDirection direction);
     void tellProgress();
     void finishTransfer();
     OnlineOutcome unmappedOutcome(const ValuePlace &place, eDirection direction) const;

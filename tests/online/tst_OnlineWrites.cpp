@@ -30,6 +30,9 @@ private Q_SLOTS:
     void downloadsSettingsInOrder();
     void keepsTheOrderThroughRepetitions();
     void readsNothingOverWhatWaitsForItsTurn();
+    void endsNoDownloadByARead_data();
+    void endsNoDownloadByARead();
+    void uploadsWhatIsReadBehindAWrite();
     void readsOnAfterARefusedReadBack();
     void runsAnAction();
     void tellsTheEndOfAnActionWithItsResult();
@@ -326,8 +329,9 @@ void tst_OnlineWrites::storesNoOlderReadOverAWrite()
     s.link->answer(write);
     s.settle();
     QCOMPARE(s.native("1.B01"), QStringLiteral("90"));
+    // Who asked for it gets what is read behind the write.
     QCOMPARE(
-        s.take(), texts({"1.B01: unverändert", "1 Werte: 1 unverändert", "1.B01: geschrieben"}));
+        s.take(), texts({"1.B01: geschrieben", "1.B01: unverändert", "1 Werte: 1 unverändert"}));
 
     // ... and when it is done already.
     s.session->readValues({{at("B01"), eLivingSpace::Axis1, 0}});
@@ -411,6 +415,69 @@ void tst_OnlineWrites::readsNothingOverWhatWaitsForItsTurn()
     QCOMPARE(s.native("1.B01"), QStringLiteral("9"));
     s.link->answerAll();
     QCOMPARE(s.registerAt("1.B01"), quint16(9));
+}
+
+void tst_OnlineWrites::endsNoDownloadByARead_data()
+{
+    QTest::addColumn<bool>("isGood");
+    QTest::addColumn<bool>("isAgainAndAgain");
+
+    QTest::newRow("that comes once") << true << false;
+    QTest::newRow("that comes again and again") << true << true;
+    QTest::newRow("that fails") << false << false;
+    QTest::newRow("that fails for the first time") << false << true;
+}
+
+void tst_OnlineWrites::endsNoDownloadByARead()
+{
+    QFETCH(bool, isGood);
+    QFETCH(bool, isAgainAndAgain);
+
+    OnlineStand s;
+    s.beOnline();
+    const auto parameter = s.container.parameterSetup(at("B01"));
+    QVERIFY(s.session->download());
+    if (isAgainAndAgain)
+        parameter->setParameterNeedsConsistence(eLivingSpace::Axis1, 0, true);
+    else
+        parameter->startAllElementsConsistenceOnce(eLivingSpace::Axis1);
+    s.turn();
+    // The download is at its first value; 1.B01 is its last but one.
+    QCOMPARE(s.link->sent.size(), 2);
+    const FakeLink::Sent read = s.link->sent.takeLast();
+    QVERIFY(read.isRead());
+    QCOMPARE(read.span, (RegisterSpan {2, 16, 1}));
+    if (isGood)
+        s.link->answer(read);
+    else
+        s.link->answer(read, eKind::Refused);
+    QCOMPARE(s.session->report().outcomes().size(), 0);
+    QCOMPARE(s.take(), isGood ? QStringList() : texts({"1.B01: abgelehnt - reason"}));
+    parameter->setParameterNeedsConsistence(eLivingSpace::Axis1, 0, false);
+    s.settle();
+    QVERIFY(!s.session->isTransferring());
+    QCOMPARE(s.session->report().summary(), QStringLiteral("5 Werte: 5 geschrieben"));
+}
+
+void tst_OnlineWrites::uploadsWhatIsReadBehindAWrite()
+{
+    OnlineStand s;
+    s.beOnline();
+    s.write("1.B01", "90");
+    const FakeLink::Sent write = s.link->take();
+    QVERIFY(s.session->readValues({{at("B01"), eLivingSpace::Axis1, 0}}));
+    s.turn();
+    // The read overtakes the write.
+    s.link->answer(s.link->take());
+    s.link->answer(write);
+    s.link->answer(s.link->take());
+    // The write is through, and the drive goes on.
+    QCOMPARE(s.take(), texts({"1.B01: geschrieben"}));
+    QVERIFY(s.session->isTransferring());
+    s.registerAt("1.B01") = 91;
+    s.settle();
+    QCOMPARE(s.take(), texts({"1.B01: geändert", "1 Werte: 1 geändert"}));
+    QCOMPARE(s.native("1.B01"), QStringLiteral("91"));
 }
 
 void tst_OnlineWrites::readsOnAfterARefusedReadBack()
