@@ -1364,6 +1364,10 @@ that cannot be started gives 5, one that ends before 100 % 4, one that still run
         <source>die Aktion %1 läuft noch</source>
         <translation>action %1 is still running</translation>
     </message>
+    <message>
+        <source>und %1 weitere Werte nicht gelesen</source>
+        <translation>and %1 more values not read</translation>
+    </message>
 </context>
 <context>
     <name>OnlineOutcome</name>

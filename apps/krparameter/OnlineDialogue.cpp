@@ -23,6 +23,9 @@ using eKind = OnlineOutcome::eKind;
 
 namespace {
 
+/// More would hide everything else.
+constexpr int LongestList = 20;
+
 /// What an outcome of writing means for the program, the worst last.
 eExitCode writeCode(eKind kind)
 {
@@ -51,6 +54,12 @@ eExitCode writeCode(const OnlineReport &report)
 bool isExpected(eKind kind)
 {
     return kind == eKind::Unchanged || kind == eKind::Written;
+}
+
+/// Not read, though the drive has a register for it.
+bool isMissing(eKind kind)
+{
+    return kind == eKind::Lost || kind == eKind::Refused;
 }
 
 QJsonObject toJson(const OnlineOutcome &outcome)
@@ -102,10 +111,10 @@ eExitCode OnlineDialogue::get(const QStringList &words)
     QList<ValuePlace> places;
     if (const eExitCode code = placesOf(words, places); code != eExitCode::Good)
         return code;
-    eExitCode code = eExitCode::Good;
     const std::optional<OnlineReport> report = readAll();
     if (!report)
         return failAsGone(eExitCode::UnreadableInput);
+    eExitCode code = failAsIncomplete(*report);
     for (const OnlineOutcome &outcome : report->outcomes()) {
         if (outcome.isGood() || !places.contains(outcome.place))
             continue;
@@ -261,10 +270,23 @@ eExitCode OnlineDialogue::readWhole()
     const std::optional<OnlineReport> report = readAll();
     if (!report)
         return failAsGone(eExitCode::UnreadableInput);
-    if (report->count(eKind::Lost) == 0)
+    return failAsIncomplete(*report);
+}
+
+eExitCode OnlineDialogue::failAsIncomplete(const OnlineReport &report)
+{
+    const qsizetype missing = report.count(eKind::Lost) + report.count(eKind::Refused);
+    if (missing == 0)
         return eExitCode::Good;
+    int named = 0;
+    for (const OnlineOutcome &outcome : report.outcomes()) {
+        if (isMissing(outcome.kind) && ++named <= LongestList)
+            m_console.report(outcome.toText());
+    }
+    if (missing > LongestList)
+        m_console.report(tr("und %1 weitere Werte nicht gelesen").arg(missing - LongestList));
     return m_session.fail(eExitCode::UnreadableInput,
-        tr("nicht alle Werte des Antriebs wurden gelesen: %1").arg(report->summary()));
+        tr("nicht alle Werte des Antriebs wurden gelesen: %1").arg(report.summary()));
 }
 
 eExitCode OnlineDialogue::failAsGone(eExitCode code)

@@ -46,8 +46,11 @@ private:
     std::optional<OnlineReport> wait(const std::function<bool()> &begin);
     /// The values of the whole drive: units, limits and choices follow from them.
     std::optional<OnlineReport> readAll();
-    /// Likewise for who cannot do without. Reports when a value was lost.
+    /// Likewise for who cannot do without. Reports what was not read.
     eExitCode readWhole();
+    /// Any value may be one that another follows. Reports what was lost or refused; what has no register
+    /// is never read.
+    eExitCode failAsIncomplete(const OnlineReport &report);
     eExitCode failAsGone(eExitCode code);
     /// Why an action did not come to its end.
     eExitCode failAsEnded(std::optional<ActionRun::eEnd> end, const ValueView &control);

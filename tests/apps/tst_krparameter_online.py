@@ -91,12 +91,15 @@ class Drive:
         self.process.wait()
 
 
-class DyingLine:
-    """A line to a drive that breaks: instead of the answer number ANSWERS, or of write number WRITES."""
+class FaultyLine:
+    """A line to a drive that breaks: instead of the answer number ANSWERS, or of write number WRITES.
 
-    def __init__(self, drive, answers=None, writes=None):
+    REFUSED is a unit and a register that it lets nobody read."""
+
+    def __init__(self, drive, answers=None, writes=None, refused=None):
         self.answers = answers
         self.writes = writes
+        self.refused = refused
         self.server = socket.create_server(("127.0.0.1", 0))
         self.port = self.server.getsockname()[1]
         self.drive_port = drive.port
@@ -107,6 +110,13 @@ class DyingLine:
     def frame(stream):
         head = stream.read(6)
         return head + stream.read(int.from_bytes(head[4:6], "big")) if len(head) == 6 else b""
+
+    def is_refused(self, request):
+        if self.refused is None or request[7] != 3:
+            return False
+        unit, register = self.refused
+        first, count = (int.from_bytes(request[i:i + 2], "big") for i in (8, 10))
+        return request[6] == unit and first <= register < first + count
 
     def serve(self):
         host, _ = self.server.accept()
@@ -119,6 +129,10 @@ class DyingLine:
                 if self.writes == 0:
                     break
                 self.writes = self.writes and self.writes - 1
+            if self.is_refused(request):
+                # Exception 4, the drive is not asked.
+                host.sendall(request[:4] + bytes([0, 3, request[6], request[7] | 0x80, 4]))
+                continue
             drive.sendall(request)
             if self.answers == 0:
                 break
@@ -130,6 +144,14 @@ class DyingLine:
     def end(self):
         self.server.close()
         self.thread.join()
+
+
+# Unit 1 has the values without axis, behind a header of 16 registers.
+A01_REGISTER = (1, 16)
+FAILED = "der Antrieb kann das in seinem Zustand nicht"
+A01_MISSING = (f"A01: abgelehnt - {FAILED}\n"
+               "krparameter: nicht alle Werte des Antriebs wurden gelesen: 11 Werte: 9 unverändert, "
+               "1 abgelehnt, 1 nicht übertragbar\n")
 
 
 class OnlineTest(unittest.TestCase):
@@ -154,8 +176,8 @@ class OnlineTest(unittest.TestCase):
     def online(self, drive, *words):
         return Run("--device", self.device, "online", "--port", str(drive.port), *words)
 
-    def dying(self, drive, **limits):
-        line = DyingLine(drive, **limits)
+    def faulty(self, drive, **faults):
+        line = FaultyLine(drive, **faults)
         self.addCleanup(line.end)
         return line
 
@@ -293,6 +315,16 @@ class Get(OnlineTest):
         self.check(run, UNREADABLE, out="A03: nicht übertragbar - der Wert ist länger als die 123 "
                                         "Register, die eine Anfrage schreibt\nA02  Text: abc\n")
 
+    def test_names_what_is_refused(self):
+        # What is shown may follow from it.
+        run = self.online(self.faulty(self.drive(), refused=A01_REGISTER), "get", "1.B01")
+        self.check(run, UNREADABLE, out="1.B01  Zahl: 5\n", err=A01_MISSING)
+
+    def test_is_refused(self):
+        run = self.online(self.faulty(self.drive(), refused=A01_REGISTER), "get", "A01", "1.B01")
+        self.check(run, UNREADABLE, err=A01_MISSING,
+                   out=f"A01: abgelehnt - {FAILED}\n1.B01  Zahl: 5\n")
+
     def test_another_device(self):
         other = self.folder / "other.json"
         other.write_text(DEVICE.replace("UPPER", "9").replace('"INT32", "default": 5', '"REAL32"'),
@@ -350,22 +382,44 @@ class Set(OnlineTest):
     def test_is_not_writable(self):
         self.check(self.online(self.drive(), "set", "1.B02", "1"), NOT_WRITABLE, out="")
 
+    def test_writes_nothing_where_another_value_is_refused(self):
+        # The unit and the limits of what is typed may follow from it.
+        drive = self.drive()
+        run = self.online(self.faulty(drive, refused=A01_REGISTER), "set", "1.B01", "6")
+        self.check(run, UNREADABLE, out="", err=A01_MISSING)
+        self.assertEqual(drive.value("1.B01"), "5")
+
+    def test_names_no_more_than_twenty(self):
+        path = self.folder / "many.json"
+        more = ", ".join("""{"number": %d, "coordinates": ["C%02d"], "name": "Zahl",
+            "elements": [{"dataType": "UINT16"}]}""" % (n + 10, n) for n in range(30))
+        path.write_text(DEVICE.replace("UPPER", "9").replace("  ]\n}", ", " + more + "]}"),
+                        encoding="utf-8")
+        self.device = str(path)
+        # Three headers are answered, and one block of the other values.
+        run = self.online(self.faulty(self.drive(), answers=4), "set", "1.B01", "6")
+        self.check(run, UNREADABLE, out="")
+        lines = run.err.splitlines()
+        self.assertEqual(len([line for line in lines if ": verloren - " in line]), 20)
+        self.assertRegex(lines[20], r"^und \d+ weitere Werte nicht gelesen$")
+        self.assertEqual(len(lines), 22)
+
     def test_of_a_drive_that_dies_while_it_is_read(self):
         drive = self.drive()
         # Three headers are answered, and one block.
-        run = self.online(self.dying(drive, answers=4), "set", "1.B01", "6")
+        run = self.online(self.faulty(drive, answers=4), "set", "1.B01", "6")
         self.check(run, UNREADABLE, out="")
         self.assertIn("krparameter: nicht alle Werte des Antriebs wurden gelesen: 11 Werte: ", run.err)
         self.assertEqual(drive.value("1.B01"), "5")
 
     def test_of_a_drive_that_dies_before_it_is_read(self):
-        run = self.online(self.dying(self.drive(), answers=3), "set", "1.B01", "6")
+        run = self.online(self.faulty(self.drive(), answers=3), "set", "1.B01", "6")
         self.check(run, UNREADABLE, out="")
         self.assertIn("krparameter: ", run.err)
 
     def test_of_a_drive_that_dies_while_it_is_written(self):
         drive = self.drive()
-        run = self.online(self.dying(drive, writes=1), "set", "1.B01", "6", "2.B01", "7")
+        run = self.online(self.faulty(drive, writes=1), "set", "1.B01", "6", "2.B01", "7")
         self.check(run, WRITE_FAILED)
         self.assertIn("2.B01: verloren - ", run.out)
         self.assertEqual(drive.value("2.B01"), "5")
@@ -444,7 +498,7 @@ class Transfers(OnlineTest):
     def test_download_of_a_drive_that_dies(self):
         self.check(Run("--device", self.device, "--project", self.project, "set", "2.B01", "77"), GOOD)
         drive = self.drive()
-        run = self.online(self.dying(drive, writes=2), "download", "--project", self.project, "--json")
+        run = self.online(self.faulty(drive, writes=2), "download", "--project", self.project, "--json")
         self.check(run, WRITE_FAILED)
         self.assertEqual(len(run.lines()), 6)
         self.assertIn("lost", {line["outcome"] for line in run.lines()})
@@ -468,6 +522,24 @@ class Transfers(OnlineTest):
         self.assertIn("Geschrieben und zurückgelesen: 6 Werte: 6 geschrieben", run.err)
         self.assertEqual([drive.value(text) for text in ("2.B01", "A01", "A02", "1.B02")],
                          ["77", "1200", "xyz", "100"])
+
+    def test_download_sends_nothing_for_a_value_that_is_missing(self):
+        self.check(Run("--device", self.device, "--project", self.project, "set", "2.B01", "77"), GOOD)
+        file = Path(self.project) / "Parameter.ini"
+        text = file.read_text(encoding="utf-8")
+        # Values that a project of an older description does not have, and one that wraps.
+        file.write_text(text.replace("\nV_2_0=77\n", "\n").replace("\nV_0_0=4200\n", "\nV_0_0=70000\n"),
+                        encoding="utf-8")
+        (Path(self.project) / "Manifest.ini").unlink()
+        drive = self.drive()
+        run = self.online(drive, "download", "--project", self.project)
+        self.check(run, REJECTED)
+        self.assertEqual(sorted(run.out.splitlines()), [
+            '2.B01: abgelehnt - "" passt nicht, erwartet wird eine ganze Zahl von -2147483648 bis '
+            "2147483647",
+            'A01: abgelehnt - "70000" passt nicht, erwartet wird eine ganze Zahl von 0 bis 65535'])
+        self.assertIn("6 Werte: 4 geschrieben, 2 abgelehnt", run.err)
+        self.assertEqual([drive.value(text) for text in ("2.B01", "A01", "1.B01")], ["5", "4200", "5"])
 
     def test_download_reports_what_is_refused(self):
         self.check(Run("--device", self.device, "--project", self.project, "set", "A01", "20"), GOOD)
@@ -498,6 +570,10 @@ class Watch(OnlineTest):
         drive.order("tick 5")
         self.assertEqual({process.stdout.readline(), process.stdout.readline()},
                          {b"1.B02  Ist: 101\n", b"1.E48  Zustand: 1\n"})
+
+    def test_follows_nothing_where_a_value_is_refused(self):
+        run = self.online(self.faulty(self.drive(), refused=A01_REGISTER), "watch", "1.B01")
+        self.check(run, UNREADABLE, out="", err=A01_MISSING)
 
     def test_notes_what_does_not_read_back(self):
         drive = self.drive()
@@ -643,7 +719,7 @@ class Action(OnlineTest):
 
     def test_of_a_drive_that_dies_at_the_start(self):
         drive = self.drive()
-        run = self.online(self.dying(drive, writes=0), "action", "1.C01")
+        run = self.online(self.faulty(drive, writes=0), "action", "1.C01")
         self.check(run, WRITE_FAILED, out="")
         self.assertIn("ob die Aktion 1.C01[0] gestartet wurde, ist nicht bekannt", run.err)
 
