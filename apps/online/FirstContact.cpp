@@ -58,7 +58,7 @@ void FirstContact::onFinished(quint32 request, const OnlineAnswer &answer)
         Q_EMIT disagreed(
             tr("der Antrieb ist ein anderes Gerät als das beschriebene (Einheit %1)").arg(unit));
     else if (answer.kind == OnlineAnswer::eKind::Refused)
-        Q_EMIT disagreed(answer.reason);
+        Q_EMIT refused(answer.reason);
     else
         Q_EMIT unanswered(answer.reason);
 }

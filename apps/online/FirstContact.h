@@ -22,8 +22,10 @@ public:
 
 Q_SIGNALS:
     void agreed();
-    /// It is another device, or none that could be asked.
+    /// It is another device.
     void disagreed(const QString &reason);
+    /// It answers, but does not tell: it has no such registers, or is not ready yet.
+    void refused(const QString &reason);
     void unanswered(const QString &reason);
 
 private:

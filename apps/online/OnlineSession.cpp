@@ -46,6 +46,7 @@ OnlineSession::OnlineSession(ParameterContainer &container, std::unique_ptr<Onli
         [this] { onLineLost(tr("der Antrieb antwortet nicht")); });
     connect(&m_contact, &FirstContact::agreed, this, &OnlineSession::onAgreed);
     connect(&m_contact, &FirstContact::disagreed, this, &OnlineSession::giveUp);
+    connect(&m_contact, &FirstContact::refused, this, &OnlineSession::onHeaderRefused);
     connect(&m_contact, &FirstContact::unanswered, this, &OnlineSession::onLineLost);
     connect(&m_cycle, &OnlineCycle::came, this, &OnlineSession::onCame);
     connect(&m_cycle, &OnlineCycle::finished, this, &OnlineSession::onFinished);
@@ -183,6 +184,15 @@ void OnlineSession::onAgreed()
     // A listener may read it as well.
     if (isBack && guard && m_turns == turn)
         upload();
+}
+
+void OnlineSession::onHeaderRefused(const QString &reason)
+{
+    // A drive that agreed before and is back may not have started up yet.
+    if (m_isReturning)
+        onLineLost(reason);
+    else
+        giveUp(reason);
 }
 
 void OnlineSession::onRang(eOnlineAlarm alarm)

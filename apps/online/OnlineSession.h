@@ -83,6 +83,7 @@ private:
     void call();
     void onOpened();
     void onAgreed();
+    void onHeaderRefused(const QString &reason);
     void onRang(eOnlineAlarm alarm);
     /// The line broke, or could not be opened.
     void onLineLost(const QString &reason);

@@ -25,6 +25,8 @@ private Q_SLOTS:
     void letsGoOfASilentDrive();
     void noticesAQuietDriveThatVanished();
     void returnsToADriveThatVanished();
+    void leavesADriveThatRefusesItsHeader();
+    void returnsToADriveThatRefusesItsHeaderWhileItStarts();
     void costsNothingWhereNothingIsAsked();
     void goesOfflineWhenTold();
 };
@@ -283,6 +285,61 @@ void tst_OnlineSession::returnsToADriveThatVanished()
     s.link->breakDown();
     QCOMPARE(s.log.constLast(), QStringLiteral("failed: broken"));
     QCOMPARE(s.session->state(), eState::Offline);
+}
+
+void tst_OnlineSession::leavesADriveThatRefusesItsHeader()
+{
+    OnlineRules rules = onlineRules();
+    rules.returnsToVanished = true;
+    OnlineStand s(rules);
+    s.session->goOnline();
+    s.link->comeUp();
+    s.link->answer(s.link->take(), eKind::Refused);
+    QCOMPARE(s.take(), texts({"connecting", "offline", "failed: reason"}));
+    s.clock->advance(100000);
+    QCOMPARE(s.link->openings, 1);
+}
+
+void tst_OnlineSession::returnsToADriveThatRefusesItsHeaderWhileItStarts()
+{
+    OnlineRules rules = onlineRules();
+    rules.returnsToVanished = true;
+    rules.contactAttempts = 3;
+    OnlineStand s(rules);
+    s.beOnline();
+    s.link->breakDown();
+    s.take();
+    // The pause doubles, as where nobody answers.
+    s.clock->advance(250);
+    QCOMPARE(s.link->openings, 2);
+    s.link->comeUp();
+    s.link->answer(s.link->take(), eKind::Refused);
+    s.link->sent.clear();
+    QCOMPARE(s.take(), QStringList());
+    s.clock->advance(249);
+    QCOMPARE(s.link->openings, 2);
+    s.clock->advance(1);
+    QCOMPARE(s.link->openings, 3);
+    s.link->comeUp();
+    s.link->answer(s.link->take(), eKind::Refused);
+    s.clock->advance(499);
+    QCOMPARE(s.link->openings, 3);
+    s.clock->advance(1);
+    QCOMPARE(s.link->openings, 4);
+    s.link->comeUp();
+    s.link->answerAll();
+    QCOMPARE(s.session->state(), eState::Online);
+    QCOMPARE(s.log.first(2), texts({"container online", "online"}));
+    // One that never tells is left in the end.
+    s.link->breakDown();
+    for (const int pause : {250, 250, 500}) {
+        QCOMPARE(s.session->state(), eState::Connecting);
+        s.clock->advance(pause);
+        s.link->comeUp();
+        s.link->answer(s.link->take(), eKind::Refused);
+    }
+    QCOMPARE(s.session->state(), eState::Offline);
+    QCOMPARE(s.log.constLast(), QStringLiteral("failed: reason"));
 }
 
 void tst_OnlineSession::costsNothingWhereNothingIsAsked()
