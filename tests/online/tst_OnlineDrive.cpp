@@ -99,6 +99,9 @@ private Q_SLOTS:
     void writesThroughFaults_data();
     void writesThroughFaults();
     void downloadsEverything();
+    void downloadsThroughFaults_data();
+    void downloadsThroughFaults();
+    void losesTheDriveInTheMiddleOfADownload();
 };
 
 void tst_OnlineDrive::meetsItsDrive()
@@ -407,6 +410,85 @@ void tst_OnlineDrive::downloadsEverything()
     QCOMPARE(s.session->report().summary(), QStringLiteral("4000 Werte: 4000 geschrieben"));
     QCOMPARE(s.drive.value("1.A01[0]"), QStringLiteral("1000"));
     QCOMPARE(s.drive.value("2.A13[7]"), QStringLiteral("13007"));
+    QCOMPARE(s.drive.value("2.A20[99]"), QStringLiteral("20099"));
+    QCOMPARE(s.firstWrongNumber(), QString());
+}
+
+void tst_OnlineDrive::downloadsThroughFaults_data()
+{
+    QTest::addColumn<QStringList>("orders");
+
+    // Values of different order go alone: what befalls the drive befalls the attempts of one value.
+    QTest::newRow("answers are lost") << QStringList {QStringLiteral("lose 2")};
+    QTest::newRow("answers come late") << QStringList {QStringLiteral("delay 2 300")};
+    QTest::newRow("answers come late and are overtaken")
+        << QStringList {QStringLiteral("delay 12 20")};
+    QTest::newRow("every answer comes twice") << QStringList {QStringLiteral("double 1000000")};
+    QTest::newRow("lost, twice and busy") << QStringList {
+        QStringLiteral("lose 1"), QStringLiteral("double 20"), QStringLiteral("busy 1")};
+}
+
+void tst_OnlineDrive::downloadsThroughFaults()
+{
+    QFETCH(QStringList, orders);
+
+    const MessageRecorder recorder;
+    DriveStand s;
+    QVERIFY(s.isUp);
+    s.container.writeValueNative(eLivingSpace::Global, at("A01"), 0, QStringLiteral("11"));
+    s.container.writeValueNative(eLivingSpace::Global, at("A02"), 0, QStringLiteral("12"));
+    s.container.writeValueNative(eLivingSpace::Global, at("A03"), 0, QStringLiteral("dreizehn"));
+    s.container.writeValueNative(eLivingSpace::Axis1, at("B01"), 0, QStringLiteral("-14"));
+    s.container.writeValueNative(eLivingSpace::Axis2, at("B01"), 0, QStringLiteral("15"));
+    s.session->goOnline();
+    QTRY_COMPARE_PATIENTLY(s.session->state(), eState::Online);
+    for (const QString &order : orders)
+        QCOMPARE(s.drive.order(order), QStringLiteral("ok"));
+    QVERIFY(s.session->download());
+    QTRY_VERIFY_PATIENTLY(!s.session->isTransferring());
+    QCOMPARE(s.session->report().summary(), QStringLiteral("5 Werte: 5 geschrieben"));
+    QCOMPARE(s.losses, QStringList());
+    QCOMPARE(s.session->state(), eState::Online);
+    constexpr const char *Addresses[] = {"A01", "A02", "A03", "1.B01", "2.B01"};
+    const QStringList expected {QStringLiteral("11"), QStringLiteral("12"),
+        QStringLiteral("dreizehn"), QStringLiteral("-14"), QStringLiteral("15")};
+    for (int i = 0; i < 5; ++i) {
+        QCOMPARE(s.native(Addresses[i]), expected.at(i));
+        QCOMPARE(s.drive.value(Addresses[i]), expected.at(i));
+    }
+}
+
+void tst_OnlineDrive::losesTheDriveInTheMiddleOfADownload()
+{
+    const MessageRecorder recorder;
+    LargeStand s(eDefaults::Numbered, eDefaults::Zero);
+    QVERIFY(s.isUp);
+    s.session->goOnline();
+    QTRY_COMPARE_PATIENTLY(s.session->state(), eState::Online);
+    // The first of three orders are 1,200 values; it answers their writes, and some of their reads.
+    s.drive.order(QStringLiteral("silent 1500"));
+    QVERIFY(s.session->download());
+    QTRY_VERIFY_PATIENTLY(s.reports > 0);
+    s.drive.kill();
+    QTRY_COMPARE_PATIENTLY(s.session->state(), eState::Offline);
+    QVERIFY(!s.container.isOnline());
+    QVERIFY(!s.session->isTransferring());
+    QCOMPARE(s.failures.size(), 1);
+    const OnlineReport &report = s.session->report();
+    QCOMPARE(report.outcomes().size(), ValueCount);
+    QVERIFY(report.count(eKind::Written) > 0);
+    QCOMPARE(report.count(eKind::Written) + report.count(eKind::Lost), ValueCount);
+    QCOMPARE(s.losses.size(), report.count(eKind::Lost));
+
+    // It has forgotten what was written; the host has not.
+    QVERIFY(s.restartDrive());
+    s.session->goOnline();
+    QTRY_COMPARE_PATIENTLY(s.session->state(), eState::Online);
+    QCOMPARE(s.drive.value("2.A20[99]"), QStringLiteral("0"));
+    QVERIFY(s.session->download());
+    QTRY_VERIFY_PATIENTLY(!s.session->isTransferring());
+    QCOMPARE(s.session->report().summary(), QStringLiteral("4000 Werte: 4000 geschrieben"));
+    QCOMPARE(s.drive.value("1.A01[0]"), QStringLiteral("1000"));
     QCOMPARE(s.drive.value("2.A20[99]"), QStringLiteral("20099"));
     QCOMPARE(s.firstWrongNumber(), QString());
 }

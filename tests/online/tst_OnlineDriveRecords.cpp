@@ -19,6 +19,8 @@ private Q_SLOTS:
     void runsAnAction();
     void losesTheDriveInTheMiddleOfAnAction();
     void startsAnActionOnceThoughTheAnswerIsLost();
+    void startsAnActionThroughFaults_data();
+    void startsAnActionThroughFaults();
     void followsTheState();
     void bringsAllElementsOnce_data();
     void bringsAllElementsOnce();
@@ -114,6 +116,44 @@ void tst_OnlineDriveRecords::startsAnActionOnceThoughTheAnswerIsLost()
         s.losses, QStringList {QStringLiteral("1.C01[0]: verloren - keine Antwort")});
     QCOMPARE(s.drive.value("1.C01[0]"), QStringLiteral("0"));
     QCOMPARE(s.native("1.C01[0]"), QStringLiteral("0"));
+}
+
+void tst_OnlineDriveRecords::startsAnActionThroughFaults_data()
+{
+    QTest::addColumn<QString>("order");
+
+    // A command has 200 ms for its answer; what comes behind them is dropped.
+    QTest::newRow("the answer comes late") << QStringLiteral("delay 1 300");
+    QTest::newRow("the answer comes late but in time") << QStringLiteral("delay 1 20");
+    QTest::newRow("the answer comes twice") << QStringLiteral("double 1");
+    QTest::newRow("every answer comes twice") << QStringLiteral("double 1000000");
+}
+
+void tst_OnlineDriveRecords::startsAnActionThroughFaults()
+{
+    QFETCH(QString, order);
+
+    const MessageRecorder recorder;
+    DriveStand s;
+    QVERIFY(s.isUp);
+    s.session->goOnline();
+    QTRY_COMPARE_PATIENTLY(s.session->state(), eState::Online);
+    QCOMPARE(s.drive.order(order), QStringLiteral("ok"));
+    s.write("1.C01[0]", QStringLiteral("1"));
+    QTRY_COMPARE_PATIENTLY(s.reports, 1);
+    QCOMPARE(s.losses, QStringList());
+    QCOMPARE(s.drive.value("1.C01[0]"), QStringLiteral("1"));
+    // It is not started again when it is over, whatever is still on the line.
+    s.drive.order(QStringLiteral("tick 100"));
+    s.drive.order(QStringLiteral("clear"));
+    for (int i = 0; i < 2; ++i) {
+        QVERIFY(s.session->upload());
+        QTRY_VERIFY_PATIENTLY(!s.session->isTransferring());
+    }
+    QCOMPARE(s.losses, QStringList());
+    QCOMPARE(s.drive.value("1.C01[0]"), QStringLiteral("0"));
+    QCOMPARE(s.native("1.C01[0]"), QStringLiteral("0"));
+    QCOMPARE(s.native("1.C01[2]"), QStringLiteral("1"));
 }
 
 void tst_OnlineDriveRecords::followsTheState()
