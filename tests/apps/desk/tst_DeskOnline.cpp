@@ -124,6 +124,7 @@ private Q_SLOTS:
     void tellsWhatTheDriveRefuses();
     void losesItsDrive();
     void losesItsDriveWhileItReads();
+    void losesWhatIsWrittenWhileItReads();
     void findsNoDrive();
     void isGivenUpWhileItConnects();
     void asksForTheDriveOnce();
@@ -260,6 +261,32 @@ void tst_DeskOnline::losesItsDriveWhileItReads()
     s.press(DeskActions::GoOnline);
     QTRY_VERIFY_WITH_TIMEOUT(s.state() == eState::Reading, 60000);
     QTRY_VERIFY_WITH_TIMEOUT(s.state() == eState::Offline, 60000);
+}
+
+void tst_DeskOnline::losesWhatIsWrittenWhileItReads()
+{
+    Stand s(thirtyValues());
+    s.server->faults().fallSilentAfter(1);
+    const ValuePlace last {at("A01"), eLivingSpace::Global, 29};
+    QObject context;
+    connect(s.window.session().onlineSwitch(), &OnlineSwitch::stateChanged, &context, [&] {
+        if (s.state() == eState::Online) {
+            QMetaObject::invokeMethod(
+                &context, [&] { s.window.session().writer()->write(last, QStringLiteral("8")); },
+                Qt::QueuedConnection);
+        }
+    });
+    s.press(DeskActions::GoOnline);
+    QTRY_VERIFY_WITH_TIMEOUT(s.state() == eState::Online, 60000);
+    QTRY_VERIFY_WITH_TIMEOUT(s.state() == eState::Offline, 60000);
+    // The list of what was not read ends before it.
+    int count = 0;
+    for (const SystemMessage &message : s.messages.take()) {
+        if (message.severity == eSeverity::Warning
+            && message.text.startsWith(QStringLiteral("A01[29]: verloren - ")))
+            ++count;
+    }
+    QCOMPARE(count, 1);
 }
 
 void tst_DeskOnline::findsNoDrive()
