@@ -270,14 +270,14 @@ void tst_DeskOnline::losesWhatIsWrittenWhileItReads()
     const ValuePlace last {at("A01"), eLivingSpace::Global, 29};
     QObject context;
     connect(s.window.session().onlineSwitch(), &OnlineSwitch::stateChanged, &context, [&] {
-        if (s.state() == eState::Online) {
+        if (s.state() == eState::Reading) {
             QMetaObject::invokeMethod(
                 &context, [&] { s.window.session().writer()->write(last, QStringLiteral("8")); },
                 Qt::QueuedConnection);
         }
     });
     s.press(DeskActions::GoOnline);
-    QTRY_VERIFY_WITH_TIMEOUT(s.state() == eState::Online, 60000);
+    QTRY_VERIFY_WITH_TIMEOUT(s.state() == eState::Reading, 60000);
     QTRY_VERIFY_WITH_TIMEOUT(s.state() == eState::Offline, 60000);
     // The list of what was not read ends before it.
     int count = 0;
