@@ -237,10 +237,10 @@ const SnapshotRecordBuilder::Draft::Element &SnapshotRecordBuilder::Draft::eleme
 void SnapshotRecordBuilder::Draft::askUnits(Element &element, qsizetype position)
 {
     const quint16 number = m_layout.positions.at(position);
-    UnitPair pair {unit(number, ScaledUnit), unit(number, NativeUnit)};
+    const UnitPair pair {unit(number, ScaledUnit), unit(number, NativeUnit)};
     element.hasLocator = pair.scaled.isLocator || pair.native.isLocator;
     if (element.hasLocator)
-        m_locators.insert(position, std::move(pair));
+        m_locators.insert(position, pair);
     else
         element.units = m_builder.m_pool.units(pair.scaled.text, pair.native.text);
 }

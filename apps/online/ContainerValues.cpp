@@ -158,7 +158,7 @@ ContainerValues::Adopted ContainerValues::adopt(
     if (adoption.leadsToFunctions)
         disconnect(last);
     if (adoption.changes == 0)
-        return {false, before.isNull() ? std::move(adoption.text) : before};
+        return {false, before.isNull() ? adoption.text : before};
     if (adoption.changes == 1 && hasPlainText(*adoption.type))
         return {true, std::move(adoption.text)};
     const QString now = nativeText(adoption.place);
