@@ -423,10 +423,12 @@ void CoordinateInstanceSet::connectNotify(const QMetaMethod &signal)
 bool CoordinateInstanceSet::emitValueChanged(const Guard &guard, eLivingSpace key, quint16 element)
 {
     const ParameterAddress at = address(key, element);
-    if (m_isHeard)
+    // Not asked again between the two: a listener may have deleted the set.
+    if (m_isHeard) {
         Q_EMIT valueChanged(at);
-    if (m_isHeard && has(guard, element))
-        Q_EMIT nativeValueChanged(at);
+        if (has(guard, element))
+            Q_EMIT nativeValueChanged(at);
+    }
     if (isListed(guard, element))
         Q_EMIT m_container->parameterValueChanged(at);
     if (isListed(guard, element))

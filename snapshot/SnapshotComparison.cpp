@@ -80,8 +80,7 @@ QList<ParameterCoordinate> SnapshotComparison::differentCoordinates(
 bool SnapshotComparison::areDifferent(const SnapshotRecord &record, const SnapshotRecord &other)
 {
     const SnapshotLayout &layout = record.layout();
-    if (layout.livingSpaces != other.layout().livingSpaces
-        || layout.elements != other.layout().elements)
+    if (!layout.coversTheSame(other.layout()))
         return true;
     return std::any_of(layout.livingSpaces.cbegin(), layout.livingSpaces.cend(),
         [&](eLivingSpace livingSpace) { return ::areDifferent(record, other, livingSpace); });

@@ -44,8 +44,12 @@ Q_DECLARE_TYPEINFO(SnapshotValue, Q_RELOCATABLE_TYPE);
 struct SnapshotLayout : QSharedData {
     friend bool operator==(const SnapshotLayout &a, const SnapshotLayout &b)
     {
-        return a.livingSpaces == b.livingSpaces && a.elements == b.elements && a.tables == b.tables
-            && a.positions == b.positions && a.readLevels == b.readLevels;
+        return a.coversTheSame(b) && areSame(a.tables, b.tables)
+            && areSame(a.positions, b.positions) && areSame(a.readLevels, b.readLevels);
+    }
+    bool coversTheSame(const SnapshotLayout &other) const
+    {
+        return areSame(livingSpaces, other.livingSpaces) && areSame(elements, other.elements);
     }
 
     /// The living spaces that the snapshot takes and the parameter has.
@@ -58,6 +62,14 @@ struct SnapshotLayout : QSharedData {
     QList<quint16> positions;
     /// By position.
     QList<quint32> readLevels;
+
+private:
+    /// Qt's operator gives an empty list's null pointer to memcmp(), which must not get one.
+    template <typename T>
+    static bool areSame(const QList<T> &a, const QList<T> &b)
+    {
+        return a.size() == b.size() && (a.isEmpty() || a == b);
+    }
 };
 
 /// The frozen texts of one parameter: for each living space a sequence of values by element
