@@ -24,6 +24,7 @@ private Q_SLOTS:
     void missingLivingSpaceIsEmpty();
     void rejectedElementDoesNotCount();
     void nothingIsLeftToCompare();
+    void noLivingSpaceOnBothSides();
     void untakenLivingSpacesDoNotCount();
     void oneSidedComeFirst();
     void emptySides();
@@ -213,6 +214,31 @@ void tst_SnapshotComparison::nothingIsLeftToCompare()
     QCOMPARE(one.layout().elements, QList<quint16>());
     QCOMPARE(one.value(eLivingSpace::Axis1, 0).display, QStringLiteral("1"));
     QVERIFY(!SnapshotComparison::areDifferent(one, record("2")));
+}
+
+/// The builder keeps the storage of its lists from one parameter to the next, a file's empty list
+/// has none.
+void tst_SnapshotComparison::noLivingSpaceOnBothSides()
+{
+    FakeParameterInformation taken(QStringLiteral("B02"));
+    taken.setValue(Global, 0, {QStringLiteral("1"), QStringLiteral("1"), QStringLiteral("1")});
+    FakeParameterInformation untaken(QStringLiteral("B01"));
+    untaken.spaces = {eLivingSpace::Axis1};
+    untaken.setValue(eLivingSpace::Axis1, 0, QStringLiteral("1"));
+    SnapshotRecordBuilder builder({Global}, nullptr);
+    QCOMPARE(builder.build(&taken)->layout().livingSpaces, QList<eLivingSpace> {Global});
+    const auto built = builder.build(&untaken);
+    QVERIFY(built && built->layout().livingSpaces.isEmpty());
+    QString problem;
+    const auto content = SnapshotJson::read(
+        R"({"format": "kr-parameter-snapshot", "version": 1, "livingSpaces": [0],
+            "parameters": [{"coordinate": "B01", "name": "", "livingSpaces": [],
+            "elements": [{"number": 0, "name": "", "readLevel": 0}], "values": []}]})",
+        problem);
+    QCOMPARE(problem, QString());
+    const SnapshotRecord record = content->records.first();
+    QCOMPARE(record.layout().livingSpaces, QList<eLivingSpace>());
+    QVERIFY(!SnapshotComparison::areDifferent(*built, record));
 }
 
 /// Values of axis 2 are held, but the snapshots take axis 1 alone.
