@@ -327,10 +327,23 @@ class Check(CommandLineTest):
         path = self.description(functions={
             kind: {str(i): "error('broken', 0)" if kind == "hiding" else "" for i in (1, 2)}
             for kind in ("limit", "scaling", "hiding", "preRead", "preWrite", "postRead", "postWrite")})
-        run = Run("--device", path, "check", "--json")
-        self.check(run, DIFFERENCES)
-        self.assertIn({"place": "",
-                       "text": "hiding function 1 of parameter B21, element 0: broken"}, run.lines())
+        for language, text in (
+                ("de", "Funktion hiding 1 des Parameters B21, Element 0: broken"),
+                ("en", "hiding function 1 of parameter B21, element 0: broken")):
+            with self.subTest(language=language):
+                run = Run("--device", path, "check", "--json", "--lang", language)
+                self.check(run, DIFFERENCES)
+                self.assertIn({"place": "", "text": text}, run.lines())
+
+    def test_findings_speak_the_language(self):
+        path = self.description(family={"identifier": 9, "name": "Drive",
+                                        "hasPhysicalAxes": True, "axes": [2, 1]})
+        for language, text in (
+                ("de", "family.axes[1]: erwartet: Achsen in aufsteigender Folge\n"),
+                ("en", "family.axes[1]: expected axes in ascending order\n")):
+            with self.subTest(language=language):
+                self.check(Run("--device", path, "check", "--lang", language), DIFFERENCES,
+                           out=text, err="")
 
     def test_functions_that_are_missing(self):
         path = self.description(functions={})

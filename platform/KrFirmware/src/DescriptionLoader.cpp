@@ -1,5 +1,6 @@
 #include "DescriptionLoader.h"
 
+#include "FindingText.h"
 #include "JsonParser.h"
 
 #include <KrDatatype/DatatypeProvider.h>
@@ -38,11 +39,11 @@ std::unique_ptr<ServoDriveFirmwareData> DescriptionLoader::load(
 {
     error = {fileName, QString(), QString()};
     if (bytes.size() > MostBytes) {
-        error.reason = QStringLiteral("the file is larger than %1 bytes").arg(MostBytes);
+        error.reason = FindingText::tr("the file is larger than %1 bytes").arg(MostBytes);
         return nullptr;
     }
     if (!bytes.isValidUtf8()) {
-        error.reason = QStringLiteral("the file is not UTF-8");
+        error.reason = FindingText::tr("the file is not UTF-8");
         return nullptr;
     }
     const QString text = QString::fromUtf8(bytes);
@@ -107,7 +108,7 @@ void DescriptionLoader::readHeader(const JsonValue &root)
 {
     const JsonValue *format = m_reader.required(root, FormatKey);
     if (format && m_reader.text(*format) != Format)
-        m_findings.refuse(*format, QStringLiteral("expected \"%1\"").arg(Format));
+        m_findings.refuse(*format, FindingText::tr("expected \"%1\"").arg(Format));
     if (const JsonValue *version = m_reader.required(root, VersionKey))
         m_reader.wholeNumber(*version, FormatVersion, FormatVersion);
 }
@@ -130,11 +131,11 @@ void DescriptionLoader::readAxes(const JsonValue &axes)
 {
     const JsonValue::List &list = m_reader.list(axes);
     if (list.empty())
-        m_findings.refuse(axes, QStringLiteral("expected at least one axis"));
+        m_findings.refuse(axes, FindingText::tr("expected at least one axis"));
     for (const JsonValue &entry : list) {
         const int axis = int(m_reader.wholeNumber(entry, 1, LastAxis));
         if (!m_data->axes.isEmpty() && axis <= m_data->axes.constLast())
-            m_findings.refuse(entry, QStringLiteral("expected axes in ascending order"));
+            m_findings.refuse(entry, FindingText::tr("expected axes in ascending order"));
         m_data->axes.append(axis);
     }
 }
@@ -144,13 +145,13 @@ void DescriptionLoader::readLanguages(const JsonValue &languages)
     const JsonValue::List &list = m_reader.list(languages);
     if (list.empty() || list.size() > MostLanguages) {
         m_findings.refuse(
-            languages, QStringLiteral("expected 1 to %1 languages").arg(MostLanguages));
+            languages, FindingText::tr("expected 1 to %1 languages").arg(MostLanguages));
         return;
     }
     for (const JsonValue &entry : list) {
         const QString language = m_reader.filledText(entry);
         if (m_data->languages.contains(language))
-            m_findings.refuse(entry, QStringLiteral("is listed twice"));
+            m_findings.refuse(entry, FindingText::tr("is listed twice"));
         m_data->languages.append(language);
     }
     m_reader.setLanguages(m_data->languages);
@@ -162,9 +163,9 @@ void DescriptionLoader::readDataTypes(const JsonValue &dataTypes)
         const QString name = m_reader.text(entry);
         if (!DatatypeProvider::instance()->simpleType(name))
             m_findings.refuse(entry,
-                QStringLiteral("expected the short name of a data type, such as \"UINT16\""));
+                FindingText::tr("expected the short name of a data type, such as \"UINT16\""));
         if (m_dataTypes.contains(name))
-            m_findings.refuse(entry, QStringLiteral("is listed twice"));
+            m_findings.refuse(entry, FindingText::tr("is listed twice"));
         // What is listed twice or unknown ends the list, which so stays as short as the table.
         if (m_findings.hasError())
             return;
@@ -184,7 +185,7 @@ void DescriptionLoader::readParameters(const JsonValue &list, eParameterOrigin o
             return;
         if (definitions.contains(number))
             m_findings.refuse(*parameter.member(QLatin1StringView("number")),
-                QStringLiteral("another parameter has the number %1").arg(number));
+                FindingText::tr("another parameter has the number %1").arg(number));
         occupy(parameter, *definition);
         definitions.emplace(number, std::move(definition));
     }
@@ -200,7 +201,7 @@ void DescriptionLoader::occupy(const JsonValue &parameter, const ParameterDefini
     if (other != m_occupied.cend()) {
         const JsonValue &coordinates = *parameter.member(QLatin1StringView("coordinates"));
         m_findings.refuse(coordinates.toList()->front(),
-            QStringLiteral("%1 is the coordinate of the single-instance parameter %2")
+            FindingText::tr("%1 is the coordinate of the single-instance parameter %2")
                 .arg(coordinate.toText(), *other));
         return;
     }
@@ -217,11 +218,11 @@ void DescriptionLoader::registerFamily(const JsonValue &root)
     const QString knownName = repository.deviceFamily(family.identifier())->name();
     if (knownName != family.name()) {
         m_findings.refuse(*root.member(FamilyKey)->member(NameKey),
-            QStringLiteral("the family %1 is known already as \"%2\", not as \"%3\"")
+            FindingText::tr("the family %1 is known already as \"%2\", not as \"%3\"")
                 .arg(QString::number(family.identifier()), knownName, family.name()));
         return;
     }
     m_findings.refuse(*root.member(FamilyKey)->member(HasPhysicalAxesKey),
-        QStringLiteral("the family %1 is known already, with another value")
+        FindingText::tr("the family %1 is known already, with another value")
             .arg(m_data->familyIdentifier));
 }

@@ -1,6 +1,7 @@
 #include "DescriptionReader.h"
 
 #include "Decimal.h"
+#include "FindingText.h"
 #include "Integer.h"
 #include "ValueScaling.h"
 
@@ -37,7 +38,7 @@ void DescriptionReader::expectKeys(
             [&member](QLatin1StringView key) { return member.key == key; });
         if (!isKnown) {
             m_findings.refuse(
-                member.value, QStringLiteral("unknown key; known are %1").arg(joined(keys)));
+                member.value, FindingText::tr("unknown key; known are %1").arg(joined(keys)));
             return;
         }
     }
@@ -48,7 +49,7 @@ const JsonValue *DescriptionReader::required(const JsonValue &object, QLatin1Str
     this->object(object);
     const JsonValue *value = object.member(key);
     if (!value)
-        m_findings.refuseMissing(object, key, QStringLiteral("is missing"));
+        m_findings.refuseMissing(object, key, FindingText::tr("is missing"));
     return value;
 }
 
@@ -57,7 +58,7 @@ const JsonValue::List &DescriptionReader::list(const JsonValue &value) const
     static const JsonValue::List Empty;
     if (const JsonValue::List *list = value.toList())
         return *list;
-    m_findings.refuse(value, QStringLiteral("expected a list"));
+    m_findings.refuse(value, FindingText::tr("expected a list"));
     return Empty;
 }
 
@@ -66,7 +67,7 @@ const JsonValue::Object &DescriptionReader::object(const JsonValue &value) const
     static const JsonValue::Object Empty;
     if (const JsonValue::Object *object = value.toObject())
         return *object;
-    m_findings.refuse(value, QStringLiteral("expected an object"));
+    m_findings.refuse(value, FindingText::tr("expected an object"));
     return Empty;
 }
 
@@ -74,7 +75,7 @@ QString DescriptionReader::text(const JsonValue &value) const
 {
     if (const QString *text = value.toText())
         return *text;
-    m_findings.refuse(value, QStringLiteral("expected a text"));
+    m_findings.refuse(value, FindingText::tr("expected a text"));
     return {};
 }
 
@@ -82,7 +83,7 @@ QString DescriptionReader::filledText(const JsonValue &value) const
 {
     const QString result = text(value);
     if (result.isEmpty())
-        m_findings.refuse(value, QStringLiteral("expected a text that is not empty"));
+        m_findings.refuse(value, FindingText::tr("expected a text that is not empty"));
     return result;
 }
 
@@ -98,7 +99,7 @@ bool DescriptionReader::boolean(const JsonValue &value) const
 {
     if (const bool *boolean = value.toBool())
         return *boolean;
-    m_findings.refuse(value, QStringLiteral("expected true or false"));
+    m_findings.refuse(value, FindingText::tr("expected true or false"));
     return false;
 }
 
@@ -108,7 +109,7 @@ qint64 DescriptionReader::wholeNumber(const JsonValue &value, qint64 least, qint
     const std::optional<Integer> whole = number ? wholeNumberOf(number->text) : std::nullopt;
     if (!whole || *whole < Integer::fromNumber(least) || *whole > Integer::fromNumber(most)) {
         m_findings.refuse(
-            value, QStringLiteral("expected a whole number from %1 to %2").arg(least).arg(most));
+            value, FindingText::tr("expected a whole number from %1 to %2").arg(least).arg(most));
         return least;
     }
     return whole->toNumber();
@@ -131,7 +132,7 @@ std::optional<qint32> DescriptionReader::numberKey(
     if (!number || !ValueScaling::isPlainInteger(member.key) || *number < Integer::fromNumber(least)
         || *number > Integer::fromNumber(most)) {
         m_findings.refuse(member.value,
-            QStringLiteral("expected a key that is a whole number from %1 to %2")
+            FindingText::tr("expected a key that is a whole number from %1 to %2")
                 .arg(least)
                 .arg(most));
         return std::nullopt;
@@ -149,17 +150,17 @@ ParameterText DescriptionReader::multilingualText(const JsonValue &value) const
     }
     if (!value.toObject()) {
         m_findings.refuse(
-            value, QStringLiteral("expected a text or an object of texts by language"));
+            value, FindingText::tr("expected a text or an object of texts by language"));
         return result;
     }
 
     const JsonValue::Object &object = *value.toObject();
     if (object.empty())
-        m_findings.refuse(value, QStringLiteral("expected a text for at least one language"));
+        m_findings.refuse(value, FindingText::tr("expected a text for at least one language"));
     for (const JsonValue::Member &member : object) {
         if (!m_languages.contains(member.key))
             m_findings.refuse(member.value,
-                QStringLiteral("expected one of the languages %1")
+                FindingText::tr("expected one of the languages %1")
                     .arg(m_languages.join(QLatin1StringView(", "))));
     }
     // In the order of the languages, whose first one is the fallback.
@@ -181,7 +182,7 @@ void DescriptionReader::addLanguage(
     }
     if (!value.toObject()) {
         m_findings.refuse(
-            value, QStringLiteral("expected a text or an object with the keys short, long"));
+            value, FindingText::tr("expected a text or an object with the keys short, long"));
         return;
     }
     constexpr QLatin1StringView ShortKey("short");

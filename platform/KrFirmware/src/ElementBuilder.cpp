@@ -1,5 +1,6 @@
 #include "ElementBuilder.h"
 
+#include "FindingText.h"
 #include "Integer.h"
 #include "NativeTextReader.h"
 #include "RealText.h"
@@ -72,7 +73,7 @@ void ElementBuilder::checkProfile(const ElementSource &profile)
     make(profile, type.value ? m_facts.dataType(*type.value) : nullptr);
     const JsonValue *defaultValue = profile.defaultValue().value;
     if (defaultValue && !defaultValue->toNumber() && !defaultValue->toText())
-        m_reader.findings().refuse(*defaultValue, QStringLiteral("expected a number or a text"));
+        m_reader.findings().refuse(*defaultValue, FindingText::tr("expected a number or a text"));
 }
 
 ElementBuilder::Built ElementBuilder::built(const ElementSource &source)
@@ -106,7 +107,7 @@ ElementBuilder::Built ElementBuilder::make(const ElementSource &source, const Si
     const Properties settable = properties(source.settable());
     if (absent[size_t(eParameterProperty::Datatype)])
         m_reader.findings().refuse(
-            *source.absent().value, QStringLiteral("the data type (16) must not be absent"));
+            *source.absent().value, FindingText::tr("the data type (16) must not be absent"));
     const auto information = std::make_shared<ElementInformation>();
     for (size_t position = 0; position < ElementFactCount; ++position) {
         const ElementFact &fact = elementFacts()[position];
@@ -129,7 +130,7 @@ const SimpleType *ElementBuilder::typeOf(const ElementSource &source) const
     if (type.value)
         return m_facts.dataType(*type.value);
     m_reader.findings().refuseMissing(source.object(), QStringLiteral("dataType"),
-        QStringLiteral("is missing, in the element and in its profile"));
+        FindingText::tr("is missing, in the element and in its profile"));
     return nullptr;
 }
 
@@ -168,7 +169,7 @@ void ElementBuilder::checkDefault(
     if (!isChoice
         || ValueCheck::result(text, *built.type, built.limits) != eCheckResult::Acceptable)
         m_reader.findings().warn(
-            at, QStringLiteral("the default lies outside of the limits or choices"));
+            at, FindingText::tr("the default lies outside of the limits or choices"));
 }
 
 void ElementBuilder::checkLimits(const ElementSource &source, const Built &built) const
@@ -179,7 +180,7 @@ void ElementBuilder::checkLimits(const ElementSource &source, const Built &built
         || isAscending(bounds.lowerLimit, bounds.upperLimit, *built.type))
         return;
     m_reader.findings().refuse(*source.fact(positionOf(eParameterProperty::LowerLimitValue)).value,
-        QStringLiteral("expected at most the upper limit %1").arg(bounds.upperLimit));
+        FindingText::tr("expected at most the upper limit %1").arg(bounds.upperLimit));
 }
 
 ElementBuilder::Properties ElementBuilder::properties(const ElementSource::Entry &list) const
@@ -191,7 +192,7 @@ ElementBuilder::Properties ElementBuilder::properties(const ElementSource::Entry
         const qint64 number = m_reader.wholeNumber(entry, 0, DefinitionPropertyEnd - 1);
         if (positionOf(eParameterProperty(number)) == ElementFactCount)
             m_reader.findings().refuse(
-                entry, QStringLiteral("expected the number of an element property"));
+                entry, FindingText::tr("expected the number of an element property"));
         result.set(size_t(number));
     }
     return result;

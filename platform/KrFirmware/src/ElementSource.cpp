@@ -1,5 +1,7 @@
 #include "ElementSource.h"
 
+#include "FindingText.h"
+
 #include <algorithm>
 
 namespace {
@@ -39,26 +41,28 @@ void ElementSource::refuseIdentity(DescriptionFindings &findings) const
 {
     for (const JsonValue *value : {number(), name(), nameCommonText(), version()}) {
         if (value)
-            findings.refuse(*value, QStringLiteral("is for elements of a record only"));
+            findings.refuse(*value, FindingText::tr("is for elements of a record only"));
     }
 }
 
 void ElementSource::readMember(const JsonValue::Member &member, const DescriptionReader &reader)
 {
-    const QString unknown = QStringLiteral("unknown key");
+    const auto refuse = [&reader](const JsonValue &value) {
+        reader.findings().refuse(value, FindingText::tr("unknown key"));
+    };
     if (isGroup(member.key)) {
         for (const JsonValue::Member &inner : reader.object(member.value)) {
             if (Entry *found = entry(member.key, inner.key))
                 found->value = &inner.value;
             else
-                reader.findings().refuse(inner.value, unknown);
+                refuse(inner.value);
         }
         return;
     }
     if (Entry *found = entry(QString(), member.key))
         found->value = &member.value;
     else
-        reader.findings().refuse(member.value, unknown);
+        refuse(member.value);
 }
 
 ElementSource::Entry *ElementSource::entry(const QString &group, const QString &key)

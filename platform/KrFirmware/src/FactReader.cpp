@@ -1,5 +1,6 @@
 #include "FactReader.h"
 
+#include "FindingText.h"
 #include "NativeTextReader.h"
 #include "RealText.h"
 
@@ -84,7 +85,7 @@ const SimpleType *FactReader::dataType(const JsonValue &value) const
     const QString *name = value.toText();
     if (!name || !m_dataTypes.contains(*name)) {
         m_reader.findings().refuse(value,
-            QStringLiteral("expected one of the description's data types %1")
+            FindingText::tr("expected one of the description's data types %1")
                 .arg(m_dataTypes.join(QLatin1StringView(", "))));
         return nullptr;
     }
@@ -101,7 +102,7 @@ QVariant FactReader::real(const JsonValue &value) const
     const bool isLost = read == 0.0 && RealText::read(number->text) != 0.0;
     if (!read || !std::isfinite(*read) || isLost) {
         m_reader.findings().refuse(
-            value, QStringLiteral("expected a number that a 32-bit float holds"));
+            value, FindingText::tr("expected a number that a 32-bit float holds"));
         return 0.0F;
     }
     return float(*read);
@@ -113,12 +114,12 @@ QVariant FactReader::limit(const JsonValue &value, const SimpleType *type) const
         return NativeTextReader::read(value, *type, m_reader);
     if (type)
         m_reader.findings().warn(value,
-            QStringLiteral("a limit plays no part for the data type %1").arg(type->shortName()));
+            FindingText::tr("a limit plays no part for the data type %1").arg(type->shortName()));
     if (const JsonValue::Number *number = value.toNumber())
         return number->text;
     if (const QString *text = value.toText())
         return *text;
-    m_reader.findings().refuse(value, QStringLiteral("expected a number or a text"));
+    m_reader.findings().refuse(value, FindingText::tr("expected a number or a text"));
     return QString();
 }
 
@@ -142,7 +143,7 @@ QVariant FactReader::unit(const JsonValue &value) const
         return QVariant::fromValue(m_reader.multilingualText(value));
     if (!isUnitLocator(*text))
         m_reader.findings().warn(value,
-            QStringLiteral("begins with '<' and is no unit locator such as \"<localAxis:E12>\""));
+            FindingText::tr("begins with '<' and is no unit locator such as \"<localAxis:E12>\""));
     return *text;
 }
 
@@ -161,7 +162,7 @@ QVariant FactReader::textOrNumber(const ElementFact &fact, const JsonValue &valu
     if (value.toNumber())
         return uint(m_reader.wholeNumber(value, fact.least, fact.most));
     m_reader.findings().refuse(value,
-        QStringLiteral("expected a text or a whole number from %1 to %2")
+        FindingText::tr("expected a text or a whole number from %1 to %2")
             .arg(fact.least)
             .arg(fact.most));
     return {};

@@ -1,5 +1,7 @@
 #include "FunctionCall.h"
 
+#include "FindingText.h"
+
 #include <KrParameterDefinition/ParameterException.h>
 #include <KrParameterInstance/ParameterData.h>
 
@@ -70,7 +72,7 @@ QString FunctionCall::name()
     } catch (const ParameterException &) {
         coordinate = QStringLiteral("unknown");
     }
-    return QStringLiteral("%1 function %2 of parameter %3, element %4")
+    return FindingText::tr("%1 function %2 of parameter %3, element %4")
         .arg(kindName(m_kind))
         .arg(m_index)
         .arg(coordinate)

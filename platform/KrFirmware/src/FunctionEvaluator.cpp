@@ -1,5 +1,6 @@
 #include "FunctionEvaluator.h"
 
+#include "FindingText.h"
 #include "FunctionCall.h"
 #include "LuaState.h"
 
@@ -14,7 +15,7 @@ QString FunctionEvaluator::add(eParameterProperty kind, quint16 index, const QSt
 {
     const QByteArray bytes = text.toUtf8();
     if (bytes.size() > MostTextBytes)
-        return QStringLiteral("the function is longer than %1 bytes").arg(MostTextBytes);
+        return FindingText::tr("the function is longer than %1 bytes").arg(MostTextBytes);
     int place = NoFunction;
     const QString reason = m_state->compile(bytes, place);
     if (!reason.isEmpty())
@@ -53,8 +54,8 @@ QString FunctionEvaluator::giveUp(const FunctionCall &call)
 {
     m_places[size_t(call.kind())][call.index()] = NoFunction;
     if (++m_givenUp < MostGivenUp)
-        return QStringLiteral("; the function is not run again");
+        return FindingText::tr("; the function is not run again");
     m_places = {};
-    return QStringLiteral("; after %1 such functions none of the device is run again")
+    return FindingText::tr("; after %1 such functions none of the device is run again")
         .arg(MostGivenUp);
 }

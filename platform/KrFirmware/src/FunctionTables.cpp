@@ -1,5 +1,6 @@
 #include "FunctionTables.h"
 
+#include "FindingText.h"
 #include "FunctionEvaluator.h"
 
 #include <algorithm>
@@ -45,7 +46,7 @@ QString programText(const JsonValue &value, const DescriptionReader &reader)
     if (value.toList())
         return reader.textList(value).join(u'\n');
     if (!value.toText())
-        reader.findings().refuse(value, QStringLiteral("expected a text or a list of lines"));
+        reader.findings().refuse(value, FindingText::tr("expected a text or a list of lines"));
     return value.toText() ? *value.toText() : QString();
 }
 
@@ -126,11 +127,8 @@ void FunctionTables::checkIndex(eParameterProperty indexProperty, qint64 index, 
 {
     if (index == 0 || isThere(indexProperty, index))
         return;
-    const QString kind = namesSystemString(indexProperty) ? QStringLiteral("system string")
-                                                          : QStringLiteral("function");
-    findings.warn(at,
-        QStringLiteral("there is no %1 %2; the highest is %3")
-            .arg(kind)
-            .arg(index)
-            .arg(maximum(indexProperty)));
+    const QString text = namesSystemString(indexProperty)
+        ? FindingText::tr("there is no system string %1; the highest is %2")
+        : FindingText::tr("there is no function %1; the highest is %2");
+    findings.warn(at, text.arg(index).arg(maximum(indexProperty)));
 }

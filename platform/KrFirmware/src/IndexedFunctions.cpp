@@ -1,5 +1,6 @@
 #include "IndexedFunctions.h"
 
+#include "FindingText.h"
 #include "FunctionAnswer.h"
 #include "FunctionCall.h"
 #include "FunctionTables.h"
@@ -29,7 +30,7 @@ bool isNil(const FunctionValue &value)
 QString shown(const FunctionValue &value)
 {
     if (const FunctionValueType *type = std::get_if<FunctionValueType>(&value))
-        return QStringLiteral("a ") + QLatin1StringView(type->name);
+        return FindingText::tr("a %1").arg(QLatin1StringView(type->name));
     if (const QString *text = std::get_if<QString>(&value))
         return u'"' + text->left(MostShown) + u'"';
     if (const bool *truth = std::get_if<bool>(&value))
@@ -69,7 +70,7 @@ std::array<QString, 2> IndexedFunctions::limits(const ParameterData &data, quint
         const std::optional<QString> text = FunctionAnswer::limit(value, *type, side);
         if (!text) {
             note(LimitFunctionIndex, index, data, element,
-                QStringLiteral("expected a number or nil as limit, not %1").arg(shown(value)));
+                FindingText::tr("expected a number or nil as limit, not %1").arg(shown(value)));
             return {};
         }
         result[i] = *text;
@@ -89,7 +90,7 @@ std::optional<ValueScaling> IndexedFunctions::scaling(const ParameterData &data,
     const std::optional<double> factor = FunctionAnswer::scalingFactor(factorValue);
     if (!factor) {
         note(ScalingFunctionIndex, index, data, element,
-            QStringLiteral("expected a factor other than 0 that 32 bits hold, not %1")
+            FindingText::tr("expected a factor other than 0 that 32 bits hold, not %1")
                 .arg(shown(factorValue)));
         return std::nullopt;
     }
@@ -97,7 +98,7 @@ std::optional<ValueScaling> IndexedFunctions::scaling(const ParameterData &data,
         isNil(fullScaleValue) ? 0 : FunctionAnswer::fullScale(fullScaleValue);
     if (!fullScale) {
         note(ScalingFunctionIndex, index, data, element,
-            QStringLiteral("expected a full-scale value from 0 to 4294967295, not %1")
+            FindingText::tr("expected a full-scale value from 0 to 4294967295, not %1")
                 .arg(shown(fullScaleValue)));
         return std::nullopt;
     }
@@ -116,7 +117,7 @@ bool IndexedFunctions::isHidden(const ParameterData &data, quint16 element)
     if (const bool *isHidden = std::get_if<bool>(&value))
         return *isHidden;
     note(HidingFunctionIndex, index, data, element,
-        QStringLiteral("expected true, false or nil, not %1").arg(shown(value)));
+        FindingText::tr("expected true, false or nil, not %1").arg(shown(value)));
     return false;
 }
 
@@ -167,7 +168,7 @@ void IndexedFunctions::tell(const QString &title, const QString &change, const Q
     System::addCriticalMessage(title, text);
     if (isLast) {
         System::addCriticalMessage(
-            title, QStringLiteral("further failures of functions are not told for this change"));
+            title, FindingText::tr("further failures of functions are not told for this change"));
     }
 }
 

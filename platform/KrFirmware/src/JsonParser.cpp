@@ -1,5 +1,7 @@
 #include "JsonParser.h"
 
+#include "FindingText.h"
+
 #include <algorithm>
 
 namespace {
@@ -46,7 +48,7 @@ std::optional<JsonValue> JsonParser::parse()
         return std::nullopt;
     skipBlanks();
     if (m_position < m_text.size()) {
-        refuse(QStringLiteral("expected the end of the file"));
+        refuse(FindingText::tr("expected the end of the file"));
         return std::nullopt;
     }
     return value;
@@ -55,9 +57,9 @@ std::optional<JsonValue> JsonParser::parse()
 bool JsonParser::parseValue(JsonValue &value, int depth)
 {
     if (depth > DeepestNesting)
-        return refuse(QStringLiteral("nested deeper than %1 levels").arg(DeepestNesting));
+        return refuse(FindingText::tr("nested deeper than %1 levels").arg(DeepestNesting));
     if (++m_count > MostValues)
-        return refuse(QStringLiteral("more than %1 values").arg(MostValues));
+        return refuse(FindingText::tr("more than %1 values").arg(MostValues));
 
     switch (current()) {
     case u'{':
@@ -96,7 +98,7 @@ bool JsonParser::parseList(JsonValue &value, int depth)
             skipBlanks();
         } while (take(u','));
         if (!take(u']'))
-            return refuse(QStringLiteral("expected ',' or ']'"));
+            return refuse(FindingText::tr("expected ',' or ']'"));
     }
     list.shrink_to_fit();
     value = JsonValue(std::move(list));
@@ -114,22 +116,22 @@ bool JsonParser::parseObject(JsonValue &value, int depth)
             skipBlanks();
             JsonValue::Member &member = object.emplace_back();
             if (current() != u'"')
-                return refuse(QStringLiteral("expected a key in quotes"));
+                return refuse(FindingText::tr("expected a key in quotes"));
             if (!parseText(member.key))
                 return false;
             skipBlanks();
             if (!take(u':'))
-                return refuse(QStringLiteral("expected ':'"));
+                return refuse(FindingText::tr("expected ':'"));
             skipBlanks();
             if (!parseValue(member.value, depth + 1))
                 return false;
             skipBlanks();
         } while (take(u','));
         if (!take(u'}'))
-            return refuse(QStringLiteral("expected ',' or '}'"));
+            return refuse(FindingText::tr("expected ',' or '}'"));
     }
     if (const QString *key = repeatedKey(object))
-        return refuseAt(start, QStringLiteral("the object has the key \"%1\" twice").arg(*key));
+        return refuseAt(start, FindingText::tr("the object has the key \"%1\" twice").arg(*key));
     object.shrink_to_fit();
     value = JsonValue(std::move(object));
     return true;
@@ -139,7 +141,7 @@ bool JsonParser::parseNumber(JsonValue &value)
 {
     const qsizetype start = m_position;
     const auto refuseNumber = [this, start] {
-        return refuseAt(start, QStringLiteral("expected a value"));
+        return refuseAt(start, FindingText::tr("expected a value"));
     };
     take(u'-');
     if (!take(u'0') && !skipDigits())
@@ -169,12 +171,12 @@ bool JsonParser::parseText(QString &text)
         if (take(u'"'))
             break;
         if (!take(u'\\'))
-            return refuse(QStringLiteral("expected '\"' at the end of the text"));
+            return refuse(FindingText::tr("expected '\"' at the end of the text"));
         if (!parseEscape(text))
             return false;
     }
     if (!text.isValidUtf16())
-        return refuse(QStringLiteral("the text has half of a surrogate pair"));
+        return refuse(FindingText::tr("the text has half of a surrogate pair"));
     return true;
 }
 
@@ -188,7 +190,7 @@ bool JsonParser::parseEscape(QString &text)
             return true;
         }
     }
-    return refuse(QStringLiteral("unknown escape"));
+    return refuse(FindingText::tr("unknown escape"));
 }
 
 bool JsonParser::parseCodeUnit(QString &text)
@@ -199,7 +201,7 @@ bool JsonParser::parseCodeUnit(QString &text)
         const bool isDigit = c >= u'0' && c <= u'9';
         const char16_t letter = c | 0x20;
         if (!isDigit && (letter < u'a' || letter > u'f'))
-            return refuse(QStringLiteral("expected four hexadecimal digits"));
+            return refuse(FindingText::tr("expected four hexadecimal digits"));
         unit = char16_t(unit * 16 + (isDigit ? c - u'0' : letter - u'a' + 10));
         ++m_position;
     }
@@ -210,7 +212,7 @@ bool JsonParser::parseCodeUnit(QString &text)
 bool JsonParser::parseWord(QLatin1StringView word)
 {
     if (!m_text.sliced(m_position).startsWith(word))
-        return refuse(QStringLiteral("expected a value"));
+        return refuse(FindingText::tr("expected a value"));
     m_position += word.size();
     return true;
 }
@@ -247,7 +249,7 @@ bool JsonParser::refuseAt(qsizetype position, const QString &reason)
 {
     const QStringView before = m_text.first(position);
     const qsizetype lineStart = before.lastIndexOf(u'\n') + 1;
-    m_error = QStringLiteral("line %1, column %2: %3")
+    m_error = FindingText::tr("line %1, column %2: %3")
                   .arg(before.count(u'\n') + 1)
                   .arg(position - lineStart + 1)
                   .arg(reason);

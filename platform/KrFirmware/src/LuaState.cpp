@@ -1,5 +1,6 @@
 #include "LuaState.h"
 
+#include "FindingText.h"
 #include "FunctionCall.h"
 #include "LuaLibrary.h"
 #include "LuaQuestion.h"
@@ -35,9 +36,9 @@ QString reasonOf(lua_State *state)
     if (const QString *text = std::get_if<QString>(&value))
         return readable(*text);
     if (const FunctionValueType *type = std::get_if<FunctionValueType>(&value))
-        return QStringLiteral("an error without a text (a %1)").arg(QLatin1StringView(type->name));
+        return FindingText::tr("an error without a text (a %1)").arg(QLatin1StringView(type->name));
     const QString shown = LuaValue::toVariant(value).toString();
-    return shown.isEmpty() ? QStringLiteral("an error without a text") : shown;
+    return shown.isEmpty() ? FindingText::tr("an error without a text") : shown;
 }
 
 struct Chunk {
@@ -127,9 +128,9 @@ QString LuaState::compile(const QByteArray &text, int &place)
     }
     QString reason = reasonOf(m_state.get());
     if (status == LUA_ERRMEM)
-        reason = QStringLiteral("the functions need too much memory");
+        reason = FindingText::tr("the functions need too much memory");
     else if (reason.endsWith(TooDeep))
-        reason = QStringLiteral("the function is nested too deeply");
+        reason = FindingText::tr("the function is nested too deeply");
     lua_settop(m_state.get(), 0);
     return reason;
 }
@@ -172,17 +173,17 @@ void LuaState::call(int place, const FunctionCall &call, FunctionOutcome &outcom
 void LuaState::fail(int status, const FunctionCall &call, FunctionOutcome &outcome)
 {
     if (m_context.budget().isSpent()) {
-        m_context.giveUp(QStringLiteral("the budget of %1 instructions is spent")
+        m_context.giveUp(FindingText::tr("the budget of %1 instructions is spent")
                              .arg(FunctionBudget::Instructions));
     } else if (status == LUA_ERRMEM) {
         m_context.giveUp(
-            QStringLiteral("more than %1 bytes of memory, or %2 in one piece, are needed")
+            FindingText::tr("more than %1 bytes of memory, or %2 in one piece, are needed")
                 .arg(LuaHeap::MostBytes)
                 .arg(LuaHeap::MostBlockBytes));
     } else if (!m_context.isStopped()) {
         const QString reason = reasonOf(m_state.get());
         if (status == LUA_ERRERR || reason.endsWith(TooDeep))
-            m_context.stop(QStringLiteral("the functions are nested too deeply"));
+            m_context.stop(FindingText::tr("the functions are nested too deeply"));
         else
             outcome.reason = reason;
     }
@@ -197,8 +198,8 @@ void LuaState::refuse(FunctionOutcome &outcome)
     if (!m_context.takeChangeReport())
         return;
     outcome.end = FunctionOutcome::eEnd::Failed;
-    outcome.reason = QStringLiteral("the functions that follow from one change need more than %1 "
-                                    "instructions; the rest of them is not run")
+    outcome.reason = FindingText::tr("the functions that follow from one change need more than %1 "
+                                     "instructions; the rest of them is not run")
                          .arg(ChangeBudget::Instructions);
 }
 

@@ -1,6 +1,7 @@
 #include "NativeTextReader.h"
 
 #include "Decimal.h"
+#include "FindingText.h"
 #include "Integer.h"
 #include "RealText.h"
 #include "ValueCheck.h"
@@ -23,7 +24,7 @@ std::optional<Integer> wholeNumber(const QString &text)
 
 QString rangeText(const SimpleType &type)
 {
-    return QStringLiteral("expected a whole number from %1 to %2")
+    return FindingText::tr("expected a whole number from %1 to %2")
         .arg(Integer::lowest(type).toText(), Integer::highest(type).toText());
 }
 
@@ -38,7 +39,7 @@ QString integerText(const JsonValue &value, const SimpleType &type, const Descri
     }
     if (number && !whole->isExactInDouble()) {
         reader.findings().refuse(value,
-            QStringLiteral(
+            FindingText::tr(
                 "a double does not hold this number exactly; write it as the text \"%1\"")
                 .arg(whole->toText()));
         return {};
@@ -53,7 +54,7 @@ QString realText(const JsonValue &value, const SimpleType &type, const Descripti
     if (ValueCheck::result(text, type, {}) == eCheckResult::Acceptable)
         return text;
     reader.findings().refuse(
-        value, QStringLiteral("expected a number of the data type %1").arg(type.shortName()));
+        value, FindingText::tr("expected a number of the data type %1").arg(type.shortName()));
     return {};
 }
 
@@ -63,8 +64,8 @@ QString stringText(const JsonValue &value, const SimpleType &type, const Descrip
     if (ValueCheck::result(text, type, {}) == eCheckResult::Acceptable)
         return text;
     const QString expected = type.kind() == SimpleType::ByteString
-        ? QStringLiteral("expected pairs of hexadecimal digits for at most %1 bytes")
-        : QStringLiteral("expected at most %1 Latin-1 characters");
+        ? FindingText::tr("expected pairs of hexadecimal digits for at most %1 bytes")
+        : FindingText::tr("expected at most %1 Latin-1 characters");
     reader.findings().refuse(value, expected.arg(type.sizeInBytes()));
     return {};
 }
@@ -79,7 +80,7 @@ QString NativeTextReader::read(
     if (isString)
         return stringText(value, type, reader);
     if (!value.toNumber() && !value.toText()) {
-        reader.findings().refuse(value, QStringLiteral("expected a number or a text"));
+        reader.findings().refuse(value, FindingText::tr("expected a number or a text"));
         return {};
     }
     return type.kind() == SimpleType::FloatingPoint ? realText(value, type, reader)

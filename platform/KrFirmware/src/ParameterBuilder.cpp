@@ -1,5 +1,7 @@
 #include "ParameterBuilder.h"
 
+#include "FindingText.h"
+
 #include <KrParameterDefinition/ParameterAddress.h>
 
 #include <QtCore/QSet>
@@ -87,7 +89,7 @@ void ParameterBuilder::readKind(
             !isSecond(*instances, QLatin1StringView("single"), QLatin1StringView("multi"));
         if (!content.isSingleInstance && origin == eParameterOrigin::Firmware)
             m_reader.findings().refuse(
-                *instances, QStringLiteral("expected \"single\" for a system parameter"));
+                *instances, FindingText::tr("expected \"single\" for a system parameter"));
     }
     if (const JsonValue *global = parameter.member(GlobalKey))
         content.isGlobal = m_reader.boolean(*global);
@@ -105,7 +107,7 @@ void ParameterBuilder::readAnchors(
     const auto isOfSystem = [](const QString &anchor) { return anchor.startsWith(u'S'); };
     if (std::any_of(content.anchors.cbegin(), content.anchors.cend(), isOfSystem))
         m_reader.findings().refuse(anchors,
-            QStringLiteral("an anchor that begins with \"S\" is for system parameters only"));
+            FindingText::tr("an anchor that begins with \"S\" is for system parameters only"));
 }
 
 void ParameterBuilder::readPlaces(
@@ -120,17 +122,17 @@ void ParameterBuilder::readPlaces(
         const ParameterCoordinate coordinate(m_reader.text(entry));
         if (!coordinate.isValid())
             m_reader.findings().refuse(entry,
-                QStringLiteral(
+                FindingText::tr(
                     "expected a coordinate: a letter from A to Z and one to three digits"));
         if (content.defaultCoordinates.contains(coordinate))
-            m_reader.findings().refuse(entry, QStringLiteral("is listed twice"));
+            m_reader.findings().refuse(entry, FindingText::tr("is listed twice"));
         if (m_reader.findings().hasError())
             return;
         content.defaultCoordinates.append(coordinate);
     }
     if (content.defaultCoordinates.isEmpty() && content.isSingleInstance)
         m_reader.findings().refuse(*coordinates,
-            QStringLiteral("expected at least one coordinate for a single-instance parameter"));
+            FindingText::tr("expected at least one coordinate for a single-instance parameter"));
 }
 
 void ParameterBuilder::readElements(Content &content, const JsonValue &parameter) const
@@ -143,8 +145,8 @@ void ParameterBuilder::readElements(Content &content, const JsonValue &parameter
     if (elements.empty() || qsizetype(elements.size()) > most) {
         m_reader.findings().refuse(*value,
             content.isRecord
-                ? QStringLiteral("expected 1 to %1 elements").arg(MostElements)
-                : QStringLiteral("expected exactly one element for a simple parameter"));
+                ? FindingText::tr("expected 1 to %1 elements").arg(MostElements)
+                : FindingText::tr("expected exactly one element for a simple parameter"));
         return;
     }
     if (!content.isRecord) {
@@ -153,7 +155,8 @@ void ParameterBuilder::readElements(Content &content, const JsonValue &parameter
     }
     for (const QLatin1StringView key : {ElementCountKey, DefaultsKey}) {
         if (const JsonValue *misplaced = parameter.member(key))
-            m_reader.findings().refuse(*misplaced, QStringLiteral("is for simple parameters only"));
+            m_reader.findings().refuse(
+                *misplaced, FindingText::tr("is for simple parameters only"));
     }
     readRecord(content, elements);
 }
@@ -178,7 +181,7 @@ void ParameterBuilder::readSimple(
     const JsonValue::List &list = m_reader.list(*defaults);
     if (list.size() > content.elementCount) {
         m_reader.findings().refuse(*defaults,
-            QStringLiteral("expected at most %1 defaults, as many as elements")
+            FindingText::tr("expected at most %1 defaults, as many as elements")
                 .arg(content.elementCount));
         return;
     }
@@ -196,7 +199,7 @@ void ParameterBuilder::readRecord(Content &content, const JsonValue::List &eleme
         if (numbers.contains(number)) {
             const JsonValue *written = element.member(NumberKey);
             m_reader.findings().refuse(written ? *written : element,
-                QStringLiteral("another element has the number %1").arg(number));
+                FindingText::tr("another element has the number %1").arg(number));
         }
         numbers.insert(number);
     }
@@ -226,7 +229,7 @@ ParameterText ParameterBuilder::name(const JsonValue &value) const
     for (const QString &language : text.languages()) {
         if (needsEscaping(text.shortText(language)) || needsEscaping(text.longText(language)))
             m_reader.findings().warn(
-                value, QStringLiteral("a name with '<', '>' or '&' may be taken for markup"));
+                value, FindingText::tr("a name with '<', '>' or '&' may be taken for markup"));
     }
     return text;
 }
@@ -239,6 +242,6 @@ bool ParameterBuilder::isSecond(
         return true;
     if (!text || *text != first)
         m_reader.findings().refuse(
-            value, QStringLiteral("expected \"%1\" or \"%2\"").arg(first, second));
+            value, FindingText::tr("expected \"%1\" or \"%2\"").arg(first, second));
     return false;
 }

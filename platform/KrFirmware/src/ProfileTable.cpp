@@ -1,5 +1,7 @@
 #include "ProfileTable.h"
 
+#include "FindingText.h"
+
 void ProfileTable::read(const JsonValue &profiles)
 {
     for (const JsonValue::Member &member : m_reader.object(profiles)) {
@@ -26,7 +28,7 @@ std::optional<size_t> ProfileTable::named(const ElementSource &source) const
     const auto found = m_positions.constFind(m_reader.text(*source.profile()));
     if (found == m_positions.cend()) {
         m_reader.findings().refuse(
-            *source.profile(), QStringLiteral("expected the name of a profile"));
+            *source.profile(), FindingText::tr("expected the name of a profile"));
         return std::nullopt;
     }
     return *found;
@@ -44,7 +46,7 @@ void ProfileTable::resolve(size_t position)
     }
     if (next && m_states[*next] == eState::Open) {
         m_reader.findings().refuse(*m_profiles[chain.back()].profile(),
-            QStringLiteral("a profile must not depend on itself"));
+            FindingText::tr("a profile must not depend on itself"));
         next.reset();
     }
 
