@@ -1,10 +1,9 @@
 #include "snapshot/SnapshotRecordBuilder.h"
 
-#include <KrFilter/Filter.h>
-#include <KrParameterInstance/ParameterInformation.h>
+#include "snapshot/SnapshotUnitReader.h"
 
-#include <QtCore/QHash>
-#include <QtCore/QPointer>
+#include <KrFilter/Filter.h>
+
 #include <QtCore/QVarLengthArray>
 
 #include <algorithm>
@@ -17,18 +16,6 @@ constexpr int UnitlessKind = 5;
 constexpr int MaskableWriteLevel = 6;
 /// Most parameters have no more elements; their drafts need no memory of their own.
 constexpr qsizetype FewElements = 4;
-
-/// Where a unit stands: the property, and the accessor that answers for the parameter's first living
-/// space.
-struct UnitPlace {
-    eParameterProperty property;
-    ParameterText (ParameterInformation::*unit)(quint16) const;
-};
-
-constexpr UnitPlace ScaledUnit {
-    eParameterProperty::ScaledMeasuringUnit, &ParameterInformation::scaledMeasuringUnit};
-constexpr UnitPlace NativeUnit {
-    eParameterProperty::NativeMeasuringUnit, &ParameterInformation::nativeMeasuringUnit};
 
 /// Equal texts share storage, here and with the container.
 void share(QString &text, const QString &other)
@@ -47,36 +34,17 @@ public:
     std::optional<SnapshotRecord> record();
 
 private:
-    /// A locator has no text here: it is asked for in every living space.
-    struct Unit {
-        QString text;
-        bool isLocator = false;
-    };
-
-    struct UnitPair {
-        Unit scaled;
-        Unit native;
-    };
-
     /// What an element answers for all living spaces at once.
     struct Element {
-        /// Of no meaning where one of the two is a locator.
-        SnapshotPool::Units units;
+        /// Nothing where each living space has its own.
+        std::optional<SnapshotPool::Units> units {SnapshotPool::Units()};
         quint32 readLevel = 0;
-        bool hasLocator = false;
         bool isMaskable = false;
         bool isAsked = false;
         bool isAccepted = false; ///< In the living space at hand.
         bool isRejected = false; ///< In some living space.
         bool isHeld = false;
     };
-
-    /// The answer of the parameter; an empty one once it is gone.
-    template <typename Question>
-    auto ask(Question question) const
-    {
-        return m_information ? question(*m_information) : decltype(question(*m_information)) {};
-    }
 
     bool isAccepted(eLivingSpace livingSpace, qsizetype position) const;
     void take(eLivingSpace livingSpace);
@@ -85,21 +53,15 @@ private:
     QString displayText(eLivingSpace livingSpace, quint16 number, const SnapshotValue &value,
         const Element &element) const;
     const Element &element(qsizetype position);
-    Unit unit(quint16 number, const UnitPlace &place) const;
-    void askUnits(Element &element, qsizetype position);
-    SnapshotPool::Units localUnits(eLivingSpace livingSpace, qsizetype position) const;
-    QString localUnit(eLivingSpace livingSpace, quint16 number, const UnitPlace &place) const;
-    QString accessorUnit(quint16 number, const UnitPlace &place) const;
     void dropUnheld();
     void finishLayout();
 
     SnapshotRecordBuilder &m_builder;
-    QPointer<ParameterInformation> m_information;
+    GuardedInformation m_information;
+    SnapshotUnitReader m_units;
     bool m_isRecord;
     QList<eLivingSpace> m_livingSpaces;
     QVarLengthArray<Element, FewElements> m_elements;
-    /// By position; of elements with a locator.
-    QHash<qsizetype, UnitPair> m_locators;
     qsizetype m_rejectedCount = 0;
     /// The builder's, whose memory serves one parameter after the other.
     SnapshotLayout &m_layout;
@@ -112,6 +74,7 @@ SnapshotRecordBuilder::Draft::Draft(
     SnapshotRecordBuilder &builder, ParameterInformation *information)
     : m_builder(builder)
     , m_information(information)
+    , m_units(builder.m_pool, m_information)
     , m_isRecord(information->isRecordParameter())
     , m_livingSpaces(information->livingSpaces())
     , m_layout(builder.m_layout)
@@ -143,7 +106,8 @@ std::optional<SnapshotRecord> SnapshotRecordBuilder::Draft::record()
     finishLayout();
     m_values.squeeze();
     SnapshotRecord record;
-    record.m_name = m_information->name().longText();
+    record.m_name =
+        m_information.ask([](auto &information) { return information.name(); }).longText();
     record.m_elementNames = std::move(m_elementNames);
     record.m_layout = m_builder.m_pool.layout(m_layout);
     record.m_values = std::move(m_values);
@@ -155,7 +119,7 @@ bool SnapshotRecordBuilder::Draft::isAccepted(eLivingSpace livingSpace, qsizetyp
     if (!m_builder.m_filter)
         return true;
     const quint16 number = m_layout.positions.at(position);
-    return ask(
+    return m_information.ask(
         [&](auto &information) { return m_builder.isAccepted(information, livingSpace, number); });
 }
 
@@ -191,14 +155,14 @@ SnapshotValue SnapshotRecordBuilder::Draft::value(eLivingSpace livingSpace, qsiz
     const quint16 number = m_layout.positions.at(position);
     const Element &known = element(position);
     SnapshotValue value;
-    value.native = ask(
+    value.native = m_information.ask(
         [&](auto &information) { return information.nativeValueText(livingSpace, number, false); });
-    value.undecorated =
-        ask([&](auto &information) { return information.valueText(livingSpace, number, false); });
+    value.undecorated = m_information.ask(
+        [&](auto &information) { return information.valueText(livingSpace, number, false); });
     value.display = displayText(livingSpace, number, value, known);
     share(value.undecorated, value.native);
     share(value.display, value.undecorated);
-    value.units = known.hasLocator ? localUnits(livingSpace, position) : known.units;
+    value.units = known.units ? *known.units : m_units.in(livingSpace, number);
     return value;
 }
 
@@ -207,7 +171,7 @@ SnapshotValue SnapshotRecordBuilder::Draft::value(eLivingSpace livingSpace, qsiz
 QString SnapshotRecordBuilder::Draft::displayText(eLivingSpace livingSpace, quint16 number,
     const SnapshotValue &value, const Element &element) const
 {
-    return ask([&](auto &information) {
+    return m_information.ask([&](auto &information) {
         return element.isMaskable
             ? information.displayValueText(livingSpace, number, false)
             : information.prepareValueText(value.undecorated, livingSpace, number, false, nullptr);
@@ -222,72 +186,20 @@ const SnapshotRecordBuilder::Draft::Element &SnapshotRecordBuilder::Draft::eleme
         return element;
     element.isAsked = true;
     const quint16 number = m_layout.positions.at(position);
-    element.isMaskable = ask([&](auto &information) { return information.writeLevel(number); })
-        >= MaskableWriteLevel;
-    element.readLevel = ask([&](auto &information) { return information.readLevel(number); });
-    if (ask([&](auto &information) { return information.kind(number); }) != UnitlessKind)
-        askUnits(element, position);
+    element.isMaskable = m_information.ask([&](auto &information) {
+        return information.writeLevel(number);
+    }) >= MaskableWriteLevel;
+    element.readLevel =
+        m_information.ask([&](auto &information) { return information.readLevel(number); });
+    if (m_information.ask([&](auto &information) { return information.kind(number); })
+        != UnitlessKind)
+        element.units = m_units.everywhere(number);
     if (m_isRecord) {
         m_elementNames[position] =
-            ask([&](auto &information) { return information.elementName(number); }).longText();
+            m_information.ask([&](auto &information) { return information.elementName(number); })
+                .longText();
     }
     return element;
-}
-
-void SnapshotRecordBuilder::Draft::askUnits(Element &element, qsizetype position)
-{
-    const quint16 number = m_layout.positions.at(position);
-    const UnitPair pair {unit(number, ScaledUnit), unit(number, NativeUnit)};
-    element.hasLocator = pair.scaled.isLocator || pair.native.isLocator;
-    if (element.hasLocator)
-        m_locators.insert(position, pair);
-    else
-        element.units = m_builder.m_pool.units(pair.scaled.text, pair.native.text);
-}
-
-/// Only a plain text can be a locator. Texts are the unit as they stand; the accessor knows, and
-/// reports, what else there may be.
-SnapshotRecordBuilder::Draft::Unit SnapshotRecordBuilder::Draft::unit(
-    quint16 number, const UnitPlace &place) const
-{
-    const ParameterProperty property =
-        ask([&](auto &information) { return information.elementProperty(number, place.property); });
-    const QVariant &value = property.asVariant();
-    if (value.metaType() == QMetaType::fromType<ParameterText>())
-        return {static_cast<const ParameterText *>(value.constData())->longText(), false};
-    if (value.metaType() != QMetaType::fromType<QString>())
-        return {accessorUnit(number, place), false};
-    const QString text = value.toString();
-    const bool isLocator = text.startsWith(QLatin1Char('<'));
-    return {isLocator ? QString() : text, isLocator};
-}
-
-SnapshotPool::Units SnapshotRecordBuilder::Draft::localUnits(
-    eLivingSpace livingSpace, qsizetype position) const
-{
-    const quint16 number = m_layout.positions.at(position);
-    const auto text = [&](const Unit &unit, const UnitPlace &place) {
-        return unit.isLocator ? localUnit(livingSpace, number, place) : unit.text;
-    };
-    const UnitPair pair = m_locators.value(position);
-    const QString scaled = text(pair.scaled, ScaledUnit);
-    return m_builder.m_pool.units(scaled, text(pair.native, NativeUnit));
-}
-
-QString SnapshotRecordBuilder::Draft::localUnit(
-    eLivingSpace livingSpace, quint16 number, const UnitPlace &place) const
-{
-    const ParameterText unit = ask([&](auto &information) {
-        return information.measuringUnit(place.property, livingSpace, number);
-    });
-    return unit.longText();
-}
-
-QString SnapshotRecordBuilder::Draft::accessorUnit(quint16 number, const UnitPlace &place) const
-{
-    const ParameterText unit =
-        ask([&](auto &information) { return (information.*place.unit)(number); });
-    return unit.longText();
 }
 
 /// A filter may leave one element of thousands: the others take no place.
