@@ -24,6 +24,13 @@ QSet<eLivingSpace> takenLivingSpaces(const ParameterContainer &container)
     return result.unite(QSet<eLivingSpace>(offered.cbegin(), offered.cend()));
 }
 
+SnapshotRecordBuilder::eMasking maskingOf(const ParameterContainer &container)
+{
+    return container.isOnline() || container.isReadOnly()
+        ? SnapshotRecordBuilder::eMasking::None
+        : SnapshotRecordBuilder::eMasking::ByWriteLevel;
+}
+
 } // namespace
 
 ParameterValueSnapshotPrivate::ParameterValueSnapshotPrivate(
@@ -71,7 +78,7 @@ void ParameterValueSnapshotPrivate::rebuild(const Filter *filter)
         if (!container)
             break;
         if (std::optional<SnapshotRecord> record =
-                builder.build(container->parameterInformation(coordinate)))
+                builder.build(container->parameterInformation(coordinate), maskingOf(*container)))
             built.emplace_hint(built.cend(), coordinate, std::move(*record));
     }
     if (self)

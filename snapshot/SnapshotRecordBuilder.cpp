@@ -29,7 +29,7 @@ void share(QString &text, const QString &other)
 /// The way of one parameter into its record.
 class SnapshotRecordBuilder::Draft {
 public:
-    Draft(SnapshotRecordBuilder &builder, ParameterInformation *information);
+    Draft(SnapshotRecordBuilder &builder, ParameterInformation *information, eMasking masking);
 
     std::optional<SnapshotRecord> record();
 
@@ -47,6 +47,7 @@ private:
     };
 
     bool isAccepted(eLivingSpace livingSpace, qsizetype position) const;
+    void sortPositions();
     void take(eLivingSpace livingSpace);
     void hold(eLivingSpace livingSpace);
     SnapshotValue value(eLivingSpace livingSpace, qsizetype position);
@@ -59,9 +60,12 @@ private:
     SnapshotRecordBuilder &m_builder;
     GuardedInformation m_information;
     SnapshotUnitReader m_units;
+    eMasking m_masking;
     bool m_isRecord;
     QList<eLivingSpace> m_livingSpaces;
     QVarLengthArray<Element, FewElements> m_elements;
+    /// Positions in the order of the parameter's element list; empty where that list is ascending.
+    QList<qsizetype> m_definedOrder;
     qsizetype m_rejectedCount = 0;
     /// The builder's, whose memory serves one parameter after the other.
     SnapshotLayout &m_layout;
@@ -71,10 +75,11 @@ private:
 };
 
 SnapshotRecordBuilder::Draft::Draft(
-    SnapshotRecordBuilder &builder, ParameterInformation *information)
+    SnapshotRecordBuilder &builder, ParameterInformation *information, eMasking masking)
     : m_builder(builder)
     , m_information(information)
     , m_units(builder.m_pool, m_information)
+    , m_masking(masking)
     , m_isRecord(information->isRecordParameter())
     , m_livingSpaces(information->livingSpaces())
     , m_layout(builder.m_layout)
@@ -87,13 +92,25 @@ SnapshotRecordBuilder::Draft::Draft(
     QList<quint16> &positions = m_layout.positions;
     positions = information->elementList();
     if (!std::is_sorted(positions.cbegin(), positions.cend()))
-        std::sort(positions.begin(), positions.end());
+        sortPositions();
     if (!std::is_sorted(m_livingSpaces.cbegin(), m_livingSpaces.cend()))
         std::sort(m_livingSpaces.begin(), m_livingSpaces.end());
     m_elements.resize(positions.size());
     m_values.reserve(positions.size() * m_livingSpaces.size());
     if (m_isRecord)
         m_elementNames.resize(positions.size());
+}
+
+void SnapshotRecordBuilder::Draft::sortPositions()
+{
+    QList<quint16> &positions = m_layout.positions;
+    const QList<quint16> defined = positions;
+    std::sort(positions.begin(), positions.end());
+    m_definedOrder.reserve(defined.size());
+    for (const quint16 number : defined) {
+        const auto found = std::lower_bound(positions.cbegin(), positions.cend(), number);
+        m_definedOrder.append(found - positions.cbegin());
+    }
 }
 
 std::optional<SnapshotRecord> SnapshotRecordBuilder::Draft::record()
@@ -124,14 +141,18 @@ bool SnapshotRecordBuilder::Draft::isAccepted(eLivingSpace livingSpace, qsizetyp
 }
 
 /// The values of a living space are asked for before it is clear that they are held: only the whole
-/// living space tells whether an element is left.
+/// living space tells whether an element is left. Elements are asked in the order in which they are
+/// defined, as a filter that counts would notice.
 void SnapshotRecordBuilder::Draft::take(eLivingSpace livingSpace)
 {
     const qsizetype begin = m_values.size();
-    for (qsizetype i = 0; i < m_elements.size(); ++i) {
+    m_values.resize(begin + m_elements.size());
+    for (qsizetype k = 0; k < m_elements.size(); ++k) {
+        const qsizetype i = m_definedOrder.isEmpty() ? k : m_definedOrder.at(k);
         const bool accepted = isAccepted(livingSpace, i);
         m_elements[i].isAccepted = accepted;
-        m_values.append(accepted ? value(livingSpace, i) : SnapshotValue());
+        if (accepted)
+            m_values[begin + i] = value(livingSpace, i);
         if (accepted || m_elements[i].isRejected)
             continue;
         m_elements[i].isRejected = true;
@@ -186,9 +207,10 @@ const SnapshotRecordBuilder::Draft::Element &SnapshotRecordBuilder::Draft::eleme
         return element;
     element.isAsked = true;
     const quint16 number = m_layout.positions.at(position);
-    element.isMaskable = m_information.ask([&](auto &information) {
-        return information.writeLevel(number);
-    }) >= MaskableWriteLevel;
+    // Not asked where it plays no part: the parameter reports a level that is missing.
+    element.isMaskable = m_masking == eMasking::ByWriteLevel
+        && m_information.ask([&](auto &information) { return information.writeLevel(number); })
+            >= MaskableWriteLevel;
     element.readLevel =
         m_information.ask([&](auto &information) { return information.readLevel(number); });
     if (m_information.ask([&](auto &information) { return information.kind(number); })
@@ -258,9 +280,10 @@ SnapshotRecordBuilder::SnapshotRecordBuilder(
 {
 }
 
-std::optional<SnapshotRecord> SnapshotRecordBuilder::build(ParameterInformation *information)
+std::optional<SnapshotRecord> SnapshotRecordBuilder::build(
+    ParameterInformation *information, eMasking masking)
 {
-    return information ? Draft(*this, information).record() : std::nullopt;
+    return information ? Draft(*this, information, masking).record() : std::nullopt;
 }
 
 bool SnapshotRecordBuilder::isAccepted(

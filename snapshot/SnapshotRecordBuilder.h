@@ -14,6 +14,9 @@ class ParameterInformation;
 /// Freezes one parameter after the other. Records that it made share what they have in common.
 class SnapshotRecordBuilder {
 public:
+    /// Whether the container hides values of a high write level, as it does while it is offline.
+    enum class eMasking { None, ByWriteLevel };
+
     /// Filter null: everything is accepted. **Owner** of the filter the caller.
     SnapshotRecordBuilder(const QSet<eLivingSpace> &livingSpaces, const Filter *filter);
 
@@ -22,7 +25,8 @@ public:
     ///
     /// An element that is rejected in one living space leaves the element list for good; the values
     /// of a living space are held only while that list is not empty.
-    std::optional<SnapshotRecord> build(ParameterInformation *information);
+    std::optional<SnapshotRecord> build(
+        ParameterInformation *information, eMasking masking = eMasking::ByWriteLevel);
 
 private:
     class Draft;

@@ -54,8 +54,8 @@ SnapshotUnitReader::Unit SnapshotUnitReader::unit(quint16 element, const Place &
 
 QString SnapshotUnitReader::accessorUnit(quint16 element, const Place &place) const
 {
-    const ParameterText unit = m_information.ask(
-        [&](auto &information) { return (information.*place.unit)(element); });
+    const ParameterText unit =
+        m_information.ask([&](auto &information) { return (information.*place.unit)(element); });
     return unit.longText();
 }
 

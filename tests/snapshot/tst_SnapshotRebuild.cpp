@@ -1,6 +1,7 @@
 #include <KrParameterInstance/ParameterValueSnapshot.h>
 
 #include "tests/snapshot/SnapshotFixture.h"
+#include "tests/support/MessageRecorder.h"
 
 #include <KrFilter/Filter.h>
 #include <KrFilter/FilterElement.h>
@@ -23,6 +24,8 @@ private Q_SLOTS:
     void filterIsAskedInOrder();
     void filterThrows();
     void filterTakesEverything();
+    void missingWriteLevelIsReportedOffline();
+    void missingWriteLevelIsNoMatterOnline();
 };
 
 namespace {
@@ -178,6 +181,35 @@ void tst_SnapshotRebuild::filterTakesEverything()
     snapshot.apply(filter);
     QCOMPARE(sizeWithin, 2);
     QCOMPARE(snapshot.parameterList(), QList<ParameterCoordinate>());
+}
+
+/// As displaying the value does.
+void tst_SnapshotRebuild::missingWriteLevelIsReportedOffline()
+{
+    MessageRecorder messages;
+    SnapshotFixture fixture;
+    fixture.add(SnapshotFixture::parameter("A01", "Speed")
+                    .global()
+                    .without(eParameterProperty::WriteLevel));
+    messages.expect(MessageRecorder::eSeverity::Warning, QStringLiteral("CoordinateInstanceSet"),
+        QStringLiteral("missing property \"writeLevel\" at parameter A01\""));
+    ParameterValueSnapshot snapshot(fixture.container.get());
+    snapshot.applyNoFilter();
+    QCOMPARE(snapshot.parameterList(), QList {at("A01")});
+    QVERIFY(messages.verify());
+}
+
+void tst_SnapshotRebuild::missingWriteLevelIsNoMatterOnline()
+{
+    const MessageRecorder messages;
+    SnapshotFixture fixture;
+    fixture.add(SnapshotFixture::parameter("A01", "Speed")
+                    .global()
+                    .without(eParameterProperty::WriteLevel));
+    fixture.container->setOnline(true);
+    ParameterValueSnapshot snapshot(fixture.container.get());
+    snapshot.applyNoFilter();
+    QCOMPARE(snapshot.parameterList(), QList {at("A01")});
 }
 
 QTEST_GUILESS_MAIN(tst_SnapshotRebuild)

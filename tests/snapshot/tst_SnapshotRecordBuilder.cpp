@@ -37,6 +37,8 @@ private Q_SLOTS:
     void namesOfElementsThatAreNotHeld();
     void elementsThatAreNotHeldTakeNoPlace();
     void filterSeesEveryPlaceOnce();
+    void filterSeesElementsAsDefined();
+    void firstElementThatAFilterSees();
 
     void namesAndUnitsAreAskedOnce();
     void displayTextIsAskedForWhereItMayBeMasked_data();
@@ -47,6 +49,8 @@ private Q_SLOTS:
 };
 
 namespace {
+
+using eMasking = SnapshotRecordBuilder::eMasking;
 
 constexpr eLivingSpace Global = eLivingSpace::Global;
 constexpr eLivingSpace Axis1 = eLivingSpace::Axis1;
@@ -378,6 +382,46 @@ void tst_SnapshotRecordBuilder::filterSeesEveryPlaceOnce()
         filter.asked, (QStringList {Axis1Element0, Axis1Element1, Axis2Element0, Axis2Element1}));
 }
 
+void tst_SnapshotRecordBuilder::filterSeesElementsAsDefined()
+{
+    FakeParameterInformation information(QStringLiteral("A12"));
+    information.isRecord = true;
+    information.elements = {2, 0, 5};
+    information.spaces = {Axis1, Axis2};
+    const AddressFilter filter({});
+    frozen(information, &filter);
+    QCOMPARE(filter.asked,
+        (QStringList {QStringLiteral("1.A012[00002]"), QStringLiteral("1.A012[00000]"),
+            QStringLiteral("1.A012[00005]"), QStringLiteral("2.A012[00002]"),
+            QStringLiteral("2.A012[00000]"), QStringLiteral("2.A012[00005]")}));
+}
+
+/// Values stand with their elements, in whichever order these are defined.
+void tst_SnapshotRecordBuilder::firstElementThatAFilterSees()
+{
+    class FirstElementFilter final : public Filter {
+    public:
+        bool testElement(const FilterElement &) const override { return m_count++ == 0; }
+
+    private:
+        mutable int m_count = 0;
+    };
+    FakeParameterInformation information(QStringLiteral("A12"));
+    information.isRecord = true;
+    information.elements = {2, 0, 5};
+    information.elementNames = {{0, QStringLiteral("Zero")}, {2, QStringLiteral("Two")}};
+    information.spaces = {Axis1};
+    information.setValue(Axis1, 0, QStringLiteral("of 0"));
+    information.setValue(Axis1, 2, QStringLiteral("of 2"));
+    const FirstElementFilter filter;
+    const auto record = frozen(information, &filter);
+    QVERIFY(record);
+    QCOMPARE(record->layout().elements, QList<quint16> {2});
+    QCOMPARE(record->value(Axis1, 2).display, QStringLiteral("of 2"));
+    QCOMPARE(record->value(Axis1, 0).display, QString());
+    QCOMPARE(record->elementName(2), QStringLiteral("Two"));
+}
+
 void tst_SnapshotRecordBuilder::namesAndUnitsAreAskedOnce()
 {
     const auto information = twoByTwo();
@@ -395,17 +439,24 @@ void tst_SnapshotRecordBuilder::namesAndUnitsAreAskedOnce()
 void tst_SnapshotRecordBuilder::displayTextIsAskedForWhereItMayBeMasked_data()
 {
     QTest::addColumn<int>("writeLevel");
+    QTest::addColumn<eMasking>("masking");
     QTest::addColumn<QString>("display");
     QTest::addColumn<int>("displayCount");
-    QTest::newRow("level 5: from the value text") << 5 << QStringLiteral("prepared") << 0;
-    QTest::newRow("level 6: the masked text") << 6 << QStringLiteral("<offline>") << 1;
-    QTest::newRow("level 7: the masked text") << 7 << QStringLiteral("<offline>") << 1;
-    QTest::newRow("no level") << -1 << QStringLiteral("prepared") << 0;
+    const QString prepared = QStringLiteral("prepared");
+    const QString masked = QStringLiteral("<offline>");
+    constexpr eMasking ByLevel = eMasking::ByWriteLevel;
+    QTest::newRow("level 5: from the value text") << 5 << ByLevel << prepared << 0;
+    QTest::newRow("level 6: the masked text") << 6 << ByLevel << masked << 1;
+    QTest::newRow("level 7: the masked text") << 7 << ByLevel << masked << 1;
+    QTest::newRow("no level") << -1 << ByLevel << prepared << 0;
+    QTest::newRow("online, level 5: from the value text") << 5 << eMasking::None << prepared << 0;
+    QTest::newRow("online, level 6: from the value text") << 6 << eMasking::None << prepared << 0;
 }
 
 void tst_SnapshotRecordBuilder::displayTextIsAskedForWhereItMayBeMasked()
 {
     QFETCH(int, writeLevel);
+    QFETCH(eMasking, masking);
     QFETCH(QString, display);
     QFETCH(int, displayCount);
     FakeParameterInformation information(QStringLiteral("A00"));
@@ -414,7 +465,8 @@ void tst_SnapshotRecordBuilder::displayTextIsAskedForWhereItMayBeMasked()
     information.preparedTexts[{eLivingSpace::Global, 0}] = {
         {QStringLiteral("1.5"), QStringLiteral("prepared")}};
     information.writeLevels = {{0, writeLevel}};
-    const auto record = frozen(information);
+    SnapshotRecordBuilder builder(AllSpaces, nullptr);
+    const auto record = builder.build(&information, masking);
     QVERIFY(record);
     QCOMPARE(record->value(Global, 0).display, display);
     QCOMPARE(information.displayCount, displayCount);
