@@ -91,6 +91,26 @@ private:
     BenchmarkDevice m_device;
 };
 
+/// Every value of a device changed that has one axis: each parameter has one row.
+class OneRowChanges final : public Changes {
+public:
+    explicit OneRowChanges(int rows)
+        : m_device(rows)
+    {
+        prepare(m_device.firmware());
+        for (int i = 0; i < rows; ++i)
+            container.createOrUpdateParameter(m_device.definitions().at(i),
+                m_device.locatorTexts().at(qsizetype(i) * BenchmarkDevice::AxisCount));
+        before.applyNoFilter();
+        for (const ParameterCoordinate &coordinate : m_device.coordinates())
+            container.writeValueNative(eLivingSpace::Axis1, coordinate, 0, QStringLiteral("1300"));
+        after.applyNoFilter();
+    }
+
+private:
+    BenchmarkDevice m_device;
+};
+
 /// Every second element of one record changed; the rows of the others are hidden.
 class RecordChanges final : public Changes {
 public:
@@ -436,6 +456,8 @@ int main(int argc, char **argv)
     for (const int size : {WidgetRows / 4, WidgetRows})
         addUpdate("widget-update", size, changesOf<ManyChanges>, eNames::Frozen);
     addUpdate("widget-connected", WidgetRows, changesOf<ManyChanges>, eNames::Connected);
+    addUpdate("widget-one-row", WidgetRows, changesOf<OneRowChanges>, eNames::Connected);
+    addUpdate("widget-one-row-frozen", WidgetRows, changesOf<OneRowChanges>, eNames::Frozen);
     addUpdate("widget-record", WidgetRows, changesOf<RecordChanges>, eNames::Connected);
     add("widget-html/limit", ReportRows, htmlLimit);
     add("widget-html/library", ReportRows, htmlReport);
@@ -446,6 +468,6 @@ int main(int argc, char **argv)
     add("open-device/limit", OpenedParameters, openLimit);
     add("open-device/desk", OpenedParameters, openDevice);
     return runPairs(argc, argv, 0,
-        {{"widget-update", 1.3}, {"widget-connected", 1.3}, {"widget-record", 1.3},
-            {"widget-html", 2.5}});
+        {{"widget-update", 1.3}, {"widget-connected", 1.3}, {"widget-one-row", 1.3},
+            {"widget-one-row-frozen", 1.3}, {"widget-record", 1.3}, {"widget-html", 2.5}});
 }

@@ -1,5 +1,6 @@
 #include "snapshot/ParameterValueSnapshotWidgetPrivate.h"
 
+#include "snapshot/SnapshotItem.h"
 #include "snapshot/SnapshotRowComparison.h"
 #include "snapshot/SnapshotRowModel.h"
 
@@ -79,7 +80,6 @@ bool ParameterValueSnapshotWidgetPrivate::refill(const FillingProgress::Advance 
 {
     clear();
     coordinateItems.clear();
-    shownTable.reset();
     shownCoordinates.clear();
     if (snapshots.isEmpty())
         return true;
@@ -94,7 +94,6 @@ bool ParameterValueSnapshotWidgetPrivate::refill(const FillingProgress::Advance 
     if (progress.isEnded())
         return false;
     shownCoordinates = coordinates;
-    shownTable = table;
     return true;
 }
 
@@ -105,8 +104,7 @@ bool ParameterValueSnapshotWidgetPrivate::isEmpty() const
 
 QString ParameterValueSnapshotWidgetPrivate::document(SnapshotHtmlReport::eForm form) const
 {
-    const QList<SnapshotRow> rows = shownTable ? shownTable->rows : QList<SnapshotRow>();
-    return SnapshotHtmlReport::document(htmlHeader, shownTitles(), rows, form);
+    return SnapshotHtmlReport::document(htmlHeader, shownTitles(), shownRows(), form);
 }
 
 void ParameterValueSnapshotWidgetPrivate::changeEvent(QEvent *event)
@@ -189,6 +187,18 @@ QStringList ParameterValueSnapshotWidgetPrivate::shownTitles() const
     QStringList result;
     for (int column = 0; column < columnCount(); ++column)
         result.append(headerItem()->text(column));
+    return result;
+}
+
+/// As the tree shows them, whoever sorted it or hid some of them.
+QList<SnapshotRow> ParameterValueSnapshotWidgetPrivate::shownRows() const
+{
+    QList<SnapshotRow> result;
+    result.reserve(topLevelItemCount());
+    for (int i = 0; i < topLevelItemCount(); ++i) {
+        if (const auto *item = dynamic_cast<const SnapshotItem *>(topLevelItem(i)))
+            result.append(item->shownRow());
+    }
     return result;
 }
 

@@ -49,6 +49,7 @@ private:
     QPushButton *appendButton();
     void retranslate();
     QStringList shownTitles() const;
+    QList<SnapshotRow> shownRows() const;
     QList<ParameterValueSnapshot *> livingSnapshots() const;
 
     QString htmlHeader;
@@ -56,8 +57,7 @@ private:
     /// In the order of the titles. **Owner** the host; null where it deleted one.
     QList<QPointer<ParameterValueSnapshot>> snapshots;
     QList<ParameterCoordinate> shownCoordinates;
-    /// What the tree shows. Null until the first filling, and where it was ended.
-    std::shared_ptr<const SnapshotTable> shownTable;
+    /// What the tree shows.
     CoordinateItems coordinateItems;
     /// One for each title.
     QList<QPushButton *> columnButtons;

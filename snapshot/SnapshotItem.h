@@ -18,13 +18,13 @@ public:
     eLivingSpace livingSpace() const { return m_row->livingSpace; }
     ParameterCoordinate coordinate() const { return m_row->coordinate; }
     QVariant data(int column, int role) const override;
+    /// The row with what became of it in the tree: what is hidden there, and what stands below it.
+    SnapshotRow shownRow() const;
 
 protected:
     const SnapshotRow &row() const { return *m_row; }
 
 private:
-    QVariant cellData(const SnapshotCell &cell, int role) const;
-
     std::shared_ptr<const SnapshotRow> m_row;
 };
 
@@ -32,6 +32,9 @@ private:
 class CoordinateItem : public SnapshotItem {
 public:
     using SnapshotItem::SnapshotItem;
+
+    /// With the items below it. **Owner** the caller.
+    CoordinateItem *clone() const override;
 };
 
 /// An element of a record, below its CoordinateItem.
@@ -39,5 +42,7 @@ class ElementTreeWidgetItem : public SnapshotItem {
 public:
     using SnapshotItem::SnapshotItem;
 
+    /// **Owner** the caller.
+    ElementTreeWidgetItem *clone() const override { return new ElementTreeWidgetItem(*this); }
     quint16 element() const { return row().element; }
 };

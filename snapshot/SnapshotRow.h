@@ -11,16 +11,21 @@
 
 /// What a row shows of one snapshot. Texts are put together with their units where they are shown.
 struct SnapshotCell {
-    /// The snapshot has it and the user may read it.
-    bool hasValue() const { return !isMissing && value != &SnapshotValue::none(); }
+    enum class eState {
+        Unreadable, ///< The user may not read it. The value is the empty one.
+        Missing, ///< The snapshot lacks the value; the display text says so.
+        Held, ///< Also where the value is empty.
+    };
+
+    bool isMissing() const { return state == eState::Missing; }
+    bool isHeld() const { return state == eState::Held; }
     QString text() const { return value->displayWithUnit(); }
     /// The value text with unit; rows are compared by it.
     QString undecorated() const { return value->undecoratedWithUnit(); }
 
-    /// The empty value where the user may not read it. **Owner** what the SnapshotTable of the row holds.
+    /// **Owner** what the SnapshotTable of the row holds.
     const SnapshotValue *value = &SnapshotValue::none();
-    /// The snapshot lacks the value; the display text says so.
-    bool isMissing = false;
+    eState state = eState::Unreadable;
 };
 
 /// One line of the comparison: a parameter in one living space, or one element of a record below

@@ -76,17 +76,19 @@ int textOrder(quint16 element)
     return order;
 }
 
-/// As their texts are ordered, which is how a tree sorts their titles.
-template <typename T>
-void sortByText(QList<T> &list)
+/// Positions in the list, ascending by the text of what stands there, which is how a tree sorts titles.
+template <typename List, typename Key>
+std::vector<qsizetype> textOrdered(const List &list, Key key)
 {
-    std::vector<std::pair<int, T>> entries;
+    std::vector<std::pair<int, qsizetype>> entries;
     entries.reserve(static_cast<size_t>(list.size()));
-    for (const T &each : std::as_const(list))
-        entries.emplace_back(textOrder(each), each);
+    for (qsizetype i = 0; i < list.size(); ++i)
+        entries.emplace_back(textOrder(key(list.at(i))), i);
     std::sort(entries.begin(), entries.end());
-    std::transform(entries.cbegin(), entries.cend(), list.begin(),
+    std::vector<qsizetype> result(entries.size());
+    std::transform(entries.cbegin(), entries.cend(), result.begin(),
         [](const auto &entry) { return entry.second; });
+    return result;
 }
 
 std::shared_ptr<const SnapshotValue> missingValue()
@@ -120,6 +122,29 @@ QList<ParameterCoordinate> differentCoordinates(
 }
 
 } // namespace
+
+/// Finds the records of ascending coordinates, most of which are neighbours.
+class SnapshotRowModel::RecordWalk {
+public:
+    explicit RecordWalk(const SnapshotRecords &records)
+        : m_records(records)
+        , m_next(records.cbegin())
+    {
+    }
+
+    /// Null where there is none.
+    const SnapshotRecord *find(const ParameterCoordinate &coordinate)
+    {
+        if (m_next != m_records.cend() && m_next.key() < coordinate)
+            m_next = m_records.lowerBound(coordinate);
+        const bool isThere = m_next != m_records.cend() && m_next.key() == coordinate;
+        return isThere ? &*m_next++ : nullptr;
+    }
+
+private:
+    const SnapshotRecords &m_records;
+    SnapshotRecords::const_iterator m_next;
+};
 
 SnapshotRowModel::SnapshotRowModel(
     const QList<ParameterValueSnapshot *> &snapshots, quint32 accessLevel)
@@ -155,24 +180,35 @@ SnapshotTable SnapshotRowModel::table(const QList<ParameterCoordinate> &coordina
 
 /// Ascending by title: the coordinates are, and a blank stands before every digit.
 SnapshotTable SnapshotRowModel::table(
-    QList<ParameterCoordinate> coordinates, FillingProgress &progress) const
+    const QList<ParameterCoordinate> &coordinates, FillingProgress &progress) const
 {
-    sortByText(coordinates);
-    QList<Parameter> parameters;
-    parameters.reserve(coordinates.size());
+    const QList<Parameter> found = parameters(coordinates);
     RowNumbers numbers;
-    for (const ParameterCoordinate &coordinate : std::as_const(coordinates)) {
-        parameters.append(parameter(coordinate));
-        for (const eLivingSpace livingSpace : std::as_const(parameters.last().livingSpaces))
+    for (const Parameter &parameter : found) {
+        for (const eLivingSpace livingSpace : parameter.livingSpaces)
             ++numbers[livingSpace];
     }
     const qsizetype count = toFirstRows(numbers);
     SnapshotTable result {QList<SnapshotRow>(count), m_records, m_missing};
-    for (qsizetype i = 0; i < parameters.size(); ++i) {
-        if (!progress.advance(FillingProgress::MakingRows, i, parameters.size()))
+    qsizetype done = 0;
+    for (const qsizetype i :
+        textOrdered(found, [](const Parameter &parameter) { return parameter.coordinate; })) {
+        if (!progress.advance(FillingProgress::MakingRows, done++, found.size()))
             return {};
-        fillRows(result.rows, numbers, parameters.at(i));
+        fillRows(result.rows, numbers, found.at(i));
     }
+    return result;
+}
+
+QList<SnapshotRowModel::Parameter> SnapshotRowModel::parameters(
+    QList<ParameterCoordinate> coordinates) const
+{
+    std::sort(coordinates.begin(), coordinates.end());
+    QList<RecordWalk> walks(m_records.cbegin(), m_records.cend());
+    QList<Parameter> result;
+    result.reserve(coordinates.size());
+    for (const ParameterCoordinate &coordinate : std::as_const(coordinates))
+        result.append(parameter(coordinate, walks));
     return result;
 }
 
@@ -184,19 +220,19 @@ qsizetype SnapshotRowModel::toFirstRows(RowNumbers &numbers)
     return count;
 }
 
-SnapshotRowModel::Parameter SnapshotRowModel::parameter(const ParameterCoordinate &coordinate) const
+SnapshotRowModel::Parameter SnapshotRowModel::parameter(
+    const ParameterCoordinate &coordinate, QList<RecordWalk> &walks) const
 {
-    Parameter result {
-        coordinate, connectedInformation(m_snapshots.value(0), coordinate), {}, {}, {}};
-    for (const SnapshotRecords &records : m_records) {
-        const auto found = records.constFind(coordinate);
-        const SnapshotRecord *record = found == records.cend() ? nullptr : &*found;
+    Parameter result {coordinate, {}, {}, {}, {}};
+    for (RecordWalk &walk : walks) {
+        const SnapshotRecord *record = walk.find(coordinate);
         result.holdings.append({record});
         if (!record)
             continue;
         result.livingSpaces = united(result.livingSpaces, record->layout().livingSpaces);
         result.elements = united(result.elements, record->layout().elements);
     }
+    result.name = parameterName(result);
     return result;
 }
 
@@ -204,8 +240,8 @@ void SnapshotRowModel::fillRows(
     QList<SnapshotRow> &rows, RowNumbers &numbers, const Parameter &parameter) const
 {
     const QString place = parameter.coordinate.toText();
-    const QString name = parameterName(parameter);
-    const QString title = name.isEmpty() ? place : place % QLatin1Char(' ') % name;
+    const QString title =
+        parameter.name.isEmpty() ? place : place % QLatin1Char(' ') % parameter.name;
     for (const eLivingSpace livingSpace : parameter.livingSpaces) {
         SnapshotRow &row = rows[numbers[livingSpace]++];
         row.livingSpace = livingSpace;
@@ -223,18 +259,19 @@ void SnapshotRowModel::fillRows(
 QList<SnapshotRow> SnapshotRowModel::elementRows(
     const Parameter &parameter, eLivingSpace livingSpace, const QString &place) const
 {
-    QList<quint16> elements = parameter.elements;
-    sortByText(elements);
+    const QList<quint16> &elements = parameter.elements;
+    const QStringList names = elementNames(parameter, elements);
     QList<SnapshotRow> result;
     result.reserve(elements.size());
-    for (const quint16 element : std::as_const(elements)) {
+    for (const qsizetype i : textOrdered(elements, [](quint16 element) { return element; })) {
+        const quint16 element = elements.at(i);
         SnapshotRow &row = result.emplaceBack();
         row.livingSpace = livingSpace;
         row.coordinate = parameter.coordinate;
         row.element = element;
         // Deliberate: an element without name keeps the blank in front of it, a parameter does not.
-        row.title = place % QLatin1Char('[') % QString::number(element) % QLatin1String("] ")
-            % elementName(parameter, element);
+        row.title =
+            place % QLatin1Char('[') % QString::number(element) % QLatin1String("] ") % names.at(i);
         for (const Holding &holding : parameter.holdings)
             row.cells.append(elementCell(holding, livingSpace, element));
     }
@@ -255,9 +292,8 @@ SnapshotCell SnapshotRowModel::parameterCell(const Holding &holding, eLivingSpac
 {
     if (!isReadable(holding, 0))
         return {};
-    return holding.hasLivingSpace(livingSpace)
-        ? SnapshotCell {&holding.record->value(livingSpace, 0)}
-        : missingCell();
+    return holding.hasLivingSpace(livingSpace) ? heldCell(holding.record->value(livingSpace, 0))
+                                               : missingCell();
 }
 
 SnapshotCell SnapshotRowModel::elementCell(
@@ -265,7 +301,7 @@ SnapshotCell SnapshotRowModel::elementCell(
 {
     if (!isReadable(holding, element))
         return {};
-    return holding.hasElement(element) ? SnapshotCell {&holding.record->value(livingSpace, element)}
+    return holding.hasElement(element) ? heldCell(holding.record->value(livingSpace, element))
                                        : missingCell();
 }
 
@@ -278,16 +314,25 @@ bool SnapshotRowModel::isReadable(const Holding &holding, quint16 element) const
 /// its time.
 QString SnapshotRowModel::parameterName(const Parameter &parameter) const
 {
-    if (parameter.information)
-        return parameter.information->name().longText();
+    const auto information = connectedInformation(m_snapshots.value(0), parameter.coordinate);
+    if (information)
+        return information->name().longText();
     const SnapshotRecord *first = parameter.holdings.value(0).record;
     return first ? first->name() : QString();
 }
 
-QString SnapshotRowModel::elementName(const Parameter &parameter, quint16 element) const
+QStringList SnapshotRowModel::elementNames(
+    const Parameter &parameter, const QList<quint16> &elements) const
 {
-    if (parameter.information)
-        return parameter.information->elementName(element).longText();
+    const auto information = connectedInformation(m_snapshots.value(0), parameter.coordinate);
     const SnapshotRecord *first = parameter.holdings.value(0).record;
-    return first ? first->elementName(element) : QString();
+    QStringList result;
+    result.reserve(elements.size());
+    for (const quint16 element : elements) {
+        if (information)
+            result.append(information->elementName(element).longText());
+        else
+            result.append(first ? first->elementName(element) : QString());
+    }
+    return result;
 }

@@ -26,7 +26,8 @@ public:
     /// The rows of the coordinates, none hidden.
     SnapshotTable table(const QList<ParameterCoordinate> &coordinates) const;
     /// No rows where the progress is ended.
-    SnapshotTable table(QList<ParameterCoordinate> coordinates, FillingProgress &progress) const;
+    SnapshotTable table(
+        const QList<ParameterCoordinate> &coordinates, FillingProgress &progress) const;
 
 private:
     /// A title without prefix stands behind those that begin with a digit.
@@ -37,6 +38,8 @@ private:
         }
     };
     using RowNumbers = std::map<eLivingSpace, qsizetype, GlobalIsLast>;
+
+    class RecordWalk;
 
     /// What a snapshot has of one parameter.
     struct Holding {
@@ -52,8 +55,7 @@ private:
         bool isSimple() const { return elements.size() == 1 && elements.first() == 0; }
 
         ParameterCoordinate coordinate;
-        /// Null where the first snapshot is not connected, or its container lacks the parameter.
-        QPointer<ParameterInformation> information;
+        QString name;
         QVarLengthArray<Holding, 2> holdings;
         QList<eLivingSpace> livingSpaces;
         QList<quint16> elements;
@@ -62,7 +64,9 @@ private:
     /// Turns how many rows each living space has into the number of its first one. Answers how many
     /// there are in all.
     static qsizetype toFirstRows(RowNumbers &numbers);
-    Parameter parameter(const ParameterCoordinate &coordinate) const;
+    /// By coordinate.
+    QList<Parameter> parameters(QList<ParameterCoordinate> coordinates) const;
+    Parameter parameter(const ParameterCoordinate &coordinate, QList<RecordWalk> &walks) const;
     /// Each into the place that its living space has next.
     void fillRows(QList<SnapshotRow> &rows, RowNumbers &numbers, const Parameter &parameter) const;
     QList<SnapshotRow> elementRows(
@@ -70,11 +74,15 @@ private:
     SnapshotCell parameterCell(const Holding &holding, eLivingSpace livingSpace) const;
     SnapshotCell elementCell(
         const Holding &holding, eLivingSpace livingSpace, quint16 element) const;
-    SnapshotCell missingCell() const { return {m_missing.get(), true}; }
+    SnapshotCell missingCell() const { return {m_missing.get(), SnapshotCell::eState::Missing}; }
+    static SnapshotCell heldCell(const SnapshotValue &value)
+    {
+        return {&value, SnapshotCell::eState::Held};
+    }
     /// What a snapshot lacks has no level.
     bool isReadable(const Holding &holding, quint16 element) const;
     QString parameterName(const Parameter &parameter) const;
-    QString elementName(const Parameter &parameter, quint16 element) const;
+    QStringList elementNames(const Parameter &parameter, const QList<quint16> &elements) const;
 
     QList<QPointer<ParameterValueSnapshot>> m_snapshots;
     /// Theirs; none for one that is gone.

@@ -15,5 +15,5 @@ inline SnapshotCell snapshotCell(
     auto *units = new SnapshotUnits;
     units->scaled = unit;
     value.units.reset(units);
-    return {&value};
+    return {&value, SnapshotCell::eState::Held};
 }

@@ -2,6 +2,7 @@
 
 #include "snapshot/ParameterValueSnapshotWidgetPrivate.h"
 #include "snapshot/SnapshotItem.h"
+#include "tests/snapshot/AddressFilter.h"
 #include "tests/snapshot/SnapshotFixture.h"
 #include "tests/support/GoldenFile.h"
 
@@ -10,6 +11,7 @@
 #include <LmUtilities/DefaultPathSetting.h>
 
 #include <QtCore/QFile>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QSettings>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
@@ -36,8 +38,11 @@ private Q_SLOTS:
     void missingElementIsGrey();
     void maskedValueIsComparedUnmasked();
     void missingLivingSpaceIsGrey();
+    void rejectedValueIsEmpty();
     void unreadableValueIsEmpty();
     void unreadableElementIsEmpty();
+    void itemsAnswerLikeOthers();
+    void reportFollowsTheTree();
     void appendDoesNotRefill();
     void updateStartsAnew();
     void deletedSnapshot();
@@ -341,6 +346,23 @@ void tst_ParameterValueSnapshotWidget::missingLivingSpaceIsGrey()
     QCOMPARE(item->foreground(1), QBrush());
 }
 
+/// The snapshot has the living space, so that nothing is missing: the value is there, and empty.
+void tst_ParameterValueSnapshotWidget::rejectedValueIsEmpty()
+{
+    m_widget->appendSnapshot(take(), QStringLiteral("Vorher"));
+    const AddressFilter filter({QStringLiteral("2.A000[00000]")});
+    ParameterValueSnapshot filtered(m_fixture->container.get());
+    filtered.apply(filter);
+    QVERIFY(filtered.livingSpaces(at("A00")).contains(eLivingSpace::Axis2));
+    m_widget->appendSnapshot(&filtered, QStringLiteral("Nachher"));
+    m_widget->update();
+    const QTreeWidgetItem *item = tree()->topLevelItem(1);
+    QCOMPARE(item->text(0), QStringLiteral("2.A00 Speed"));
+    QCOMPARE(item->text(2), QString());
+    QCOMPARE(item->foreground(2), QBrush());
+    QCOMPARE(item->data(2, Qt::UserRole), QVariant(QString()));
+}
+
 void tst_ParameterValueSnapshotWidget::unreadableValueIsEmpty()
 {
     m_fixture->add(SnapshotFixture::parameter("C00", "Secret").global().levels(4, 0));
@@ -370,6 +392,51 @@ void tst_ParameterValueSnapshotWidget::unreadableElementIsEmpty()
     const QTreeWidgetItem *element = tree()->topLevelItem(3)->child(1);
     QCOMPARE(element->foreground(1), QBrush());
     QVERIFY(!element->data(1, Qt::UserRole).isValid());
+}
+
+void tst_ParameterValueSnapshotWidget::itemsAnswerLikeOthers()
+{
+    m_widget->appendSnapshot(take(), QStringLiteral("Jetzt"));
+    m_widget->update();
+    const QTreeWidgetItem *record = tree()->topLevelItem(2);
+    QCOMPARE(record->data(0, Qt::EditRole), QVariant(QStringLiteral("B01 Table")));
+    QCOMPARE(record->child(1)->data(1, Qt::EditRole), QVariant(QStringLiteral("2")));
+    const std::unique_ptr<QTreeWidgetItem> copy(record->clone());
+    // The copy needs neither the tree nor its rows.
+    m_widget.reset();
+    QCOMPARE(copy->text(0), QStringLiteral("B01 Table"));
+    QCOMPARE(copy->childCount(), 2);
+    QCOMPARE(copy->child(1)->text(0), QStringLiteral("B01[2] Second"));
+    QCOMPARE(copy->child(1)->data(1, Qt::UserRole), QVariant(QStringLiteral("2")));
+    QVERIFY(dynamic_cast<ElementTreeWidgetItem *>(copy->child(1)));
+}
+
+/// What a host did to the tree counts.
+void tst_ParameterValueSnapshotWidget::reportFollowsTheTree()
+{
+    m_widget->appendSnapshot(take(), QStringLiteral("Jetzt"));
+    m_widget->update();
+    const auto titles = [this] {
+        static const QRegularExpression title(QStringLiteral("<tr><td>(?:&nbsp;)*([^<]*)</td>"));
+        QStringList result;
+        for (const QRegularExpressionMatch &match : title.globalMatch(m_widget->report()))
+            result.append(match.captured(1));
+        return result;
+    };
+    const QString axis1 = QStringLiteral("1.A00 Speed");
+    const QString axis2 = QStringLiteral("2.A00 Speed");
+    const QString table = QStringLiteral("B01 Table");
+    const QString first = QStringLiteral("B01[0] First");
+    const QString second = QStringLiteral("B01[2] Second");
+    QCOMPARE(titles(), (QStringList {axis1, axis2, table, first, second}));
+    tree()->topLevelItem(2)->child(0)->setHidden(true);
+    QCOMPARE(titles(), (QStringList {axis1, axis2, table, second}));
+    tree()->sortItems(0, Qt::DescendingOrder);
+    QCOMPARE(titles(), (QStringList {table, second, axis2, axis1}));
+    tree()->topLevelItem(0)->setHidden(true);
+    QCOMPARE(titles(), (QStringList {axis2, axis1}));
+    delete tree()->takeTopLevelItem(1);
+    QCOMPARE(titles(), QStringList {axis1});
 }
 
 void tst_ParameterValueSnapshotWidget::appendDoesNotRefill()

@@ -65,7 +65,7 @@ void tst_SnapshotRowComparison::shownTextPlaysNoPart()
 {
     SnapshotRow missing = row(QStringLiteral("|"));
     missing.cells[1] = snapshotCell(QStringLiteral("<nicht vorhanden>"), QString());
-    missing.cells[1].isMissing = true;
+    missing.cells[1].state = SnapshotCell::eState::Missing;
     QVERIFY(hidden({missing}, 2).first().isHidden);
 }
 

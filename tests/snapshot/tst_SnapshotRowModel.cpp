@@ -144,8 +144,8 @@ void tst_SnapshotRowModel::missingParameter()
     const SnapshotRowModel model({before.get(), after.get()}, HighLevel);
     const SnapshotTable table = model.table(model.coordinates());
     const SnapshotRow row = table.rows.first();
-    QVERIFY(!row.cells.at(0).isMissing);
-    QVERIFY(row.cells.at(1).isMissing);
+    QVERIFY(!row.cells.at(0).isMissing());
+    QVERIFY(row.cells.at(1).isMissing());
     QCOMPARE(row.cells.at(1).undecorated(), QString());
 }
 
@@ -182,8 +182,8 @@ void tst_SnapshotRowModel::missingLivingSpace()
     const SnapshotRowModel model({before.get(), after.get()}, HighLevel);
     const SnapshotTable table = model.table(model.coordinates());
     const SnapshotRow row = table.rows.last();
-    QVERIFY(!row.cells.at(0).isMissing);
-    QVERIFY(row.cells.at(1).isMissing);
+    QVERIFY(!row.cells.at(0).isMissing());
+    QVERIFY(row.cells.at(1).isMissing());
     QCOMPARE(row.cells.at(1).undecorated(), QString());
 }
 
@@ -207,7 +207,7 @@ void tst_SnapshotRowModel::missingLivingSpaceOfARecord()
             QStringLiteral(" C02[2] Second||0")}));
     const SnapshotRowModel model({before.get(), after.get()}, HighLevel);
     const SnapshotTable table = model.table(model.coordinates());
-    QVERIFY(!table.rows.first().children.first().cells.at(1).isMissing);
+    QVERIFY(!table.rows.first().children.first().cells.at(1).isMissing());
 }
 
 /// A snapshot keeps the values of all living spaces, also of those that the host left out.
@@ -284,7 +284,7 @@ void tst_SnapshotRowModel::undecoratedTexts()
     const SnapshotCell cell = table.rows.first().cells.first();
     QCOMPARE(cell.text(), QStringLiteral("<offline> rpm"));
     QCOMPARE(cell.undecorated(), QStringLiteral("7 rpm"));
-    QVERIFY(!cell.isMissing);
+    QVERIFY(!cell.isMissing());
 }
 
 void tst_SnapshotRowModel::nameOfTheConnectedContainer()
