@@ -104,7 +104,8 @@ bool ParameterValueSnapshotWidgetPrivate::isEmpty() const
 
 QString ParameterValueSnapshotWidgetPrivate::document(SnapshotHtmlReport::eForm form) const
 {
-    return SnapshotHtmlReport::document(htmlHeader, shownTitles(), shownRows(), form);
+    return SnapshotHtmlReport::document(
+        htmlHeader, shownTitles(), shownRows(*invisibleRootItem()), form);
 }
 
 void ParameterValueSnapshotWidgetPrivate::changeEvent(QEvent *event)
@@ -191,13 +192,20 @@ QStringList ParameterValueSnapshotWidgetPrivate::shownTitles() const
 }
 
 /// As the tree shows them, whoever sorted it or hid some of them.
-QList<SnapshotRow> ParameterValueSnapshotWidgetPrivate::shownRows() const
+QList<SnapshotRow> ParameterValueSnapshotWidgetPrivate::shownRows(
+    const QTreeWidgetItem &parent) const
 {
+    const QModelIndex index = indexFromItem(&parent);
     QList<SnapshotRow> result;
-    result.reserve(topLevelItemCount());
-    for (int i = 0; i < topLevelItemCount(); ++i) {
-        if (const auto *item = dynamic_cast<const SnapshotItem *>(topLevelItem(i)))
-            result.append(item->shownRow());
+    result.reserve(parent.childCount());
+    for (int i = 0; i < parent.childCount(); ++i) {
+        const auto *item = dynamic_cast<const SnapshotItem *>(parent.child(i));
+        if (!item || isRowHidden(i, index))
+            continue;
+        SnapshotRow &shown = result.emplaceBack(item->row());
+        shown.isHidden = false;
+        if (!shown.children.isEmpty() || item->childCount() > 0)
+            shown.children = shownRows(*item);
     }
     return result;
 }

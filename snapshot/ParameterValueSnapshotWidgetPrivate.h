@@ -49,7 +49,7 @@ private:
     QPushButton *appendButton();
     void retranslate();
     QStringList shownTitles() const;
-    QList<SnapshotRow> shownRows() const;
+    QList<SnapshotRow> shownRows(const QTreeWidgetItem &parent) const;
     QList<ParameterValueSnapshot *> livingSnapshots() const;
 
     QString htmlHeader;

@@ -27,18 +27,6 @@ QVariant SnapshotItem::data(int column, int role) const
     return cell.isHeld() ? cell.undecorated() : QVariant();
 }
 
-SnapshotRow SnapshotItem::shownRow() const
-{
-    SnapshotRow shown = *m_row;
-    shown.isHidden = isHidden();
-    shown.children.clear();
-    for (int i = 0; i < childCount(); ++i) {
-        if (const auto *below = dynamic_cast<const SnapshotItem *>(child(i)))
-            shown.children.append(below->shownRow());
-    }
-    return shown;
-}
-
 CoordinateItem *CoordinateItem::clone() const
 {
     auto *copy = new CoordinateItem(*this);

@@ -18,10 +18,7 @@ public:
     eLivingSpace livingSpace() const { return m_row->livingSpace; }
     ParameterCoordinate coordinate() const { return m_row->coordinate; }
     QVariant data(int column, int role) const override;
-    /// The row with what became of it in the tree: what is hidden there, and what stands below it.
-    SnapshotRow shownRow() const;
-
-protected:
+    /// As it was filled in, whatever became of the item since.
     const SnapshotRow &row() const { return *m_row; }
 
 private:
