@@ -20,10 +20,10 @@ SnapshotUnitReader::SnapshotUnitReader(SnapshotPool &pool, const GuardedInformat
 
 std::optional<SnapshotPool::Units> SnapshotUnitReader::everywhere(quint16 element)
 {
-    UnitPair pair {unit(element, Scaled), unit(element, Native)};
+    const UnitPair pair {unit(element, Scaled), unit(element, Native)};
     if (pair.scaled && pair.native)
         return m_pool.units(*pair.scaled, *pair.native);
-    m_locators.insert(element, std::move(pair));
+    m_locators.insert(element, pair);
     return std::nullopt;
 }
 
