@@ -618,10 +618,6 @@
         <source>Das Gerät hat den Parameter nicht mehr.</source>
         <translation>The device no longer has the parameter.</translation>
     </message>
-    <message>
-        <source>Parameter %1 ist jetzt nicht schreibbar.</source>
-        <translation>Parameter %1 cannot be written now.</translation>
-    </message>
 </context>
 <context>
     <name>WindowDialogs</name>
@@ -732,6 +728,29 @@
     <message>
         <source>Beenden</source>
         <translation>Quit</translation>
+    </message>
+</context>
+<context>
+    <name>WriteObstacle</name>
+    <message>
+        <source>%1 ist noch nicht schreibbar: Der Antrieb wird verbunden, und seine Werte ersetzen gleich alle. F9 bricht das ab.</source>
+        <translation>%1 cannot be written yet: the drive is being connected, and its values are about to replace all. F9 cancels that.</translation>
+    </message>
+    <message>
+        <source>%1 ist nicht schreibbar: Das Gerät ist auf nur lesen gestellt (F8).</source>
+        <translation>%1 cannot be written: the device is set to read only (F8).</translation>
+    </message>
+    <message>
+        <source>%1 wird nur gelesen.</source>
+        <translation>%1 is only read.</translation>
+    </message>
+    <message>
+        <source>%1 ist erst ab Zugriffsstufe %2 schreibbar.</source>
+        <translation>%1 can be written from access level %2 on.</translation>
+    </message>
+    <message>
+        <source>%1 ist nur online schreibbar.</source>
+        <translation>%1 can be written online only.</translation>
     </message>
 </context>
 </TS>

@@ -210,9 +210,9 @@ bool DeskSession::agreesToOverwrite(const QString &folder)
 
 bool DeskSession::mayRestore() const
 {
-    const bool isReading =
-        m_onlineSwitch && m_onlineSwitch->state() == OnlineSwitch::eState::Reading;
-    return !isReading && !isReadOnly();
+    using eState = OnlineSwitch::eState;
+    const eState state = m_onlineSwitch ? m_onlineSwitch->state() : eState::Offline;
+    return (state == eState::Offline || state == eState::Online) && !isReadOnly();
 }
 
 /// What was written stays, and unsaved as it was.
@@ -224,6 +224,8 @@ void DeskSession::forgetUndo()
 
 void DeskSession::onOnlineChanged()
 {
+    // What is written now would be gone as soon as the drive's values come.
+    m_writer->setConnecting(m_onlineSwitch->state() == OnlineSwitch::eState::Opening);
     // An undo would write what stood here before the drive's own value, or to another drive.
     if (m_onlineSwitch->isConnected())
         forgetUndo();

@@ -36,7 +36,7 @@ public:
     ValueWriter *writer() const { return m_writer.get(); }
     OnlineSwitch *onlineSwitch() const { return m_onlineSwitch.get(); }
     const QUndoStack *undoStack() const { return &m_undoStack; }
-    /// Never while the device is read only or its values are being read from a drive.
+    /// Never while the device is read only or a drive's values are about to replace all.
     bool canUndo() const { return m_undoStack.canUndo() && mayRestore(); }
     bool canRedo() const { return m_undoStack.canRedo() && mayRestore(); }
     /// Empty while the values were neither loaded nor saved.

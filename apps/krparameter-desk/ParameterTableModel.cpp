@@ -73,8 +73,10 @@ void ParameterTableModel::listen()
         container, &ParameterContainer::parameterRemoved, this, &ParameterTableModel::rebuildSoon);
     connect(container, &ParameterContainer::parameterDefinitionChanged, this,
         &ParameterTableModel::rebuildSoon);
-    if (m_writer)
+    if (m_writer) {
         connect(m_writer, &ValueWriter::written, this, &ParameterTableModel::updateRow);
+        connect(m_writer, &ValueWriter::connectingChanged, this, &ParameterTableModel::refresh);
+    }
     listenToParameters();
 }
 
@@ -175,6 +177,12 @@ QModelIndex ParameterTableModel::indexOf(const ValuePlace &place, eColumn column
     return shownRow == ShownRows::NotShown ? QModelIndex() : index(shownRow, column);
 }
 
+QString ParameterTableModel::writeObstacle(const QModelIndex &index) const
+{
+    const std::optional<ValuePlace> place = placeAt(index);
+    return place && m_writer ? m_writer->obstacle(*place) : QString();
+}
+
 QStringList ParameterTableModel::longestTexts(eColumn column) const
 {
     switch (column) {
@@ -225,7 +233,7 @@ Qt::ItemFlags ParameterTableModel::flags(const QModelIndex &index) const
 {
     Qt::ItemFlags result = QAbstractTableModel::flags(index);
     const std::optional<ValuePlace> place = placeAt(index);
-    if (place && index.column() == Value && m_writer && m_texts->isWritable(*place))
+    if (place && index.column() == Value && m_writer && m_writer->isWritable(*place))
         result |= Qt::ItemIsEditable;
     return result;
 }

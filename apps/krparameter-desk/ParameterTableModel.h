@@ -46,6 +46,9 @@ public:
     /// Invalid where no row of the place is shown.
     QModelIndex indexOf(const ValuePlace &place, eColumn column = Value) const;
 
+    /// For the user: why the value of the row cannot be written now. Empty where it can.
+    QString writeObstacle(const QModelIndex &index) const;
+
     /// Of an address, a name or a value, among all rows that the user may see whatever is searched. Of
     /// parameters with axes the first one's; numbers, which are short, are left out.
     QStringList longestTexts(eColumn column) const;

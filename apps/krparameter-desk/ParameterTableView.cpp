@@ -15,6 +15,15 @@ namespace {
 
 constexpr int LinePadding = 8;
 
+bool isTyped(QAbstractItemView::EditTrigger trigger, const QEvent *event)
+{
+    if (trigger != QAbstractItemView::AnyKeyPressed || !event
+        || event->type() != QEvent::KeyPress)
+        return false;
+    const QString text = static_cast<const QKeyEvent *>(event)->text();
+    return !text.isEmpty() && text.front().isPrint();
+}
+
 } // namespace
 
 ParameterTableView::ParameterTableView(ParameterTableModel &model, QWidget *parent)
@@ -73,8 +82,7 @@ void ParameterTableView::editCurrentValue()
     if (!value.isValid())
         return;
     setCurrentIndex(value);
-    if (value.flags() & Qt::ItemIsEditable)
-        edit(value);
+    edit(value, EditKeyPressed, nullptr);
 }
 
 bool ParameterTableView::commitOpenField()
@@ -99,6 +107,20 @@ void ParameterTableView::contextMenuEvent(QContextMenuEvent *event)
     menu.setToolTipsVisible(true);
     menu.addActions(actions());
     menu.exec(event->globalPos());
+}
+
+bool ParameterTableView::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event)
+{
+    const bool isTried = index.column() == ParameterTableModel::Value
+        && (trigger == DoubleClicked || trigger == EditKeyPressed || isTyped(trigger, event));
+    const QString obstacle = isTried
+        ? static_cast<const ParameterTableModel *>(model())->writeObstacle(index)
+        : QString();
+    if (obstacle.isEmpty())
+        return QTableView::edit(index, trigger, event);
+    note(index, obstacle);
+    // Otherwise the letter would look for another row.
+    return true;
 }
 
 void ParameterTableView::scrollContentsBy(int dx, int dy)
@@ -137,6 +159,11 @@ void ParameterTableView::onWriteAnswered(
     const QModelIndex &index, bool isAccepted, const QString &message)
 {
     m_hasCorrection = isAccepted && !message.isEmpty() && index.isValid();
+    note(index, message);
+}
+
+void ParameterTableView::note(const QModelIndex &index, const QString &message)
+{
     m_noted = index;
     if (message.isEmpty() || !index.isValid())
         m_note->hide();
