@@ -710,6 +710,22 @@
         <translation>Replace</translation>
     </message>
     <message>
+        <source>Die Werte sind die des Antriebs %1. Sollen sie die Werte im Ordner &quot;%2&quot; ersetzen?</source>
+        <translation>The values are those of the drive %1. Replace the values in the folder &quot;%2&quot; by them?</translation>
+    </message>
+    <message>
+        <source>Im Ordner stehen Werte, die nicht von diesem Antrieb gelesen wurden.</source>
+        <translation>The folder holds values that were not read from this drive.</translation>
+    </message>
+    <message>
+        <source>Im Ordner stehen die Werte des Antriebs %1.</source>
+        <translation>The folder holds the values of the drive %1.</translation>
+    </message>
+    <message>
+        <source>Strg+Umschalt+S speichert in einen anderen Ordner.</source>
+        <translation>Ctrl+Shift+S saves into another folder.</translation>
+    </message>
+    <message>
         <source>Soll der Snapshot &quot;%1&quot; entfernt werden?</source>
         <translation>Remove snapshot &quot;%1&quot;?</translation>
     </message>

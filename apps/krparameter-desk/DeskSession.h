@@ -2,6 +2,7 @@
 
 #include "apps/host/ProjectStorage.h"
 #include "apps/krparameter-desk/DriveLink.h"
+#include "apps/krparameter-desk/ValueOrigin.h"
 
 #include <QtCore/QObject>
 #include <QtGui/QUndoStack>
@@ -56,7 +57,8 @@ public:
     /// every finding of the load report as warning.
     bool load(const QString &folder);
     /// **Refused** unless the user agrees: texts that would be lost, a folder that holds another project
-    /// than the one that was loaded or saved last. **Emits** saved.
+    /// than the one that was loaded or saved last, values that were read from another drive than those of
+    /// the folder. **Emits** saved.
     bool save(const QString &folder);
     /// Do nothing where they cannot.
     void undo();
@@ -93,6 +95,7 @@ private:
     std::unique_ptr<DriveProject> m_project;
     std::unique_ptr<ValueWriter> m_writer;
     std::unique_ptr<OnlineSwitch> m_onlineSwitch;
+    ValueOrigin m_origin;
     QString m_folder;
     /// The folder holds what the device does not know; a save there drops it.
     bool m_folderHoldsMore = false;

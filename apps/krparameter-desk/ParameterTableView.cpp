@@ -17,8 +17,7 @@ constexpr int LinePadding = 8;
 
 bool isTyped(QAbstractItemView::EditTrigger trigger, const QEvent *event)
 {
-    if (trigger != QAbstractItemView::AnyKeyPressed || !event
-        || event->type() != QEvent::KeyPress)
+    if (trigger != QAbstractItemView::AnyKeyPressed || !event || event->type() != QEvent::KeyPress)
         return false;
     const QString text = static_cast<const QKeyEvent *>(event)->text();
     return !text.isEmpty() && text.front().isPrint();

@@ -35,6 +35,7 @@ namespace {
 /// Answers when a test says so.
 class PatientLink : public DriveLink {
 public:
+    QString drive() const override { return QStringLiteral("drive 1"); }
     void open() override { }
     void close() override { Q_EMIT closed(QString()); }
     void write(const ValuePlace &) override { }
