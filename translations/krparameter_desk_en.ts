@@ -407,6 +407,10 @@
         <source>Snapshots vergleichen</source>
         <translation>Compare snapshots</translation>
     </message>
+    <message>
+        <source>Der Vergleich gehört zu %1; offen ist %2.</source>
+        <translation>The comparison belongs to %1; %2 is open.</translation>
+    </message>
 </context>
 <context>
     <name>DriveChoice</name>

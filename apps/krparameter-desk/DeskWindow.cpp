@@ -183,7 +183,7 @@ void DeskWindow::buildMiddle()
     m_pages->addTab(m_tableView, QString());
     m_pages->addTab(m_comparison, QString());
     setCentralWidget(m_pages);
-    connect(m_comparison, &ComparisonPage::addressActivated, this, &DeskWindow::goTo);
+    connect(m_comparison, &ComparisonPage::addressActivated, this, &DeskWindow::goToCompared);
 }
 
 void DeskWindow::buildDocks()
@@ -372,6 +372,19 @@ void DeskWindow::goTo(const ParameterAddress &address)
     }
 }
 
+/// What another device calls so is another parameter.
+void DeskWindow::goToCompared(const ParameterAddress &address)
+{
+    const QStringList &devices = m_comparison->devices();
+    if (!m_session.project() || devices.contains(m_session.deviceName())) {
+        goTo(address);
+        return;
+    }
+    statusBar()->showMessage(tr("Der Vergleich gehört zu %1; offen ist %2.")
+                                 .arg(devices.join(QStringLiteral(", ")), m_session.deviceName()),
+        NoticeSpan);
+}
+
 void DeskWindow::reveal()
 {
     m_selectors->searchField()->clear();
@@ -407,6 +420,6 @@ void DeskWindow::compareChecked()
 {
     m_dialogs.run(tr("Snapshots vergleichen"), [this](Progress &progress) {
         m_comparison->compare(m_snapshots.checkedSnapshots(), m_snapshots.checkedNames(),
-            m_snapshots.checkedDevices().join(QStringLiteral(", ")), &progress);
+            m_snapshots.checkedDevices(), &progress);
     });
 }

@@ -74,6 +74,7 @@ private:
 
     void goToComparison();
     void goTo(const ParameterAddress &address);
+    void goToCompared(const ParameterAddress &address);
     void reveal();
     void onAboutToChange();
     void onChanged();

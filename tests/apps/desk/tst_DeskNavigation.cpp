@@ -6,12 +6,14 @@
 #include "tests/support/MessageRecorder.h"
 
 #include <KrParameterInstance/ParameterNavigationHost.h>
+#include <KrParameterInstance/ParameterValueSnapshotWidget.h>
 #include <KrSystem/System.h>
 
 #include <QtTest/QTest>
 #include <QtWidgets/QStatusBar>
+#include <QtWidgets/QTreeWidget>
 
-/// Messages lead to their parameters, and say why where they do not.
+/// Messages and compared rows lead to their parameters, and say why where they do not.
 class tst_DeskNavigation : public QObject {
     Q_OBJECT
 
@@ -26,6 +28,8 @@ private Q_SLOTS:
     void recordThatMayNotBeRead();
     void messageOfAnotherDevice();
     void messageOfAnotherProject();
+    void rowOfTheComparison_data();
+    void rowOfTheComparison();
 
 private:
     void tell(const QString &text)
@@ -171,6 +175,69 @@ void tst_DeskNavigation::messageOfAnotherProject()
     m_messages->take();
     activate(1);
     QCOMPARE(current(), QStringLiteral("1.K008[00000]"));
+}
+
+void tst_DeskNavigation::rowOfTheComparison_data()
+{
+    QTest::addColumn<QStringList>("compared");
+    QTest::addColumn<QString>("open");
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QString>("notice");
+    const QString german = QStringLiteral("de");
+    const QString first = QStringLiteral("Desk drive");
+    const QString other = QStringLiteral("Other drive");
+    const QString third = QStringLiteral("Third drive");
+    QTest::newRow("of the open device") << QStringList(first) << first << german << QString();
+    QTest::newRow("of another one")
+        << QStringList(first) << other << german
+        << QStringLiteral("Der Vergleich gehört zu Desk drive; offen ist Other drive.");
+    QTest::newRow("of another one, in English")
+        << QStringList(first) << other << QStringLiteral("en")
+        << QStringLiteral("The comparison belongs to Desk drive; Other drive is open.");
+    QTest::newRow("of the open one and another")
+        << QStringList {first, other} << other << german << QString();
+    QTest::newRow("of two others")
+        << QStringList {first, other} << third << german
+        << QStringLiteral(
+               "Der Vergleich gehört zu Desk drive, Other drive; offen ist Third drive.");
+}
+
+/// All of them have a B10, which is the same in one device alone.
+void tst_DeskNavigation::rowOfTheComparison()
+{
+    QFETCH(QStringList, compared);
+    QFETCH(QString, open);
+    QFETCH(QString, language);
+    QFETCH(QString, notice);
+    int value = 20;
+    const auto openNamed = [&](const QString &name) {
+        // One family has one name.
+        const QStringList names {QStringLiteral("Desk drive"), QStringLiteral("Other drive"),
+            QStringLiteral("Third drive")};
+        const QByteArray family = QByteArray::number(178 + names.indexOf(name));
+        this->open(DeskDevice(DeskDevice::description()
+                                  .replace("Desk drive", name.toUtf8())
+                                  .replace("\"identifier\": 78", "\"identifier\": " + family)));
+    };
+    for (const QString &name : std::as_const(compared)) {
+        openNamed(name);
+        ParameterContainer &container = m_window->session().project()->container();
+        container.writeValueNative(
+            eLivingSpace::Global, place("B10").coordinate, 0, QString::number(++value));
+        QVERIFY(m_window->snapshots().take(container, name));
+    }
+    openNamed(open);
+    m_window->language().choose(language);
+    const QString before = current();
+    m_window->showComparison();
+    auto *tree = m_window->findChild<ParameterValueSnapshotWidget *>()->findChild<QTreeWidget *>();
+    const auto rows = tree->findItems(QStringLiteral("B10 Zehn"), Qt::MatchExactly);
+    QCOMPARE(rows.size(), 1);
+    tree->setCurrentItem(rows.constFirst());
+    QTest::keyClick(tree, Qt::Key_Return);
+    QCOMPARE(this->notice(), notice);
+    QCOMPARE(current(), notice.isEmpty() ? QStringLiteral("1.B010[00000]") : before);
+    m_window->language().choose(QStringLiteral("de"));
 }
 
 QTEST_MAIN(tst_DeskNavigation)
