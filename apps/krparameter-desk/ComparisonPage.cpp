@@ -93,7 +93,7 @@ void ComparisonPage::show(std::unique_ptr<ParameterValueSnapshotWidget> widget)
 
 void ComparisonPage::onActivated(const QTreeWidgetItem *item)
 {
-    const ParameterAddress address = AddressInText::find(item->text(0));
+    const ParameterAddress address = AddressInText::ofTitle(item->text(0));
     if (address.isValid())
         Q_EMIT addressActivated(address);
 }

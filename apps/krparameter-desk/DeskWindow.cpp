@@ -77,7 +77,9 @@ DeskWindow::DeskWindow(DeskDialogs &dialogs)
     , m_snapshotDock(new QDockWidget(this))
     , m_snapshotPane(new SnapshotPane(m_snapshots, *m_actions, this))
     , m_messageDock(new QDockWidget(this))
-    , m_messagePane(new MessagePane(m_messages, this))
+    , m_messagePane(new MessagePane(
+          m_messages,
+          [this](const ParameterAddress &address) { return m_navigation->isKnown(address); }, this))
     , m_navigation(new TableNavigation(
           m_tableModel, *m_tableView, [this] { reveal(); }, this))
     , m_status(new DeskStatus(*this, m_session, m_tableModel, *m_actions))

@@ -86,6 +86,11 @@ ParameterContainer *TableNavigation::parameterContainer() const
     return m_project ? &m_project->container() : nullptr;
 }
 
+bool TableNavigation::isKnown(const ParameterAddress &address) const
+{
+    return m_project && m_project->container().parameterInformation(address.coordinate());
+}
+
 QString TableNavigation::obstacle(const ParameterAddress &address) const
 {
     if (!m_project)

@@ -29,6 +29,8 @@ public:
     ParameterAddress currentAddress() const override;
     ParameterContainer *parameterContainer() const override;
 
+    /// The device has a parameter of the address, whoever may see it.
+    bool isKnown(const ParameterAddress &address) const;
     /// For the user: why neither the address nor its parameter can be gone to.
     QString obstacle(const ParameterAddress &address) const;
 

@@ -72,6 +72,7 @@ void tst_DeskNavigation::leadsToItsParameter_data()
 {
     QTest::addColumn<QString>("text");
     QTest::newRow("an address") << QStringLiteral("Parameter K08: zu groß");
+    QTest::newRow("behind what only looks like one") << QStringLiteral("Stecker M12 fehlt an K08");
     QTest::newRow("a key of a section") << QStringLiteral("1 Schlüssel nicht verstanden: K008/Foo");
 }
 
@@ -109,6 +110,8 @@ void tst_DeskNavigation::saysWhyNot_data()
         << missing << english << QStringLiteral("This device has no X99.");
     QTest::newRow("on another axis")
         << elsewhere << german << QStringLiteral("2.X99[3] gibt es in diesem Gerät nicht.");
+    QTest::newRow("a word that looks like an address")
+        << QStringLiteral("Stecker M12 fehlt") << german << QString();
     QTest::newRow("without address") << QStringLiteral("gespeichert") << german << QString();
 }
 
