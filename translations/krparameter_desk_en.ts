@@ -168,6 +168,18 @@
         <source>A&amp;ktion starten</source>
         <translation>S&amp;tart action</translation>
     </message>
+    <message>
+        <source>Alle Werte unter einem Namen festhalten (Strg+T)</source>
+        <translation>Keep all values under a name (Ctrl+T)</translation>
+    </message>
+    <message>
+        <source>Die angekreuzten Snapshots nebeneinander zeigen (Strg+D)</source>
+        <translation>Show the checked snapshots side by side (Ctrl+D)</translation>
+    </message>
+    <message>
+        <source>Den gewählten Snapshot entfernen (Entf in der Liste)</source>
+        <translation>Remove the chosen snapshot (Del in the list)</translation>
+    </message>
 </context>
 <context>
     <name>DeskMenu</name>
@@ -539,6 +551,22 @@
         <source>%1 Hersteller</source>
         <translation>%1 maker</translation>
     </message>
+    <message>
+        <source>Zeilen, die jedes der Wörter enthalten (Strg+F); Escape zeigt alle</source>
+        <translation>Rows that hold each of the words (Ctrl+F); Escape shows all</translation>
+    </message>
+    <message>
+        <source>Zeilen einer Achse; globale Parameter gehören zu jeder</source>
+        <translation>Rows of one axis; global parameters belong to each</translation>
+    </message>
+    <message>
+        <source>Was zu sehen ist und was geschrieben werden kann</source>
+        <translation>What can be seen and what can be written</translation>
+    </message>
+    <message>
+        <source>Sprache der Texte</source>
+        <translation>Language of the texts</translation>
+    </message>
 </context>
 <context>
     <name>SessionCommands</name>
@@ -552,6 +580,10 @@
     <message>
         <source>Snapshot %1</source>
         <translation>Snapshot %1</translation>
+    </message>
+    <message>
+        <source>%1, von %2</source>
+        <translation>%1, of %2</translation>
     </message>
 </context>
 <context>

@@ -38,6 +38,7 @@ ParameterTableView::ParameterTableView(ParameterTableModel &model, QWidget *pare
     setShowGrid(false);
     setWordWrap(false);
     setTabKeyNavigation(false);
+    setHorizontalScrollMode(ScrollPerPixel);
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
