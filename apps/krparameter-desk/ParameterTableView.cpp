@@ -8,7 +8,9 @@
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QMenu>
+#include <QtWidgets/QScrollBar>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -121,6 +123,15 @@ bool ParameterTableView::edit(const QModelIndex &index, EditTrigger trigger, QEv
     note(index, obstacle);
     // Otherwise the letter would look for another row.
     return true;
+}
+
+void ParameterTableView::resizeEvent(QResizeEvent *event)
+{
+    QTableView::resizeEvent(event);
+    const int end = horizontalHeader()->sectionPosition(ParameterTableModel::Value)
+        + columnWidth(ParameterTableModel::Value);
+    const int needed = std::max(0, end - viewport()->width());
+    horizontalScrollBar()->setValue(std::min(horizontalScrollBar()->value(), needed));
 }
 
 void ParameterTableView::scrollContentsBy(int dx, int dy)

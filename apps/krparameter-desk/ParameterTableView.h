@@ -40,6 +40,8 @@ protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
     /// Says beside a value that cannot be written why.
     bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
+    /// What scrolled a value into a narrower view leaves no address out of a wider one.
+    void resizeEvent(QResizeEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
     void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
 

@@ -9,7 +9,7 @@
 namespace {
 
 constexpr int AllAxes = -1;
-constexpr int SearchWidth = 300;
+constexpr int SearchWidth = 220;
 
 struct Language {
     const char *code;

@@ -26,6 +26,7 @@ private Q_SLOTS:
     void nothingIsCutWhereThereIsRoom();
     void narrowWindow();
     void tooNarrowWindow();
+    void narrowWindowBeginsWithTheAddress();
     void wideWindowHasRoomForChoices();
     void searchMovesNoColumn();
     void widthsFollowTheLanguage();
@@ -217,6 +218,25 @@ void tst_ColumnFitter::tooNarrowWindow()
     desk().table().goTo(desk().model().indexOf(place("C02", 1)));
     const QRect value = desk().table().visualRect(desk().model().indexOf(place("C02", 1)));
     QVERIFY(desk().table().viewport()->rect().contains(value));
+}
+
+/// The first value was scrolled to while the table had no size yet.
+void tst_ColumnFitter::narrowWindowBeginsWithTheAddress()
+{
+    desk().window = std::make_unique<DeskWindow>(desk().dialogs);
+    QVERIFY(desk().window->session().open(desk().device.fileName()));
+    desk().window->resize(700, 600);
+    desk().window->show();
+    QVERIFY(desk().table().horizontalScrollBar()->maximum() > 0);
+    QCOMPARE(desk().table().horizontalScrollBar()->value(), 0);
+    // Where the value does not fit it is in view.
+    desk().window->resize(480, 600);
+    QCoreApplication::processEvents();
+    desk().table().goTo(desk().model().indexOf(place("C02", 1)));
+    desk().window->resize(490, 600);
+    QCoreApplication::processEvents();
+    const QRect value = desk().table().visualRect(desk().model().indexOf(place("C02", 1)));
+    QVERIFY(value.right() <= desk().table().viewport()->rect().right());
 }
 
 void tst_ColumnFitter::wideWindowHasRoomForChoices()
