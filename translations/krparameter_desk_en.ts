@@ -328,6 +328,25 @@
     </message>
 </context>
 <context>
+    <name>DeskPlaces</name>
+    <message>
+        <source>Parameter</source>
+        <translation>Parameters</translation>
+    </message>
+    <message>
+        <source>Vergleich</source>
+        <translation>Comparison</translation>
+    </message>
+    <message>
+        <source>Snapshots</source>
+        <translation>Snapshots</translation>
+    </message>
+    <message>
+        <source>Meldungen</source>
+        <translation>Messages</translation>
+    </message>
+</context>
+<context>
     <name>DeskSession</name>
     <message>
         <source>Gerät öffnen</source>
@@ -400,28 +419,8 @@
 <context>
     <name>DeskWindow</name>
     <message>
-        <source>Parameter</source>
-        <translation>Parameters</translation>
-    </message>
-    <message>
-        <source>Vergleich</source>
-        <translation>Comparison</translation>
-    </message>
-    <message>
-        <source>Snapshots</source>
-        <translation>Snapshots</translation>
-    </message>
-    <message>
-        <source>Meldungen</source>
-        <translation>Messages</translation>
-    </message>
-    <message>
         <source>Snapshots vergleichen</source>
         <translation>Compare snapshots</translation>
-    </message>
-    <message>
-        <source>Der Vergleich gehört zu %1; offen ist %2.</source>
-        <translation>The comparison belongs to %1; %2 is open.</translation>
     </message>
 </context>
 <context>
@@ -646,6 +645,10 @@
     <message>
         <source>%1 ist zurzeit ausgeblendet.</source>
         <translation>%1 is hidden at present.</translation>
+    </message>
+    <message>
+        <source>Der Vergleich gehört zu %1; offen ist %2.</source>
+        <translation>The comparison belongs to %1; %2 is open.</translation>
     </message>
 </context>
 <context>

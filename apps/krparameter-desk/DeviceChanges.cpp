@@ -26,9 +26,9 @@ void DeviceChanges::listen()
     if (!m_project)
         return;
     const Container *container = &m_project->container();
-    for (const auto signal : {&Container::parameterValueChanged,
-             &Container::parameterNativeValueChanged, &Container::parameterDefaultValueChanged,
-             &Container::parameterMeasuringUnitChanged})
+    for (const auto signal :
+        {&Container::parameterValueChanged, &Container::parameterNativeValueChanged,
+            &Container::parameterDefaultValueChanged, &Container::parameterMeasuringUnitChanged})
         connect(container, signal, this, &DeviceChanges::onValueChanged);
     connect(container, &Container::parameterVisibilityChanged, this,
         &DeviceChanges::onVisibilityChanged);

@@ -74,6 +74,12 @@ void SelectorBar::showAllAxes()
     onAxisActivated(0);
 }
 
+void SelectorBar::showEverything()
+{
+    m_search->clear();
+    showAllAxes();
+}
+
 void SelectorBar::setAccessLevel(quint32 level)
 {
     m_level->setCurrentIndex(m_level->findData(level));

@@ -33,6 +33,9 @@ public:
     bool isKnown(const ParameterAddress &address) const;
     /// For the user: why neither the address nor its parameter can be gone to.
     QString obstacle(const ParameterAddress &address) const;
+    /// For the user: why no row of a comparison of these devices can be gone to. Empty where one of them is
+    /// open, or none at all.
+    QString comparisonObstacle(const QStringList &devices) const;
 
 private:
     ParameterTableModel &m_model;
