@@ -1,6 +1,7 @@
 #include "apps/krparameter-desk/DeskWindow.h"
 #include "apps/krparameter-desk/MessagePane.h"
 #include "apps/krparameter-desk/ParameterTableView.h"
+#include "apps/krparameter-desk/SelectorBar.h"
 #include "tests/apps/desk/AnsweringDialogs.h"
 #include "tests/apps/desk/FollowingDevice.h"
 #include "tests/support/MessageRecorder.h"
@@ -10,6 +11,8 @@
 #include <KrSystem/System.h>
 
 #include <QtTest/QTest>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QStatusBar>
 #include <QtWidgets/QTreeWidget>
 
@@ -28,6 +31,8 @@ private Q_SLOTS:
     void recordThatMayNotBeRead();
     void messageOfAnotherDevice();
     void messageOfAnotherProject();
+    void navigationHost();
+    void navigationTakesAwayTheSearch();
     void rowOfTheComparison_data();
     void rowOfTheComparison();
 
@@ -241,6 +246,47 @@ void tst_DeskNavigation::rowOfTheComparison()
     QCOMPARE(this->notice(), notice);
     QCOMPARE(current(), notice.isEmpty() ? QStringLiteral("1.B010[00000]") : before);
     m_window->language().choose(QStringLiteral("de"));
+}
+
+void tst_DeskNavigation::navigationHost()
+{
+    open(DeskDevice());
+    ParameterNavigationHost &host = m_window->navigation();
+    const auto coordinate = [](const char *text) { return place(text).coordinate; };
+    const auto address = [](const char *text) {
+        return ParameterAddress(QString::fromLatin1(text), true);
+    };
+    QVERIFY(host.canNavigateToParameter(coordinate("B01")));
+    QVERIFY(!host.canNavigateToParameter(coordinate("X99")));
+    QVERIFY(!host.canNavigateToParameter(coordinate("P01")));
+    QVERIFY(host.canNavigateToAddress(address("2.B01")));
+    QVERIFY(host.canNavigateToAddress(address("E30[2]")));
+    QVERIFY(!host.canNavigateToAddress(address("E30[3]")));
+    QVERIFY(!host.canNavigateToAddress(address("3.B01")));
+    QVERIFY(!host.canNavigateToAddress(address("P01")));
+    QVERIFY(!host.canNavigateToAddress(ParameterAddress()));
+    host.navigateToAddress(address("2.B01"));
+    QCOMPARE(host.currentAddress().toSortableText(), QStringLiteral("2.B001[00000]"));
+    host.navigateToAddress(address("X99"));
+    QCOMPARE(host.currentAddress().toSortableText(), QStringLiteral("2.B001[00000]"));
+    host.navigateToParameter(coordinate("E30"));
+    QCOMPARE(host.currentAddress().toSortableText(), QStringLiteral("1.E030[00001]"));
+    QCOMPARE(host.parameterContainer(), &m_window->session().project()->container());
+}
+
+void tst_DeskNavigation::navigationTakesAwayTheSearch()
+{
+    open(DeskDevice());
+    m_window->selectors().searchField()->setText(QStringLiteral("zehn"));
+    auto *selector = m_window->findChild<QComboBox *>(QStringLiteral("axis"));
+    selector->setFocus();
+    QTest::keyClick(selector, Qt::Key_Down);
+    QCOMPARE(m_window->tableModel().rowCount(), 1);
+    m_window->navigation().navigateToAddress(ParameterAddress(QStringLiteral("2.B01"), true));
+    QCOMPARE(
+        m_window->navigation().currentAddress().toSortableText(), QStringLiteral("2.B001[00000]"));
+    QCOMPARE(m_window->selectors().searchField()->text(), QString());
+    QCOMPARE(selector->currentIndex(), 0);
 }
 
 QTEST_MAIN(tst_DeskNavigation)
