@@ -110,7 +110,8 @@ void tst_DeskComparison::removeSnapshot()
 void tst_DeskComparison::rowLeadsToItsParameter()
 {
     snapshotAndCompare();
-    auto *tree = desk().window->findChild<ParameterValueSnapshotWidget *>()->findChild<QTreeWidget *>();
+    auto *tree =
+        desk().window->findChild<ParameterValueSnapshotWidget *>()->findChild<QTreeWidget *>();
     QTRY_VERIFY(tree->isVisible());
     int shown = 0;
     while (tree->topLevelItem(shown)->isHidden())
@@ -119,8 +120,8 @@ void tst_DeskComparison::rowLeadsToItsParameter()
     QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier, cell);
     QTest::mouseDClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier, cell);
     QVERIFY(desk().table().isVisible());
-    QCOMPARE(
-        desk().window->navigation().currentAddress().toSortableText(), QStringLiteral("1.B001[00000]"));
+    QCOMPARE(desk().window->navigation().currentAddress().toSortableText(),
+        QStringLiteral("1.B001[00000]"));
     // And a whole record, which has no value of its own.
     desk().click(place("E30", 0, 2));
     desk().press(Qt::Key_4);
@@ -134,8 +135,8 @@ void tst_DeskComparison::rowLeadsToItsParameter()
     tree->setCurrentItem(record);
     tree->setFocus();
     desk().press(Qt::Key_Return);
-    QCOMPARE(
-        desk().window->navigation().currentAddress().toSortableText(), QStringLiteral("1.E030[00001]"));
+    QCOMPARE(desk().window->navigation().currentAddress().toSortableText(),
+        QStringLiteral("1.E030[00001]"));
 }
 
 QTEST_MAIN(tst_DeskComparison)

@@ -12,7 +12,6 @@
 
 #include <QtCore/QRegularExpression>
 #include <QtCore/QSettings>
-#include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QApplication>
@@ -21,7 +20,6 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListView>
 #include <QtWidgets/QMenuBar>
-#include <QtWidgets/QTabWidget>
 
 /// The desk with real clicks and keys.
 class tst_DeskWindow : public QObject {
