@@ -20,10 +20,7 @@ private Q_SLOTS:
     void nothingToRead();
 
 private:
-    qsizetype count(bool found)
-    {
-        return m_search->found().count(found);
-    }
+    qsizetype count(bool found) { return m_search->found().count(found); }
 
     QStringList m_texts;
     QList<qsizetype> m_read;
