@@ -168,6 +168,18 @@
         <source>A&amp;ktion starten</source>
         <translation>S&amp;tart action</translation>
     </message>
+    <message>
+        <source>Alle Werte unter einem Namen festhalten (Strg+T)</source>
+        <translation>Keep all values under a name (Ctrl+T)</translation>
+    </message>
+    <message>
+        <source>Die angekreuzten Snapshots nebeneinander zeigen (Strg+D)</source>
+        <translation>Show the checked snapshots side by side (Ctrl+D)</translation>
+    </message>
+    <message>
+        <source>Den gewählten Snapshot entfernen (Entf in der Liste)</source>
+        <translation>Remove the chosen snapshot (Del in the list)</translation>
+    </message>
 </context>
 <context>
     <name>DeskMenu</name>
@@ -316,6 +328,25 @@
     </message>
 </context>
 <context>
+    <name>DeskPlaces</name>
+    <message>
+        <source>Parameter</source>
+        <translation>Parameters</translation>
+    </message>
+    <message>
+        <source>Vergleich</source>
+        <translation>Comparison</translation>
+    </message>
+    <message>
+        <source>Snapshots</source>
+        <translation>Snapshots</translation>
+    </message>
+    <message>
+        <source>Meldungen</source>
+        <translation>Messages</translation>
+    </message>
+</context>
+<context>
     <name>DeskSession</name>
     <message>
         <source>Gerät öffnen</source>
@@ -387,22 +418,6 @@
 </context>
 <context>
     <name>DeskWindow</name>
-    <message>
-        <source>Parameter</source>
-        <translation>Parameters</translation>
-    </message>
-    <message>
-        <source>Vergleich</source>
-        <translation>Comparison</translation>
-    </message>
-    <message>
-        <source>Snapshots</source>
-        <translation>Snapshots</translation>
-    </message>
-    <message>
-        <source>Meldungen</source>
-        <translation>Messages</translation>
-    </message>
     <message>
         <source>Snapshots vergleichen</source>
         <translation>Compare snapshots</translation>
@@ -535,6 +550,22 @@
         <source>%1 Hersteller</source>
         <translation>%1 maker</translation>
     </message>
+    <message>
+        <source>Zeilen, die jedes der Wörter enthalten (Strg+F); Escape zeigt alle</source>
+        <translation>Rows that hold each of the words (Ctrl+F); Escape shows all</translation>
+    </message>
+    <message>
+        <source>Zeilen einer Achse; globale Parameter gehören zu jeder</source>
+        <translation>Rows of one axis; global parameters belong to each</translation>
+    </message>
+    <message>
+        <source>Was zu sehen ist und was geschrieben werden kann</source>
+        <translation>What can be seen and what can be written</translation>
+    </message>
+    <message>
+        <source>Sprache der Texte</source>
+        <translation>Language of the texts</translation>
+    </message>
 </context>
 <context>
     <name>SessionCommands</name>
@@ -548,6 +579,10 @@
     <message>
         <source>Snapshot %1</source>
         <translation>Snapshot %1</translation>
+    </message>
+    <message>
+        <source>%1, von %2</source>
+        <translation>%1, of %2</translation>
     </message>
 </context>
 <context>
@@ -611,16 +646,16 @@
         <source>%1 ist zurzeit ausgeblendet.</source>
         <translation>%1 is hidden at present.</translation>
     </message>
+    <message>
+        <source>Der Vergleich gehört zu %1; offen ist %2.</source>
+        <translation>The comparison belongs to %1; %2 is open.</translation>
+    </message>
 </context>
 <context>
     <name>ValueWriter</name>
     <message>
         <source>Das Gerät hat den Parameter nicht mehr.</source>
         <translation>The device no longer has the parameter.</translation>
-    </message>
-    <message>
-        <source>Parameter %1 ist jetzt nicht schreibbar.</source>
-        <translation>Parameter %1 cannot be written now.</translation>
     </message>
 </context>
 <context>
@@ -714,6 +749,22 @@
         <translation>Replace</translation>
     </message>
     <message>
+        <source>Die Werte sind die des Antriebs %1. Sollen sie die Werte im Ordner &quot;%2&quot; ersetzen?</source>
+        <translation>The values are those of the drive %1. Replace the values in the folder &quot;%2&quot; by them?</translation>
+    </message>
+    <message>
+        <source>Im Ordner stehen Werte, die nicht von diesem Antrieb gelesen wurden.</source>
+        <translation>The folder holds values that were not read from this drive.</translation>
+    </message>
+    <message>
+        <source>Im Ordner stehen die Werte des Antriebs %1.</source>
+        <translation>The folder holds the values of the drive %1.</translation>
+    </message>
+    <message>
+        <source>Strg+Umschalt+S speichert in einen anderen Ordner.</source>
+        <translation>Ctrl+Shift+S saves into another folder.</translation>
+    </message>
+    <message>
         <source>Soll der Snapshot &quot;%1&quot; entfernt werden?</source>
         <translation>Remove snapshot &quot;%1&quot;?</translation>
     </message>
@@ -732,6 +783,29 @@
     <message>
         <source>Beenden</source>
         <translation>Quit</translation>
+    </message>
+</context>
+<context>
+    <name>WriteObstacle</name>
+    <message>
+        <source>%1 ist noch nicht schreibbar: Der Antrieb wird verbunden, und seine Werte ersetzen gleich alle. F9 bricht das ab.</source>
+        <translation>%1 cannot be written yet: the drive is being connected, and its values are about to replace all. F9 cancels that.</translation>
+    </message>
+    <message>
+        <source>%1 ist nicht schreibbar: Das Gerät ist auf nur lesen gestellt (F8).</source>
+        <translation>%1 cannot be written: the device is set to read only (F8).</translation>
+    </message>
+    <message>
+        <source>%1 wird nur gelesen.</source>
+        <translation>%1 is only read.</translation>
+    </message>
+    <message>
+        <source>%1 ist erst ab Zugriffsstufe %2 schreibbar.</source>
+        <translation>%1 can be written from access level %2 on.</translation>
+    </message>
+    <message>
+        <source>%1 ist nur online schreibbar.</source>
+        <translation>%1 can be written online only.</translation>
     </message>
 </context>
 </TS>

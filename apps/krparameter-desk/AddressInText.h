@@ -4,10 +4,18 @@
 
 #include <QtCore/QString>
 
-/// Finds the parameter that a message or the title of a row is about.
+#include <functional>
+
+/// Finds the parameter that a message or a row is about. A key behind a slash does not belong to its
+/// address: "H000/V_0_0".
 class AddressInText {
 public:
-    /// The first word that is an address; invalid where there is none. Signs behind a word do not
-    /// belong to it, nor does a key behind a slash: "H000/V_0_0".
-    static ParameterAddress find(const QString &text);
+    using IsKnown = std::function<bool(const ParameterAddress &)>;
+
+    /// The one that a row begins with; invalid where it begins with something else.
+    static ParameterAddress ofTitle(const QString &title);
+    /// The one that the message names as what it is about, "Parameter B01" or "B01: " at its beginning;
+    /// otherwise the first one that is known. Invalid where there is none. What stands in quotation marks is
+    /// a value or a name.
+    static ParameterAddress ofMessage(const QString &text, const IsKnown &isKnown);
 };

@@ -47,10 +47,9 @@ ColumnFitter::Widths ColumnFitter::share(const Needs &needs, int room)
     if (needs.name + needs.value <= room)
         return {needs.name, std::max(needs.value, std::min(needs.choice, room - needs.name))};
     // The one that needs less than half keeps what it needs.
-    const int all = std::max(room, 0);
-    if (needs.value <= all / 2)
-        return {all - needs.value, needs.value};
-    const int name = std::min(needs.name, all / 2);
+    const int all = std::max(room, needs.leastName + needs.leastValue);
+    const int fair = needs.value <= all / 2 ? all - needs.value : std::min(needs.name, all / 2);
+    const int name = std::clamp(fair, needs.leastName, all - needs.leastValue);
     return {name, all - name};
 }
 
@@ -95,7 +94,8 @@ void ColumnFitter::measure()
     QFont bold = m_view.font();
     bold.setBold(true);
     m_needs = {needed(Table::Name), needed(Table::Value),
-        widest(m_model.longestChoices(), QFontMetrics(bold))};
+        widest(m_model.longestChoices(), QFontMetrics(bold)), least(Table::Name),
+        least(Table::Value)};
     m_tagWidth = least(Table::ChangeTag);
     fit();
 }

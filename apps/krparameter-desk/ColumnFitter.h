@@ -18,6 +18,9 @@ public:
         int value = 0;
         /// Of the longest choice that a value could have.
         int choice = 0;
+        /// Less than these shows no text that can be told from others.
+        int leastName = 0;
+        int leastValue = 0;
     };
     struct Widths {
         int name = 0;
@@ -28,7 +31,7 @@ public:
     ColumnFitter(const ParameterTableModel &model, QTableView &view);
 
     /// Without room for both the wider one gives way, at most until they are equal; room that is left is for
-    /// choices.
+    /// choices. Neither is narrower than the least, for which the table has to scroll.
     static Widths share(const Needs &needs, int room);
 
     /// Empty until the user set a width.

@@ -40,7 +40,7 @@ ComparisonPage::ComparisonPage(QWidget *parent)
 }
 
 void ComparisonPage::compare(const QList<ParameterValueSnapshot *> &snapshots,
-    const QStringList &names, const QString &header, Progress *progress)
+    const QStringList &names, const QStringList &devices, Progress *progress)
 {
     if (snapshots.isEmpty()) {
         clear();
@@ -50,13 +50,14 @@ void ComparisonPage::compare(const QList<ParameterValueSnapshot *> &snapshots,
     auto widget = std::make_unique<ParameterValueSnapshotWidget>(nullptr);
     for (qsizetype i = 0; i < snapshots.size(); ++i)
         widget->appendSnapshot(snapshots.at(i), names.at(i));
-    widget->setHtmlHeader(header.toHtmlEscaped());
+    widget->setHtmlHeader(devices.join(QStringLiteral(", ")).toHtmlEscaped());
     const auto advance = [progress](qsizetype done, qsizetype total) {
         return !progress || progress->advance(done, total);
     };
     if (!widget->updateStepwise(advance))
         return;
     m_names = names;
+    m_devices = devices;
     m_content = contentOf(*widget);
     summarize();
     show(std::move(widget));
@@ -66,6 +67,7 @@ void ComparisonPage::clear()
 {
     delete std::exchange(m_widget, nullptr);
     m_names.clear();
+    m_devices.clear();
     m_content = eContent::Nothing;
     summarize();
 }
@@ -91,7 +93,7 @@ void ComparisonPage::show(std::unique_ptr<ParameterValueSnapshotWidget> widget)
 
 void ComparisonPage::onActivated(const QTreeWidgetItem *item)
 {
-    const ParameterAddress address = AddressInText::find(item->text(0));
+    const ParameterAddress address = AddressInText::ofTitle(item->text(0));
     if (address.isValid())
         Q_EMIT addressActivated(address);
 }

@@ -21,13 +21,16 @@ class ComparisonPage : public QWidget {
 public:
     explicit ComparisonPage(QWidget *parent);
 
-    /// As many names as snapshots; `header` stands above the report, as text. None: as clear().
+    /// As many names as snapshots; `devices`, of which they were taken, stand above the report. None: as
+    /// clear().
     /// Without progress nobody is told; where it ends the comparison, what was shown stays.
     /// **Owner** of the snapshots the caller.
     void compare(const QList<ParameterValueSnapshot *> &snapshots, const QStringList &names,
-        const QString &header, Progress *progress = nullptr);
+        const QStringList &devices, Progress *progress = nullptr);
     /// Says how to get a comparison.
     void clear();
+    /// Of which the snapshots were taken that are shown.
+    const QStringList &devices() const { return m_devices; }
 
 Q_SIGNALS:
     void addressActivated(const ParameterAddress &address);
@@ -49,6 +52,7 @@ private:
     QLabel *m_summary;
     /// Of what is shown.
     QStringList m_names;
+    QStringList m_devices;
     eContent m_content = eContent::Nothing;
     /// Null while nothing is compared.
     ParameterValueSnapshotWidget *m_widget = nullptr;

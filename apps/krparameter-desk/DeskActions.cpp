@@ -41,6 +41,22 @@ constexpr Entry Entries[] = {
     {DeskActions::ClearMessages, QT_TRANSLATE_NOOP("DeskActions", "Meldungen &leeren"), "", false},
 };
 
+struct Hint {
+    DeskActions::eAction action;
+    const char *text;
+};
+
+/// Of those that have buttons.
+constexpr Hint Hints[] = {
+    {DeskActions::TakeSnapshot,
+        QT_TRANSLATE_NOOP("DeskActions", "Alle Werte unter einem Namen festhalten (Strg+T)")},
+    {DeskActions::CompareSnapshots,
+        QT_TRANSLATE_NOOP(
+            "DeskActions", "Die angekreuzten Snapshots nebeneinander zeigen (Strg+D)")},
+    {DeskActions::RemoveSnapshot,
+        QT_TRANSLATE_NOOP("DeskActions", "Den gewählten Snapshot entfernen (Entf in der Liste)")},
+};
+
 } // namespace
 
 DeskActions::DeskActions(QWidget *window)
@@ -60,4 +76,6 @@ void DeskActions::retranslate()
 {
     for (const Entry &entry : Entries)
         m_actions.value(entry.action)->setText(tr(entry.text));
+    for (const Hint &hint : Hints)
+        m_actions.value(hint.action)->setToolTip(tr(hint.text));
 }

@@ -29,6 +29,10 @@ public:
     virtual bool agreesToLose(const QString &losses) = 0;
     /// To save over the project that this folder holds, which is another one.
     virtual bool agreesToReplace(const QString &folder) = 0;
+    /// To save what `drive` gave over what the folder holds of `folderDrive`; that is empty where nobody
+    /// knows it.
+    virtual bool agreesToSaveFromDrive(
+        const QString &folder, const QString &drive, const QString &folderDrive) = 0;
     virtual bool agreesToRemoveSnapshot(const QString &name) = 0;
     /// To close the desk, which does not keep these snapshots.
     virtual bool agreesToLoseSnapshots(const QStringList &names) = 0;

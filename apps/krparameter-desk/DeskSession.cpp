@@ -108,6 +108,7 @@ void DeskSession::adopt(std::unique_ptr<DriveProject> project)
     m_onlineSwitch.reset();
     m_writer.reset();
     m_project = std::move(project);
+    m_origin.forget();
     m_folder.clear();
     m_folderHoldsMore = false;
     m_hasOtherChanges = false;
@@ -153,6 +154,7 @@ void DeskSession::fill(const QString &folder, ProjectStorage::LoadResult &judged
     m_project->container().loadFrom(judged.blocks);
     m_project->container().setDomain(titleOf(folder));
     m_undoStack.clear();
+    m_origin.forget();
     m_folder = folder;
     m_folderHoldsMore = judged.report.leavesContentBehind();
     m_hasOtherChanges = false;
@@ -177,6 +179,7 @@ bool DeskSession::save(const QString &folder)
         return false;
     }
     m_project->container().setDomain(titleOf(folder));
+    m_origin.saved();
     m_folder = folder;
     m_folderHoldsMore = false;
     m_hasOtherChanges = false;
@@ -203,6 +206,9 @@ bool DeskSession::agreesToOverwrite(const QString &folder)
 {
     if (m_folder.isEmpty() || QDir(folder) != QDir(m_folder))
         return !ProjectFolder(folder).holdsProject() || m_dialogs.agreesToReplace(folder);
+    if (m_origin.isForeignToFolder()
+        && !m_dialogs.agreesToSaveFromDrive(folder, m_origin.drive(), m_origin.folderDrive()))
+        return false;
     return !m_folderHoldsMore
         || m_dialogs.agreesToLose(
             tr("Das Projekt enthält, was dieses Gerät nicht kennt; es ginge verloren."));
@@ -210,9 +216,9 @@ bool DeskSession::agreesToOverwrite(const QString &folder)
 
 bool DeskSession::mayRestore() const
 {
-    const bool isReading =
-        m_onlineSwitch && m_onlineSwitch->state() == OnlineSwitch::eState::Reading;
-    return !isReading && !isReadOnly();
+    using eState = OnlineSwitch::eState;
+    const eState state = m_onlineSwitch ? m_onlineSwitch->state() : eState::Offline;
+    return (state == eState::Offline || state == eState::Online) && !isReadOnly();
 }
 
 /// What was written stays, and unsaved as it was.
@@ -224,6 +230,10 @@ void DeskSession::forgetUndo()
 
 void DeskSession::onOnlineChanged()
 {
+    if (m_onlineSwitch->state() == OnlineSwitch::eState::Reading)
+        m_origin.readFrom(m_onlineSwitch->drive());
+    // What is written now would be gone as soon as the drive's values come.
+    m_writer->setConnecting(m_onlineSwitch->state() == OnlineSwitch::eState::Opening);
     // An undo would write what stood here before the drive's own value, or to another drive.
     if (m_onlineSwitch->isConnected())
         forgetUndo();

@@ -2,6 +2,7 @@
 
 #include "apps/host/ProjectStorage.h"
 #include "apps/krparameter-desk/DriveLink.h"
+#include "apps/krparameter-desk/ValueOrigin.h"
 
 #include <QtCore/QObject>
 #include <QtGui/QUndoStack>
@@ -36,7 +37,7 @@ public:
     ValueWriter *writer() const { return m_writer.get(); }
     OnlineSwitch *onlineSwitch() const { return m_onlineSwitch.get(); }
     const QUndoStack *undoStack() const { return &m_undoStack; }
-    /// Never while the device is read only or its values are being read from a drive.
+    /// Never while the device is read only or a drive's values are about to replace all.
     bool canUndo() const { return m_undoStack.canUndo() && mayRestore(); }
     bool canRedo() const { return m_undoStack.canRedo() && mayRestore(); }
     /// Empty while the values were neither loaded nor saved.
@@ -56,7 +57,8 @@ public:
     /// every finding of the load report as warning.
     bool load(const QString &folder);
     /// **Refused** unless the user agrees: texts that would be lost, a folder that holds another project
-    /// than the one that was loaded or saved last. **Emits** saved.
+    /// than the one that was loaded or saved last, values that were read from another drive than those of
+    /// the folder. **Emits** saved.
     bool save(const QString &folder);
     /// Do nothing where they cannot.
     void undo();
@@ -93,6 +95,7 @@ private:
     std::unique_ptr<DriveProject> m_project;
     std::unique_ptr<ValueWriter> m_writer;
     std::unique_ptr<OnlineSwitch> m_onlineSwitch;
+    ValueOrigin m_origin;
     QString m_folder;
     /// The folder holds what the device does not know; a save there drops it.
     bool m_folderHoldsMore = false;

@@ -12,23 +12,22 @@
 
 #include <QtWidgets/QMainWindow>
 
-#include <functional>
-
 class ActionCommand;
 class ActionProgress;
+class AddressGuide;
 class ComparisonPage;
 class DeskActions;
 class DeskDialogs;
 class DeskMenu;
+class DeskPlaces;
 class DeskStatus;
 class MessagePane;
 class ParameterNavigationHost;
 class ParameterTableView;
-class QDockWidget;
-class QTabWidget;
 class SelectorBar;
 class SnapshotPane;
 class TableNavigation;
+class ValueCommands;
 
 /// The desk: table and comparison in the middle, snapshots on the right, messages below.
 class DeskWindow : public QMainWindow {
@@ -61,20 +60,13 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    void buildMiddle();
-    void buildDocks();
-    void on(int action, const std::function<void(bool)> &function);
     void connectCommands();
     void connectViews();
-    void bindTo(QWidget &widget, int action);
     void connectSelectors();
     void connectSession();
     void connectStarter();
     void retranslate();
 
-    void goToComparison();
-    void goTo(const ParameterAddress &address);
-    void reveal();
     void onAboutToChange();
     void onChanged();
     void compareChecked();
@@ -92,15 +84,15 @@ private:
     DeskActions *m_actions;
     DeskMenu *m_menu;
     SelectorBar *m_selectors;
-    QTabWidget *m_pages;
     ParameterTableView *m_tableView;
     ComparisonPage *m_comparison;
-    QDockWidget *m_snapshotDock;
     SnapshotPane *m_snapshotPane;
-    QDockWidget *m_messageDock;
     MessagePane *m_messagePane;
+    DeskPlaces *m_places;
     TableNavigation *m_navigation;
+    AddressGuide *m_guide;
     DeskStatus *m_status;
+    ValueCommands *m_valueCommands;
     ActionProgress *m_actionProgress;
     ActionCommand *m_actionCommand;
 };

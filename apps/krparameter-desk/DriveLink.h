@@ -14,6 +14,8 @@ class DriveLink : public QObject {
 public:
     using QObject::QObject;
 
+    /// By which the user knows the drive; never empty while it is connected.
+    virtual QString drive() const = 0;
     /// **Emits** reading and opened, or closed, at once or later.
     virtual void open() = 0;
     /// **Emits** closed, at once or later; also while it is still opening.

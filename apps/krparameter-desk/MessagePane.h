@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KrParameterDefinition/ParameterAddress.h>
+#include "apps/krparameter-desk/AddressInText.h"
 
 #include <QtWidgets/QListView>
 
@@ -12,8 +12,9 @@ class MessagePane : public QListView {
     Q_OBJECT
 
 public:
-    /// **Owner** of the model the caller.
-    MessagePane(MessageListModel &model, QWidget *parent);
+    /// `isKnown` says whether the device that is open has a parameter of the address. **Owner** of the
+    /// model the caller.
+    MessagePane(MessageListModel &model, const AddressInText::IsKnown &isKnown, QWidget *parent);
 
 Q_SIGNALS:
     void addressActivated(const ParameterAddress &address);
@@ -22,4 +23,6 @@ Q_SIGNALS:
 
 private:
     void onActivated(const QModelIndex &index);
+
+    AddressInText::IsKnown m_isKnown;
 };

@@ -31,6 +31,11 @@ OnlineDriveLink::~OnlineDriveLink()
         m_session->disconnect(this);
 }
 
+QString OnlineDriveLink::drive() const
+{
+    return m_address.toText();
+}
+
 void OnlineDriveLink::open()
 {
     m_isClosing = false;

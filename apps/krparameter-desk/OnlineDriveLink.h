@@ -20,6 +20,7 @@ public:
     OnlineDriveLink(ParameterContainer &container, const DriveAddress &address);
     ~OnlineDriveLink() override;
 
+    QString drive() const override;
     /// **Reports** what was read as information, each loss as a warning, titled with the container's
     /// domain; also later. Where reading is ended by close(), how far it came is one warning.
     void open() override;

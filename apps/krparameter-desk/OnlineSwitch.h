@@ -22,6 +22,8 @@ public:
     eState state() const { return m_state; }
     /// Connected: Reading or Online.
     bool isConnected() const { return m_state == eState::Reading || m_state == eState::Online; }
+    /// Of the link; empty without one.
+    QString drive() const { return m_link ? m_link->drive() : QString(); }
     /// How many values are read while the state is Reading.
     qsizetype readCount() const { return m_readCount; }
     qsizetype countToRead() const { return m_countToRead; }

@@ -1,40 +1,30 @@
 #include "apps/krparameter-desk/ParameterTableModel.h"
 
 #include "apps/host/DriveProject.h"
-#include "apps/krparameter-desk/LongestTexts.h"
+#include "apps/krparameter-desk/MeasuredTexts.h"
 #include "apps/krparameter-desk/RowTexts.h"
 #include "apps/krparameter-desk/TableCells.h"
 #include "apps/krparameter-desk/ValueWriter.h"
 
-#include <KrParameterInstance/ParameterInformation.h>
-
-#include <algorithm>
 #include <utility>
-
-namespace {
-
-/// Of which the search reads the texts at a time: about 2 ms.
-constexpr qsizetype RowsOfAPiece = 1500;
-
-} // namespace
 
 ParameterTableModel::ParameterTableModel(QObject *parent)
     : QAbstractTableModel(parent)
+    , m_search([this](qsizetype row) { return m_texts->searched(m_places.at(row)); })
 {
-    connect(&m_idle, &QTimer::timeout, this, &ParameterTableModel::prepareSearch);
+    connect(&m_search, &SearchedTexts::foundAnew, this, &ParameterTableModel::updateFound);
+    connect(&m_changes, &DeviceChanges::valueChanged, this, &ParameterTableModel::updateRow);
+    connect(&m_changes, &DeviceChanges::visibilityChanged, this,
+        &ParameterTableModel::onVisibilityChanged);
+    connect(&m_changes, &DeviceChanges::allChanged, this, &ParameterTableModel::refresh);
+    connect(&m_changes, &DeviceChanges::parametersChanged, this, &ParameterTableModel::reset);
 }
 
 ParameterTableModel::~ParameterTableModel() = default;
 
 void ParameterTableModel::setDevice(DriveProject *project, ValueWriter *writer)
 {
-    if (m_project) {
-        m_project->container().disconnect(this);
-        for (const ParameterCoordinate &coordinate : m_project->container().parameterList()) {
-            if (const auto parameter = m_project->container().parameterInformation(coordinate))
-                parameter->disconnect(this);
-        }
-    }
+    m_changes.setDevice(nullptr);
     if (m_writer)
         m_writer->disconnect(this);
     beginResetModel();
@@ -43,54 +33,11 @@ void ParameterTableModel::setDevice(DriveProject *project, ValueWriter *writer)
     m_texts = project ? std::make_unique<RowTexts>(*project) : nullptr;
     rebuild();
     endResetModel();
-    listen();
-}
-
-void ParameterTableModel::listen()
-{
-    if (!m_project)
+    m_changes.setDevice(project);
+    if (!m_writer)
         return;
-    const ParameterContainer *container = &m_project->container();
-    connect(container, &ParameterContainer::parameterValueChanged, this,
-        &ParameterTableModel::onValueChanged);
-    connect(container, &ParameterContainer::parameterNativeValueChanged, this,
-        &ParameterTableModel::onValueChanged);
-    connect(container, &ParameterContainer::parameterDefaultValueChanged, this,
-        &ParameterTableModel::onValueChanged);
-    connect(container, &ParameterContainer::parameterMeasuringUnitChanged, this,
-        &ParameterTableModel::onValueChanged);
-    connect(container, &ParameterContainer::parameterVisibilityChanged, this,
-        &ParameterTableModel::onVisibilityChanged);
-    connect(container, &ParameterContainer::accessLevelUpdateFinished, this,
-        &ParameterTableModel::onLevelChanged);
-    connect(container, &ParameterContainer::onlineChanged, this, &ParameterTableModel::refresh);
-    connect(container, &ParameterContainer::readOnlyChanged, this, &ParameterTableModel::refresh);
-    connect(container, &ParameterContainer::accessLevelUpdateStarted, this,
-        [this] { m_isLevelChanging = true; });
-    connect(
-        container, &ParameterContainer::parameterAdded, this, &ParameterTableModel::rebuildSoon);
-    connect(
-        container, &ParameterContainer::parameterRemoved, this, &ParameterTableModel::rebuildSoon);
-    connect(container, &ParameterContainer::parameterDefinitionChanged, this,
-        &ParameterTableModel::rebuildSoon);
-    if (m_writer)
-        connect(m_writer, &ValueWriter::written, this, &ParameterTableModel::updateRow);
-    listenToParameters();
-}
-
-/// What no container tells. Those that are heard already stay so.
-void ParameterTableModel::listenToParameters()
-{
-    if (!m_project)
-        return;
-    ParameterContainer &container = m_project->container();
-    for (const ParameterCoordinate &coordinate : container.parameterList()) {
-        const ParameterInformation *parameter = container.parameterInformation(coordinate);
-        connect(parameter, &ParameterInformation::limitsChanged, this,
-            &ParameterTableModel::onValueChanged, Qt::UniqueConnection);
-        connect(parameter, &ParameterInformation::writabilityChanged, this,
-            &ParameterTableModel::onValueChanged, Qt::UniqueConnection);
-    }
+    connect(m_writer, &ValueWriter::written, this, &ParameterTableModel::updateRow);
+    connect(m_writer, &ValueWriter::connectingChanged, this, &ParameterTableModel::refresh);
 }
 
 void ParameterTableModel::rebuild()
@@ -108,19 +55,11 @@ void ParameterTableModel::rebuild()
     m_shown.update();
 }
 
-void ParameterTableModel::rebuildSoon()
+void ParameterTableModel::reset()
 {
-    if (m_isRebuildPending)
-        return;
-    m_isRebuildPending = true;
-    const auto reset = [this] {
-        m_isRebuildPending = false;
-        beginResetModel();
-        rebuild();
-        endResetModel();
-        listenToParameters();
-    };
-    QMetaObject::invokeMethod(this, reset, Qt::QueuedConnection);
+    beginResetModel();
+    rebuild();
+    endResetModel();
 }
 
 void ParameterTableModel::setAxis(std::optional<eLivingSpace> axis)
@@ -131,10 +70,8 @@ void ParameterTableModel::setAxis(std::optional<eLivingSpace> axis)
 void ParameterTableModel::setSearchedText(const QString &text)
 {
     changeShown([&] {
-        m_searchedText = text;
-        if (!text.isEmpty())
-            readPiece();
-        findRows();
+        m_search.setPattern(text);
+        m_shown.setFound(m_search.found());
     });
 }
 
@@ -153,12 +90,10 @@ void ParameterTableModel::refresh()
 void ParameterTableModel::settle()
 {
     updateVisibility();
-    if (m_searchedText.isEmpty() || m_search.size() == m_places.size())
+    if (!m_search.isAwaited())
         return;
-    changeShown([this] {
-        readTexts(m_places.size());
-        findRows();
-    });
+    m_search.readAll();
+    updateFound();
 }
 
 std::optional<ValuePlace> ParameterTableModel::placeAt(const QModelIndex &index) const
@@ -175,27 +110,20 @@ QModelIndex ParameterTableModel::indexOf(const ValuePlace &place, eColumn column
     return shownRow == ShownRows::NotShown ? QModelIndex() : index(shownRow, column);
 }
 
+QString ParameterTableModel::writeObstacle(const QModelIndex &index) const
+{
+    const std::optional<ValuePlace> place = placeAt(index);
+    return place && m_writer ? m_writer->obstacle(*place) : QString();
+}
+
 QStringList ParameterTableModel::longestTexts(eColumn column) const
 {
-    switch (column) {
-    case Address:
-        return longest([this](const ValuePlace &place) { return m_texts->address(place); });
-    case Name:
-        return longest([this](const ValuePlace &place) { return m_texts->name(place); });
-    case Value:
-        return longest([this](const ValuePlace &place) {
-            return m_texts->isNumber(place) ? QString() : m_texts->value(place);
-        });
-    default:
-        return {};
-    }
+    return m_texts ? MeasuredTexts(*m_texts, m_places, m_shown).ofColumn(column) : QStringList();
 }
 
 QStringList ParameterTableModel::longestChoices() const
 {
-    return longest([this](const ValuePlace &place) {
-        return m_texts->isNumber(place) ? QString() : m_texts->longestChoice(place);
-    });
+    return m_texts ? MeasuredTexts(*m_texts, m_places, m_shown).choices() : QStringList();
 }
 
 int ParameterTableModel::rowCount(const QModelIndex &parent) const
@@ -225,7 +153,7 @@ Qt::ItemFlags ParameterTableModel::flags(const QModelIndex &index) const
 {
     Qt::ItemFlags result = QAbstractTableModel::flags(index);
     const std::optional<ValuePlace> place = placeAt(index);
-    if (place && index.column() == Value && m_writer && m_texts->isWritable(*place))
+    if (place && index.column() == Value && m_writer && m_writer->isWritable(*place))
         result |= Qt::ItemIsEditable;
     return result;
 }
@@ -239,13 +167,6 @@ bool ParameterTableModel::setData(const QModelIndex &index, const QVariant &valu
     // The write may have moved the row.
     Q_EMIT writeAnswered(indexOf(*place), outcome.isAccepted, outcome.message);
     return outcome.isAccepted;
-}
-
-/// What may be written and what is masked follow the level too, and so does what is found.
-void ParameterTableModel::onLevelChanged()
-{
-    m_isLevelChanging = false;
-    refresh();
 }
 
 /// Rows keep their selection where they are still shown.
@@ -270,89 +191,26 @@ void ParameterTableModel::changeShown(const std::function<void()> &change)
     Q_EMIT layoutChanged();
 }
 
-/// Forgets what was read. What is searched now is searched anew in full: rows that are not shown must not
-/// come up for a moment.
-void ParameterTableModel::startSearch()
+void ParameterTableModel::onVisibilityChanged(const ValuePlace &place)
 {
-    m_search.clear();
-    m_search.reserve(m_places.size());
-    m_idle.start();
-    if (!m_searchedText.isEmpty())
-        readTexts(m_places.size());
-    findRows();
-}
-
-/// While nothing else is to be done, so that no key waits for all texts.
-void ParameterTableModel::prepareSearch()
-{
-    const bool isWaitedFor = !m_searchedText.isEmpty() && m_search.size() < m_places.size();
-    readPiece();
-    if (isWaitedFor)
-        changeShown([this] { findRows(); });
-}
-
-void ParameterTableModel::readPiece()
-{
-    readTexts(std::min(m_search.size() + RowsOfAPiece, m_places.size()));
-}
-
-void ParameterTableModel::readTexts(qsizetype end)
-{
-    for (qsizetype row = m_search.size(); row < end; ++row)
-        m_search.append(m_texts->searched(m_places.at(row)));
-    if (m_search.size() == m_places.size())
-        m_idle.stop();
-}
-
-/// A row that is not read yet counts as found: one that is selected stays so.
-void ParameterTableModel::findRows()
-{
-    if (m_searchedText.isEmpty()) {
-        m_shown.setFound({});
-        return;
-    }
-    QList<bool> found = m_search.find(m_searchedText);
-    found.append(QList<bool>(m_places.size() - found.size(), true));
-    m_shown.setFound(found);
-}
-
-QStringList ParameterTableModel::longest(
-    const std::function<QString(const ValuePlace &)> &textOf) const
-{
-    LongestTexts longest;
-    const ValuePlace *first = nullptr;
-    for (int row = 0; row < m_places.size(); ++row) {
-        const ValuePlace &place = m_places.at(row);
-        if (!m_shown.isVisible(row))
-            continue;
-        if (!first || first->coordinate != place.coordinate)
-            first = &place;
-        if (first->livingSpace == place.livingSpace)
-            longest.add(textOf(place));
-    }
-    return longest.texts();
-}
-
-void ParameterTableModel::onValueChanged(const ParameterAddress &address)
-{
-    if (const auto parameter = m_project->container().parameterInformation(address.coordinate()))
-        updateRow(ValuePlace::of(address, *parameter));
-}
-
-void ParameterTableModel::onVisibilityChanged(const ParameterAddress &address)
-{
-    if (m_isLevelChanging)
-        return;
-    const auto parameter = m_project->container().parameterInformation(address.coordinate());
-    const int row = parameter
-        ? m_rowOfPlace.value(ValuePlace::of(address, *parameter), ShownRows::NotShown)
-        : ShownRows::NotShown;
+    const int row = m_rowOfPlace.value(place, ShownRows::NotShown);
     if (row == ShownRows::NotShown)
         return;
     if (m_rowsToShow.isEmpty())
         QMetaObject::invokeMethod(
             this, &ParameterTableModel::updateVisibility, Qt::QueuedConnection);
     m_rowsToShow.append(row);
+}
+
+void ParameterTableModel::startSearch()
+{
+    m_search.start(m_places.size());
+    m_shown.setFound(m_search.found());
+}
+
+void ParameterTableModel::updateFound()
+{
+    changeShown([this] { m_shown.setFound(m_search.found()); });
 }
 
 /// All at once: one value may hide or show many.
@@ -374,8 +232,7 @@ void ParameterTableModel::updateRow(const ValuePlace &place)
     const int row = m_rowOfPlace.value(place, ShownRows::NotShown);
     if (row == ShownRows::NotShown)
         return;
-    if (row < m_search.size())
-        m_search.replace(row, m_texts->searched(place));
+    m_search.reread(row);
     const QModelIndex first = indexOf(place, Address);
     if (first.isValid())
         Q_EMIT dataChanged(first, first.siblingAtColumn(ColumnCount - 1));

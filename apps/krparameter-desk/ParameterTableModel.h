@@ -1,20 +1,19 @@
 #pragma once
 
 #include "apps/host/ValuePlace.h"
-#include "apps/krparameter-desk/RowSearch.h"
+#include "apps/krparameter-desk/DeviceChanges.h"
+#include "apps/krparameter-desk/SearchedTexts.h"
 #include "apps/krparameter-desk/ShownRows.h"
 #include "apps/krparameter-desk/TableColumns.h"
 
 #include <QtCore/QAbstractTableModel>
 #include <QtCore/QHash>
-#include <QtCore/QTimer>
 
 #include <functional>
 #include <memory>
 #include <optional>
 
 class DriveProject;
-class ParameterAddress;
 class RowTexts;
 class ValueWriter;
 
@@ -46,10 +45,11 @@ public:
     /// Invalid where no row of the place is shown.
     QModelIndex indexOf(const ValuePlace &place, eColumn column = Value) const;
 
-    /// Of an address, a name or a value, among all rows that the user may see whatever is searched. Of
-    /// parameters with axes the first one's; numbers, which are short, are left out.
+    /// For the user: why the value of the row cannot be written now. Empty where it can.
+    QString writeObstacle(const QModelIndex &index) const;
+
+    /// By which the column is measured.
     QStringList longestTexts(eColumn column) const;
-    /// That values have or can have.
     QStringList longestChoices() const;
 
     int rowCount(const QModelIndex &parent = {}) const override;
@@ -65,22 +65,14 @@ Q_SIGNALS:
     void writeAnswered(const QModelIndex &index, bool isAccepted, const QString &message);
 
 private:
-    void listen();
-    void listenToParameters();
     void rebuild();
-    void rebuildSoon();
-    void onLevelChanged();
-    void updateVisibility();
+    void reset();
     void changeShown(const std::function<void()> &change);
     void startSearch();
-    void prepareSearch();
-    void readPiece();
-    void readTexts(qsizetype end);
-    void findRows();
-    QStringList longest(const std::function<QString(const ValuePlace &)> &textOf) const;
-    void onValueChanged(const ParameterAddress &address);
-    void onVisibilityChanged(const ParameterAddress &address);
+    void updateFound();
+    void updateVisibility();
     void updateRow(const ValuePlace &place);
+    void onVisibilityChanged(const ValuePlace &place);
 
     DriveProject *m_project = nullptr;
     ValueWriter *m_writer = nullptr;
@@ -90,15 +82,8 @@ private:
     QList<ValuePlace> m_places;
     QHash<ValuePlace, int> m_rowOfPlace;
     ShownRows m_shown;
-    /// The texts of the first rows; those of all once the desk was idle.
-    RowSearch m_search;
-    /// Runs until all texts are read.
-    QTimer m_idle;
-    QString m_searchedText;
+    SearchedTexts m_search;
+    DeviceChanges m_changes;
     /// Whose visibility changed since the event loop ran last.
     QList<int> m_rowsToShow;
-    /// A change of the device's parameters comes as many signals.
-    bool m_isRebuildPending = false;
-    /// Every value tells of its own visibility then.
-    bool m_isLevelChanging = false;
 };

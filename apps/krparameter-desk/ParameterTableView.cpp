@@ -8,12 +8,22 @@
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QMenu>
+#include <QtWidgets/QScrollBar>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
 
 constexpr int LinePadding = 8;
+
+bool isTyped(QAbstractItemView::EditTrigger trigger, const QEvent *event)
+{
+    if (trigger != QAbstractItemView::AnyKeyPressed || !event || event->type() != QEvent::KeyPress)
+        return false;
+    const QString text = static_cast<const QKeyEvent *>(event)->text();
+    return !text.isEmpty() && text.front().isPrint();
+}
 
 } // namespace
 
@@ -30,6 +40,7 @@ ParameterTableView::ParameterTableView(ParameterTableModel &model, QWidget *pare
     setShowGrid(false);
     setWordWrap(false);
     setTabKeyNavigation(false);
+    setHorizontalScrollMode(ScrollPerPixel);
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -73,8 +84,7 @@ void ParameterTableView::editCurrentValue()
     if (!value.isValid())
         return;
     setCurrentIndex(value);
-    if (value.flags() & Qt::ItemIsEditable)
-        edit(value);
+    edit(value, EditKeyPressed, nullptr);
 }
 
 bool ParameterTableView::commitOpenField()
@@ -99,6 +109,29 @@ void ParameterTableView::contextMenuEvent(QContextMenuEvent *event)
     menu.setToolTipsVisible(true);
     menu.addActions(actions());
     menu.exec(event->globalPos());
+}
+
+bool ParameterTableView::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event)
+{
+    const bool isTried = index.column() == ParameterTableModel::Value
+        && (trigger == DoubleClicked || trigger == EditKeyPressed || isTyped(trigger, event));
+    const QString obstacle = isTried
+        ? static_cast<const ParameterTableModel *>(model())->writeObstacle(index)
+        : QString();
+    if (obstacle.isEmpty())
+        return QTableView::edit(index, trigger, event);
+    note(index, obstacle);
+    // Otherwise the letter would look for another row.
+    return true;
+}
+
+void ParameterTableView::resizeEvent(QResizeEvent *event)
+{
+    QTableView::resizeEvent(event);
+    const int end = horizontalHeader()->sectionPosition(ParameterTableModel::Value)
+        + columnWidth(ParameterTableModel::Value);
+    const int needed = std::max(0, end - viewport()->width());
+    horizontalScrollBar()->setValue(std::min(horizontalScrollBar()->value(), needed));
 }
 
 void ParameterTableView::scrollContentsBy(int dx, int dy)
@@ -137,6 +170,11 @@ void ParameterTableView::onWriteAnswered(
     const QModelIndex &index, bool isAccepted, const QString &message)
 {
     m_hasCorrection = isAccepted && !message.isEmpty() && index.isValid();
+    note(index, message);
+}
+
+void ParameterTableView::note(const QModelIndex &index, const QString &message)
+{
     m_noted = index;
     if (message.isEmpty() || !index.isValid())
         m_note->hide();

@@ -26,21 +26,28 @@ public:
     void goTo(const QModelIndex &index);
     /// Scrolls to the current row where other rows are shown than before, to the top where none is current.
     void showCurrent();
-    /// Of the current row, where it can be written.
+    /// Of the current row; where it cannot be written, the reason stands beside it.
     void editCurrentValue();
     /// Writes what stands in the open field, and closes it. False where it was refused and stays open.
     bool commitOpenField();
     ColumnFitter &columns() { return *m_columns; }
 
+    using QTableView::edit;
+
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     /// What can be done with the current row: the actions of the view.
     void contextMenuEvent(QContextMenuEvent *event) override;
+    /// Says beside a value that cannot be written why.
+    bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
+    /// What scrolled a value into a narrower view leaves no address out of a wider one.
+    void resizeEvent(QResizeEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
     void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
 
 private:
     void editFrom(int row, int step);
+    void note(const QModelIndex &index, const QString &message);
     void moveNote();
     void returnToPlace();
     void onWriteAnswered(const QModelIndex &index, bool isAccepted, const QString &message);

@@ -115,12 +115,6 @@ bool RowTexts::isVisible(const ValuePlace &place) const
     return found && found->isVisible(place.livingSpace, place.element);
 }
 
-bool RowTexts::isWritable(const ValuePlace &place) const
-{
-    const auto found = parameter(place);
-    return found && found->isWritable(place.livingSpace, place.element);
-}
-
 bool RowTexts::startsAction(const ValuePlace &place) const
 {
     const auto found = place.element == 0 ? parameter(place) : nullptr;

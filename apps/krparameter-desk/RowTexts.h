@@ -33,7 +33,6 @@ public:
     QString nativeValue(const ValuePlace &place) const;
 
     bool isVisible(const ValuePlace &place) const;
-    bool isWritable(const ValuePlace &place) const;
     /// The value that starts an action of the drive.
     bool startsAction(const ValuePlace &place) const;
     /// False for a value that the device measures: its default says nothing.

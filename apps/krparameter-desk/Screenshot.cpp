@@ -58,6 +58,8 @@ QString Screenshot::write(const QString &address, const QString &text)
         return problem;
     const QModelIndex value =
         m_window.tableView().currentIndex().siblingAtColumn(ParameterTableModel::Value);
+    if (const QString obstacle = m_window.tableModel().writeObstacle(value); !obstacle.isEmpty())
+        return obstacle;
     return m_window.tableModel().setData(value, text, Qt::EditRole)
         ? QString()
         : tr("%1 nimmt \"%2\" nicht an").arg(address, text);
@@ -68,7 +70,10 @@ QString Screenshot::leaveOpen(const QString &address, const QString &text)
     if (const QString problem = goTo(address); !problem.isEmpty())
         return problem;
     ParameterTableView &view = m_window.tableView();
-    view.edit(view.currentIndex().siblingAtColumn(ParameterTableModel::Value));
+    const QModelIndex value = view.currentIndex().siblingAtColumn(ParameterTableModel::Value);
+    if (const QString obstacle = m_window.tableModel().writeObstacle(value); !obstacle.isEmpty())
+        return obstacle;
+    view.edit(value);
     auto *field = view.findChild<QLineEdit *>();
     if (!field)
         return tr("%1 hat kein Feld zum Tippen").arg(address);

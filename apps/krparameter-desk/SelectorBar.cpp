@@ -9,7 +9,7 @@
 namespace {
 
 constexpr int AllAxes = -1;
-constexpr int SearchWidth = 300;
+constexpr int SearchWidth = 220;
 
 struct Language {
     const char *code;
@@ -74,6 +74,12 @@ void SelectorBar::showAllAxes()
     onAxisActivated(0);
 }
 
+void SelectorBar::showEverything()
+{
+    m_search->clear();
+    showAllAxes();
+}
+
 void SelectorBar::setAccessLevel(quint32 level)
 {
     m_level->setCurrentIndex(m_level->findData(level));
@@ -88,6 +94,10 @@ void SelectorBar::retranslate()
 {
     setWindowTitle(tr("Auswahl"));
     m_search->setPlaceholderText(tr("Suchen in Adresse, Name, Einheit und Wert"));
+    m_search->setToolTip(tr("Zeilen, die jedes der Wörter enthalten (Strg+F); Escape zeigt alle"));
+    m_axis->setToolTip(tr("Zeilen einer Achse; globale Parameter gehören zu jeder"));
+    m_level->setToolTip(tr("Was zu sehen ist und was geschrieben werden kann"));
+    m_language->setToolTip(tr("Sprache der Texte"));
     m_axisLabel->setText(tr("A&chse"));
     m_levelLabel->setText(tr("Z&ugriffsstufe"));
     m_languageLabel->setText(tr("S&prache"));

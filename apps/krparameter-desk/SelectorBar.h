@@ -25,6 +25,8 @@ public:
     void setAxes(const QList<int> &axes);
     /// **Emits** axisChosen where one was chosen.
     void showAllAxes();
+    /// Nothing is searched, no axis chosen.
+    void showEverything();
     void setAccessLevel(quint32 level);
     void setLanguage(const QString &language);
     void retranslate();

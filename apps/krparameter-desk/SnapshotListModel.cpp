@@ -152,6 +152,8 @@ QVariant SnapshotListModel::data(const QModelIndex &index, int role) const
     case Qt::DisplayRole:
     case Qt::EditRole:
         return entry.name;
+    case Qt::ToolTipRole:
+        return entry.device.isEmpty() ? entry.name : tr("%1, von %2").arg(entry.name, entry.device);
     case Qt::CheckStateRole:
         return entry.isChecked ? Qt::Checked : Qt::Unchecked;
     default:

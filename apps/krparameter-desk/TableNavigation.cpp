@@ -4,6 +4,7 @@
 #include "apps/krparameter-desk/ParameterTableModel.h"
 #include "apps/krparameter-desk/ParameterTableView.h"
 
+#include <KrFirmware/ServoDriveFirmware.h>
 #include <KrParameterInstance/ParameterInformation.h>
 #include <KrSystem/System.h>
 
@@ -86,6 +87,11 @@ ParameterContainer *TableNavigation::parameterContainer() const
     return m_project ? &m_project->container() : nullptr;
 }
 
+bool TableNavigation::isKnown(const ParameterAddress &address) const
+{
+    return m_project && m_project->container().parameterInformation(address.coordinate());
+}
+
 QString TableNavigation::obstacle(const ParameterAddress &address) const
 {
     if (!m_project)
@@ -106,4 +112,14 @@ QString TableNavigation::obstacle(const ParameterAddress &address) const
     return level > System::information()->userAccessLevel()
         ? tr("%1 ist erst ab Zugriffsstufe %2 zu sehen.").arg(text).arg(level)
         : tr("%1 ist zurzeit ausgeblendet.").arg(text);
+}
+
+/// What another device calls so is another parameter.
+QString TableNavigation::comparisonObstacle(const QStringList &devices) const
+{
+    const QString open = m_project ? m_project->firmware().deviceFamilyName() : QString();
+    if (!m_project || devices.contains(open))
+        return {};
+    return tr("Der Vergleich gehört zu %1; offen ist %2.")
+        .arg(devices.join(QStringLiteral(", ")), open);
 }

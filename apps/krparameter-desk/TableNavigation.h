@@ -29,8 +29,13 @@ public:
     ParameterAddress currentAddress() const override;
     ParameterContainer *parameterContainer() const override;
 
+    /// The device has a parameter of the address, whoever may see it.
+    bool isKnown(const ParameterAddress &address) const;
     /// For the user: why neither the address nor its parameter can be gone to.
     QString obstacle(const ParameterAddress &address) const;
+    /// For the user: why no row of a comparison of these devices can be gone to. Empty where one of them is
+    /// open, or none at all.
+    QString comparisonObstacle(const QStringList &devices) const;
 
 private:
     ParameterTableModel &m_model;

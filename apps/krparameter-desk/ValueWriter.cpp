@@ -2,6 +2,7 @@
 
 #include "apps/krparameter-desk/SinkCapture.h"
 #include "apps/krparameter-desk/WriteCommand.h"
+#include "apps/krparameter-desk/WriteObstacle.h"
 
 #include <KrParameterInstance/ParameterContainer.h>
 #include <KrParameterInstance/ParameterSetup.h>
@@ -33,15 +34,35 @@ ValueWriter::ValueWriter(ParameterContainer &container, QUndoStack &undoStack)
 {
 }
 
+void ValueWriter::setConnecting(bool isConnecting)
+{
+    if (m_isConnecting == isConnecting)
+        return;
+    m_isConnecting = isConnecting;
+    Q_EMIT connectingChanged();
+}
+
+bool ValueWriter::isWritable(const ValuePlace &place) const
+{
+    const auto parameter =
+        m_container ? m_container->parameterInformation(place.coordinate) : nullptr;
+    return parameter && !m_isConnecting && parameter->isWritable(place.livingSpace, place.element);
+}
+
+QString ValueWriter::obstacle(const ValuePlace &place) const
+{
+    const auto parameter =
+        m_container ? m_container->parameterInformation(place.coordinate) : nullptr;
+    return parameter ? WriteObstacle::text(*parameter, place, m_isConnecting)
+                     : tr("Das Gerät hat den Parameter nicht mehr.");
+}
+
 ValueWriter::Outcome ValueWriter::write(const ValuePlace &place, const QString &displayText)
 {
-    const QPointer<ParameterSetup> parameter =
-        m_container ? m_container->parameterSetup(place.coordinate) : nullptr;
-    if (!parameter)
-        return {false, tr("Das Gerät hat den Parameter nicht mehr.")};
+    if (const QString reason = obstacle(place); !reason.isEmpty())
+        return {false, reason};
+    const QPointer<ParameterSetup> parameter = m_container->parameterSetup(place.coordinate);
     const QString address = place.addressText(*parameter);
-    if (!parameter->isWritable(place.livingSpace, place.element))
-        return {false, tr("Parameter %1 ist jetzt nicht schreibbar.").arg(address)};
     const SinkCapture sink;
     // Reports the refusal itself.
     if (!parameter->isValueTextAcceptable(place.livingSpace, place.element, displayText))

@@ -22,6 +22,13 @@ public:
     /// **Owner** the caller of both. After the container's end every write is refused.
     ValueWriter(ParameterContainer &container, QUndoStack &undoStack);
 
+    /// A drive is being called, whose values replace all others as soon as it answers.
+    /// **Emits** connectingChanged where it differs.
+    void setConnecting(bool isConnecting);
+    bool isWritable(const ValuePlace &place) const;
+    /// For the user: why the value cannot be written now. Empty where it can.
+    QString obstacle(const ValuePlace &place) const;
+
     /// Display text. **Refused** what this user cannot write now, and what the firmware refuses.
     /// **Emits** written. **Reports** what the container reports.
     Outcome write(const ValuePlace &place, const QString &displayText);
@@ -37,6 +44,8 @@ public:
 Q_SIGNALS:
     /// By the user: a write, an undo or a redo. What a write changed along is not told.
     void written(const ValuePlace &place);
+    /// All values can be written, or none.
+    void connectingChanged();
 
 private:
     /// What each value is to be.
@@ -48,4 +57,5 @@ private:
     QPointer<QUndoStack> m_undoStack;
     ChangeRecorder m_recorder;
     bool m_isWriting = false;
+    bool m_isConnecting = false;
 };

@@ -68,6 +68,20 @@ bool WindowDialogs::agreesToReplace(const QString &folder)
         QDir::toNativeSeparators(directory.absolutePath()), tr("Ersetzen"));
 }
 
+bool WindowDialogs::agreesToSaveFromDrive(
+    const QString &folder, const QString &drive, const QString &folderDrive)
+{
+    const QString question =
+        tr("Die Werte sind die des Antriebs %1. Sollen sie die Werte im Ordner \"%2\" ersetzen?")
+            .arg(drive, QDir(folder).dirName());
+    const QString before = folderDrive.isEmpty()
+        ? tr("Im Ordner stehen Werte, die nicht von diesem Antrieb gelesen wurden.")
+        : tr("Im Ordner stehen die Werte des Antriebs %1.").arg(folderDrive);
+    return agrees(question,
+        before + QLatin1Char('\n') + tr("Strg+Umschalt+S speichert in einen anderen Ordner."),
+        tr("Ersetzen"));
+}
+
 bool WindowDialogs::agreesToRemoveSnapshot(const QString &name)
 {
     return agrees(tr("Soll der Snapshot \"%1\" entfernt werden?").arg(name),

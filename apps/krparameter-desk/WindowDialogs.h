@@ -23,6 +23,8 @@ public:
     bool agreesToLoadCut(const QString &report) override;
     bool agreesToLose(const QString &losses) override;
     bool agreesToReplace(const QString &folder) override;
+    bool agreesToSaveFromDrive(
+        const QString &folder, const QString &drive, const QString &folderDrive) override;
     bool agreesToRemoveSnapshot(const QString &name) override;
     bool agreesToLoseSnapshots(const QStringList &names) override;
     void run(const QString &title, const std::function<void(Progress &)> &job) override;

@@ -41,6 +41,12 @@ public:
         asked.append(QStringLiteral("replace: ") + folder);
         return agrees;
     }
+    bool agreesToSaveFromDrive(
+        const QString &folder, const QString &drive, const QString &folderDrive) override
+    {
+        asked.append(QStringLiteral("from drive: %1, %2, %3").arg(folder, drive, folderDrive));
+        return agrees;
+    }
     bool agreesToRemoveSnapshot(const QString &name) override
     {
         asked.append(QStringLiteral("remove: ") + name);

@@ -19,10 +19,14 @@ private Q_SLOTS:
 
     void share_data();
     void share();
+    void shareLeavesTheLeast_data();
+    void shareLeavesTheLeast();
     void longestTexts();
     void longestTextsOfADevice();
     void nothingIsCutWhereThereIsRoom();
     void narrowWindow();
+    void tooNarrowWindow();
+    void narrowWindowBeginsWithTheAddress();
     void wideWindowHasRoomForChoices();
     void searchMovesNoColumn();
     void widthsFollowTheLanguage();
@@ -130,6 +134,34 @@ void tst_ColumnFitter::share()
     QTEST(widths.value, "valueWidth");
 }
 
+void tst_ColumnFitter::shareLeavesTheLeast_data()
+{
+    QTest::addColumn<int>("name");
+    QTest::addColumn<int>("value");
+    QTest::addColumn<int>("room");
+    QTest::addColumn<int>("nameWidth");
+    QTest::addColumn<int>("valueWidth");
+    QTest::newRow("none is in danger") << 300 << 200 << 320 << 160 << 160;
+    QTest::newRow("the name has its least") << 300 << 200 << 270 << 140 << 130;
+    QTest::newRow("just both") << 300 << 200 << 260 << 140 << 120;
+    QTest::newRow("one less scrolls") << 300 << 200 << 259 << 140 << 120;
+    QTest::newRow("no room scrolls") << 300 << 200 << 0 << 140 << 120;
+    QTest::newRow("less than none scrolls") << 300 << 200 << -50 << 140 << 120;
+    QTest::newRow("a short value gives the name its least") << 300 << 130 << 265 << 140 << 125;
+    QTest::newRow("both need no more") << 140 << 120 << 0 << 140 << 120;
+}
+
+/// Of 140 for the name, 120 for the value.
+void tst_ColumnFitter::shareLeavesTheLeast()
+{
+    QFETCH(int, name);
+    QFETCH(int, value);
+    QFETCH(int, room);
+    const ColumnFitter::Widths widths = ColumnFitter::share({name, value, 0, 140, 120}, room);
+    QTEST(widths.name, "nameWidth");
+    QTEST(widths.value, "valueWidth");
+}
+
 void tst_ColumnFitter::longestTexts()
 {
     LongestTexts longest;
@@ -172,6 +204,39 @@ void tst_ColumnFitter::narrowWindow()
     QVERIFY(width(ParameterTableModel::Name) > 100);
     QVERIFY(!desk().table().horizontalScrollBar()->isVisible());
     QVERIFY(width(ParameterTableModel::ChangeTag) > advance(QStringLiteral("Änderungsmarke")));
+}
+
+/// The table scrolls, and names stay to be told from one another.
+void tst_ColumnFitter::tooNarrowWindow()
+{
+    resize(700);
+    const int letter = advance(QStringLiteral("x"));
+    QVERIFY(desk().table().horizontalScrollBar()->isVisible());
+    QCOMPARE(width(ParameterTableModel::Name), 20 * letter);
+    QCOMPARE(width(ParameterTableModel::Value), 18 * letter);
+    desk().table().horizontalScrollBar()->setValue(desk().table().horizontalScrollBar()->maximum());
+    desk().table().goTo(desk().model().indexOf(place("C02", 1)));
+    const QRect value = desk().table().visualRect(desk().model().indexOf(place("C02", 1)));
+    QVERIFY(desk().table().viewport()->rect().contains(value));
+}
+
+/// The first value was scrolled to while the table had no size yet.
+void tst_ColumnFitter::narrowWindowBeginsWithTheAddress()
+{
+    desk().window = std::make_unique<DeskWindow>(desk().dialogs);
+    QVERIFY(desk().window->session().open(desk().device.fileName()));
+    desk().window->resize(700, 600);
+    desk().window->show();
+    QVERIFY(desk().table().horizontalScrollBar()->maximum() > 0);
+    QCOMPARE(desk().table().horizontalScrollBar()->value(), 0);
+    // Where the value does not fit it is in view.
+    desk().window->resize(480, 600);
+    QCoreApplication::processEvents();
+    desk().table().goTo(desk().model().indexOf(place("C02", 1)));
+    desk().window->resize(490, 600);
+    QCoreApplication::processEvents();
+    const QRect value = desk().table().visualRect(desk().model().indexOf(place("C02", 1)));
+    QVERIFY(value.right() <= desk().table().viewport()->rect().right());
 }
 
 void tst_ColumnFitter::wideWindowHasRoomForChoices()

@@ -17,6 +17,7 @@ private Q_SLOTS:
     void cleanup() { m_desk.reset(); }
 
     void frame();
+    void toolTips();
     void statusWithoutDevice();
 
 private:
@@ -24,6 +25,7 @@ private:
     void choose(Qt::Key key) const;
     QString status() const;
     QString texts() const;
+    QString tips() const;
 
     QTemporaryDir m_settings;
     std::unique_ptr<DeskOnScreen> m_desk;
@@ -69,6 +71,18 @@ QString tst_DeskLanguage::texts() const
         .join(u'\n');
 }
 
+QString tst_DeskLanguage::tips() const
+{
+    QStringList result {desk().child<QLineEdit>("search")->toolTip(),
+        desk().child<QComboBox>("axis")->toolTip(),
+        desk().child<QComboBox>("accessLevel")->toolTip(),
+        desk().child<QComboBox>("language")->toolTip()};
+    for (const QToolButton *button :
+        desk().child<QDockWidget>("snapshotDock")->widget()->findChildren<QToolButton *>())
+        result.append(button->toolTip());
+    return result.join(u'\n');
+}
+
 void tst_DeskLanguage::frame()
 {
     const QString german = QStringLiteral("Snapshots\n"
@@ -93,6 +107,28 @@ void tst_DeskLanguage::frame()
                        "9 of 9 values|offline, read only"));
     choose(Qt::Key_Up);
     QCOMPARE(texts(), german);
+}
+
+void tst_DeskLanguage::toolTips()
+{
+    QCOMPARE(tips(),
+        QStringLiteral("Zeilen, die jedes der Wörter enthalten (Strg+F); Escape zeigt alle\n"
+                       "Zeilen einer Achse; globale Parameter gehören zu jeder\n"
+                       "Was zu sehen ist und was geschrieben werden kann\n"
+                       "Sprache der Texte\n"
+                       "Alle Werte unter einem Namen festhalten (Strg+T)\n"
+                       "Die angekreuzten Snapshots nebeneinander zeigen (Strg+D)\n"
+                       "Den gewählten Snapshot entfernen (Entf in der Liste)"));
+    choose(Qt::Key_Down);
+    QCOMPARE(tips(),
+        QStringLiteral("Rows that hold each of the words (Ctrl+F); Escape shows all\n"
+                       "Rows of one axis; global parameters belong to each\n"
+                       "What can be seen and what can be written\n"
+                       "Language of the texts\n"
+                       "Keep all values under a name (Ctrl+T)\n"
+                       "Show the checked snapshots side by side (Ctrl+D)\n"
+                       "Remove the chosen snapshot (Del in the list)"));
+    choose(Qt::Key_Up);
 }
 
 void tst_DeskLanguage::statusWithoutDevice()

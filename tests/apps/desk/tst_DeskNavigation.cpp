@@ -1,17 +1,22 @@
 #include "apps/krparameter-desk/DeskWindow.h"
 #include "apps/krparameter-desk/MessagePane.h"
 #include "apps/krparameter-desk/ParameterTableView.h"
+#include "apps/krparameter-desk/SelectorBar.h"
 #include "tests/apps/desk/AnsweringDialogs.h"
 #include "tests/apps/desk/FollowingDevice.h"
 #include "tests/support/MessageRecorder.h"
 
 #include <KrParameterInstance/ParameterNavigationHost.h>
+#include <KrParameterInstance/ParameterValueSnapshotWidget.h>
 #include <KrSystem/System.h>
 
 #include <QtTest/QTest>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QStatusBar>
+#include <QtWidgets/QTreeWidget>
 
-/// Messages lead to their parameters, and say why where they do not.
+/// Messages and compared rows lead to their parameters, and say why where they do not.
 class tst_DeskNavigation : public QObject {
     Q_OBJECT
 
@@ -26,6 +31,10 @@ private Q_SLOTS:
     void recordThatMayNotBeRead();
     void messageOfAnotherDevice();
     void messageOfAnotherProject();
+    void navigationHost();
+    void navigationTakesAwayTheSearch();
+    void rowOfTheComparison_data();
+    void rowOfTheComparison();
 
 private:
     void tell(const QString &text)
@@ -68,6 +77,7 @@ void tst_DeskNavigation::leadsToItsParameter_data()
 {
     QTest::addColumn<QString>("text");
     QTest::newRow("an address") << QStringLiteral("Parameter K08: zu groß");
+    QTest::newRow("behind what only looks like one") << QStringLiteral("Stecker M12 fehlt an K08");
     QTest::newRow("a key of a section") << QStringLiteral("1 Schlüssel nicht verstanden: K008/Foo");
 }
 
@@ -105,6 +115,8 @@ void tst_DeskNavigation::saysWhyNot_data()
         << missing << english << QStringLiteral("This device has no X99.");
     QTest::newRow("on another axis")
         << elsewhere << german << QStringLiteral("2.X99[3] gibt es in diesem Gerät nicht.");
+    QTest::newRow("a word that looks like an address")
+        << QStringLiteral("Stecker M12 fehlt") << german << QString();
     QTest::newRow("without address") << QStringLiteral("gespeichert") << german << QString();
 }
 
@@ -171,6 +183,110 @@ void tst_DeskNavigation::messageOfAnotherProject()
     m_messages->take();
     activate(1);
     QCOMPARE(current(), QStringLiteral("1.K008[00000]"));
+}
+
+void tst_DeskNavigation::rowOfTheComparison_data()
+{
+    QTest::addColumn<QStringList>("compared");
+    QTest::addColumn<QString>("open");
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QString>("notice");
+    const QString german = QStringLiteral("de");
+    const QString first = QStringLiteral("Desk drive");
+    const QString other = QStringLiteral("Other drive");
+    const QString third = QStringLiteral("Third drive");
+    QTest::newRow("of the open device") << QStringList(first) << first << german << QString();
+    QTest::newRow("of another one")
+        << QStringList(first) << other << german
+        << QStringLiteral("Der Vergleich gehört zu Desk drive; offen ist Other drive.");
+    QTest::newRow("of another one, in English")
+        << QStringList(first) << other << QStringLiteral("en")
+        << QStringLiteral("The comparison belongs to Desk drive; Other drive is open.");
+    QTest::newRow("of the open one and another")
+        << QStringList {first, other} << other << german << QString();
+    QTest::newRow("of two others")
+        << QStringList {first, other} << third << german
+        << QStringLiteral(
+               "Der Vergleich gehört zu Desk drive, Other drive; offen ist Third drive.");
+}
+
+/// All of them have a B10, which is the same in one device alone.
+void tst_DeskNavigation::rowOfTheComparison()
+{
+    QFETCH(QStringList, compared);
+    QFETCH(QString, open);
+    QFETCH(QString, language);
+    QFETCH(QString, notice);
+    int value = 20;
+    const auto openNamed = [&](const QString &name) {
+        // One family has one name.
+        const QStringList names {QStringLiteral("Desk drive"), QStringLiteral("Other drive"),
+            QStringLiteral("Third drive")};
+        const QByteArray family = QByteArray::number(178 + names.indexOf(name));
+        this->open(DeskDevice(DeskDevice::description()
+                                  .replace("Desk drive", name.toUtf8())
+                                  .replace("\"identifier\": 78", "\"identifier\": " + family)));
+    };
+    for (const QString &name : std::as_const(compared)) {
+        openNamed(name);
+        ParameterContainer &container = m_window->session().project()->container();
+        container.writeValueNative(
+            eLivingSpace::Global, place("B10").coordinate, 0, QString::number(++value));
+        QVERIFY(m_window->snapshots().take(container, name));
+    }
+    openNamed(open);
+    m_window->language().choose(language);
+    const QString before = current();
+    m_window->showComparison();
+    auto *tree = m_window->findChild<ParameterValueSnapshotWidget *>()->findChild<QTreeWidget *>();
+    const auto rows = tree->findItems(QStringLiteral("B10 Zehn"), Qt::MatchExactly);
+    QCOMPARE(rows.size(), 1);
+    tree->setCurrentItem(rows.constFirst());
+    QTest::keyClick(tree, Qt::Key_Return);
+    QCOMPARE(this->notice(), notice);
+    QCOMPARE(current(), notice.isEmpty() ? QStringLiteral("1.B010[00000]") : before);
+    m_window->language().choose(QStringLiteral("de"));
+}
+
+void tst_DeskNavigation::navigationHost()
+{
+    open(DeskDevice());
+    ParameterNavigationHost &host = m_window->navigation();
+    const auto coordinate = [](const char *text) { return place(text).coordinate; };
+    const auto address = [](const char *text) {
+        return ParameterAddress(QString::fromLatin1(text), true);
+    };
+    QVERIFY(host.canNavigateToParameter(coordinate("B01")));
+    QVERIFY(!host.canNavigateToParameter(coordinate("X99")));
+    QVERIFY(!host.canNavigateToParameter(coordinate("P01")));
+    QVERIFY(host.canNavigateToAddress(address("2.B01")));
+    QVERIFY(host.canNavigateToAddress(address("E30[2]")));
+    QVERIFY(!host.canNavigateToAddress(address("E30[3]")));
+    QVERIFY(!host.canNavigateToAddress(address("3.B01")));
+    QVERIFY(!host.canNavigateToAddress(address("P01")));
+    QVERIFY(!host.canNavigateToAddress(ParameterAddress()));
+    host.navigateToAddress(address("2.B01"));
+    QCOMPARE(host.currentAddress().toSortableText(), QStringLiteral("2.B001[00000]"));
+    host.navigateToAddress(address("X99"));
+    QCOMPARE(host.currentAddress().toSortableText(), QStringLiteral("2.B001[00000]"));
+    host.navigateToParameter(coordinate("E30"));
+    QCOMPARE(host.currentAddress().toSortableText(), QStringLiteral("1.E030[00001]"));
+    QCOMPARE(host.parameterContainer(), &m_window->session().project()->container());
+}
+
+void tst_DeskNavigation::navigationTakesAwayTheSearch()
+{
+    open(DeskDevice());
+    m_window->selectors().searchField()->setText(QStringLiteral("zehn"));
+    auto *selector = m_window->findChild<QComboBox *>(QStringLiteral("axis"));
+    selector->setFocus();
+    QTest::keyClick(selector, Qt::Key_Down);
+    QCOMPARE(m_window->tableModel().rowCount(), 1);
+    m_window->navigation().navigateToAddress(ParameterAddress(QStringLiteral("2.B01"), true));
+    QCOMPARE(
+        m_window->navigation().currentAddress().toSortableText(), QStringLiteral("2.B001[00000]"));
+    QCOMPARE(m_window->selectors().searchField()->text(), QString());
+    QCOMPARE(selector->currentIndex(), 0);
 }
 
 QTEST_MAIN(tst_DeskNavigation)

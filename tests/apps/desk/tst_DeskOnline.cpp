@@ -132,6 +132,7 @@ private Q_SLOTS:
     void replacesWhatTheDriveChanged();
     void goesToAnotherDrive();
     void loadsOffline();
+    void savesOverAProjectIfAgreed();
     void isClosedWhileOnline();
 
 private:
@@ -308,9 +309,13 @@ void tst_DeskOnline::isGivenUpWhileItConnects()
     Stand s;
     s.press(DeskActions::GoOnline);
     QVERIFY(s.state() == eState::Opening);
+    // It would be replaced as soon as the drive answers.
+    QVERIFY(!s.window.session().writer()->write(Target, QStringLiteral("-7")).isAccepted);
     s.press(DeskActions::GoOnline);
     QVERIFY(s.state() == eState::Offline);
     QVERIFY(s.stateText().contains(QStringLiteral("offline")));
+    QCOMPARE(s.shown(Target), QStringLiteral("5"));
+    QVERIFY(s.window.session().writer()->write(Target, QStringLiteral("-7")).isAccepted);
 }
 
 void tst_DeskOnline::asksForTheDriveOnce()
@@ -404,6 +409,39 @@ void tst_DeskOnline::loadsOffline()
     QVERIFY(s.state() == eState::Offline);
     QCOMPARE(s.shown(Target), QStringLiteral("-7"));
     QCOMPARE(s.atDrive(Target), QStringLiteral("5"));
+}
+
+/// The project was loaded before the drive's values came.
+void tst_DeskOnline::savesOverAProjectIfAgreed()
+{
+    Stand s;
+    const QTemporaryDir folder;
+    const QString project = folder.filePath(QStringLiteral("plant"));
+    const auto block = [&project] {
+        QFile file(project + QStringLiteral("/Parameter.ini"));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    QVERIFY(s.window.session().save(project));
+    QVERIFY(s.window.session().load(project));
+    const QByteArray before = block();
+    QVERIFY(before.contains("[A001]\r\nV_0_0=7\r\n"));
+    s.setAtDrive(Number, "1234");
+    s.press(DeskActions::GoOnline);
+    QTRY_COMPARE_PATIENTLY(s.reads, 1);
+    s.messages.take();
+    s.press(DeskActions::SaveProject);
+    QCOMPARE(s.dialogs.asked.constLast(),
+        QStringLiteral("from drive: %1, %2, ").arg(project, s.address));
+    QCOMPARE(block(), before);
+    s.dialogs.agrees = true;
+    s.press(DeskActions::SaveProject);
+    QVERIFY(block().contains("[A001]\r\nV_0_0=1234\r\n"));
+    s.messages.take();
+    // From now on the folder is this drive's.
+    const qsizetype asked = s.dialogs.asked.size();
+    s.press(DeskActions::SaveProject);
+    QCOMPARE(s.dialogs.asked.size(), asked);
+    s.messages.take();
 }
 
 void tst_DeskOnline::isClosedWhileOnline()

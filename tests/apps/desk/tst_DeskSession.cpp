@@ -43,6 +43,8 @@ private Q_SLOTS:
     void mayClose_data();
     void mayClose();
     void linkOfTheDevice();
+    void savesWhatAnotherDriveGaveIfAgreed_data();
+    void savesWhatAnotherDriveGaveIfAgreed();
 
 private:
     QString native(const ValuePlace &at)
@@ -453,6 +455,7 @@ void tst_DeskSession::linkOfTheDevice()
             : m_calls(calls)
         {
         }
+        QString drive() const override { return QStringLiteral("drive 1"); }
         void open() override { Q_EMIT opened(); }
         void close() override { Q_EMIT closed(QString()); }
         void write(const ValuePlace &place) override { m_calls.append(place.coordinate.toText()); }
@@ -470,6 +473,101 @@ void tst_DeskSession::linkOfTheDevice()
     m_session->undo();
     QCOMPARE(calls, (QStringList {QStringLiteral("B10"), QStringLiteral("B10")}));
     m_session.reset();
+}
+
+void tst_DeskSession::savesWhatAnotherDriveGaveIfAgreed_data()
+{
+    QTest::addColumn<QStringList>("steps");
+    QTest::addColumn<QStringList>("asked");
+    const auto row = [](const char *name, const char *steps, const QStringList &asked) {
+        QTest::newRow(name) << QString::fromLatin1(steps).split(u' ') << asked;
+    };
+    const QStringList unknown(QStringLiteral("from drive: plant, A, "));
+    row("a project, then a drive", "load A save", unknown);
+    row("a project that was saved, then a drive", "save A save", unknown);
+    row("also while closing", "load A write close", unknown);
+    row("also where the reading was cut short", "load A/cut save", unknown);
+    row("also offline", "load A off save", unknown);
+    row("another drive than the folder's", "A elsewhere B save",
+        {QStringLiteral("from drive: new, B, A")});
+    row("once", "load A save save A save", unknown);
+    row("each time another", "load A save B save A save",
+        unknown
+            + QStringList {QStringLiteral("from drive: plant, B, A"),
+                QStringLiteral("from drive: plant, A, B")});
+    row("not where the folder is the drive's", "A elsewhere write off save A save", {});
+    row("not where the project came last", "load A load save", {});
+    row("not where no drive answered", "load none save", {});
+    row("not into a folder of its own", "load A elsewhere save", {});
+}
+
+/// By drives that answer at once. "/cut": amid the values no more; "none" is never there.
+void tst_DeskSession::savesWhatAnotherDriveGaveIfAgreed()
+{
+    QFETCH(QStringList, steps);
+    QFETCH(QStringList, asked);
+    class NamedLink : public DriveLink {
+    public:
+        explicit NamedLink(const QString &name)
+            : m_name(name)
+        {
+        }
+        QString drive() const override { return m_name.section(u'/', 0, 0); }
+        void open() override
+        {
+            if (m_name == QLatin1String("none")) {
+                Q_EMIT closed(QString());
+                return;
+            }
+            Q_EMIT reading(0, 10);
+            if (m_name.endsWith(QLatin1String("/cut")))
+                Q_EMIT closed(QString());
+            else
+                Q_EMIT opened();
+        }
+        void close() override { Q_EMIT closed(QString()); }
+        void write(const ValuePlace &) override { }
+
+    private:
+        const QString &m_name;
+    };
+    QString name;
+    m_session->setMakeLink(
+        [&name](ParameterContainer &) { return std::make_unique<NamedLink>(name); });
+    QVERIFY(m_session->open(m_device->fileName()));
+    QVERIFY(m_session->save(m_device->path("plant")));
+    m_dialogs->agrees = true;
+    m_dialogs->unsavedAnswer = eUnsaved::Save;
+    const QHash<QString, std::function<bool()>> does {
+        {QStringLiteral("load"), [this] { return m_session->load(m_device->path("plant")); }},
+        {QStringLiteral("save"), [this] { return m_session->save(m_session->folder()); }},
+        {QStringLiteral("elsewhere"), [this] { return m_session->save(m_device->path("new")); }},
+        {QStringLiteral("close"), [this] { return m_session->mayClose(); }},
+        {QStringLiteral("write"),
+            [this] {
+                const auto written = m_session->writer()->write(place("B10"), QStringLiteral("11"));
+                return written.isAccepted;
+            }},
+        {QStringLiteral("off"),
+            [this] {
+                m_session->onlineSwitch()->turn(false);
+                return true;
+            }},
+    };
+    for (const QString &step : std::as_const(steps)) {
+        if (const auto action = does.value(step)) {
+            QVERIFY2(action(), qPrintable(step));
+            continue;
+        }
+        m_session->onlineSwitch()->turn(false);
+        name = step;
+        m_session->onlineSwitch()->turn(true);
+    }
+    m_messages->take();
+    m_dialogs->asked.removeAll(QStringLiteral("unsaved"));
+    m_dialogs->asked.replaceInStrings(m_device->path("plant"), QStringLiteral("plant"));
+    m_dialogs->asked.replaceInStrings(m_device->path("new"), QStringLiteral("new"));
+    QCOMPARE(m_dialogs->asked, asked);
 }
 
 QTEST_GUILESS_MAIN(tst_DeskSession)

@@ -8,12 +8,10 @@
 #include "tests/support/MessageRecorder.h"
 
 #include <KrParameterInstance/ParameterNavigationHost.h>
-#include <KrParameterInstance/ParameterValueSnapshotWidget.h>
 #include <KrSystem/System.h>
 
 #include <QtCore/QRegularExpression>
 #include <QtCore/QSettings>
-#include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QApplication>
@@ -22,8 +20,6 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListView>
 #include <QtWidgets/QMenuBar>
-#include <QtWidgets/QTabWidget>
-#include <QtWidgets/QTreeWidget>
 
 /// The desk with real clicks and keys.
 class tst_DeskWindow : public QObject {
@@ -52,14 +48,7 @@ private Q_SLOTS:
     void language();
     void online();
     void readOnly();
-    void snapshotAndCompare();
-    void snapshotIsRefused();
-    void renameSnapshot();
-    void removeSnapshot();
-    void rowOfTheComparisonLeadsToItsParameter();
     void messageLeadsToItsParameter();
-    void navigationHost();
-    void navigationTakesAwayTheSearch();
     void saveAndReopen();
     void openAsksForUnsavedChanges();
     void closeAsksForUnsavedChanges();
@@ -84,7 +73,6 @@ private:
     }
     QString value(const ValuePlace &at) const { return model().indexOf(at).data().toString(); }
     QStringList addresses() const;
-    QStringList comparedRows() const;
     void expectRefusal(const QString &text)
     {
         m_messages->expect(
@@ -172,19 +160,6 @@ QStringList tst_DeskWindow::addresses() const
     QStringList result;
     for (int row = 0; row < model().rowCount(); ++row)
         result.append(model().index(row, ParameterTableModel::Address).data().toString());
-    return result;
-}
-
-QStringList tst_DeskWindow::comparedRows() const
-{
-    QStringList result;
-    const auto *widget = m_window->findChild<ParameterValueSnapshotWidget *>();
-    const auto *tree = widget ? widget->findChild<QTreeWidget *>() : nullptr;
-    for (int row = 0; tree && row < tree->topLevelItemCount(); ++row) {
-        const QTreeWidgetItem *item = tree->topLevelItem(row);
-        if (!item->isHidden())
-            result.append(item->text(0) + u'|' + item->text(1) + u'|' + item->text(2));
-    }
     return result;
 }
 
@@ -437,93 +412,6 @@ void tst_DeskWindow::readOnly()
     QVERIFY(field());
 }
 
-void tst_DeskWindow::snapshotAndCompare()
-{
-    press(DeskActions::TakeSnapshot);
-    QCOMPARE(m_dialogs->asked, QStringList(QStringLiteral("snapshot: Snapshot 1")));
-    edit();
-    press(DeskActions::TakeSnapshot);
-    press(DeskActions::CompareSnapshots);
-    QCOMPARE(comparedRows(), QStringList(QStringLiteral("1.B01 Strom|4.200 A|5.000 A")));
-    QVERIFY(m_window->findChild<ParameterValueSnapshotWidget *>()->isVisible());
-    // The second one alone shows everything.
-    auto *list = child<QListView>("snapshots");
-    press(DeskActions::GoToSnapshots);
-    QVERIFY(list->hasFocus());
-    press(Qt::Key_Home);
-    press(Qt::Key_Space);
-    QCOMPARE(comparedRows().size(), 9);
-    press(Qt::Key_Space);
-    QCOMPARE(comparedRows().size(), 1);
-}
-
-void tst_DeskWindow::snapshotIsRefused()
-{
-    m_dialogs->takesSuggestedName = false;
-    press(DeskActions::TakeSnapshot);
-    QCOMPARE(m_window->snapshots().rowCount(), 0);
-    m_dialogs->takesSuggestedName = true;
-    m_dialogs->cancels = true;
-    press(DeskActions::TakeSnapshot);
-    QCOMPARE(m_window->snapshots().rowCount(), 0);
-}
-
-void tst_DeskWindow::renameSnapshot()
-{
-    press(DeskActions::TakeSnapshot);
-    press(DeskActions::GoToSnapshots);
-    press(Qt::Key_Home);
-    press(Qt::Key_F2);
-    QVERIFY(!field());
-    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("Vorher"));
-    press(Qt::Key_Return);
-    QTRY_COMPARE(m_window->snapshots().checkedNames(), QStringList(QStringLiteral("Vorher")));
-}
-
-void tst_DeskWindow::removeSnapshot()
-{
-    press(DeskActions::TakeSnapshot);
-    press(DeskActions::TakeSnapshot);
-    press(DeskActions::GoToSnapshots);
-    press(Qt::Key_Home);
-    press(Qt::Key_Delete);
-    QCOMPARE(m_window->snapshots().checkedNames(), QStringList(QStringLiteral("Snapshot 2")));
-    press(Qt::Key_Home);
-    press(Qt::Key_Delete);
-    QVERIFY(!m_window->findChild<ParameterValueSnapshotWidget *>());
-}
-
-void tst_DeskWindow::rowOfTheComparisonLeadsToItsParameter()
-{
-    snapshotAndCompare();
-    auto *tree = m_window->findChild<ParameterValueSnapshotWidget *>()->findChild<QTreeWidget *>();
-    QTRY_VERIFY(tree->isVisible());
-    int shown = 0;
-    while (tree->topLevelItem(shown)->isHidden())
-        ++shown;
-    const QPoint cell = tree->visualItemRect(tree->topLevelItem(shown)).center();
-    QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier, cell);
-    QTest::mouseDClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier, cell);
-    QVERIFY(table().isVisible());
-    QCOMPARE(
-        m_window->navigation().currentAddress().toSortableText(), QStringLiteral("1.B001[00000]"));
-    // And a whole record, which has no value of its own.
-    click(place("E30", 0, 2));
-    press(Qt::Key_4);
-    press(Qt::Key_Return);
-    press(DeskActions::TakeSnapshot);
-    click(place("A20"));
-    press(DeskActions::ShowComparison);
-    tree = m_window->findChild<ParameterValueSnapshotWidget *>()->findChild<QTreeWidget *>();
-    QTreeWidgetItem *record = tree->topLevelItem(tree->topLevelItemCount() - 1);
-    QCOMPARE(record->text(0), QStringLiteral("E30 Faktor"));
-    tree->setCurrentItem(record);
-    tree->setFocus();
-    press(Qt::Key_Return);
-    QCOMPARE(
-        m_window->navigation().currentAddress().toSortableText(), QStringLiteral("1.E030[00001]"));
-}
-
 void tst_DeskWindow::messageLeadsToItsParameter()
 {
     refuse();
@@ -538,45 +426,6 @@ void tst_DeskWindow::messageLeadsToItsParameter()
         m_window->navigation().currentAddress().toSortableText(), QStringLiteral("1.B001[00000]"));
     m_window->actions()[DeskActions::ClearMessages]->trigger();
     QCOMPARE(messages->model()->rowCount(), 0);
-}
-
-void tst_DeskWindow::navigationHost()
-{
-    ParameterNavigationHost &host = m_window->navigation();
-    const auto coordinate = [](const char *text) { return place(text).coordinate; };
-    const auto address = [](const char *text) {
-        return ParameterAddress(QString::fromLatin1(text), true);
-    };
-    QVERIFY(host.canNavigateToParameter(coordinate("B01")));
-    QVERIFY(!host.canNavigateToParameter(coordinate("X99")));
-    QVERIFY(!host.canNavigateToParameter(coordinate("P01")));
-    QVERIFY(host.canNavigateToAddress(address("2.B01")));
-    QVERIFY(host.canNavigateToAddress(address("E30[2]")));
-    QVERIFY(!host.canNavigateToAddress(address("E30[3]")));
-    QVERIFY(!host.canNavigateToAddress(address("3.B01")));
-    QVERIFY(!host.canNavigateToAddress(address("P01")));
-    QVERIFY(!host.canNavigateToAddress(ParameterAddress()));
-    host.navigateToAddress(address("2.B01"));
-    QCOMPARE(host.currentAddress().toSortableText(), QStringLiteral("2.B001[00000]"));
-    host.navigateToAddress(address("X99"));
-    QCOMPARE(host.currentAddress().toSortableText(), QStringLiteral("2.B001[00000]"));
-    host.navigateToParameter(coordinate("E30"));
-    QCOMPARE(host.currentAddress().toSortableText(), QStringLiteral("1.E030[00001]"));
-    QCOMPARE(host.parameterContainer(), &m_window->session().project()->container());
-}
-
-void tst_DeskWindow::navigationTakesAwayTheSearch()
-{
-    m_window->selectors().searchField()->setText(QStringLiteral("zehn"));
-    auto *selector = child<QComboBox>("axis");
-    selector->setFocus();
-    QTest::keyClick(selector, Qt::Key_Down);
-    QCOMPARE(model().rowCount(), 1);
-    m_window->navigation().navigateToAddress(ParameterAddress(QStringLiteral("2.B01"), true));
-    QCOMPARE(
-        m_window->navigation().currentAddress().toSortableText(), QStringLiteral("2.B001[00000]"));
-    QCOMPARE(m_window->selectors().searchField()->text(), QString());
-    QCOMPARE(selector->currentIndex(), 0);
 }
 
 void tst_DeskWindow::saveAndReopen()

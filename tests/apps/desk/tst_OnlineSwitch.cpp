@@ -32,6 +32,7 @@ public:
     {
     }
 
+    QString drive() const override { return QStringLiteral("drive 1"); }
     void open() override { m_calls.append(QStringLiteral("open")); }
     void close() override { m_calls.append(QStringLiteral("close")); }
     void write(const ValuePlace &place) override

@@ -201,6 +201,10 @@ void tst_SnapshotListModel::namesItsDevices()
     QCOMPARE(model.checkedDevices(),
         (QStringList {QStringLiteral("Desk drive"), QStringLiteral("Following drive")}));
     QCOMPARE(model.names().join(u' '), QStringLiteral("A B C D"));
+    QCOMPARE(model.index(0).data(Qt::ToolTipRole).toString(), QStringLiteral("A, von Desk drive"));
+    QCOMPARE(model.index(1).data(Qt::ToolTipRole).toString(), QStringLiteral("B"));
+    QCOMPARE(
+        model.index(3).data(Qt::ToolTipRole).toString(), QStringLiteral("D, von Following drive"));
     QVERIFY(model.setData(model.index(0), Qt::Unchecked, Qt::CheckStateRole));
     QVERIFY(model.setData(model.index(2), Qt::Unchecked, Qt::CheckStateRole));
     QCOMPARE(model.checkedDevices(), QStringList(QStringLiteral("Following drive")));

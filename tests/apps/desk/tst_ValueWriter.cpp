@@ -19,6 +19,7 @@ private Q_SLOTS:
     void acceptedWrite();
     void refusedWrite();
     void notWritable();
+    void refusedWhileItConnects();
     void unknownPlace();
     void undoAndRedo();
     void undoRestoresTheChangeTag();
@@ -102,8 +103,30 @@ void tst_ValueWriter::notWritable()
     System::information()->setUserAccessLevel(2);
     const auto outcome = m_writer->write(place("B100"), QStringLiteral("5"));
     QVERIFY(!outcome.isAccepted);
-    QCOMPARE(outcome.message, QStringLiteral("Parameter B100 ist jetzt nicht schreibbar."));
+    QCOMPARE(outcome.message, QStringLiteral("B100 ist erst ab Zugriffsstufe 4 schreibbar."));
     QCOMPARE(native(place("B100")), QStringLiteral("100"));
+}
+
+void tst_ValueWriter::refusedWhileItConnects()
+{
+    MessageRecorder messages;
+    const QSignalSpy changes(m_writer.get(), &ValueWriter::connectingChanged);
+    QVERIFY(m_writer->isWritable(place("B10")));
+    m_writer->setConnecting(true);
+    m_writer->setConnecting(true);
+    QCOMPARE(changes.count(), 1);
+    QVERIFY(!m_writer->isWritable(place("B10")));
+    const auto outcome = m_writer->write(place("B10"), QStringLiteral("11"));
+    QVERIFY(!outcome.isAccepted);
+    QCOMPARE(outcome.message,
+        QStringLiteral("B10 ist noch nicht schreibbar: Der Antrieb wird verbunden, und seine Werte "
+                       "ersetzen gleich alle. F9 bricht das ab."));
+    QCOMPARE(native(place("B10")), QStringLiteral("10"));
+    m_writer->setConnecting(false);
+    QCOMPARE(changes.count(), 2);
+    QCOMPARE(m_writer->obstacle(place("B10")), QString());
+    QVERIFY(m_writer->write(place("B10"), QStringLiteral("11")).isAccepted);
+    QCOMPARE(native(place("B10")), QStringLiteral("11"));
 }
 
 void tst_ValueWriter::unknownPlace()

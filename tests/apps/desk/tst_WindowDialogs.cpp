@@ -33,6 +33,8 @@ private Q_SLOTS:
     void snapshotName();
     void driveAddress();
     void agreesToReplace();
+    void agreesToSaveFromDrive_data();
+    void agreesToSaveFromDrive();
     void losesSnapshots();
     void run();
 
@@ -220,6 +222,46 @@ void tst_WindowDialogs::agreesToReplace()
             "Der Ordner \"press 7\" enthält ein anderes Projekt. Soll es ersetzt werden?"));
     inDialog([](QDialog &dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
     QVERIFY(!dialogs.agreesToReplace(QStringLiteral("/machines/press 7")));
+}
+
+void tst_WindowDialogs::agreesToSaveFromDrive_data()
+{
+    QTest::addColumn<QString>("folderDrive");
+    QTest::addColumn<QString>("details");
+    QTest::newRow("of another drive")
+        << QStringLiteral("10.0.0.7:502")
+        << QStringLiteral("Im Ordner stehen die Werte des Antriebs 10.0.0.7:502.\n"
+                          "Strg+Umschalt+S speichert in einen anderen Ordner.");
+    QTest::newRow("of one that nobody knows")
+        << QString()
+        << QStringLiteral("Im Ordner stehen Werte, die nicht von diesem Antrieb gelesen wurden.\n"
+                          "Strg+Umschalt+S speichert in einen anderen Ordner.");
+}
+
+void tst_WindowDialogs::agreesToSaveFromDrive()
+{
+    QFETCH(QString, folderDrive);
+    QFETCH(QString, details);
+    WindowDialogs dialogs;
+    const auto agrees = [&] {
+        return dialogs.agreesToSaveFromDrive(
+            QStringLiteral("/machines/press 7"), QStringLiteral("10.0.0.8:502"), folderDrive);
+    };
+    QString question;
+    inDialog([&](QDialog &dialog) {
+        const auto &box = static_cast<QMessageBox &>(dialog);
+        question = box.text() + u'|' + box.informativeText();
+        click(dialog, QStringLiteral("Ersetzen"));
+    });
+    QVERIFY(agrees());
+    QCOMPARE(question,
+        QStringLiteral("Die Werte sind die des Antriebs 10.0.0.8:502. Sollen sie die Werte im "
+                       "Ordner \"press 7\" ersetzen?|")
+            + details);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+        inDialog([key](QDialog &dialog) { QTest::keyClick(&dialog, key); });
+        QVERIFY(!agrees());
+    }
 }
 
 void tst_WindowDialogs::losesSnapshots()

@@ -15,6 +15,8 @@ private Q_SLOTS:
     void pictures();
     void failures_data();
     void failures();
+    void saysWhyNothingIsWritten_data();
+    void saysWhyNothingIsWritten();
 
 private:
     struct Result {
@@ -153,6 +155,34 @@ void tst_screenshot::failures()
     QCOMPARE(result.exitCode, exitCode);
     QVERIFY(result.error.startsWith(QLatin1String("krparameter-desk: ")));
     QVERIFY(!QFile::exists(file));
+}
+
+void tst_screenshot::saysWhyNothingIsWritten_data()
+{
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QString>("error");
+    const QString german =
+        QStringLiteral("krparameter-desk: 1.H00 ist erst ab Zugriffsstufe 2 schreibbar.\n");
+    const QString english =
+        QStringLiteral("krparameter-desk: 1.H00 can be written from access level 2 on.\n");
+    QTest::newRow("written") << QStringLiteral("--write") << QStringLiteral("de") << german;
+    QTest::newRow("typed") << QStringLiteral("--edit") << QStringLiteral("de") << german;
+    QTest::newRow("typed, in English")
+        << QStringLiteral("--edit") << QStringLiteral("en") << english;
+}
+
+void tst_screenshot::saysWhyNothingIsWritten()
+{
+    QFETCH(QString, option);
+    QFETCH(QString, language);
+    QFETCH(QString, error);
+    const Result result = run({QStringLiteral("--screenshot"), path("failed.png"),
+        QStringLiteral("--device"), QStringLiteral("two-axis-drive"), QStringLiteral("--lang"),
+        language, QStringLiteral("--access-level"), QStringLiteral("1"), option,
+        QStringLiteral("1.H00=3")});
+    QCOMPARE(result.error, error);
+    QCOMPARE(result.exitCode, 6);
 }
 
 QTEST_GUILESS_MAIN(tst_screenshot)

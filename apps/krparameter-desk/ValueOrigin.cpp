@@ -1,0 +1,7 @@
+#include "apps/krparameter-desk/ValueOrigin.h"
+
+void ValueOrigin::forget()
+{
+    m_drive.clear();
+    m_folderDrive.clear();
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QString>
+
+class ParameterInformation;
+struct ValuePlace;
+
+/// Says why the user cannot write a value now.
+class WriteObstacle {
+    Q_DECLARE_TR_FUNCTIONS(WriteObstacle)
+
+public:
+    enum class eKind { None, Connecting, ReadOnly, NeverWritten, Level, OnlineOnly };
+
+    struct Facts {
+        /// A drive is being called whose values replace all others.
+        bool isConnecting;
+        bool isWritable;
+        bool isReadOnly;
+        bool isNeverWritten;
+        int writeLevel;
+        quint32 userLevel;
+    };
+
+    /// Where several hold, the one that lasts longest. What nothing else explains is written online only.
+    static eKind kindOf(const Facts &facts);
+    /// Empty where the value can be written.
+    static QString text(
+        const ParameterInformation &parameter, const ValuePlace &place, bool isConnecting);
+};
