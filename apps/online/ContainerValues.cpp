@@ -106,6 +106,9 @@ QString textOf(const SimpleType &type, const QByteArray &bytes)
 ContainerValues::ContainerValues(ParameterContainer &container)
     : m_container(container)
 {
+    // Told before the next one.
+    connect(
+        &container, &ParameterProvider::parameterValueChanged, this, [this] { beginTelling(); });
     connect(&container, &ParameterProvider::parameterNativeValueChanged, this,
         &ContainerValues::onChanged);
 }
@@ -137,26 +140,39 @@ QList<quint16> ContainerValues::registers(const MappedValue &value) const
     return RegisterBytes::fromBytes(bytes, *value.type);
 }
 
+// A connection that is made now is served behind all others. Of what changes within another value's
+// adoption that one hears.
+std::array<QMetaObject::Connection, 2> ContainerValues::hearLast(const Adoption &adoption)
+{
+    return {connect(&m_container, &ParameterProvider::parameterValueChanged, this,
+                [this, &adoption] {
+                    if (m_adoption == &adoption)
+                        endTelling();
+                }),
+        connect(&m_container, &ParameterProvider::parameterNativeValueChanged, this,
+            [this, &adoption](const ParameterAddress &changed) {
+                if (m_adoption == &adoption)
+                    onAllTold(changed);
+            })};
+}
+
 ContainerValues::Adopted ContainerValues::adopt(
     const MappedValue &value, const QByteArray &bytes, const QPointer<QObject> &guard)
 {
     Adoption adoption {
         value.place, value.address, value.type, textOf(*value.type, bytes), value.leadsToFunctions};
     const QString before = hasPlainText(*value.type) ? QString() : nativeText(value.place);
-    QMetaObject::Connection last;
-    if (value.leadsToFunctions) {
-        // A connection that is made now is served behind all others.
-        last = connect(&m_container, &ParameterProvider::parameterNativeValueChanged, this,
-            &ContainerValues::onAllTold);
-    }
+    std::array<QMetaObject::Connection, 2> last;
+    if (value.leadsToFunctions)
+        last = hearLast(adoption);
     // A listener may have the next value of the drive stored.
     Adoption *const outer = std::exchange(m_adoption, &adoption);
     store(adoption, bytes);
     if (!guard)
         return {};
     m_adoption = outer;
-    if (adoption.leadsToFunctions)
-        disconnect(last);
+    for (const QMetaObject::Connection &connection : last)
+        disconnect(connection);
     if (adoption.changes == 0)
         return {false, before.isNull() ? adoption.text : before};
     if (adoption.changes == 1 && hasPlainText(*adoption.type))
@@ -216,23 +232,45 @@ ParameterSetup *ContainerValues::parameterAt(const ParameterCoordinate &coordina
 
 void ContainerValues::onChanged(const ParameterAddress &address)
 {
-    if (m_adoption && m_adoption->address == address) {
-        ++m_adoption->changes;
-        // Who has written over it before this was told is told of again.
-        const bool isFirst = m_adoption->changes == 1 && !m_adoption->leadsToFunctions;
-        if (isFirst || hasWhatIsAdopted())
-            return;
-    }
-    if (m_adoption && m_adoption->areListenersThrough)
+    // While listeners are told of a function's change, it is they who write.
+    const bool isByFunction =
+        m_adoption && m_adoption->areListenersThrough && m_adoption->tellings == 0;
+    beginTelling();
+    if (isAdoption(address))
+        return;
+    if (isByFunction)
         Q_EMIT changedByFunction(address);
     else
         Q_EMIT changedHere(address);
 }
 
+bool ContainerValues::isAdoption(const ParameterAddress &address)
+{
+    if (!m_adoption || m_adoption->address != address)
+        return false;
+    ++m_adoption->changes;
+    // Who has written over it before this was told is told of again.
+    const bool isFirst = m_adoption->changes == 1 && !m_adoption->leadsToFunctions;
+    return isFirst || hasWhatIsAdopted();
+}
+
 void ContainerValues::onAllTold(const ParameterAddress &address)
 {
-    if (m_adoption && m_adoption->address == address && hasWhatIsAdopted())
+    endTelling();
+    if (m_adoption->address == address && hasWhatIsAdopted())
         m_adoption->areListenersThrough = true;
+}
+
+void ContainerValues::beginTelling()
+{
+    if (m_adoption && m_adoption->areListenersThrough)
+        ++m_adoption->tellings;
+}
+
+void ContainerValues::endTelling()
+{
+    if (m_adoption->areListenersThrough)
+        --m_adoption->tellings;
 }
 
 bool ContainerValues::hasWhatIsAdopted() const

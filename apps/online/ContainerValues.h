@@ -8,6 +8,8 @@
 #include <QtCore/QPointer>
 #include <QtCore/QString>
 
+#include <array>
+
 class ParameterContainer;
 class ParameterSetup;
 
@@ -59,15 +61,24 @@ private:
         bool leadsToFunctions;
         /// How often the value has changed: more than once, and a listener has written over it.
         int changes = 0;
-        /// All listeners have been told of it; what changes from now on is made by functions.
+        /// All listeners have been told of it; what changes from now on is made by functions, and by those
+        /// who are told of that.
         bool areListenersThrough = false;
+        /// Changes since then of which listeners are being told, one inside the other.
+        int tellings = 0;
     };
 
     QString nativeText(const ValuePlace &place) const;
     /// Null where there is none.
     ParameterSetup *parameterAt(const ParameterCoordinate &coordinate) const;
+    /// Tells when all others have been told of a change.
+    std::array<QMetaObject::Connection, 2> hearLast(const Adoption &adoption);
     void store(const Adoption &adoption, const QByteArray &bytes);
     void onChanged(const ParameterAddress &address);
+    /// Whether the change is the drive's value itself, and no other one that was written over it.
+    bool isAdoption(const ParameterAddress &address);
+    void beginTelling();
+    void endTelling();
     void onAllTold(const ParameterAddress &address);
     bool hasWhatIsAdopted() const;
     static bool isSame(const SimpleType &type, const QString &sent, const QString &kept);
