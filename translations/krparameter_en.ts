@@ -1310,8 +1310,8 @@ that cannot be started gives 5, one that ends before 100 % 4, one that still run
 <context>
     <name>OnlineCycle</name>
     <message>
-        <source>der Antrieb hat kein Register dafür</source>
-        <translation>the drive has no register for it</translation>
+        <source>Funktionen des Geräts ändern den Wert des Antriebs immer wieder</source>
+        <translation>functions of the device change the drive's value again and again</translation>
     </message>
 </context>
 <context>
@@ -1371,6 +1371,10 @@ that cannot be started gives 5, one that ends before 100 % 4, one that still run
 </context>
 <context>
     <name>OnlineOutcome</name>
+    <message>
+        <source>der Antrieb hat kein Register dafür</source>
+        <translation>the drive has no register for it</translation>
+    </message>
     <message>
         <source>%1: unverändert</source>
         <translation>%1: unchanged</translation>
@@ -1452,10 +1456,6 @@ that cannot be started gives 5, one that ends before 100 % 4, one that still run
     <message>
         <source>der Antrieb meldet sich nicht</source>
         <translation>the drive does not respond</translation>
-    </message>
-    <message>
-        <source>der Antrieb hat kein Register dafür</source>
-        <translation>the drive has no register for it</translation>
     </message>
 </context>
 <context>

@@ -36,6 +36,7 @@ public:
     void writeInOrder(const QList<qsizetype> &values);
     /// Also while it waits for its turn.
     bool isUnderWay(qsizetype value) const { return m_pending.contains(value); }
+    bool isIdle() const { return m_pending.isEmpty(); }
     /// The last request that read the value back; 0 where it was never written. What an earlier
     /// request reads is older than that.
     quint32 lastReadBack(qsizetype value) const { return m_lastReadBacks.value(value); }

@@ -5,6 +5,7 @@
 #include "apps/online/RegisterBytes.h"
 #include "apps/online/RegisterMap.h"
 #include "apps/online/RequestExchange.h"
+#include "apps/online/UnmappedOutcome.h"
 
 #include <KrParameterInstance/ParameterContainer.h>
 #include <KrParameterInstance/ParameterInformation.h>
@@ -62,6 +63,7 @@ void OnlineCycle::start(const RegisterMap &map)
     m_requests.assign(std::size_t(map.values().size()), Request());
     m_cyclic.setMap(&map, m_clock.now());
     m_unknown.setMap(&map, m_clock.now());
+    m_corrections.clear();
     arm();
     const QPointer<OnlineCycle> guard(this);
     const QList<ParameterAddress> unmapped = m_cyclic.unmapped();
@@ -81,6 +83,10 @@ void OnlineCycle::stop(const QString &reason)
     m_reader.stop();
     m_cyclic.setMap(nullptr, m_clock.now());
     m_unknown.clear();
+    m_reviews.clear();
+    m_disputed.clear();
+    m_mayHaveRunFunctions = false;
+    m_lastRun = 0;
     m_clock.clearAlarm(eOnlineAlarm::Cycle);
     std::vector<Request> requests = std::exchange(m_requests, {});
     const QList<qsizetype> writes = m_writer.stop();
@@ -153,12 +159,55 @@ void OnlineCycle::onChangedByFunction(const ParameterAddress &address)
 
 void OnlineCycle::review(qsizetype value)
 {
-    // Functions that correct each other would have values read without end.
-    if (m_isReviewing)
+    if (m_reviews.contains(value) && m_reader.isAwaited(value))
+        return;
+    const CorrectionBound::eDecision decision = m_corrections.ask(value);
+    if (decision == CorrectionBound::eDecision::GiveUp)
+        m_disputed.append(value);
+    if (decision != CorrectionBound::eDecision::Read)
         return;
     m_requests[std::size_t(value)].isReview = true;
+    m_reviews.insert(value);
     m_reader.want(value);
     arm();
+}
+
+void OnlineCycle::reviewAll()
+{
+    QList<qsizetype> values;
+    values.reserve(m_map->values().size());
+    for (qsizetype value = 0; value < m_map->values().size(); ++value) {
+        if (m_values.holds(m_map->values().at(value)))
+            values.append(value);
+    }
+    m_reviews.unite(QSet<qsizetype>(values.cbegin(), values.cend()));
+    m_reader.want(values);
+    arm();
+}
+
+void OnlineCycle::settle()
+{
+    if (!m_map || !m_reviews.isEmpty())
+        return;
+    if (m_mayHaveRunFunctions) {
+        if (!m_writer.isIdle())
+            return;
+        m_mayHaveRunFunctions = false;
+        reviewAll();
+        return;
+    }
+    m_corrections.rest();
+    QList<Ended> news;
+    for (const qsizetype value : std::exchange(m_disputed, {})) {
+        news.append(ended(value, m_map->values().at(value), eKind::Lost,
+            tr("Funktionen des Geräts ändern den Wert des Antriebs immer wieder")));
+    }
+    const QPointer<OnlineCycle> guard(this);
+    const quint32 run = m_runs;
+    if (!news.isEmpty())
+        Q_EMIT disputed(news);
+    if (guard && m_runs == run)
+        Q_EMIT reviewed();
 }
 
 void OnlineCycle::onWritten(qsizetype value, const OnlineOutcome &outcome)
@@ -169,7 +218,20 @@ void OnlineCycle::onWritten(qsizetype value, const OnlineOutcome &outcome)
         m_reader.want(value);
         arm();
     }
+    if (m_map->values().at(value).leadsToFunctions && outcome.kind != eKind::Refused
+        && outcome.kind != eKind::Unmapped)
+        functionsRan(m_writer.lastReadBack(value));
+    const QPointer<OnlineCycle> guard(this);
+    const quint32 run = m_runs;
     Q_EMIT finished({{value, outcome}});
+    if (guard && m_runs == run)
+        settle();
+}
+
+void OnlineCycle::functionsRan(quint32 request)
+{
+    m_mayHaveRunFunctions = true;
+    m_lastRun = std::max(m_lastRun, request);
 }
 
 void OnlineCycle::onLeftUnknown(qsizetype value)
@@ -251,8 +313,11 @@ void OnlineCycle::onBlockRead(
             return;
     }
     arm();
+    const quint32 run = m_runs;
     if (!m_news.empty())
         Q_EMIT came(std::exchange(m_news, {}));
+    if (guard && m_runs == run)
+        settle();
 }
 
 bool OnlineCycle::take(qsizetype value, const QByteArray &bytes, quint32 request, milliseconds now,
@@ -265,11 +330,9 @@ bool OnlineCycle::take(qsizetype value, const QByteArray &bytes, quint32 request
     bool hasChanged = false;
     if (!isOld) {
         const quint32 run = m_runs;
-        const bool outer = std::exchange(m_isReviewing, m_requests[std::size_t(value)].isReview);
         hasChanged = m_values.adopt(mapped, bytes, guard).hasChanged;
         if (!guard)
             return false;
-        m_isReviewing = outer;
         if (m_runs != run)
             return false;
     }
@@ -278,9 +341,13 @@ bool OnlineCycle::take(qsizetype value, const QByteArray &bytes, quint32 request
         m_unknown.done(value, now);
     else if (m_unknown.contains(value))
         m_unknown.remove(mapped.address);
-    // A listener has asked for it anew: it ends with that.
+    // What was asked for before the functions of the drive ran says nothing about what they made.
+    if (m_reviews.contains(value) && request < m_lastRun)
+        m_reader.want(value);
+    // Asked for anew, by that or by a listener: it ends with that.
     if (m_reader.isAwaited(value))
         return true;
+    m_reviews.remove(value);
     Request &state = m_requests[std::size_t(value)];
     const Request before = std::exchange(state, {});
     // Who waits for it has not got it yet: it is read behind the write.
@@ -312,6 +379,7 @@ void OnlineCycle::onBlockFailed(const BlockPlan::Block &block, const OnlineAnswe
         const bool isCyclic = m_cyclic.contains(value);
         m_cyclic.done(value, now);
         m_unknown.done(value, now);
+        m_reviews.remove(value);
         Request &request = m_requests[std::size_t(value)];
         if (request.isReview && !m_unknown.contains(value))
             m_unknown.add(mapped.address, now + m_unknownPause);
@@ -333,6 +401,8 @@ void OnlineCycle::onBlockFailed(const BlockPlan::Block &block, const OnlineAnswe
         if (guard && m_runs == run)
             cancelWaiting(place);
     }
+    if (guard && m_runs == run)
+        settle();
 }
 
 void OnlineCycle::arm()
@@ -355,10 +425,7 @@ ValuePlace OnlineCycle::placeOf(const ParameterAddress &address) const
 
 void OnlineCycle::reportUnmapped(const ParameterAddress &address, eDirection direction)
 {
-    const ValuePlace place = placeOf(address);
-    Q_EMIT finished({{-1,
-        {place, address.toText(place.livingSpace == eLivingSpace::Global, true), eKind::Unmapped,
-            {}, {}, tr("der Antrieb hat kein Register dafür"), direction == eDirection::ToDrive}}});
+    Q_EMIT finished({{-1, UnmappedOutcome::of(*m_map, m_container, placeOf(address), direction)}});
 }
 
 void OnlineCycle::cancelWaiting(const ValuePlace &place)

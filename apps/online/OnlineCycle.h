@@ -1,6 +1,7 @@
 #pragma once
 
 #include "apps/online/ContainerValues.h"
+#include "apps/online/CorrectionBound.h"
 #include "apps/online/CyclicNeeds.h"
 #include "apps/online/OnlineOutcome.h"
 #include "apps/online/DriveReader.h"
@@ -9,6 +10,7 @@
 #include <QtCore/QList>
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
+#include <QtCore/QSet>
 
 #include <chrono>
 #include <vector>
@@ -52,6 +54,11 @@ public:
 
     /// Whether the container has the value; a project may have fewer elements than the device.
     bool isInProject(const MappedValue &value) const { return m_values.holds(value); }
+    QString nativeText(const MappedValue &value) const { return m_values.nativeText(value); }
+    /// What functions made of values of the drive is still to be read.
+    bool isReviewing() const { return !m_reviews.isEmpty() || !m_disputed.isEmpty(); }
+    /// Nothing is being written, and what followed from the last write has been read.
+    bool isAtRest() const { return m_writer.isIdle() && !isReviewing() && !m_mayHaveRunFunctions; }
     /// Positions in the map. **Emits** came or finished for each, later. Only while running.
     void read(const QList<qsizetype> &values);
     /// Writes what the container has, in the order of property 45. **Emits** finished for each, later.
@@ -65,9 +72,13 @@ Q_SIGNALS:
     /// Values that were asked for once did not come, writes came to their end, cyclic reads failed for
     /// the first time, or what is asked for has no register.
     void finished(const QList<OnlineCycle::Ended> &ended);
+    /// Functions of the device change these values again whenever the container gets what the drive has.
+    void disputed(const QList<OnlineCycle::Ended> &ended);
+    /// What functions made of values has been read, or was given up.
+    void reviewed();
 
 private:
-    enum class eDirection { FromDrive, ToDrive };
+    using eDirection = OnlineOutcome::eDirection;
 
     void onChangedHere(const ParameterAddress &address);
     void onChangedByFunction(const ParameterAddress &address);
@@ -84,8 +95,14 @@ private:
     bool take(qsizetype value, const QByteArray &bytes, quint32 request,
         std::chrono::milliseconds now, const QPointer<QObject> &guard);
     void onBlockFailed(const BlockPlan::Block &block, const OnlineAnswer &answer);
-    /// The container has something else than the drive: reads the value, once, and believes it.
+    /// The container has something else than the drive: reads the value and believes it.
     void review(qsizetype value);
+    /// Reads every value once no value is on its way to the drive: its functions may have changed any.
+    void reviewAll();
+    /// Functions of the drive may have changed any value; what a request before this one reads is older.
+    void functionsRan(quint32 request);
+    /// Where nothing is to be reviewed any more.
+    void settle();
     void arm();
     ValuePlace placeOf(const ParameterAddress &address) const;
     void reportUnmapped(const ParameterAddress &address, eDirection direction);
@@ -123,8 +140,15 @@ private:
     std::vector<Request> m_requests;
     /// What came and is to be told when its block is done.
     std::vector<Came> m_news;
-    /// The value that is being taken was read because of a function.
-    bool m_isReviewing = false;
+    /// The values that are read because the container or the drive made something else of them.
+    QSet<qsizetype> m_reviews;
+    CorrectionBound m_corrections;
+    /// Given up, and not told yet.
+    QList<qsizetype> m_disputed;
+    /// The drive took a value that leads to functions.
+    bool m_mayHaveRunFunctions = false;
+    /// The request that read the last such value back.
+    quint32 m_lastRun = 0;
     /// Runs that began or ended.
     quint32 m_runs = 0;
 };

@@ -3,23 +3,16 @@
 #include "apps/online/Backoff.h"
 #include "apps/online/ModbusTcpLink.h"
 #include "apps/online/SystemOnlineClock.h"
+#include "apps/online/TransferScope.h"
+#include "apps/online/UnmappedOutcome.h"
 
 #include <KrParameterInstance/ParameterContainer.h>
-#include <KrParameterInstance/ParameterInformation.h>
 
 #include <QtCore/QMetaMethod>
 #include <QtCore/QPointer>
 
 #include <utility>
 #include <vector>
-
-struct OnlineSession::Transfer {
-    eDirection direction;
-    /// By position in the map.
-    std::vector<bool> isAwaited;
-    qsizetype total = 0;
-    qsizetype done = 0;
-};
 
 std::unique_ptr<OnlineSession> OnlineSession::overModbusTcp(
     ParameterContainer &container, const QString &host, quint16 port, const OnlineRules &rules)
@@ -50,6 +43,8 @@ OnlineSession::OnlineSession(ParameterContainer &container, std::unique_ptr<Onli
     connect(&m_contact, &FirstContact::unanswered, this, &OnlineSession::onLineLost);
     connect(&m_cycle, &OnlineCycle::came, this, &OnlineSession::onCame);
     connect(&m_cycle, &OnlineCycle::finished, this, &OnlineSession::onFinished);
+    connect(&m_cycle, &OnlineCycle::disputed, this, &OnlineSession::onDisputed);
+    connect(&m_cycle, &OnlineCycle::reviewed, this, &OnlineSession::finishWhereAtRest);
 }
 
 OnlineSession::~OnlineSession()
@@ -83,61 +78,37 @@ void OnlineSession::goOffline()
 
 bool OnlineSession::upload()
 {
-    if (!canTransfer())
-        return false;
-    QList<qsizetype> values;
-    values.reserve(m_map->values().size());
-    QList<OnlineOutcome> unmapped;
-    for (qsizetype i = 0; i < m_map->values().size(); ++i) {
-        const MappedValue &value = m_map->values().at(i);
-        if (m_cycle.isInProject(value))
-            values.append(i);
-        else
-            unmapped.append(OnlineOutcome::ofRead(value, OnlineOutcome::eKind::Unmapped));
-    }
-    for (const RegisterMap::Refusal &refusal : m_map->refusals())
-        unmapped.append(unmappedOutcome(refusal, eDirection::FromDrive));
-    return transfer(values, unmapped, eDirection::FromDrive);
+    const auto isInProject = [this](
+                                 const MappedValue &value) { return m_cycle.isInProject(value); };
+    return canTransfer()
+        && transfer(TransferScope::ofUpload(*m_map, isInProject), eDirection::FromDrive);
 }
 
 bool OnlineSession::download()
 {
-    if (!canTransfer())
-        return false;
-    QList<qsizetype> values;
-    for (qsizetype i = 0; i < m_map->values().size(); ++i) {
-        const MappedValue &value = m_map->values().at(i);
-        // What the project does not have is not to be written.
-        if (value.isSetting() && m_cycle.isInProject(value))
-            values.append(i);
-    }
-    QList<OnlineOutcome> unmapped;
-    for (const RegisterMap::Refusal &refusal : m_map->refusals()) {
-        if (refusal.isSetting)
-            unmapped.append(unmappedOutcome(refusal, eDirection::ToDrive));
-    }
-    return transfer(values, unmapped, eDirection::ToDrive);
+    const auto isInProject = [this](
+                                 const MappedValue &value) { return m_cycle.isInProject(value); };
+    return canTransfer()
+        && transfer(TransferScope::ofDownload(*m_map, isInProject), eDirection::ToDrive);
 }
 
 bool OnlineSession::readValues(const QList<ValuePlace> &places)
 {
-    return transferPlaces(places, eDirection::FromDrive);
+    return canTransfer() && transfer(scopeOf(places, eDirection::FromDrive), eDirection::FromDrive);
 }
 
 bool OnlineSession::writeValues(const QList<ValuePlace> &places)
 {
-    return transferPlaces(places, eDirection::ToDrive);
+    return canTransfer() && transfer(scopeOf(places, eDirection::ToDrive), eDirection::ToDrive);
 }
 
 bool OnlineSession::writeValue(const ValuePlace &place)
 {
     if (m_state != eState::Online)
         return false;
-    const auto parameter = m_container.parameterInformation(place.coordinate);
-    const qsizetype value =
-        parameter ? m_map->indexOf(parameter->address(place.livingSpace, place.element)) : -1;
+    const qsizetype value = TransferScope::positionOf(*m_map, m_container, place);
     if (value < 0)
-        Q_EMIT valueReported(unmappedOutcome(place, eDirection::ToDrive));
+        Q_EMIT valueReported(UnmappedOutcome::of(*m_map, m_container, place, eDirection::ToDrive));
     else
         m_cycle.writeNow(value);
     return true;
@@ -261,51 +232,30 @@ bool OnlineSession::leave(eState next, const QString &reason)
     return guard && m_turns == turn && m_state == next;
 }
 
-bool OnlineSession::transferPlaces(const QList<ValuePlace> &places, eDirection direction)
+OnlineTransfer::Scope OnlineSession::scopeOf(
+    const QList<ValuePlace> &places, eDirection direction) const
 {
-    if (!canTransfer())
-        return false;
-    QList<qsizetype> values;
-    std::vector<bool> isNamed(std::size_t(m_map->values().size()));
-    QList<OnlineOutcome> unmapped;
-    for (const ValuePlace &place : places) {
-        const auto parameter = m_container.parameterInformation(place.coordinate);
-        const qsizetype value =
-            parameter ? m_map->indexOf(parameter->address(place.livingSpace, place.element)) : -1;
-        if (value < 0)
-            unmapped.append(unmappedOutcome(place, direction));
-        else if (!isNamed[std::size_t(value)])
-            values.append(value);
-        if (value >= 0)
-            isNamed[std::size_t(value)] = true;
-    }
-    return transfer(values, unmapped, direction);
+    return TransferScope::ofPlaces(*m_map, m_container, places, direction);
 }
 
-bool OnlineSession::transfer(
-    const QList<qsizetype> &values, const QList<OnlineOutcome> &unmapped, eDirection direction)
+bool OnlineSession::transfer(const OnlineTransfer::Scope &scope, eDirection direction)
 {
-    m_report = OnlineReport(m_map->values());
-    m_transfer = std::make_unique<Transfer>();
-    m_transfer->direction = direction;
-    m_transfer->isAwaited.resize(std::size_t(m_map->values().size()));
-    m_transfer->total = values.size();
-    m_report.reserve(values.size() + unmapped.size());
-    for (const qsizetype value : values)
-        m_transfer->isAwaited[std::size_t(value)] = true;
-    for (const OnlineOutcome &outcome : unmapped)
-        m_report.add(outcome);
+    m_transfer = std::make_unique<OnlineTransfer>(m_map->values(), scope, direction);
     const quint32 number = ++m_transfers;
     const QPointer<OnlineSession> guard(this);
-    if (direction == eDirection::FromDrive)
-        m_cycle.read(values);
-    else
-        m_cycle.write(values);
-    for (const OnlineOutcome &outcome : unmapped) {
+    if (direction == eDirection::FromDrive) {
+        m_cycle.read(scope.values);
+    } else {
+        // Functions change values before their turn comes.
+        for (const qsizetype value : scope.values)
+            m_transfer->ask(value, m_cycle.nativeText(m_map->values().at(value)));
+        m_cycle.write(scope.values);
+    }
+    for (const OnlineOutcome &outcome : scope.unmapped) {
         if (guard)
             Q_EMIT valueReported(outcome);
     }
-    if (!guard || !values.isEmpty())
+    if (!guard || !scope.values.isEmpty())
         return true;
     // Also where there is nothing to wait for the end comes behind this call.
     QMetaObject::invokeMethod(
@@ -328,10 +278,8 @@ void OnlineSession::onCame(const std::vector<OnlineCycle::Came> &values)
     const bool isHeard = isSignalConnected(reported);
     bool hasProgress = false;
     for (const auto &[value, kind] : values) {
-        if (takeOff(value, eDirection::FromDrive)) {
-            m_report.add(value, kind);
+        if (m_transfer && m_transfer->add(value, kind))
             hasProgress = true;
-        }
         if (!isHeard)
             continue;
         Q_EMIT valueReported(OnlineOutcome::ofRead(mapped.at(value), kind));
@@ -347,10 +295,8 @@ void OnlineSession::onFinished(const QList<OnlineCycle::Ended> &ended)
     const QPointer<OnlineSession> guard(this);
     bool hasProgress = false;
     for (const auto &[value, outcome] : ended) {
-        if (takeOff(value, outcome.isWrite ? eDirection::ToDrive : eDirection::FromDrive)) {
-            m_report.add(outcome);
+        if (m_transfer && m_transfer->add(value, outcome))
             hasProgress = true;
-        }
         Q_EMIT valueReported(outcome);
         if (!guard)
             return;
@@ -359,14 +305,16 @@ void OnlineSession::onFinished(const QList<OnlineCycle::Ended> &ended)
         tellProgress();
 }
 
-bool OnlineSession::takeOff(qsizetype value, eDirection direction)
+void OnlineSession::onDisputed(const QList<OnlineCycle::Ended> &ended)
 {
-    if (!m_transfer || m_transfer->direction != direction || value < 0
-        || !m_transfer->isAwaited.at(std::size_t(value)))
-        return false;
-    m_transfer->isAwaited[std::size_t(value)] = false;
-    ++m_transfer->done;
-    return true;
+    const QPointer<OnlineSession> guard(this);
+    for (const auto &[value, outcome] : ended) {
+        if (m_transfer)
+            m_transfer->dispute(outcome);
+        Q_EMIT valueReported(outcome);
+        if (!guard)
+            return;
+    }
 }
 
 void OnlineSession::tellProgress()
@@ -374,8 +322,33 @@ void OnlineSession::tellProgress()
     if (!m_transfer)
         return;
     const QPointer<OnlineSession> guard(this);
-    Q_EMIT transferProgress(m_transfer->done, m_transfer->total);
-    if (guard && m_transfer && m_transfer->done == m_transfer->total)
+    Q_EMIT transferProgress(m_transfer->done(), m_transfer->total());
+    if (guard)
+        finishWhereAtRest();
+}
+
+void OnlineSession::finishWhereAtRest()
+{
+    if (!m_transfer || !m_transfer->isComplete())
+        return;
+    const bool isAtRest = m_transfer->direction() == eDirection::FromDrive ? !m_cycle.isReviewing()
+                                                                           : m_cycle.isAtRest();
+    // A drive that is lost tells nothing any more.
+    if (!isAtRest && m_cycle.isRunning())
+        return;
+    const QPointer<OnlineSession> guard(this);
+    const quint32 number = m_transfers;
+    const auto kept = [this](const MappedValue &value) {
+        return m_cycle.isInProject(value) ? std::optional(m_cycle.nativeText(value)) : std::nullopt;
+    };
+    const QList<OnlineOutcome> differing =
+        m_cycle.isRunning() ? m_transfer->close(kept) : QList<OnlineOutcome>();
+    for (const OnlineOutcome &outcome : differing) {
+        Q_EMIT valueReported(outcome);
+        if (!guard)
+            return;
+    }
+    if (m_transfers == number)
         finishTransfer();
 }
 
@@ -383,28 +356,9 @@ void OnlineSession::finishTransfer()
 {
     if (!m_transfer)
         return;
+    m_report = m_transfer->report();
     m_transfer.reset();
     // A listener may start the next transfer.
     const OnlineReport report = m_report;
     Q_EMIT transferFinished(report);
-}
-
-OnlineOutcome OnlineSession::unmappedOutcome(const ValuePlace &place, eDirection direction) const
-{
-    const auto parameter = m_container.parameterInformation(place.coordinate);
-    const RegisterMap::Refusal *refusal = parameter
-        ? m_map->refusalOf(parameter->address(place.livingSpace, place.element))
-        : nullptr;
-    if (refusal)
-        return unmappedOutcome(*refusal, direction);
-    return {place, parameter ? place.addressText(*parameter) : QString(),
-        OnlineOutcome::eKind::Unmapped, {}, {}, tr("der Antrieb hat kein Register dafür"),
-        direction == eDirection::ToDrive};
-}
-
-OnlineOutcome OnlineSession::unmappedOutcome(
-    const RegisterMap::Refusal &refusal, eDirection direction)
-{
-    return {refusal.place, refusal.address, OnlineOutcome::eKind::Unmapped, {}, {},
-        RegisterMap::reasonText(refusal.reason), direction == eDirection::ToDrive};
 }

@@ -3,8 +3,8 @@
 #include "apps/online/FirstContact.h"
 #include "apps/online/Heartbeat.h"
 #include "apps/online/OnlineCycle.h"
-#include "apps/online/OnlineReport.h"
 #include "apps/online/OnlineRules.h"
+#include "apps/online/OnlineTransfer.h"
 #include "apps/online/RegisterMap.h"
 #include "apps/online/RequestExchange.h"
 
@@ -62,7 +62,7 @@ public:
     bool writeValue(const ValuePlace &place);
     bool isTransferring() const { return m_transfer != nullptr; }
     /// Of the running transfer, or of the last one.
-    const OnlineReport &report() const { return m_report; }
+    const OnlineReport &report() const { return m_transfer ? m_transfer->report() : m_report; }
 
 Q_SIGNALS:
     void stateChanged(OnlineSession::eState state);
@@ -76,9 +76,7 @@ Q_SIGNALS:
     void transferFinished(const OnlineReport &report);
 
 private:
-    enum class eDirection { FromDrive, ToDrive };
-
-    struct Transfer;
+    using eDirection = OnlineOutcome::eDirection;
 
     void call();
     void onOpened();
@@ -94,18 +92,15 @@ private:
     void callLater();
 
     bool canTransfer() const { return m_state == eState::Online && !m_transfer; }
-    bool transferPlaces(const QList<ValuePlace> &places, eDirection direction);
-    /// Positions in the map, and what has none.
-    bool transfer(
-        const QList<qsizetype> &values, const QList<OnlineOutcome> &unmapped, eDirection direction);
+    OnlineTransfer::Scope scopeOf(const QList<ValuePlace> &places, eDirection direction) const;
+    bool transfer(const OnlineTransfer::Scope &scope, eDirection direction);
     void onCame(const std::vector<OnlineCycle::Came> &values);
     void onFinished(const QList<OnlineCycle::Ended> &ended);
-    /// Whether the running transfer waits for the value to go this way; it does not any more.
-    bool takeOff(qsizetype value, eDirection direction);
+    void onDisputed(const QList<OnlineCycle::Ended> &ended);
     void tellProgress();
+    /// Where everything came to its end and functions change nothing any more.
+    void finishWhereAtRest();
     void finishTransfer();
-    OnlineOutcome unmappedOutcome(const ValuePlace &place, eDirection direction) const;
-    static OnlineOutcome unmappedOutcome(const RegisterMap::Refusal &refusal, eDirection direction);
 
     ParameterContainer &m_container;
     const OnlineRules m_rules;
@@ -127,8 +122,9 @@ private:
     /// Changes of the state so far.
     quint32 m_turns = 0;
     /// Null while none runs.
-    std::unique_ptr<Transfer> m_transfer;
+    std::unique_ptr<OnlineTransfer> m_transfer;
     /// Begun so far.
     quint32 m_transfers = 0;
+    /// Of the last one that ended.
     OnlineReport m_report;
 };
