@@ -84,8 +84,7 @@ QString realText(const QByteArray &bytes)
                                          : realText(support.toDouble());
 }
 
-/// Means the same as the native text that the container makes of the bytes.
-QString textOf(const SimpleType &type, const QByteArray &bytes)
+QString textFrom(const SimpleType &type, const QByteArray &bytes)
 {
     switch (type.kind()) {
     case SimpleType::SignedInteger:
@@ -111,6 +110,11 @@ ContainerValues::ContainerValues(ParameterContainer &container)
         &container, &ParameterProvider::parameterValueChanged, this, [this] { beginTelling(); });
     connect(&container, &ParameterProvider::parameterNativeValueChanged, this,
         &ContainerValues::onChanged);
+}
+
+QString ContainerValues::textOf(const MappedValue &value, const QByteArray &bytes)
+{
+    return textFrom(*value.type, bytes);
 }
 
 QString ContainerValues::nativeText(const MappedValue &value) const
@@ -160,7 +164,7 @@ ContainerValues::Adopted ContainerValues::adopt(
     const MappedValue &value, const QByteArray &bytes, const QPointer<QObject> &guard)
 {
     Adoption adoption {
-        value.place, value.address, value.type, textOf(*value.type, bytes), value.leadsToFunctions};
+        value.place, value.address, value.type, textOf(value, bytes), value.leadsToFunctions};
     const QString before = hasPlainText(*value.type) ? QString() : nativeText(value.place);
     std::array<QMetaObject::Connection, 2> last;
     if (value.leadsToFunctions)

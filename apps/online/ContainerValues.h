@@ -25,6 +25,13 @@ public:
     QString nativeText(const MappedValue &value) const;
     /// Whether the container has it; a project may have fewer elements than the device.
     bool holds(const MappedValue &value) const;
+    /// Means the same as the native text that the container makes of the bytes.
+    static QString textOf(const MappedValue &value, const QByteArray &bytes);
+    /// Whether the bytes mean something else than what the container has.
+    bool differs(const MappedValue &value, const QByteArray &bytes) const
+    {
+        return !isSame(value, textOf(value, bytes), nativeText(value));
+    }
     /// Empty where the container does not hold the value.
     QList<quint16> registers(const MappedValue &value) const;
     /// What became of a value of the drive.

@@ -13,6 +13,7 @@
 #include <QtCore/QPointer>
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 using eKind = OnlineOutcome::eKind;
@@ -50,6 +51,7 @@ OnlineCycle::OnlineCycle(ParameterContainer &container, RequestExchange &exchang
     connect(&m_reader, &DriveReader::blockRead, this, &OnlineCycle::onBlockRead);
     connect(&m_reader, &DriveReader::blockFailed, this, &OnlineCycle::onBlockFailed);
     connect(&m_writer, &DriveWriter::recordReadBack, this, &OnlineCycle::onBlockRead);
+    connect(&m_writer, &DriveWriter::headReadBack, this, &OnlineCycle::onBlockRead);
     connect(&m_writer, &DriveWriter::finished, this, &OnlineCycle::onWritten);
     connect(&m_writer, &DriveWriter::leftUnknown, this, &OnlineCycle::onLeftUnknown);
 }
@@ -83,6 +85,7 @@ void OnlineCycle::stop(const QString &reason)
     m_reader.stop();
     m_cyclic.setMap(nullptr, m_clock.now());
     m_unknown.clear();
+    m_heads.clear();
     m_reviews.clear();
     m_disputed.clear();
     m_mayHaveRunFunctions = false;
@@ -308,8 +311,10 @@ void OnlineCycle::onBlockRead(
         const MappedValue &mapped = m_map->values().at(value);
         const QByteArray own =
             RegisterBytes::valueAt(bytes, mapped.span.first - block.span.first, *mapped.type);
+        if (hold(block, value, own, request))
+            continue;
         // A run that was ended has reported all its values.
-        if (!take(value, own, request, now, guard))
+        if (!take(value, own, request, now, guard) || !takeHeads(value, request, guard))
             return;
     }
     arm();
@@ -320,13 +325,52 @@ void OnlineCycle::onBlockRead(
         settle();
 }
 
+bool OnlineCycle::hold(
+    const BlockPlan::Block &block, qsizetype value, const QByteArray &bytes, quint32 request)
+{
+    const MappedValue &mapped = m_map->values().at(value);
+    // What it replaces is older.
+    m_heads.drop(value);
+    if (!mapped.leadsRecord || mapped.isStored || !m_values.differs(mapped, bytes))
+        return false;
+    QList<qsizetype> others;
+    const qsizetype place = block.values.indexOf(value);
+    const auto [first, last] =
+        m_map->positionsOf(mapped.place.coordinate, mapped.place.livingSpace);
+    for (qsizetype other = first + 1; other <= last; ++other) {
+        const qsizetype otherPlace = block.values.indexOf(other);
+        if (otherPlace >= 0 && otherPlace < place)
+            continue;
+        others.append(other);
+        if (otherPlace < 0)
+            m_reader.want(other);
+    }
+    // The bytes are part of the block's, which goes before.
+    if (!others.isEmpty())
+        m_heads.hold({value, QByteArray(bytes.constData(), bytes.size()), request}, others);
+    return !others.isEmpty();
+}
+
+bool OnlineCycle::takeHeads(qsizetype value, quint32 request, const QPointer<QObject> &guard)
+{
+    if (m_heads.isEmpty())
+        return true;
+    const QList<HeldHeads::Head> heads = m_heads.arrived(value, request);
+    // It was asked for before the head was.
+    if (m_heads.waitsFor(value))
+        m_reader.want(value);
+    return std::all_of(heads.cbegin(), heads.cend(), [&](const HeldHeads::Head &head) {
+        return take(head.value, head.bytes, head.request, m_clock.now(), guard);
+    });
+}
+
 bool OnlineCycle::take(qsizetype value, const QByteArray &bytes, quint32 request, milliseconds now,
     const QPointer<QObject> &guard)
 {
     const MappedValue &mapped = m_map->values().at(value);
     // What is being written, or was written meanwhile, is newer here than what was read.
     const bool isBeingWritten = m_writer.isUnderWay(value);
-    const bool isOld = isBeingWritten || request <= m_writer.lastReadBack(value);
+    const bool isOld = isBeingWritten || request < m_writer.lastReadBack(value);
     bool hasChanged = false;
     if (!isOld) {
         const quint32 run = m_runs;
@@ -393,9 +437,16 @@ void OnlineCycle::onBlockFailed(const BlockPlan::Block &block, const OnlineAnswe
         request = {};
         request.hasFailed = isCyclic;
     }
-    const QPointer<OnlineCycle> guard(this);
+    const QPointer<QObject> guard(this);
+    // Who waits for what does not come waits no more.
+    for (const qsizetype value : block.values) {
+        if (!takeHeads(value, std::numeric_limits<quint32>::max(), guard))
+            return;
+    }
     arm();
-    if (!news.isEmpty())
+    if (!m_news.empty())
+        Q_EMIT came(std::exchange(m_news, {}));
+    if (guard && m_runs == run && !news.isEmpty())
         Q_EMIT finished(news);
     for (const ValuePlace &place : std::as_const(waiting)) {
         if (guard && m_runs == run)

@@ -6,6 +6,7 @@
 #include "apps/online/OnlineOutcome.h"
 #include "apps/online/DriveReader.h"
 #include "apps/online/DriveWriter.h"
+#include "apps/online/HeldHeads.h"
 
 #include <QtCore/QList>
 #include <QtCore/QObject>
@@ -94,6 +95,11 @@ private:
     /// deleted; `guard` holds this.
     bool take(qsizetype value, const QByteArray &bytes, quint32 request,
         std::chrono::milliseconds now, const QPointer<QObject> &guard);
+    /// Whether the value is held until the other elements of its record have been read.
+    bool hold(
+        const BlockPlan::Block &block, qsizetype value, const QByteArray &bytes, quint32 request);
+    /// Takes what waited for the value alone. Likewise false.
+    bool takeHeads(qsizetype value, quint32 request, const QPointer<QObject> &guard);
     void onBlockFailed(const BlockPlan::Block &block, const OnlineAnswer &answer);
     /// The container has something else than the drive: reads the value and believes it.
     void review(qsizetype value);
@@ -138,6 +144,7 @@ private:
     const RegisterMap *m_map = nullptr;
     /// By position.
     std::vector<Request> m_requests;
+    HeldHeads m_heads;
     /// What came and is to be told when its block is done.
     std::vector<Came> m_news;
     /// The values that are read because the container or the drive made something else of them.

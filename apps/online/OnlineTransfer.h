@@ -48,8 +48,8 @@ public:
 private:
     bool takeOff(qsizetype value, eDirection direction);
     /// What the drive has in the end says about a value that it took.
-    static OnlineOutcome compare(
-        const OnlineOutcome &told, const MappedValue &value, const QString &asked, const QString &kept);
+    static OnlineOutcome compare(const OnlineOutcome &told, const MappedValue &value,
+        const QString &asked, const QString &kept);
 
     const eDirection m_direction;
     const qsizetype m_total;

@@ -43,8 +43,8 @@ OnlineTransfer::Scope TransferScope::ofDownload(
     return scope;
 }
 
-OnlineTransfer::Scope TransferScope::ofPlaces(const RegisterMap &map,
-    ParameterContainer &container, const QList<ValuePlace> &places, eDirection direction)
+OnlineTransfer::Scope TransferScope::ofPlaces(const RegisterMap &map, ParameterContainer &container,
+    const QList<ValuePlace> &places, eDirection direction)
 {
     OnlineTransfer::Scope scope;
     std::vector<bool> isNamed(std::size_t(map.values().size()));

@@ -22,9 +22,8 @@ OnlineOutcome UnmappedOutcome::of(const RegisterMap &map, ParameterContainer &co
     const ValuePlace &place, eDirection direction)
 {
     const auto parameter = container.parameterInformation(place.coordinate);
-    const RegisterMap::Refusal *refusal = parameter
-        ? map.refusalOf(parameter->address(place.livingSpace, place.element))
-        : nullptr;
+    const RegisterMap::Refusal *refusal =
+        parameter ? map.refusalOf(parameter->address(place.livingSpace, place.element)) : nullptr;
     if (refusal)
         return of(*refusal, direction);
     return {place, parameter ? place.addressText(*parameter) : addressText(place),

@@ -9,8 +9,8 @@ class ParameterContainer;
 namespace UnmappedOutcome {
 
 /// Of a place that has no register.
-OnlineOutcome of(const RegisterMap &map, ParameterContainer &container,
-    const ValuePlace &place, OnlineOutcome::eDirection direction);
+OnlineOutcome of(const RegisterMap &map, ParameterContainer &container, const ValuePlace &place,
+    OnlineOutcome::eDirection direction);
 OnlineOutcome of(const RegisterMap::Refusal &refusal, OnlineOutcome::eDirection direction);
 
 } // namespace UnmappedOutcome

@@ -82,8 +82,8 @@ struct Stand : OnlineStand {
                 link->memory[request.span.unit].begin() + request.span.first);
             FakeLink::Sent after = request;
             function(request.span.first);
-            after.registers = link->memory[request.span.unit].sliced(
-                request.span.first, request.span.count);
+            after.registers =
+                link->memory[request.span.unit].sliced(request.span.first, request.span.count);
             link->answer(after);
         }
     }
@@ -97,7 +97,9 @@ struct Stand : OnlineStand {
     bool isWriting = false;
 };
 
-void nothing(int) { }
+void nothing(int)
+{
+}
 
 } // namespace
 
@@ -185,7 +187,8 @@ void tst_OnlineFunctions::endsWhereFunctionsCorrectEachOther()
     QCOMPARE(s.registerAt("A01"), quint16(7));
     QCOMPARE(s.registerAt("A02"), quint16(5));
     QVERIFY(!s.session->isTransferring());
-    const char *reason = "verloren - Funktionen des Geräts ändern den Wert des Antriebs immer wieder";
+    const char *reason =
+        "verloren - Funktionen des Geräts ändern den Wert des Antriebs immer wieder";
     const QString first = QStringLiteral("A01: ") + QString::fromUtf8(reason);
     const QString second = QStringLiteral("A02: ") + QString::fromUtf8(reason);
     QStringList told = s.take();
@@ -279,7 +282,7 @@ void tst_OnlineFunctions::reportsWhatWasChangedBeforeItsTurn()
     // A02 is at most A01, which comes first.
     Stand s(chainDevice("math.min(readValueNative(0, 'A01'), readValueNative(0, 'A02'))",
         "readValueNative(0, 'A03')")
-            .replace("\"onlineOrder\": 3", "\"onlineOrder\": 0"));
+                .replace("\"onlineOrder\": 3", "\"onlineOrder\": 0"));
     s.session->goOffline();
     s.write("A01", "9");
     s.write("A02", "8");
@@ -292,8 +295,8 @@ void tst_OnlineFunctions::reportsWhatWasChangedBeforeItsTurn()
     });
     QCOMPARE(s.registerAt("A02"), quint16(4));
     QCOMPARE(s.native("A02"), QStringLiteral("4"));
-    QVERIFY(s.take().contains(
-        QStringLiteral("A02: geschrieben wurde \"8\", der Antrieb hat \"4\"")));
+    QVERIFY(
+        s.take().contains(QStringLiteral("A02: geschrieben wurde \"8\", der Antrieb hat \"4\"")));
     QCOMPARE(s.session->report().summary(),
         QStringLiteral("4 Werte: 2 geschrieben, 2 vom Antrieb verändert"));
 }
