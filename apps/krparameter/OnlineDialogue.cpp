@@ -88,16 +88,22 @@ eExitCode OnlineDialogue::set(const QStringList &words)
     if (const eExitCode code = readFor(needed); code != eExitCode::Good)
         return code;
     QList<ValuePlace> places;
+    const ParameterContainer &container = m_session.project().container();
+    QHash<ValuePlace, QString> asked;
     eExitCode code = eExitCode::Good;
     for (const SetCommand::Write &write : std::as_const(writes)) {
         code = SetCommand::write(write, m_session);
         if (code != eExitCode::Good)
             break;
         places.append(write.place);
+        // The next one may lead to functions that change it.
+        asked.insert(write.place,
+            container.readValueNative(
+                write.place.livingSpace, write.place.coordinate, write.place.element, false));
     }
     // Also what the drive has already: the answer says so.
     const auto report =
-        OnlineWaiting::transfer(*m_online, [&] { return m_online->writeValues(places); });
+        OnlineWaiting::transfer(*m_online, [&] { return m_online->writeValues(places, asked); });
     if (!report)
         return failAsGone(eExitCode::WriteFailed);
     for (const OnlineOutcome &outcome : report->outcomes())

@@ -32,8 +32,7 @@ QStringList UnreadValues::lines() const
     for (const OnlineOutcome &outcome : m_outcomes.first(std::min(m_outcomes.size(), LongestList)))
         lines.append(outcome.toText());
     if (m_outcomes.size() > LongestList)
-        lines.append(
-            tr("und %1 weitere Werte nicht gelesen").arg(m_outcomes.size() - LongestList));
+        lines.append(tr("und %1 weitere Werte nicht gelesen").arg(m_outcomes.size() - LongestList));
     return lines;
 }
 

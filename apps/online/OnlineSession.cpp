@@ -97,9 +97,11 @@ bool OnlineSession::readValues(const QList<ValuePlace> &places)
     return canTransfer() && transfer(scopeOf(places, eDirection::FromDrive), eDirection::FromDrive);
 }
 
-bool OnlineSession::writeValues(const QList<ValuePlace> &places)
+bool OnlineSession::writeValues(
+    const QList<ValuePlace> &places, const QHash<ValuePlace, QString> &asked)
 {
-    return canTransfer() && transfer(scopeOf(places, eDirection::ToDrive), eDirection::ToDrive);
+    return canTransfer()
+        && transfer(scopeOf(places, eDirection::ToDrive), eDirection::ToDrive, asked);
 }
 
 bool OnlineSession::writeValue(const ValuePlace &place)
@@ -238,7 +240,17 @@ OnlineTransfer::Scope OnlineSession::scopeOf(
     return TransferScope::ofPlaces(*m_map, m_container, places, direction);
 }
 
-bool OnlineSession::transfer(const OnlineTransfer::Scope &scope, eDirection direction)
+void OnlineSession::ask(const QList<qsizetype> &values, const QHash<ValuePlace, QString> &asked)
+{
+    for (const qsizetype value : values) {
+        const MappedValue &mapped = m_map->values().at(value);
+        const auto found = asked.constFind(mapped.place);
+        m_transfer->ask(value, found == asked.cend() ? m_cycle.nativeText(mapped) : *found);
+    }
+}
+
+bool OnlineSession::transfer(const OnlineTransfer::Scope &scope, eDirection direction,
+    const QHash<ValuePlace, QString> &asked)
 {
     m_transfer = std::make_unique<OnlineTransfer>(m_map->values(), scope, direction);
     const quint32 number = ++m_transfers;
@@ -246,9 +258,7 @@ bool OnlineSession::transfer(const OnlineTransfer::Scope &scope, eDirection dire
     if (direction == eDirection::FromDrive) {
         m_cycle.read(scope.values);
     } else {
-        // Functions change values before their turn comes.
-        for (const qsizetype value : scope.values)
-            m_transfer->ask(value, m_cycle.nativeText(m_map->values().at(value)));
+        ask(scope.values, asked);
         m_cycle.write(scope.values);
     }
     for (const OnlineOutcome &outcome : scope.unmapped) {

@@ -56,7 +56,8 @@ public:
     /// Writes every value that the drive stores and lets be written, and reads each one back.
     bool download();
     bool readValues(const QList<ValuePlace> &places);
-    bool writeValues(const QList<ValuePlace> &places);
+    /// `asked` are native texts: what was to be written where functions have changed it since.
+    bool writeValues(const QList<ValuePlace> &places, const QHash<ValuePlace, QString> &asked = {});
     /// Writes what the container has and reads it back, also while a transfer runs and where it is what
     /// the container had before. **Refused** while not online: false. **Emits** valueReported.
     bool writeValue(const ValuePlace &place);
@@ -93,7 +94,10 @@ private:
 
     bool canTransfer() const { return m_state == eState::Online && !m_transfer; }
     OnlineTransfer::Scope scopeOf(const QList<ValuePlace> &places, eDirection direction) const;
-    bool transfer(const OnlineTransfer::Scope &scope, eDirection direction);
+    bool transfer(const OnlineTransfer::Scope &scope, eDirection direction,
+        const QHash<ValuePlace, QString> &asked = {});
+    /// Keeps what is to be written: functions change values before their turn comes.
+    void ask(const QList<qsizetype> &values, const QHash<ValuePlace, QString> &asked);
     void onCame(const std::vector<OnlineCycle::Came> &values);
     void onFinished(const QList<OnlineCycle::Ended> &ended);
     void onDisputed(const QList<OnlineCycle::Ended> &ended);

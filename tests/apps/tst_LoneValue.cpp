@@ -20,10 +20,9 @@ void tst_LoneValue::knowsWhatFollowsFromNothing_data()
     QTest::addColumn<bool>("isLone");
 
     QTest::newRow("a number") << QByteArray() << true;
-    QTest::newRow("limits, units and scaling of its own")
-        << QByteArray(R"(, "limits": {"lower": 0, "upper": 5}, "units": {"scaled": "A"},
-                         "scaling": {"factor": 0.1})")
-        << true;
+    QTest::newRow("limits, units and scaling of its own") << QByteArray(
+        R"(, "limits": {"lower": 0, "upper": 5}, "units": {"scaled": "A"},
+                         "scaling": {"factor": 0.1})") << true;
     QTest::newRow("the unit of another value")
         << QByteArray(R"(, "units": {"scaled": "<localAxis:E12>"})") << false;
     QTest::newRow("the native unit of another value")
@@ -46,8 +45,7 @@ void tst_LoneValue::knowsWhatFollowsFromNothing()
     QFETCH(QByteArray, facts);
     QFETCH(bool, isLone);
 
-    const OnlineDevice device(
-        QByteArray(R"({"format": "kr-device-description", "version": 1,
+    const OnlineDevice device(QByteArray(R"({"format": "kr-device-description", "version": 1,
           "family": {"identifier": 9, "name": "Device", "hasPhysicalAxes": true, "axes": [1]},
           "languages": ["de"], "dataTypes": ["UINT16"],
           "functions": {"preRead": {"1": "return"}, "preWrite": {"1": "return"},
@@ -55,7 +53,7 @@ void tst_LoneValue::knowsWhatFollowsFromNothing()
             "hiding": {"1": "return false"}, "limit": {"1": "return"}, "scaling": {"1": "return"}},
           "parameters": [{"number": 1, "coordinates": ["A01"], "name": "N", "global": true,
             "elements": [{"dataType": "UINT16" FACTS}]}]})")
-            .replace("FACTS", facts));
+                                  .replace("FACTS", facts));
     const auto project = device.open();
     QVERIFY(project);
     const auto parameter = project->container().parameterInformation(at("A01"));

@@ -379,6 +379,20 @@ class Set(OnlineTest):
         self.assertEqual(run.lines(), [{"address": "1.B03", "outcome": "altered",
                                         "sent": "0.123456789012", "kept": "0.12345679"}])
 
+    def test_shows_what_functions_made_of_it(self):
+        path = self.folder / "functions.json"
+        path.write_text(DEVICE.replace("UPPER", '50000').replace(
+            '"default": 4200', '"default": 4200, "dependencies": {"postWrite": 1}').replace(
+            '"default": 5}', '"default": 5, "functions": {"postWrite": 1}}').replace(
+            '  "parameters"', """  "functions": {"postWrite": {"1": "writeValueNative(1, 'B01', 0, 3)"}},
+  "parameters\""""), encoding="utf-8")
+        self.device = str(path)
+        drive = self.drive()
+        run = self.online(drive, "set", "1.B01", "7", "A01", "2.5")
+        self.check(run, DIFFERENCES, out="A01: geschrieben\n"
+                                         '1.B01: geschrieben wurde "7", der Antrieb hat "3"\n')
+        self.assertEqual([drive.value(text) for text in ("1.B01", "A01")], ["3", "2500"])
+
     def test_is_refused_by_the_description(self):
         drive = self.drive()
         run = self.online(drive, "set", "1.B01", "6", "A01", "50.001", "2.B01", "7")
