@@ -12,7 +12,6 @@
 #include <QtCore/QPointer>
 
 #include <utility>
-#include <vector>
 
 std::unique_ptr<OnlineSession> OnlineSession::overModbusTcp(
     ParameterContainer &container, const QString &host, quint16 port, const OnlineRules &rules)
@@ -31,6 +30,10 @@ OnlineSession::OnlineSession(ParameterContainer &container, std::unique_ptr<Onli
     , m_contact(m_exchange)
     , m_cycle(container, m_exchange, *m_clock, rules)
     , m_heartbeat(m_exchange, *m_clock, rules.heartbeatInterval)
+    , m_transfers(m_cycle, m_map, [this] {
+        static const QMetaMethod reported = QMetaMethod::fromSignal(&OnlineSession::valueReported);
+        return isSignalConnected(reported);
+    })
 {
     connect(m_link.get(), &OnlineLink::opened, this, &OnlineSession::onOpened);
     connect(m_link.get(), &OnlineLink::closed, this, &OnlineSession::onLineLost);
@@ -41,10 +44,9 @@ OnlineSession::OnlineSession(ParameterContainer &container, std::unique_ptr<Onli
     connect(&m_contact, &FirstContact::disagreed, this, &OnlineSession::giveUp);
     connect(&m_contact, &FirstContact::refused, this, &OnlineSession::onHeaderRefused);
     connect(&m_contact, &FirstContact::unanswered, this, &OnlineSession::onLineLost);
-    connect(&m_cycle, &OnlineCycle::came, this, &OnlineSession::onCame);
-    connect(&m_cycle, &OnlineCycle::finished, this, &OnlineSession::onFinished);
-    connect(&m_cycle, &OnlineCycle::disputed, this, &OnlineSession::onDisputed);
-    connect(&m_cycle, &OnlineCycle::reviewed, this, &OnlineSession::finishWhereAtRest);
+    connect(&m_transfers, &TransferRun::valueReported, this, &OnlineSession::valueReported);
+    connect(&m_transfers, &TransferRun::progressed, this, &OnlineSession::transferProgress);
+    connect(&m_transfers, &TransferRun::finished, this, &OnlineSession::transferFinished);
 }
 
 OnlineSession::~OnlineSession()
@@ -80,28 +82,37 @@ bool OnlineSession::upload()
 {
     const auto isInProject = [this](
                                  const MappedValue &value) { return m_cycle.isInProject(value); };
-    return canTransfer()
-        && transfer(TransferScope::ofUpload(*m_map, isInProject), eDirection::FromDrive);
+    if (!canTransfer())
+        return false;
+    m_transfers.read(TransferScope::ofUpload(*m_map, isInProject));
+    return true;
 }
 
 bool OnlineSession::download()
 {
     const auto isInProject = [this](
                                  const MappedValue &value) { return m_cycle.isInProject(value); };
-    return canTransfer()
-        && transfer(TransferScope::ofDownload(*m_map, isInProject), eDirection::ToDrive);
+    if (!canTransfer())
+        return false;
+    m_transfers.write(TransferScope::ofDownload(*m_map, isInProject), {});
+    return true;
 }
 
 bool OnlineSession::readValues(const QList<ValuePlace> &places)
 {
-    return canTransfer() && transfer(scopeOf(places, eDirection::FromDrive), eDirection::FromDrive);
+    if (!canTransfer())
+        return false;
+    m_transfers.read(scopeOf(places, eDirection::FromDrive));
+    return true;
 }
 
 bool OnlineSession::writeValues(
     const QList<ValuePlace> &places, const QHash<ValuePlace, QString> &asked)
 {
-    return canTransfer()
-        && transfer(scopeOf(places, eDirection::ToDrive), eDirection::ToDrive, asked);
+    if (!canTransfer())
+        return false;
+    m_transfers.write(scopeOf(places, eDirection::ToDrive), asked);
+    return true;
 }
 
 bool OnlineSession::writeValue(const ValuePlace &place)
@@ -222,7 +233,7 @@ bool OnlineSession::leave(eState next, const QString &reason)
     m_isLeaving = true;
     m_cycle.stop(reason);
     if (guard)
-        finishTransfer();
+        m_transfers.finish();
     // Also where a listener has deleted the session: nobody else would tell the container.
     if (container && before == eState::Online)
         container->setOnline(false);
@@ -238,137 +249,4 @@ OnlineTransfer::Scope OnlineSession::scopeOf(
     const QList<ValuePlace> &places, eDirection direction) const
 {
     return TransferScope::ofPlaces(*m_map, m_container, places, direction);
-}
-
-void OnlineSession::ask(const QList<qsizetype> &values, const QHash<ValuePlace, QString> &asked)
-{
-    for (const qsizetype value : values) {
-        const MappedValue &mapped = m_map->values().at(value);
-        const auto found = asked.constFind(mapped.place);
-        m_transfer->ask(value, found == asked.cend() ? m_cycle.nativeText(mapped) : *found);
-    }
-}
-
-bool OnlineSession::transfer(const OnlineTransfer::Scope &scope, eDirection direction,
-    const QHash<ValuePlace, QString> &asked)
-{
-    m_transfer = std::make_unique<OnlineTransfer>(m_map->values(), scope, direction);
-    const quint32 number = ++m_transfers;
-    const QPointer<OnlineSession> guard(this);
-    if (direction == eDirection::FromDrive) {
-        m_cycle.read(scope.values);
-    } else {
-        ask(scope.values, asked);
-        m_cycle.write(scope.values);
-    }
-    for (const OnlineOutcome &outcome : scope.unmapped) {
-        if (guard)
-            Q_EMIT valueReported(outcome);
-    }
-    if (!guard || !scope.values.isEmpty())
-        return true;
-    // Also where there is nothing to wait for the end comes behind this call.
-    QMetaObject::invokeMethod(
-        this,
-        [this, number] {
-            if (m_transfers == number)
-                finishTransfer();
-        },
-        Qt::QueuedConnection);
-    return true;
-}
-
-void OnlineSession::onCame(const std::vector<OnlineCycle::Came> &values)
-{
-    const QPointer<OnlineSession> guard(this);
-    // A listener may call the drive anew, by another map.
-    const QList<MappedValue> mapped = m_map->values();
-    // Not for nobody: of most values there is nothing else to say.
-    static const QMetaMethod reported = QMetaMethod::fromSignal(&OnlineSession::valueReported);
-    const bool isHeard = isSignalConnected(reported);
-    bool hasProgress = false;
-    for (const auto &[value, kind] : values) {
-        if (m_transfer && m_transfer->add(value, kind))
-            hasProgress = true;
-        if (!isHeard)
-            continue;
-        Q_EMIT valueReported(OnlineOutcome::ofRead(mapped.at(value), kind));
-        if (!guard)
-            return;
-    }
-    if (hasProgress)
-        tellProgress();
-}
-
-void OnlineSession::onFinished(const QList<OnlineCycle::Ended> &ended)
-{
-    const QPointer<OnlineSession> guard(this);
-    bool hasProgress = false;
-    for (const auto &[value, outcome] : ended) {
-        if (m_transfer && m_transfer->add(value, outcome))
-            hasProgress = true;
-        Q_EMIT valueReported(outcome);
-        if (!guard)
-            return;
-    }
-    if (hasProgress)
-        tellProgress();
-}
-
-void OnlineSession::onDisputed(const QList<OnlineCycle::Ended> &ended)
-{
-    const QPointer<OnlineSession> guard(this);
-    for (const auto &[value, outcome] : ended) {
-        if (m_transfer)
-            m_transfer->dispute(outcome);
-        Q_EMIT valueReported(outcome);
-        if (!guard)
-            return;
-    }
-}
-
-void OnlineSession::tellProgress()
-{
-    if (!m_transfer)
-        return;
-    const QPointer<OnlineSession> guard(this);
-    Q_EMIT transferProgress(m_transfer->done(), m_transfer->total());
-    if (guard)
-        finishWhereAtRest();
-}
-
-void OnlineSession::finishWhereAtRest()
-{
-    if (!m_transfer || !m_transfer->isComplete())
-        return;
-    const bool isAtRest = m_transfer->direction() == eDirection::FromDrive ? !m_cycle.isReviewing()
-                                                                           : m_cycle.isAtRest();
-    // A drive that is lost tells nothing any more.
-    if (!isAtRest && m_cycle.isRunning())
-        return;
-    const QPointer<OnlineSession> guard(this);
-    const quint32 number = m_transfers;
-    const auto kept = [this](const MappedValue &value) {
-        return m_cycle.isInProject(value) ? std::optional(m_cycle.nativeText(value)) : std::nullopt;
-    };
-    const QList<OnlineOutcome> differing =
-        m_cycle.isRunning() ? m_transfer->close(kept) : QList<OnlineOutcome>();
-    for (const OnlineOutcome &outcome : differing) {
-        Q_EMIT valueReported(outcome);
-        if (!guard)
-            return;
-    }
-    if (m_transfers == number)
-        finishTransfer();
-}
-
-void OnlineSession::finishTransfer()
-{
-    if (!m_transfer)
-        return;
-    m_report = m_transfer->report();
-    m_transfer.reset();
-    // A listener may start the next transfer.
-    const OnlineReport report = m_report;
-    Q_EMIT transferFinished(report);
 }

@@ -4,9 +4,9 @@
 #include "apps/online/Heartbeat.h"
 #include "apps/online/OnlineCycle.h"
 #include "apps/online/OnlineRules.h"
-#include "apps/online/OnlineTransfer.h"
 #include "apps/online/RegisterMap.h"
 #include "apps/online/RequestExchange.h"
+#include "apps/online/TransferRun.h"
 
 #include <QtCore/QObject>
 
@@ -61,9 +61,9 @@ public:
     /// Writes what the container has and reads it back, also while a transfer runs and where it is what
     /// the container had before. **Refused** while not online: false. **Emits** valueReported.
     bool writeValue(const ValuePlace &place);
-    bool isTransferring() const { return m_transfer != nullptr; }
+    bool isTransferring() const { return m_transfers.isRunning(); }
     /// Of the running transfer, or of the last one.
-    const OnlineReport &report() const { return m_transfer ? m_transfer->report() : m_report; }
+    const OnlineReport &report() const { return m_transfers.report(); }
 
 Q_SIGNALS:
     void stateChanged(OnlineSession::eState state);
@@ -92,19 +92,8 @@ private:
     bool leave(eState next, const QString &reason);
     void callLater();
 
-    bool canTransfer() const { return m_state == eState::Online && !m_transfer; }
+    bool canTransfer() const { return m_state == eState::Online && !m_transfers.isRunning(); }
     OnlineTransfer::Scope scopeOf(const QList<ValuePlace> &places, eDirection direction) const;
-    bool transfer(const OnlineTransfer::Scope &scope, eDirection direction,
-        const QHash<ValuePlace, QString> &asked = {});
-    /// Keeps what is to be written: functions change values before their turn comes.
-    void ask(const QList<qsizetype> &values, const QHash<ValuePlace, QString> &asked);
-    void onCame(const std::vector<OnlineCycle::Came> &values);
-    void onFinished(const QList<OnlineCycle::Ended> &ended);
-    void onDisputed(const QList<OnlineCycle::Ended> &ended);
-    void tellProgress();
-    /// Where everything came to its end and functions change nothing any more.
-    void finishWhereAtRest();
-    void finishTransfer();
 
     ParameterContainer &m_container;
     const OnlineRules m_rules;
@@ -115,6 +104,7 @@ private:
     OnlineCycle m_cycle;
     Heartbeat m_heartbeat;
     std::optional<RegisterMap> m_map;
+    TransferRun m_transfers;
     eState m_state = eState::Offline;
     /// Calls in a row that the drive did not answer.
     int m_failedCalls = 0;
@@ -125,10 +115,4 @@ private:
     bool m_isReturning = false;
     /// Changes of the state so far.
     quint32 m_turns = 0;
-    /// Null while none runs.
-    std::unique_ptr<OnlineTransfer> m_transfer;
-    /// Begun so far.
-    quint32 m_transfers = 0;
-    /// Of the last one that ended.
-    OnlineReport m_report;
 };
