@@ -8,7 +8,6 @@
 #include "apps/online/UnmappedOutcome.h"
 
 #include <KrParameterInstance/ParameterContainer.h>
-#include <KrParameterInstance/ParameterInformation.h>
 
 #include <QtCore/QPointer>
 
@@ -34,6 +33,7 @@ OnlineCycle::OnlineCycle(ParameterContainer &container, RequestExchange &exchang
     , m_exchange(exchange)
     , m_clock(clock)
     , m_values(container)
+    , m_waits(container)
     , m_reader(exchange)
     , m_writer(exchange, m_values)
     , m_cyclic(rules.cycleInterval)
@@ -62,10 +62,10 @@ void OnlineCycle::start(const RegisterMap &map)
     m_map = &map;
     m_reader.start(map);
     m_writer.start(map);
+    m_waits.start(map);
     m_requests.assign(std::size_t(map.values().size()), Request());
     m_cyclic.setMap(&map, m_clock.now());
     m_unknown.setMap(&map, m_clock.now());
-    m_corrections.clear();
     arm();
     const QPointer<OnlineCycle> guard(this);
     const QList<ParameterAddress> unmapped = m_cyclic.unmapped();
@@ -87,9 +87,6 @@ void OnlineCycle::stop(const QString &reason)
     m_unknown.clear();
     m_heads.clear();
     m_reviews.clear();
-    m_disputed.clear();
-    m_mayHaveRunFunctions = false;
-    m_lastRun = 0;
     m_clock.clearAlarm(eOnlineAlarm::Cycle);
     std::vector<Request> requests = std::exchange(m_requests, {});
     const QList<qsizetype> writes = m_writer.stop();
@@ -98,7 +95,7 @@ void OnlineCycle::stop(const QString &reason)
         isWritten[std::size_t(value)] = true;
     const std::vector<Came> news = std::exchange(m_news, {});
     QList<Ended> lost;
-    QList<ValuePlace> waiting;
+    const QList<ValuePlace> waiting = m_waits.stop();
     for (qsizetype value = 0; value < map->values().size(); ++value) {
         const Request &request = requests.at(std::size_t(value));
         const MappedValue &mapped = map->values().at(value);
@@ -106,19 +103,15 @@ void OnlineCycle::stop(const QString &reason)
             lost.append(ended(value, mapped, eKind::Lost, reason));
         if (isWritten.at(std::size_t(value)))
             lost.append({value, OnlineOutcome::ofWrite(mapped, eKind::Lost, reason)});
-        // The elements of a parameter stand together.
-        const ValuePlace place {mapped.place.coordinate, mapped.place.livingSpace, 0};
-        if (request.isWaitedFor && (waiting.isEmpty() || waiting.constLast() != place))
-            waiting.append(place);
     }
     const QPointer<OnlineCycle> guard(this);
     if (!news.empty())
         Q_EMIT came(news);
     if (guard && !lost.isEmpty())
         Q_EMIT finished(lost);
-    for (const ValuePlace &place : std::as_const(waiting)) {
+    for (const ValuePlace &place : waiting) {
         if (guard && m_runs == run)
-            cancelWaiting(place);
+            m_waits.cancel(place);
     }
 }
 
@@ -162,15 +155,9 @@ void OnlineCycle::onChangedByFunction(const ParameterAddress &address)
 
 void OnlineCycle::review(qsizetype value)
 {
-    if (m_reviews.contains(value) && m_reader.isAwaited(value))
-        return;
-    const CorrectionBound::eDecision decision = m_corrections.ask(value);
-    if (decision == CorrectionBound::eDecision::GiveUp)
-        m_disputed.append(value);
-    if (decision != CorrectionBound::eDecision::Read)
+    if (!m_reviews.ask(value, m_reader.isAwaited(value)))
         return;
     m_requests[std::size_t(value)].isReview = true;
-    m_reviews.insert(value);
     m_reader.want(value);
     arm();
 }
@@ -183,25 +170,20 @@ void OnlineCycle::reviewAll()
         if (m_values.holds(m_map->values().at(value)))
             values.append(value);
     }
-    m_reviews.unite(QSet<qsizetype>(values.cbegin(), values.cend()));
+    m_reviews.askForAll(values);
     m_reader.want(values);
     arm();
 }
 
 void OnlineCycle::settle()
 {
-    if (!m_map || !m_reviews.isEmpty())
-        return;
-    if (m_mayHaveRunFunctions) {
-        if (!m_writer.isIdle())
-            return;
-        m_mayHaveRunFunctions = false;
+    const ReviewRound::eNext next = m_map ? m_reviews.next() : ReviewRound::eNext::Wait;
+    if (next == ReviewRound::eNext::ReadAll && m_writer.isIdle())
         reviewAll();
+    if (next != ReviewRound::eNext::Rest)
         return;
-    }
-    m_corrections.rest();
     QList<Ended> news;
-    for (const qsizetype value : std::exchange(m_disputed, {})) {
+    for (const qsizetype value : m_reviews.rest()) {
         news.append(ended(value, m_map->values().at(value), eKind::Lost,
             tr("Funktionen des Geräts ändern den Wert des Antriebs immer wieder")));
     }
@@ -216,25 +198,18 @@ void OnlineCycle::settle()
 void OnlineCycle::onWritten(qsizetype value, const OnlineOutcome &outcome)
 {
     // Whether the read-back came does not matter: what was read meanwhile was not stored.
-    const Request &request = m_requests.at(std::size_t(value));
-    if (request.isWaitedFor || request.isOnce) {
+    if (m_waits.contains(value) || m_requests.at(std::size_t(value)).isOnce) {
         m_reader.want(value);
         arm();
     }
     if (m_map->values().at(value).leadsToFunctions && outcome.kind != eKind::Refused
         && outcome.kind != eKind::Unmapped)
-        functionsRan(m_writer.lastReadBack(value));
+        m_reviews.functionsRan(m_writer.lastReadBack(value));
     const QPointer<OnlineCycle> guard(this);
     const quint32 run = m_runs;
     Q_EMIT finished({{value, outcome}});
     if (guard && m_runs == run)
         settle();
-}
-
-void OnlineCycle::functionsRan(quint32 request)
-{
-    m_mayHaveRunFunctions = true;
-    m_lastRun = std::max(m_lastRun, request);
 }
 
 void OnlineCycle::onLeftUnknown(qsizetype value)
@@ -264,29 +239,14 @@ void OnlineCycle::onNeededOnce(const ParameterAddress &address)
         return;
     const qsizetype value = m_map->indexOf(address);
     if (value >= 0) {
-        if (const auto parameter = m_container.parameterInformation(address.coordinate())) {
-            connect(parameter, &ParameterInformation::allElementsConsistenceOnceCanceled, this,
-                &OnlineCycle::onCanceled, Qt::UniqueConnection);
-        }
-        m_requests[std::size_t(value)].isWaitedFor = true;
+        m_waits.add(value);
         read({value});
         return;
     }
     const QPointer<OnlineCycle> guard(this);
     reportUnmapped(address, eDirection::FromDrive);
     if (guard)
-        cancelWaiting(placeOf(address));
-}
-
-void OnlineCycle::onCanceled(const ParameterCoordinate &coordinate, eLivingSpace livingSpace)
-{
-    if (!m_map)
-        return;
-    const bool isGlobal = m_container.isGlobalParameter(coordinate);
-    const auto [first, last] =
-        m_map->positionsOf(coordinate, isGlobal ? eLivingSpace::Global : livingSpace);
-    for (qsizetype value = first; value <= last; ++value)
-        m_requests[std::size_t(value)].isWaitedFor = false;
+        m_waits.cancel(placeOf(address));
 }
 
 void OnlineCycle::onRang(eOnlineAlarm alarm)
@@ -333,16 +293,9 @@ bool OnlineCycle::hold(
     m_heads.drop(value);
     if (!mapped.leadsRecord || mapped.isStored || !m_values.differs(mapped, bytes))
         return false;
-    QList<qsizetype> others;
-    const qsizetype place = block.values.indexOf(value);
-    const auto [first, last] =
-        m_map->positionsOf(mapped.place.coordinate, mapped.place.livingSpace);
-    for (qsizetype other = first + 1; other <= last; ++other) {
-        const qsizetype otherPlace = block.values.indexOf(other);
-        if (otherPlace >= 0 && otherPlace < place)
-            continue;
-        others.append(other);
-        if (otherPlace < 0)
+    const QList<qsizetype> others = BlockPlan::othersOfRecord(*m_map, block, value);
+    for (const qsizetype other : others) {
+        if (!block.values.contains(other))
             m_reader.want(other);
     }
     // The bytes are part of the block's, which goes before.
@@ -386,22 +339,22 @@ bool OnlineCycle::take(qsizetype value, const QByteArray &bytes, quint32 request
     else if (m_unknown.contains(value))
         m_unknown.remove(mapped.address);
     // What was asked for before the functions of the drive ran says nothing about what they made.
-    if (m_reviews.contains(value) && request < m_lastRun)
+    if (m_reviews.isOld(value, request))
         m_reader.want(value);
     // Asked for anew, by that or by a listener: it ends with that.
     if (m_reader.isAwaited(value))
         return true;
-    m_reviews.remove(value);
+    m_reviews.done(value);
     Request &state = m_requests[std::size_t(value)];
     const Request before = std::exchange(state, {});
     // Who waits for it has not got it yet: it is read behind the write.
     if (isOld) {
-        state.isWaitedFor = before.isWaitedFor;
         state.isOnce = before.isOnce;
-        if ((before.isWaitedFor || before.isOnce) && !isBeingWritten)
+        if ((m_waits.contains(value) || before.isOnce) && !isBeingWritten)
             m_reader.want(value);
         return true;
     }
+    m_waits.done(value);
     if (!before.isOnce)
         return true;
     if (hasChanged)
@@ -417,13 +370,13 @@ void OnlineCycle::onBlockFailed(const BlockPlan::Block &block, const OnlineAnswe
     const quint32 run = m_runs;
     const bool isRefused = answer.kind == OnlineAnswer::eKind::Refused;
     QList<Ended> news;
-    QList<ValuePlace> waiting;
+    const QList<ValuePlace> waiting = m_waits.takeLost(block.values);
     for (const qsizetype value : block.values) {
         const MappedValue &mapped = m_map->values().at(value);
         const bool isCyclic = m_cyclic.contains(value);
         m_cyclic.done(value, now);
         m_unknown.done(value, now);
-        m_reviews.remove(value);
+        m_reviews.done(value);
         Request &request = m_requests[std::size_t(value)];
         if (request.isReview && !m_unknown.contains(value))
             m_unknown.add(mapped.address, now + m_unknownPause);
@@ -431,9 +384,6 @@ void OnlineCycle::onBlockFailed(const BlockPlan::Block &block, const OnlineAnswe
             news.append(
                 ended(value, mapped, isRefused ? eKind::Refused : eKind::Lost, answer.reason));
         }
-        const ValuePlace place {mapped.place.coordinate, mapped.place.livingSpace, 0};
-        if (request.isWaitedFor && !waiting.contains(place))
-            waiting.append(place);
         request = {};
         request.hasFailed = isCyclic;
     }
@@ -448,9 +398,9 @@ void OnlineCycle::onBlockFailed(const BlockPlan::Block &block, const OnlineAnswe
         Q_EMIT came(std::exchange(m_news, {}));
     if (guard && m_runs == run && !news.isEmpty())
         Q_EMIT finished(news);
-    for (const ValuePlace &place : std::as_const(waiting)) {
+    for (const ValuePlace &place : waiting) {
         if (guard && m_runs == run)
-            cancelWaiting(place);
+            m_waits.cancel(place);
     }
     if (guard && m_runs == run)
         settle();
@@ -477,14 +427,6 @@ ValuePlace OnlineCycle::placeOf(const ParameterAddress &address) const
 void OnlineCycle::reportUnmapped(const ParameterAddress &address, eDirection direction)
 {
     Q_EMIT finished({{-1, UnmappedOutcome::of(*m_map, m_container, placeOf(address), direction)}});
-}
-
-void OnlineCycle::cancelWaiting(const ValuePlace &place)
-{
-    // Its other elements wait for nothing then.
-    onCanceled(place.coordinate, place.livingSpace);
-    if (const auto parameter = m_container.parameterInformation(place.coordinate))
-        parameter->cancelAllElementsConsistenceOnce(place.livingSpace);
 }
 
 OnlineCycle::Ended OnlineCycle::ended(

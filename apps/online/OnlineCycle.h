@@ -1,17 +1,17 @@
 #pragma once
 
 #include "apps/online/ContainerValues.h"
-#include "apps/online/CorrectionBound.h"
 #include "apps/online/CyclicNeeds.h"
 #include "apps/online/OnlineOutcome.h"
 #include "apps/online/DriveReader.h"
 #include "apps/online/DriveWriter.h"
+#include "apps/online/ElementWaits.h"
 #include "apps/online/HeldHeads.h"
+#include "apps/online/ReviewRound.h"
 
 #include <QtCore/QList>
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
-#include <QtCore/QSet>
 
 #include <chrono>
 #include <vector>
@@ -57,9 +57,12 @@ public:
     bool isInProject(const MappedValue &value) const { return m_values.holds(value); }
     QString nativeText(const MappedValue &value) const { return m_values.nativeText(value); }
     /// What functions made of values of the drive is still to be read.
-    bool isReviewing() const { return !m_reviews.isEmpty() || !m_disputed.isEmpty(); }
+    bool isReviewing() const { return m_reviews.isRunning(); }
     /// Nothing is being written, and what followed from the last write has been read.
-    bool isAtRest() const { return m_writer.isIdle() && !isReviewing() && !m_mayHaveRunFunctions; }
+    bool isAtRest() const
+    {
+        return m_writer.isIdle() && !isReviewing() && !m_reviews.mayHaveRunFunctions();
+    }
     /// Positions in the map. **Emits** came or finished for each, later. Only while running.
     void read(const QList<qsizetype> &values);
     /// Writes what the container has, in the order of property 45. **Emits** finished for each, later.
@@ -87,8 +90,6 @@ private:
     void onLeftUnknown(qsizetype value);
     void onNeeded(const ParameterAddress &address, bool isNeeded);
     void onNeededOnce(const ParameterAddress &address);
-    /// Whoever waited for all elements does so no more.
-    void onCanceled(const ParameterCoordinate &coordinate, eLivingSpace livingSpace);
     void onRang(eOnlineAlarm alarm);
     void onBlockRead(const BlockPlan::Block &block, const QByteArray &bytes, quint32 request);
     /// A value of the drive came. **Emits** nothing of its own. False where the run was ended, or this
@@ -105,23 +106,17 @@ private:
     void review(qsizetype value);
     /// Reads every value once no value is on its way to the drive: its functions may have changed any.
     void reviewAll();
-    /// Functions of the drive may have changed any value; what a request before this one reads is older.
-    void functionsRan(quint32 request);
     /// Where nothing is to be reviewed any more.
     void settle();
     void arm();
     ValuePlace placeOf(const ParameterAddress &address) const;
     void reportUnmapped(const ParameterAddress &address, eDirection direction);
-    /// Tells a parameter that waits for all its elements that one does not come.
-    void cancelWaiting(const ValuePlace &place);
     static Ended ended(qsizetype value, const MappedValue &mapped, OnlineOutcome::eKind kind,
         const QString &reason = {});
 
     struct Request {
         /// Asked for once, by whomever.
         bool isOnce = false;
-        /// Asked for by a parameter that waits for all its elements.
-        bool isWaitedFor = false;
         /// A function made something else of what the drive has, or somebody changed what is only read;
         /// what it reads now is believed.
         bool isReview = false;
@@ -133,6 +128,7 @@ private:
     RequestExchange &m_exchange;
     OnlineClock &m_clock;
     ContainerValues m_values;
+    ElementWaits m_waits;
     DriveReader m_reader;
     DriveWriter m_writer;
     CyclicNeeds m_cyclic;
@@ -147,15 +143,7 @@ private:
     HeldHeads m_heads;
     /// What came and is to be told when its block is done.
     std::vector<Came> m_news;
-    /// The values that are read because the container or the drive made something else of them.
-    QSet<qsizetype> m_reviews;
-    CorrectionBound m_corrections;
-    /// Given up, and not told yet.
-    QList<qsizetype> m_disputed;
-    /// The drive took a value that leads to functions.
-    bool m_mayHaveRunFunctions = false;
-    /// The request that read the last such value back.
-    quint32 m_lastRun = 0;
+    ReviewRound m_reviews;
     /// Runs that began or ended.
     quint32 m_runs = 0;
 };
