@@ -18,15 +18,6 @@
 using eKind = OnlineOutcome::eKind;
 using std::chrono::milliseconds;
 
-namespace {
-
-std::optional<milliseconds> earliest(std::optional<milliseconds> a, std::optional<milliseconds> b)
-{
-    return a && b ? std::min(*a, *b) : (a ? a : b);
-}
-
-} // namespace
-
 OnlineCycle::OnlineCycle(ParameterContainer &container, RequestExchange &exchange,
     OnlineClock &clock, const OnlineRules &rules)
     : m_container(container)
@@ -35,10 +26,8 @@ OnlineCycle::OnlineCycle(ParameterContainer &container, RequestExchange &exchang
     , m_values(container)
     , m_waits(container)
     , m_reader(exchange)
+    , m_schedule(m_reader, clock, rules)
     , m_writer(exchange, m_values)
-    , m_cyclic(rules.cycleInterval)
-    , m_unknown(rules.longestPause)
-    , m_unknownPause(rules.longestPause)
 {
     connect(&m_values, &ContainerValues::changedHere, this, &OnlineCycle::onChangedHere);
     connect(
@@ -47,7 +36,6 @@ OnlineCycle::OnlineCycle(ParameterContainer &container, RequestExchange &exchang
         &OnlineCycle::onNeeded);
     connect(&container, &ParameterProvider::parameterNeedsOnlineConsistenceOnce, this,
         &OnlineCycle::onNeededOnce);
-    connect(&clock, &OnlineClock::rang, this, &OnlineCycle::onRang);
     connect(&m_reader, &DriveReader::blockRead, this, &OnlineCycle::onBlockRead);
     connect(&m_reader, &DriveReader::blockFailed, this, &OnlineCycle::onBlockFailed);
     connect(&m_writer, &DriveWriter::recordReadBack, this, &OnlineCycle::onBlockRead);
@@ -64,11 +52,9 @@ void OnlineCycle::start(const RegisterMap &map)
     m_writer.start(map);
     m_waits.start(map);
     m_requests.assign(std::size_t(map.values().size()), Request());
-    m_cyclic.setMap(&map, m_clock.now());
-    m_unknown.setMap(&map, m_clock.now());
-    arm();
+    m_schedule.start(map);
     const QPointer<OnlineCycle> guard(this);
-    const QList<ParameterAddress> unmapped = m_cyclic.unmapped();
+    const QList<ParameterAddress> unmapped = m_schedule.unmapped();
     for (const ParameterAddress &address : unmapped) {
         if (guard && m_runs == run)
             reportUnmapped(address, eDirection::FromDrive);
@@ -83,11 +69,9 @@ void OnlineCycle::stop(const QString &reason)
     const quint32 run = ++m_runs;
     m_exchange.clear();
     m_reader.stop();
-    m_cyclic.setMap(nullptr, m_clock.now());
-    m_unknown.clear();
+    m_schedule.stop();
     m_heads.clear();
     m_reviews.clear();
-    m_clock.clearAlarm(eOnlineAlarm::Cycle);
     std::vector<Request> requests = std::exchange(m_requests, {});
     const QList<qsizetype> writes = m_writer.stop();
     std::vector<bool> isWritten(requests.size());
@@ -119,8 +103,7 @@ void OnlineCycle::read(const QList<qsizetype> &values)
 {
     for (const qsizetype value : values)
         m_requests[std::size_t(value)].isOnce = true;
-    m_reader.want(values);
-    arm();
+    m_schedule.want(values);
 }
 
 void OnlineCycle::write(const QList<qsizetype> &values)
@@ -158,8 +141,7 @@ void OnlineCycle::review(qsizetype value)
     if (!m_reviews.ask(value, m_reader.isAwaited(value)))
         return;
     m_requests[std::size_t(value)].isReview = true;
-    m_reader.want(value);
-    arm();
+    m_schedule.want(value);
 }
 
 void OnlineCycle::reviewAll()
@@ -171,8 +153,7 @@ void OnlineCycle::reviewAll()
             values.append(value);
     }
     m_reviews.askForAll(values);
-    m_reader.want(values);
-    arm();
+    m_schedule.want(values);
 }
 
 void OnlineCycle::settle()
@@ -199,8 +180,7 @@ void OnlineCycle::onWritten(qsizetype value, const OnlineOutcome &outcome)
 {
     // Whether the read-back came does not matter: what was read meanwhile was not stored.
     if (m_waits.contains(value) || m_requests.at(std::size_t(value)).isOnce) {
-        m_reader.want(value);
-        arm();
+        m_schedule.want(value);
     }
     if (m_map->values().at(value).leadsToFunctions && outcome.kind != eKind::Refused
         && outcome.kind != eKind::Unmapped)
@@ -214,23 +194,18 @@ void OnlineCycle::onWritten(qsizetype value, const OnlineOutcome &outcome)
 
 void OnlineCycle::onLeftUnknown(qsizetype value)
 {
-    m_unknown.add(m_map->values().at(value).address, m_clock.now());
-    arm();
+    m_schedule.chase(value, ReadSchedule::eFirst::Now);
 }
 
 void OnlineCycle::onNeeded(const ParameterAddress &address, bool isNeeded)
 {
     if (!isNeeded) {
-        m_cyclic.remove(address);
+        m_schedule.needNoMore(address);
         return;
     }
-    m_cyclic.add(address, m_clock.now());
-    if (!m_map)
-        return;
-    if (m_map->indexOf(address) < 0)
+    m_schedule.need(address);
+    if (m_map && m_map->indexOf(address) < 0)
         reportUnmapped(address, eDirection::FromDrive);
-    else
-        arm();
 }
 
 void OnlineCycle::onNeededOnce(const ParameterAddress &address)
@@ -249,18 +224,6 @@ void OnlineCycle::onNeededOnce(const ParameterAddress &address)
         m_waits.cancel(placeOf(address));
 }
 
-void OnlineCycle::onRang(eOnlineAlarm alarm)
-{
-    if (alarm != eOnlineAlarm::Cycle || !m_map)
-        return;
-    for (CyclicNeeds *needs : {&m_cyclic, &m_unknown}) {
-        for (const qsizetype value : needs->takeDue(m_clock.now()))
-            m_reader.want(value);
-    }
-    m_reader.send();
-    arm();
-}
-
 void OnlineCycle::onBlockRead(
     const BlockPlan::Block &block, const QByteArray &bytes, quint32 request)
 {
@@ -277,7 +240,7 @@ void OnlineCycle::onBlockRead(
         if (!take(value, own, request, now, guard) || !takeHeads(value, request, guard))
             return;
     }
-    arm();
+    m_schedule.arm();
     const quint32 run = m_runs;
     if (!m_news.empty())
         Q_EMIT came(std::exchange(m_news, {}));
@@ -296,7 +259,7 @@ bool OnlineCycle::hold(
     const QList<qsizetype> others = BlockPlan::othersOfRecord(*m_map, block, value);
     for (const qsizetype other : others) {
         if (!block.values.contains(other))
-            m_reader.want(other);
+            m_schedule.want(other);
     }
     // The bytes are part of the block's, which goes before.
     if (!others.isEmpty())
@@ -311,7 +274,7 @@ bool OnlineCycle::takeHeads(qsizetype value, quint32 request, const QPointer<QOb
     const QList<HeldHeads::Head> heads = m_heads.arrived(value, request);
     // It was asked for before the head was.
     if (m_heads.waitsFor(value))
-        m_reader.want(value);
+        m_schedule.want(value);
     return std::all_of(heads.cbegin(), heads.cend(), [&](const HeldHeads::Head &head) {
         return take(head.value, head.bytes, head.request, m_clock.now(), guard);
     });
@@ -333,14 +296,13 @@ bool OnlineCycle::take(qsizetype value, const QByteArray &bytes, quint32 request
         if (m_runs != run)
             return false;
     }
-    m_cyclic.done(value, now);
     if (isOld)
-        m_unknown.done(value, now);
-    else if (m_unknown.contains(value))
-        m_unknown.remove(mapped.address);
+        m_schedule.failed(value, now);
+    else
+        m_schedule.came(value, now);
     // What was asked for before the functions of the drive ran says nothing about what they made.
     if (m_reviews.isOld(value, request))
-        m_reader.want(value);
+        m_schedule.want(value);
     // Asked for anew, by that or by a listener: it ends with that.
     if (m_reader.isAwaited(value))
         return true;
@@ -351,7 +313,7 @@ bool OnlineCycle::take(qsizetype value, const QByteArray &bytes, quint32 request
     if (isOld) {
         state.isOnce = before.isOnce;
         if ((m_waits.contains(value) || before.isOnce) && !isBeingWritten)
-            m_reader.want(value);
+            m_schedule.want(value);
         return true;
     }
     m_waits.done(value);
@@ -373,13 +335,12 @@ void OnlineCycle::onBlockFailed(const BlockPlan::Block &block, const OnlineAnswe
     const QList<ValuePlace> waiting = m_waits.takeLost(block.values);
     for (const qsizetype value : block.values) {
         const MappedValue &mapped = m_map->values().at(value);
-        const bool isCyclic = m_cyclic.contains(value);
-        m_cyclic.done(value, now);
-        m_unknown.done(value, now);
+        const bool isCyclic = m_schedule.isCyclic(value);
+        m_schedule.failed(value, now);
         m_reviews.done(value);
         Request &request = m_requests[std::size_t(value)];
-        if (request.isReview && !m_unknown.contains(value))
-            m_unknown.add(mapped.address, now + m_unknownPause);
+        if (request.isReview)
+            m_schedule.chase(value, ReadSchedule::eFirst::Later);
         if (request.isOnce || (isCyclic && !request.hasFailed)) {
             news.append(
                 ended(value, mapped, isRefused ? eKind::Refused : eKind::Lost, answer.reason));
@@ -393,7 +354,7 @@ void OnlineCycle::onBlockFailed(const BlockPlan::Block &block, const OnlineAnswe
         if (!takeHeads(value, std::numeric_limits<quint32>::max(), guard))
             return;
     }
-    arm();
+    m_schedule.arm();
     if (!m_news.empty())
         Q_EMIT came(std::exchange(m_news, {}));
     if (guard && m_runs == run && !news.isEmpty())
@@ -404,17 +365,6 @@ void OnlineCycle::onBlockFailed(const BlockPlan::Block &block, const OnlineAnswe
     }
     if (guard && m_runs == run)
         settle();
-}
-
-void OnlineCycle::arm()
-{
-    if (!m_map)
-        return;
-    // Not sent at once: what is asked for value by value goes out in blocks.
-    if (m_reader.hasUnsent())
-        m_clock.setAlarm(eOnlineAlarm::Cycle, m_clock.now());
-    else if (const auto due = earliest(m_cyclic.nextDue(), m_unknown.nextDue()))
-        m_clock.setAlarm(eOnlineAlarm::Cycle, *due);
 }
 
 ValuePlace OnlineCycle::placeOf(const ParameterAddress &address) const

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "apps/online/ContainerValues.h"
-#include "apps/online/CyclicNeeds.h"
 #include "apps/online/OnlineOutcome.h"
 #include "apps/online/DriveReader.h"
 #include "apps/online/DriveWriter.h"
 #include "apps/online/ElementWaits.h"
 #include "apps/online/HeldHeads.h"
+#include "apps/online/ReadSchedule.h"
 #include "apps/online/ReviewRound.h"
 
 #include <QtCore/QList>
@@ -19,7 +19,6 @@
 class OnlineClock;
 class ParameterContainer;
 struct OnlineRules;
-enum class eOnlineAlarm;
 
 /// Keeps a container and a drive consistent: reads what is asked for, once or again and again, and
 /// writes what changes in the container.
@@ -90,7 +89,6 @@ private:
     void onLeftUnknown(qsizetype value);
     void onNeeded(const ParameterAddress &address, bool isNeeded);
     void onNeededOnce(const ParameterAddress &address);
-    void onRang(eOnlineAlarm alarm);
     void onBlockRead(const BlockPlan::Block &block, const QByteArray &bytes, quint32 request);
     /// A value of the drive came. **Emits** nothing of its own. False where the run was ended, or this
     /// deleted; `guard` holds this.
@@ -108,7 +106,6 @@ private:
     void reviewAll();
     /// Where nothing is to be reviewed any more.
     void settle();
-    void arm();
     ValuePlace placeOf(const ParameterAddress &address) const;
     void reportUnmapped(const ParameterAddress &address, eDirection direction);
     static Ended ended(qsizetype value, const MappedValue &mapped, OnlineOutcome::eKind kind,
@@ -130,12 +127,8 @@ private:
     ContainerValues m_values;
     ElementWaits m_waits;
     DriveReader m_reader;
+    ReadSchedule m_schedule;
     DriveWriter m_writer;
-    CyclicNeeds m_cyclic;
-    /// The values of which the container has something else than the drive, read until they come.
-    CyclicNeeds m_unknown;
-    /// Before an unknown value is asked for once more.
-    const std::chrono::milliseconds m_unknownPause;
     /// Null while stopped.
     const RegisterMap *m_map = nullptr;
     /// By position.
