@@ -2,16 +2,15 @@
 
 #include "apps/online/ContainerValues.h"
 #include "apps/online/OnlineOutcome.h"
+#include "apps/online/DriveIntake.h"
 #include "apps/online/DriveReader.h"
 #include "apps/online/DriveWriter.h"
 #include "apps/online/ElementWaits.h"
-#include "apps/online/HeldHeads.h"
 #include "apps/online/ReadSchedule.h"
 #include "apps/online/ReviewRound.h"
 
 #include <QtCore/QList>
 #include <QtCore/QObject>
-#include <QtCore/QPointer>
 
 #include <chrono>
 #include <vector>
@@ -26,20 +25,8 @@ class OnlineCycle : public QObject {
     Q_OBJECT
 
 public:
-    /// What came to its end.
-    struct Ended {
-        /// Position in the map; -1 for what has no register.
-        qsizetype value;
-        OnlineOutcome outcome;
-    };
-
-    /// What came from the drive as it was asked for.
-    struct Came {
-        /// Position in the map.
-        qsizetype value;
-        /// Unchanged or Changed; Unmapped where the project has no such value.
-        OnlineOutcome::eKind kind;
-    };
+    using Ended = DriveIntake::Ended;
+    using Came = DriveIntake::Came;
 
     /// **Owner** the caller of all; they outlive the cycle.
     OnlineCycle(ParameterContainer &container, RequestExchange &exchange, OnlineClock &clock,
@@ -89,17 +76,6 @@ private:
     void onLeftUnknown(qsizetype value);
     void onNeeded(const ParameterAddress &address, bool isNeeded);
     void onNeededOnce(const ParameterAddress &address);
-    void onBlockRead(const BlockPlan::Block &block, const QByteArray &bytes, quint32 request);
-    /// A value of the drive came. **Emits** nothing of its own. False where the run was ended, or this
-    /// deleted; `guard` holds this.
-    bool take(qsizetype value, const QByteArray &bytes, quint32 request,
-        std::chrono::milliseconds now, const QPointer<QObject> &guard);
-    /// Whether the value is held until the other elements of its record have been read.
-    bool hold(
-        const BlockPlan::Block &block, qsizetype value, const QByteArray &bytes, quint32 request);
-    /// Takes what waited for the value alone. Likewise false.
-    bool takeHeads(qsizetype value, quint32 request, const QPointer<QObject> &guard);
-    void onBlockFailed(const BlockPlan::Block &block, const OnlineAnswer &answer);
     /// The container has something else than the drive: reads the value and believes it.
     void review(qsizetype value);
     /// Reads every value once no value is on its way to the drive: its functions may have changed any.
@@ -108,35 +84,18 @@ private:
     void settle();
     ValuePlace placeOf(const ParameterAddress &address) const;
     void reportUnmapped(const ParameterAddress &address, eDirection direction);
-    static Ended ended(qsizetype value, const MappedValue &mapped, OnlineOutcome::eKind kind,
-        const QString &reason = {});
-
-    struct Request {
-        /// Asked for once, by whomever.
-        bool isOnce = false;
-        /// A function made something else of what the drive has, or somebody changed what is only read;
-        /// what it reads now is believed.
-        bool isReview = false;
-        /// The cyclic read failed and was reported.
-        bool hasFailed = false;
-    };
 
     ParameterContainer &m_container;
     RequestExchange &m_exchange;
-    OnlineClock &m_clock;
     ContainerValues m_values;
     ElementWaits m_waits;
     DriveReader m_reader;
     ReadSchedule m_schedule;
     DriveWriter m_writer;
+    ReviewRound m_reviews;
+    DriveIntake m_intake;
     /// Null while stopped.
     const RegisterMap *m_map = nullptr;
-    /// By position.
-    std::vector<Request> m_requests;
-    HeldHeads m_heads;
-    /// What came and is to be told when its block is done.
-    std::vector<Came> m_news;
-    ReviewRound m_reviews;
     /// Runs that began or ended.
     quint32 m_runs = 0;
 };

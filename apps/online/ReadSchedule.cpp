@@ -67,6 +67,16 @@ void ReadSchedule::needNoMore(const ParameterAddress &address)
     m_cyclic.remove(address);
 }
 
+milliseconds ReadSchedule::now() const
+{
+    return m_clock.now();
+}
+
+bool ReadSchedule::isAwaited(qsizetype value) const
+{
+    return m_reader.isAwaited(value);
+}
+
 void ReadSchedule::chase(qsizetype value, eFirst first)
 {
     const milliseconds pause = first == eFirst::Now ? milliseconds(0) : m_unknownPause;

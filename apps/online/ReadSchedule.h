@@ -31,6 +31,9 @@ public:
     /// Again and again; also while stopped.
     void need(const ParameterAddress &address);
     void needNoMore(const ParameterAddress &address);
+    milliseconds now() const;
+    /// Wanted or on its way.
+    bool isAwaited(qsizetype value) const;
     bool isCyclic(qsizetype value) const { return m_cyclic.contains(value); }
     /// What is needed and the map lacks, in order.
     QList<ParameterAddress> unmapped() const { return m_cyclic.unmapped(); }
