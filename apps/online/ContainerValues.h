@@ -88,7 +88,6 @@ private:
     void endTelling();
     void onAllTold(const ParameterAddress &address);
     bool hasWhatIsAdopted() const;
-    static bool isSame(const SimpleType &type, const QString &sent, const QString &kept);
 
     ParameterContainer &m_container;
     /// Values come parameter by parameter: the last one that was looked for, and where it stood.
