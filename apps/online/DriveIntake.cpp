@@ -171,9 +171,10 @@ void DriveIntake::onBlockFailed(const BlockPlan::Block &block, const OnlineAnswe
         const MappedValue &mapped = m_map->values().at(value);
         const bool isCyclic = m_schedule.isCyclic(value);
         m_schedule.failed(value, now);
-        m_reviews.done(value);
+        const bool isReviewed = m_reviews.done(value);
         Request &request = m_requests[std::size_t(value)];
-        if (request.isReview)
+        // What a drive refuses among all that its functions may have changed it always does.
+        if (request.isReview || (isReviewed && !isRefused))
             m_schedule.chase(value, ReadSchedule::eFirst::Later);
         if (request.isOnce || (isCyclic && !request.hasFailed)) {
             news.append(

@@ -17,8 +17,8 @@ public:
     /// The value was changed here. Whether it is to be read now; `isOnItsWay`: it is asked for already.
     bool ask(qsizetype value, bool isOnItsWay);
     void askForAll(const QList<qsizetype> &values);
-    /// The value came, or will not.
-    void done(qsizetype value) { m_values.remove(value); }
+    /// The value came, or will not. Whether it was waited for.
+    bool done(qsizetype value) { return m_values.remove(value); }
     void clear() { *this = {}; }
 
     /// A value that leads to functions was written, and read back by the request.

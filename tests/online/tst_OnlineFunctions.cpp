@@ -112,6 +112,7 @@ private Q_SLOTS:
     void endsAnUploadWithWhatTheDriveHas();
     void endsWhereFunctionsCorrectEachOther();
     void readsWhatTheDrivesFunctionsMadeOfAWrite();
+    void readsWhatTheDrivesFunctionsMadeUntilItComes();
     void readsNothingThatWasAskedForBeforeTheDrivesFunctionsRan();
     void reportsWhatTheDriveHasAtTheEndOfADownload();
     void reportsWhatWasChangedBeforeItsTurn();
@@ -222,6 +223,31 @@ void tst_OnlineFunctions::readsWhatTheDrivesFunctionsMadeOfAWrite()
     });
     QCOMPARE(s.registers(), texts({"7", "70", "71"}));
     QCOMPARE(s.natives(), texts({"7", "70", "71"}));
+    QCOMPARE(s.native("A04"), QStringLiteral("9"));
+}
+
+void tst_OnlineFunctions::readsWhatTheDrivesFunctionsMadeUntilItComes()
+{
+    Stand s(chainDevice());
+    s.put(1, 10, 11);
+    s.session->upload();
+    s.settle();
+    s.session->writeValue({at("A01"), eLivingSpace::Global, 0});
+    s.link->answer(s.link->take());
+    s.registerAt("A04") = 9;
+    s.link->answer(s.link->take());
+    s.turn();
+    // All that the functions may have changed, in both attempts.
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        QVERIFY(!s.link->sent.isEmpty());
+        while (!s.link->sent.isEmpty())
+            s.link->answer(s.link->take(), OnlineAnswer::eKind::Busy);
+        s.clock->advance(50);
+    }
+    QVERIFY(s.link->sent.isEmpty());
+    QCOMPARE(s.native("A04"), QStringLiteral("0"));
+    s.clock->advance(1000);
+    s.settle();
     QCOMPARE(s.native("A04"), QStringLiteral("9"));
 }
 
