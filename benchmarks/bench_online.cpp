@@ -36,37 +36,83 @@ constexpr int Rounds = 41;
 constexpr int CycleRounds = 20;
 constexpr double LeastShare = 0.7;
 
+enum class eForm {
+    Arrays,
+    Records, ///< A change of the first element asks the limits of the second one anew.
+};
+
 struct Kind {
     const char *name;
     const char *dataType;
     /// Of the display: 5 is a text.
     int kind;
+    eForm form = eForm::Arrays;
 };
 
-constexpr Kind Kinds[] = {{"INT32", "INT32", 0}, {"INT64", "INT64", 0}, {"STRING8", "STRING8", 5}};
+constexpr Kind Kinds[] = {{"INT32", "INT32", 0}, {"INT64", "INT64", 0}, {"REAL32", "REAL32", 0},
+    {"STRING8", "STRING8", 5}, {"INT32 in records", "INT32", 0, eForm::Records}};
+
+constexpr int ParameterCount = ValueCount / 200;
+constexpr int ElementCount = 100;
+
+/// What an element's number adds to what all have.
+QString recordFacts(int parameter, int element)
+{
+    if (element == 0)
+        return QStringLiteral(R"(, "dependencies": {"limit": %1})").arg(parameter);
+    if (element == 1)
+        return QStringLiteral(R"(, "functions": {"limit": %1})").arg(parameter);
+    return {};
+}
+
+/// Each element of a record has its own default, those of an array share a list.
+QString parameterText(const Kind &kind, int parameter, bool isNumbered)
+{
+    const QString head = QStringLiteral(R"({"number": %1, "coordinates": ["A%2"], "name": "N", )")
+                             .arg(parameter)
+                             .arg(parameter, 2, 10, QLatin1Char('0'));
+    const QString type = QStringLiteral(R"("dataType": "%1", "kind": %2)")
+                             .arg(QLatin1String(kind.dataType))
+                             .arg(kind.kind);
+    QStringList defaults;
+    QStringList elements;
+    for (int i = 0; i < ElementCount; ++i) {
+        const QString value =
+            isNumbered ? QStringLiteral(R"(, "default": "%1")").arg(i + 1) : QString();
+        defaults.append(QString::number(i + 1));
+        elements.append(QStringLiteral(R"({"number": %1, "name": "E", %2%3%4})")
+                            .arg(i)
+                            .arg(type, value, recordFacts(parameter, i)));
+    }
+    if (kind.form == eForm::Records) {
+        return head
+            + QStringLiteral(R"("type": "record", "elements": [%1]})")
+                  .arg(elements.join(QLatin1String(", ")));
+    }
+    const QString list = isNumbered
+        ? QStringLiteral(R"("defaults": ["%1"], )").arg(defaults.join(QLatin1String(R"(", ")")))
+        : QString();
+    return head + list
+        + QStringLiteral(R"("elementCount": %1, "elements": [{%2}]})").arg(ElementCount).arg(type);
+}
 
 /// 4,000 values of one kind on two axes, which the drive has numbered and the host as zeros.
 QByteArray description(const Kind &kind, bool isNumbered)
 {
-    QStringList numbers;
-    for (int i = 0; i < 100; ++i)
-        numbers.append(QString::number(i + 1));
-    const QString defaults = isNumbered
-        ? QStringLiteral(R"("defaults": ["%1"],)").arg(numbers.join(QLatin1String(R"(", ")")))
-        : QString();
     QStringList parameters;
-    for (int p = 1; p <= ValueCount / 200; ++p) {
-        parameters.append(QStringLiteral(R"({"number": %1, "coordinates": ["A%2"], "name": "N", %3
-              "elementCount": 100, "elements": [{"dataType": "%4", "kind": %5}]})")
-                              .arg(p)
-                              .arg(p, 2, 10, QLatin1Char('0'))
-                              .arg(defaults, QLatin1String(kind.dataType))
-                              .arg(kind.kind));
+    QStringList functions;
+    for (int p = 1; p <= ParameterCount; ++p) {
+        parameters.append(parameterText(kind, p, isNumbered));
+        functions.append(QStringLiteral(R"("%1": "return 0, 1000")").arg(p));
     }
+    const QString tables = kind.form == eForm::Records
+        ? QStringLiteral(R"("functions": {"limit": {%1}}, )")
+              .arg(functions.join(QLatin1String(", ")))
+        : QString();
     return QStringLiteral(R"({"format": "kr-device-description", "version": 1,
   "family": {"identifier": 79, "name": "Benchmark drive", "hasPhysicalAxes": true, "axes": [1, 2]},
-  "languages": ["de"], "dataTypes": ["%1"], "parameters": [%2]})")
-        .arg(QLatin1String(kind.dataType), parameters.join(QLatin1String(", ")))
+  "languages": ["de"], "dataTypes": ["%1"], %2"parameters": [%3]})")
+        .arg(QLatin1String(kind.dataType), tables, parameters.join(QLatin1String(", ")))
         .toUtf8();
 }
 

@@ -2,6 +2,29 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="de">
 <context>
+    <name>ActionEnding</name>
+    <message>
+        <source>die Aktion %1 läuft noch</source>
+        <translation>action %1 is still running</translation>
+    </message>
+    <message>
+        <source>die Aktion %1 ist im Zustand des Antriebs nicht startbar</source>
+        <translation>action %1 cannot be started in the state of the drive</translation>
+    </message>
+    <message>
+        <source>die Aktion %1 wurde nicht gestartet</source>
+        <translation>action %1 was not started</translation>
+    </message>
+    <message>
+        <source>ob die Aktion %1 gestartet wurde, ist nicht bekannt</source>
+        <translation>whether action %1 was started is not known</translation>
+    </message>
+    <message>
+        <source>die Aktion %1 endete vor 100 %</source>
+        <translation>action %1 ended before 100 %</translation>
+    </message>
+</context>
+<context>
     <name>Application</name>
     <message>
         <source>--lang nimmt de oder en, nicht &quot;%1&quot;</source>
@@ -1280,6 +1303,10 @@ wird, wird zurückgelesen; was der Antrieb daraus gemacht hat, wird gezeigt (Rü
 Ohne --json zeigen upload und download nur, was anders kam als erwartet; mit --json jeden Wert.
 Was nicht gelesen wird, gibt 3, was der Antrieb ablehnt, 4, was verloren geht, 6; eine Aktion,
 die nicht startbar ist, gibt 5, eine, die vor 100 % endet, 4, eine, die noch läuft, 3.
+set, watch und action lesen zuerst den ganzen Antrieb. Wurde etwas nicht gelesen, gehen sie
+nur ohne das weiter, wenn zu den genannten Werten keine Funktionen des Geräts gehören; die
+können von jedem Wert abhängen. --despite-unread geht auch dann weiter und nennt, was fehlt.
+Ohne die genannten Werte selbst geht es nie weiter.
 </source>
         <translation>JOB is get, set, watch, action, upload or download.
 get shows values of the drive, watch follows them until --seconds are over or it is gone.
@@ -1292,11 +1319,23 @@ back; what the drive made of it is shown (exit code 1).
 Without --json upload and download show only what came otherwise than expected; with --json
 every value. What is not read gives 3, what the drive refuses 4, what is lost 6; an action
 that cannot be started gives 5, one that ends before 100 % 4, one that still runs 3.
+set, watch and action read the whole drive first. Where something was not read, they go on
+without it only where no functions of the device belong to the named values; these may depend
+on any value. --despite-unread goes on even then and names what is missing. They never go on
+without the named values themselves.
 </translation>
     </message>
     <message>
         <source>Dauer von watch und action, sonst ohne Ende</source>
         <translation>duration of watch and action, otherwise without end</translation>
+    </message>
+    <message>
+        <source>set, watch und action auch ohne Werte, die nicht gelesen wurden</source>
+        <translation>set, watch and action also without values that were not read</translation>
+    </message>
+    <message>
+        <source>online %1 kennt die Option --despite-unread nicht</source>
+        <translation>online %1 does not know the option --despite-unread</translation>
     </message>
     <message>
         <source>online braucht get, set, watch, action, upload oder download</source>
@@ -1310,8 +1349,8 @@ that cannot be started gives 5, one that ends before 100 % 4, one that still run
 <context>
     <name>OnlineCycle</name>
     <message>
-        <source>der Antrieb hat kein Register dafür</source>
-        <translation>the drive has no register for it</translation>
+        <source>Funktionen des Geräts ändern den Wert des Antriebs immer wieder</source>
+        <translation>functions of the device change the drive's value again and again</translation>
     </message>
 </context>
 <context>
@@ -1345,32 +1384,20 @@ that cannot be started gives 5, one that ends before 100 % 4, one that still run
         <translation>Parameter %1 is no action</translation>
     </message>
     <message>
-        <source>die Aktion %1 ist im Zustand des Antriebs nicht startbar</source>
-        <translation>action %1 cannot be started in the state of the drive</translation>
+        <source>; --despite-unread geht ohne sie weiter</source>
+        <translation>; --despite-unread goes on without them</translation>
     </message>
     <message>
-        <source>die Aktion %1 wurde nicht gestartet</source>
-        <translation>action %1 was not started</translation>
-    </message>
-    <message>
-        <source>ob die Aktion %1 gestartet wurde, ist nicht bekannt</source>
-        <translation>whether action %1 was started is not known</translation>
-    </message>
-    <message>
-        <source>die Aktion %1 endete vor 100 %</source>
-        <translation>action %1 ended before 100 %</translation>
-    </message>
-    <message>
-        <source>die Aktion %1 läuft noch</source>
-        <translation>action %1 is still running</translation>
-    </message>
-    <message>
-        <source>und %1 weitere Werte nicht gelesen</source>
-        <translation>and %1 more values not read</translation>
+        <source>Ohne diese Werte geht es weiter.</source>
+        <translation>Going on without these values.</translation>
     </message>
 </context>
 <context>
     <name>OnlineOutcome</name>
+    <message>
+        <source>der Antrieb hat kein Register dafür</source>
+        <translation>the drive has no register for it</translation>
+    </message>
     <message>
         <source>%1: unverändert</source>
         <translation>%1: unchanged</translation>
@@ -1452,10 +1479,6 @@ that cannot be started gives 5, one that ends before 100 % 4, one that still run
     <message>
         <source>der Antrieb meldet sich nicht</source>
         <translation>the drive does not respond</translation>
-    </message>
-    <message>
-        <source>der Antrieb hat kein Register dafür</source>
-        <translation>the drive has no register for it</translation>
     </message>
 </context>
 <context>
@@ -2005,6 +2028,13 @@ counts in full and with case; Address has the form 1.H000[00000].
     <message>
         <source>darf nicht geschrieben werden</source>
         <translation>may not be written</translation>
+    </message>
+</context>
+<context>
+    <name>UnreadValues</name>
+    <message>
+        <source>und %1 weitere Werte nicht gelesen</source>
+        <translation>and %1 more values not read</translation>
     </message>
 </context>
 <context>

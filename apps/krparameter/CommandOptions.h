@@ -23,6 +23,7 @@ constexpr QLatin1StringView Language("lang");
 constexpr QLatin1StringView Json("json");
 constexpr QLatin1StringView Force("force");
 constexpr QLatin1StringView AllowLoss("allow-loss");
+constexpr QLatin1StringView DespiteUnread("despite-unread");
 constexpr QLatin1StringView Help("help");
 constexpr QLatin1StringView Version("version");
 constexpr QLatin1StringView Filter("filter");

@@ -13,6 +13,7 @@ namespace {
 
 constexpr QLatin1StringView SecondsOption("seconds");
 constexpr QLatin1StringView Action("action");
+constexpr QLatin1StringView Set("set");
 constexpr QLatin1StringView Watch("watch");
 constexpr int GreatestSpan = 1000000;
 
@@ -27,7 +28,7 @@ struct Verb {
 
 constexpr std::array Verbs {
     Verb {QLatin1StringView("get"), true, false},
-    Verb {QLatin1StringView("set"), true, false},
+    Verb {Set, true, false},
     Verb {Watch, true, false},
     Verb {Action, true, false},
     Verb {QLatin1StringView("upload"), false, true},
@@ -56,14 +57,23 @@ QString OnlineCommand::details() const
         "Wert.\n"
         "Was nicht gelesen wird, gibt 3, was der Antrieb ablehnt, 4, was verloren geht, 6; eine "
         "Aktion,\n"
-        "die nicht startbar ist, gibt 5, eine, die vor 100 % endet, 4, eine, die noch läuft, 3.\n");
+        "die nicht startbar ist, gibt 5, eine, die vor 100 % endet, 4, eine, die noch läuft, 3.\n"
+        "set, watch und action lesen zuerst den ganzen Antrieb. Wurde etwas nicht gelesen, gehen "
+        "sie\n"
+        "nur ohne das weiter, wenn zu den genannten Werten keine Funktionen des Geräts gehören; "
+        "die\n"
+        "können von jedem Wert abhängen. --despite-unread geht auch dann weiter und nennt, was "
+        "fehlt.\n"
+        "Ohne die genannten Werte selbst geht es nie weiter.\n");
 }
 
 QList<Option> OnlineCommand::options() const
 {
     return NetworkOptions::all()
-        + QList<Option> {{SecondsOption, QStringLiteral("N"),
-            tr("Dauer von watch und action, sonst ohne Ende")}};
+        + QList<Option> {
+            {SecondsOption, QStringLiteral("N"), tr("Dauer von watch und action, sonst ohne Ende")},
+            {OptionName::DespiteUnread, {},
+                tr("set, watch und action auch ohne Werte, die nicht gelesen wurden")}};
 }
 
 QString OnlineCommand::usageError(const CommandLine &line)
@@ -77,7 +87,7 @@ QString OnlineCommand::usageError(const CommandLine &line)
         return tr("online %1 braucht mindestens eine Adresse").arg(verb->name);
     if (verb->name == Action && words.size() > 2)
         return tr("online action nimmt eine einzige Adresse");
-    if (verb->name == QLatin1String("set") && words.size() % 2 == 0)
+    if (verb->name == Set && words.size() % 2 == 0)
         return tr("online set braucht Paare aus Adresse und Wert");
     if (!verb->takesWords && words.size() > 1)
         return tr("online %1 nimmt keine Argumente").arg(verb->name);
@@ -85,6 +95,9 @@ QString OnlineCommand::usageError(const CommandLine &line)
         return tr("online %1 kennt die Option --project nicht").arg(verb->name);
     if (verb->name == QLatin1String("download") && !line.has(OptionName::Project))
         return tr("online download braucht --project ORDNER");
+    const bool needsOthers = verb->name == Watch || verb->name == Action || verb->name == Set;
+    if (!needsOthers && line.has(OptionName::DespiteUnread))
+        return tr("online %1 kennt die Option --despite-unread nicht").arg(verb->name);
     if (verb->name != Watch && verb->name != Action && line.has(SecondsOption))
         return tr("online %1 kennt die Option --seconds nicht").arg(verb->name);
     return {};
@@ -116,7 +129,7 @@ eExitCode OnlineCommand::run(const CommandLine &line, Console &console)
     const QStringList words = line.arguments().sliced(1);
     if (verb == QLatin1String("get"))
         return dialogue.get(words);
-    if (verb == QLatin1String("set"))
+    if (verb == Set)
         return dialogue.set(words);
     if (verb == Watch)
         return dialogue.watch(words, *seconds);

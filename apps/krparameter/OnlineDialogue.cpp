@@ -1,80 +1,34 @@
 #include "apps/krparameter/OnlineDialogue.h"
 
 #include "apps/host/ActionForm.h"
+#include "apps/host/DeviceState.h"
 #include "apps/host/DriveProject.h"
 #include "apps/host/TrialCopy.h"
+#include "apps/krparameter/ActionEnding.h"
 #include "apps/krparameter/CommandLine.h"
 #include "apps/krparameter/CommandOptions.h"
 #include "apps/krparameter/Console.h"
 #include "apps/krparameter/NetworkOptions.h"
+#include "apps/krparameter/OnlineWaiting.h"
 #include "apps/krparameter/OnlineWatch.h"
+#include "apps/krparameter/OutcomeView.h"
 #include "apps/krparameter/Session.h"
 #include "apps/krparameter/SetCommand.h"
+#include "apps/krparameter/UnreadValues.h"
 #include "apps/krparameter/ValueView.h"
 
 #include <KrParameterInstance/ParameterSetup.h>
 
-#include <QtCore/QEventLoop>
 #include <QtCore/QJsonObject>
 
 #include <algorithm>
 
 using eKind = OnlineOutcome::eKind;
+using eMatter = UnreadValues::eMatter;
 
 namespace {
 
-/// More would hide everything else.
-constexpr int LongestList = 20;
-
-/// What an outcome of writing means for the program, the worst last.
-eExitCode writeCode(eKind kind)
-{
-    switch (kind) {
-    case eKind::Altered:
-        return eExitCode::Differences;
-    case eKind::Refused:
-        return eExitCode::ValueRejected;
-    case eKind::Lost:
-    case eKind::Unmapped:
-        return eExitCode::WriteFailed;
-    default:
-        return eExitCode::Good;
-    }
-}
-
-eExitCode writeCode(const OnlineReport &report)
-{
-    eExitCode code = eExitCode::Good;
-    for (const OnlineOutcome &outcome : report.outcomes())
-        code = std::max(code, writeCode(outcome.kind));
-    return code;
-}
-
-/// What a transfer does to most values and nobody asks about.
-bool isExpected(eKind kind)
-{
-    return kind == eKind::Unchanged || kind == eKind::Written;
-}
-
-/// Not read, though the drive has a register for it.
-bool isMissing(eKind kind)
-{
-    return kind == eKind::Lost || kind == eKind::Refused;
-}
-
-QJsonObject toJson(const OnlineOutcome &outcome)
-{
-    QJsonObject object {{QStringLiteral("address"), outcome.address},
-        {QStringLiteral("outcome"), OnlineOutcome::key(outcome.kind)}};
-    const auto insert = [&object](const QString &key, const QString &text) {
-        if (!text.isEmpty())
-            object.insert(key, text);
-    };
-    insert(QStringLiteral("sent"), outcome.sent);
-    insert(QStringLiteral("kept"), outcome.kept);
-    insert(QStringLiteral("reason"), outcome.reason);
-    return object;
-}
+constexpr quint16 ProgressElement = 1;
 
 } // namespace
 
@@ -92,15 +46,7 @@ OnlineDialogue::OnlineDialogue(const CommandLine &line, Session &session, Consol
 
 eExitCode OnlineDialogue::connectToDrive()
 {
-    QEventLoop loop;
-    QObject::connect(
-        m_online.get(), &OnlineSession::stateChanged, &loop, [&loop](OnlineSession::eState state) {
-            if (state != OnlineSession::eState::Connecting)
-                QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
-        });
-    m_online->goOnline();
-    loop.exec();
-    if (m_online->state() == OnlineSession::eState::Online)
+    if (OnlineWaiting::goOnline(*m_online))
         return eExitCode::Good;
     return m_session.fail(
         eExitCode::UnreadableInput, tr("der Antrieb ist nicht erreichbar: %1").arg(m_failure));
@@ -114,7 +60,8 @@ eExitCode OnlineDialogue::get(const QStringList &words)
     const std::optional<OnlineReport> report = readAll();
     if (!report)
         return failAsGone(eExitCode::UnreadableInput);
-    eExitCode code = failAsIncomplete(*report);
+    const UnreadValues unread(*report);
+    eExitCode code = unread.isEmpty() ? eExitCode::Good : failAsIncomplete(unread, *report, {});
     for (const OnlineOutcome &outcome : report->outcomes()) {
         if (outcome.isGood() || !places.contains(outcome.place))
             continue;
@@ -134,24 +81,34 @@ eExitCode OnlineDialogue::set(const QStringList &words)
     if (const eExitCode code = SetCommand::writesOf(words, m_session, writes);
         code != eExitCode::Good)
         return code;
+    QList<ValuePlace> needed;
+    for (const SetCommand::Write &write : std::as_const(writes))
+        needed.append(write.place);
     // What is typed is checked by limits and units that the drive has.
-    if (const eExitCode code = readWhole(); code != eExitCode::Good)
+    if (const eExitCode code = readFor(needed); code != eExitCode::Good)
         return code;
     QList<ValuePlace> places;
+    const ParameterContainer &container = m_session.project().container();
+    QHash<ValuePlace, QString> asked;
     eExitCode code = eExitCode::Good;
     for (const SetCommand::Write &write : std::as_const(writes)) {
         code = SetCommand::write(write, m_session);
         if (code != eExitCode::Good)
             break;
         places.append(write.place);
+        // The next one may lead to functions that change it.
+        asked.insert(write.place,
+            container.readValueNative(
+                write.place.livingSpace, write.place.coordinate, write.place.element, false));
     }
     // Also what the drive has already: the answer says so.
-    const auto report = wait([&] { return m_online->writeValues(places); });
+    const auto report =
+        OnlineWaiting::transfer(*m_online, [&] { return m_online->writeValues(places, asked); });
     if (!report)
         return failAsGone(eExitCode::WriteFailed);
     for (const OnlineOutcome &outcome : report->outcomes())
         show(outcome, eShow::All);
-    return std::max(code, writeCode(*report));
+    return std::max(code, OutcomeView::writeCode(*report));
 }
 
 eExitCode OnlineDialogue::watch(const QStringList &words, int seconds)
@@ -159,7 +116,7 @@ eExitCode OnlineDialogue::watch(const QStringList &words, int seconds)
     QList<ValuePlace> places;
     if (const eExitCode code = placesOf(words, places); code != eExitCode::Good)
         return code;
-    if (const eExitCode code = readWhole(); code != eExitCode::Good)
+    if (const eExitCode code = readFor(places); code != eExitCode::Good)
         return code;
     ParameterContainer &container = m_session.project().container();
     TrialCopy trial(m_session.project());
@@ -197,7 +154,10 @@ eExitCode OnlineDialogue::action(const QString &word, int seconds)
             eExitCode::Usage, tr("Parameter %1 ist keine Aktion").arg(control.coordinate.toText()));
     }
     // Whether it may start follows from the drive's state.
-    if (const eExitCode code = readWhole(); code != eExitCode::Good)
+    QList<ValuePlace> needed {control, {control.coordinate, control.livingSpace, ProgressElement}};
+    if (ActionForm::needsDisabledAxis(*parameter))
+        needed.append({DeviceState::coordinate(), control.livingSpace, 0});
+    if (const eExitCode code = readFor(needed); code != eExitCode::Good)
         return code;
     const ValueView view(*parameter, control);
     if (const QString refusal = view.writeRefusal(); !refusal.isEmpty())
@@ -213,7 +173,10 @@ eExitCode OnlineDialogue::action(const QString &word, int seconds)
         else
             m_console.writeLine(ValueView::singleLine(action.stateText()));
     }
-    return end == ActionRun::eEnd::Done ? eExitCode::Good : failAsEnded(end, view);
+    const QString sentence = ActionEnding::sentence(end, view.address());
+    if (!sentence.isEmpty())
+        return m_session.fail(ActionEnding::codeOf(end), sentence);
+    return end == ActionRun::eEnd::Done ? eExitCode::Good : failAsGone(ActionEnding::codeOf(end));
 }
 
 eExitCode OnlineDialogue::upload()
@@ -236,90 +199,55 @@ eExitCode OnlineDialogue::upload()
 
 eExitCode OnlineDialogue::download()
 {
-    const auto report = wait([this] { return m_online->download(); });
+    const auto report = OnlineWaiting::transfer(*m_online, [this] { return m_online->download(); });
     if (!report)
         return failAsGone(eExitCode::WriteFailed);
     for (const OnlineOutcome &outcome : report->outcomes())
         show(outcome, eShow::WhatIsNoted);
     m_console.report(tr("Geschrieben und zurückgelesen: %1").arg(report->summary()));
-    return writeCode(*report);
-}
-
-std::optional<OnlineReport> OnlineDialogue::wait(const std::function<bool()> &begin)
-{
-    QEventLoop loop;
-    OnlineReport report;
-    QObject::connect(m_online.get(), &OnlineSession::transferFinished, &loop,
-        [&loop, &report](const OnlineReport &finished) {
-            report = finished;
-            QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
-        });
-    if (!begin())
-        return {};
-    loop.exec();
-    return report;
+    return OutcomeView::writeCode(*report);
 }
 
 std::optional<OnlineReport> OnlineDialogue::readAll()
 {
-    return wait([this] { return m_online->upload(); });
+    return OnlineWaiting::transfer(*m_online, [this] { return m_online->upload(); });
 }
 
-eExitCode OnlineDialogue::readWhole()
+eExitCode OnlineDialogue::readFor(const QList<ValuePlace> &places)
 {
     const std::optional<OnlineReport> report = readAll();
     if (!report)
         return failAsGone(eExitCode::UnreadableInput);
-    return failAsIncomplete(*report);
+    const UnreadValues unread(*report);
+    if (unread.isEmpty())
+        return eExitCode::Good;
+    // A drive that is gone meanwhile has lost them.
+    const bool isOnline = m_online->state() == OnlineSession::eState::Online;
+    const UnreadValues::eMatter matter =
+        isOnline ? unread.matterFor(places, m_session.project().container()) : eMatter::Needed;
+    const bool isAllowed = m_line.has(OptionName::DespiteUnread);
+    if (matter == eMatter::Needed)
+        return failAsIncomplete(unread, *report, {});
+    if (matter == eMatter::Unknown && !isAllowed)
+        return failAsIncomplete(unread, *report, tr("; --despite-unread geht ohne sie weiter"));
+    for (const QString &line : unread.lines())
+        m_console.report(line);
+    m_console.report(tr("Ohne diese Werte geht es weiter."));
+    return eExitCode::Good;
 }
 
-eExitCode OnlineDialogue::failAsIncomplete(const OnlineReport &report)
+eExitCode OnlineDialogue::failAsIncomplete(
+    const UnreadValues &unread, const OnlineReport &report, const QString &wayOut)
 {
-    const qsizetype missing = report.count(eKind::Lost) + report.count(eKind::Refused);
-    if (missing == 0)
-        return eExitCode::Good;
-    int named = 0;
-    for (const OnlineOutcome &outcome : report.outcomes()) {
-        if (isMissing(outcome.kind) && ++named <= LongestList)
-            m_console.report(outcome.toText());
-    }
-    if (missing > LongestList)
-        m_console.report(tr("und %1 weitere Werte nicht gelesen").arg(missing - LongestList));
+    for (const QString &line : unread.lines())
+        m_console.report(line);
     return m_session.fail(eExitCode::UnreadableInput,
-        tr("nicht alle Werte des Antriebs wurden gelesen: %1").arg(report.summary()));
+        tr("nicht alle Werte des Antriebs wurden gelesen: %1").arg(report.summary()) + wayOut);
 }
 
 eExitCode OnlineDialogue::failAsGone(eExitCode code)
 {
     return m_session.fail(code, tr("der Antrieb ist fort: %1").arg(m_failure));
-}
-
-eExitCode OnlineDialogue::failAsEnded(std::optional<ActionRun::eEnd> end, const ValueView &control)
-{
-    if (!end) {
-        return m_session.fail(
-            eExitCode::UnreadableInput, tr("die Aktion %1 läuft noch").arg(control.address()));
-    }
-    switch (*end) {
-    case ActionRun::eEnd::Done:
-        break;
-    case ActionRun::eEnd::NotStartable:
-        return m_session.fail(eExitCode::NotWritable,
-            tr("die Aktion %1 ist im Zustand des Antriebs nicht startbar").arg(control.address()));
-    case ActionRun::eEnd::NotStarted:
-        return m_session.fail(eExitCode::ValueRejected,
-            tr("die Aktion %1 wurde nicht gestartet").arg(control.address()));
-    case ActionRun::eEnd::StartLost:
-        return m_session.fail(eExitCode::WriteFailed,
-            tr("ob die Aktion %1 gestartet wurde, ist nicht bekannt").arg(control.address()));
-    case ActionRun::eEnd::BrokenOff:
-        return m_session.fail(
-            eExitCode::ValueRejected, tr("die Aktion %1 endete vor 100 %").arg(control.address()));
-    case ActionRun::eEnd::DriveGone:
-    case ActionRun::eEnd::Vanished: // Nothing deletes parameters here.
-        return failAsGone(eExitCode::UnreadableInput);
-    }
-    return eExitCode::Good;
 }
 
 eExitCode OnlineDialogue::placesOf(const QStringList &words, QList<ValuePlace> &places)
@@ -337,8 +265,8 @@ eExitCode OnlineDialogue::placesOf(const QStringList &words, QList<ValuePlace> &
 void OnlineDialogue::show(const OnlineOutcome &outcome, eShow what)
 {
     if (isJson())
-        m_console.writeLine(toJson(outcome));
-    else if (what == eShow::All || !isExpected(outcome.kind))
+        m_console.writeLine(OutcomeView::toJson(outcome));
+    else if (what == eShow::All || !OutcomeView::isExpected(outcome.kind))
         m_console.writeLine(ValueView::singleLine(outcome.toText()));
 }
 

@@ -8,7 +8,6 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QStringList>
 
-#include <functional>
 #include <memory>
 #include <optional>
 
@@ -16,6 +15,7 @@ class CommandLine;
 class Console;
 class Session;
 class TrialCopy;
+class UnreadValues;
 class ValueView;
 
 /// What an online command says to the drive and to the user; each call waits for its end.
@@ -42,18 +42,15 @@ public:
 private:
     enum class eShow { All, WhatIsNoted };
 
-    /// Begins a transfer and waits for its end. Empty where the drive is gone before it begins.
-    std::optional<OnlineReport> wait(const std::function<bool()> &begin);
     /// The values of the whole drive: units, limits and choices follow from them.
     std::optional<OnlineReport> readAll();
-    /// Likewise for who cannot do without. Reports what was not read.
-    eExitCode readWhole();
-    /// Any value may be one that another follows. Reports what was lost or refused; what has no register
-    /// is never read.
-    eExitCode failAsIncomplete(const OnlineReport &report);
+    /// Likewise for who needs the values of these places. Reports what was not read; fails where one of
+    /// them is needed, or may be and the user does not want to go on without.
+    eExitCode readFor(const QList<ValuePlace> &places);
+    /// `wayOut` is what the user may do about it.
+    eExitCode failAsIncomplete(
+        const UnreadValues &unread, const OnlineReport &report, const QString &wayOut);
     eExitCode failAsGone(eExitCode code);
-    /// Why an action did not come to its end.
-    eExitCode failAsEnded(std::optional<ActionRun::eEnd> end, const ValueView &control);
     eExitCode placesOf(const QStringList &words, QList<ValuePlace> &places);
     void show(const OnlineOutcome &outcome, eShow what);
     void showValue(const ValuePlace &place, TrialCopy &trial);

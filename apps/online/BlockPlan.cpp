@@ -90,3 +90,17 @@ QList<BlockPlan::Block> BlockPlan::blocksOf(const RegisterMap &map, const QList<
     endBlock();
     return blocks;
 }
+
+QList<qsizetype> BlockPlan::othersOfRecord(
+    const RegisterMap &map, const Block &block, qsizetype leader)
+{
+    const ValuePlace &place = map.values().at(leader).place;
+    const QList<qsizetype> before = block.values.first(block.values.indexOf(leader));
+    const auto [first, last] = map.positionsOf(place.coordinate, place.livingSpace);
+    QList<qsizetype> others;
+    for (qsizetype other = first; other <= last; ++other) {
+        if (other != leader && !before.contains(other))
+            others.append(other);
+    }
+    return others;
+}

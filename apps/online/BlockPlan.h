@@ -26,5 +26,7 @@ QList<qsizetype> inOnlineOrder(const RegisterMap &map, QList<qsizetype> values);
 /// In that order. A block goes on as long as the next value lies in its unit behind it, near enough. The
 /// elements of a record that one block can hold are not parted.
 QList<Block> blocksOf(const RegisterMap &map, const QList<qsizetype> &values);
+/// The elements of a record that do not come before its element 0 in the block.
+QList<qsizetype> othersOfRecord(const RegisterMap &map, const Block &block, qsizetype leader);
 
 } // namespace BlockPlan

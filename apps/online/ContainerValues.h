@@ -8,6 +8,8 @@
 #include <QtCore/QPointer>
 #include <QtCore/QString>
 
+#include <array>
+
 class ParameterContainer;
 class ParameterSetup;
 
@@ -23,6 +25,13 @@ public:
     QString nativeText(const MappedValue &value) const;
     /// Whether the container has it; a project may have fewer elements than the device.
     bool holds(const MappedValue &value) const;
+    /// Means the same as the native text that the container makes of the bytes.
+    static QString textOf(const MappedValue &value, const QByteArray &bytes);
+    /// Whether the bytes mean something else than what the container has.
+    bool differs(const MappedValue &value, const QByteArray &bytes) const
+    {
+        return !isSame(value, textOf(value, bytes), nativeText(value));
+    }
     /// Empty where the container does not hold the value.
     QList<quint16> registers(const MappedValue &value) const;
     /// What became of a value of the drive.
@@ -59,18 +68,26 @@ private:
         bool leadsToFunctions;
         /// How often the value has changed: more than once, and a listener has written over it.
         int changes = 0;
-        /// All listeners have been told of it; what changes from now on is made by functions.
+        /// All listeners have been told of it; what changes from now on is made by functions, and by those
+        /// who are told of that.
         bool areListenersThrough = false;
+        /// Changes since then of which listeners are being told, one inside the other.
+        int tellings = 0;
     };
 
     QString nativeText(const ValuePlace &place) const;
     /// Null where there is none.
     ParameterSetup *parameterAt(const ParameterCoordinate &coordinate) const;
+    /// Tells when all others have been told of a change.
+    std::array<QMetaObject::Connection, 2> hearLast(const Adoption &adoption);
     void store(const Adoption &adoption, const QByteArray &bytes);
     void onChanged(const ParameterAddress &address);
+    /// Whether the change is the drive's value itself, and no other one that was written over it.
+    bool isAdoption(const ParameterAddress &address);
+    void beginTelling();
+    void endTelling();
     void onAllTold(const ParameterAddress &address);
     bool hasWhatIsAdopted() const;
-    static bool isSame(const SimpleType &type, const QString &sent, const QString &kept);
 
     ParameterContainer &m_container;
     /// Values come parameter by parameter: the last one that was looked for, and where it stood.

@@ -207,6 +207,10 @@ void DriveWriter::conclude(qsizetype value, quint32 request, const OnlineAnswer 
         send(value);
         return;
     }
+    if (isHeadAlone(mapped, span)) {
+        concludeHead(value, request, bytes);
+        return;
+    }
     const ContainerValues::Adopted adopted =
         m_values.adopt(mapped, RegisterBytes::valueAt(bytes, 0, *mapped.type), guard);
     if (!guard || m_runs != run)
@@ -216,6 +220,23 @@ void DriveWriter::conclude(qsizetype value, quint32 request, const OnlineAnswer 
     // A listener has written another value over the one that came back.
     if (guard && m_runs == run && pending.isToBeRepeated)
         write(value);
+}
+
+bool DriveWriter::isHeadAlone(const MappedValue &value, const RegisterSpan &span) const
+{
+    const auto [first, last] = m_map->positionsOf(value.place.coordinate, value.place.livingSpace);
+    return value.leadsRecord && !value.isStored && span == value.span && first < last;
+}
+
+void DriveWriter::concludeHead(qsizetype value, quint32 request, const QByteArray &bytes)
+{
+    const MappedValue mapped = m_map->values().at(value);
+    const Pending pending = m_pending.take(value);
+    const QPointer<QObject> guard(this);
+    const quint32 run = m_runs;
+    finish(value, outcomeOf(mapped, pending, ContainerValues::textOf(mapped, bytes)));
+    if (guard && m_runs == run)
+        Q_EMIT headReadBack({mapped.span, {value}}, bytes, request);
 }
 
 void DriveWriter::finish(qsizetype value, const OnlineOutcome &outcome)

@@ -36,6 +36,7 @@ public:
     void writeInOrder(const QList<qsizetype> &values);
     /// Also while it waits for its turn.
     bool isUnderWay(qsizetype value) const { return m_pending.contains(value); }
+    bool isIdle() const { return m_pending.isEmpty(); }
     /// The last request that read the value back; 0 where it was never written. What an earlier
     /// request reads is older than that.
     quint32 lastReadBack(qsizetype value) const { return m_lastReadBacks.value(value); }
@@ -45,6 +46,8 @@ Q_SIGNALS:
     /// `bytes` are those of all registers of the block, `request` is the number of the exchange's
     /// request.
     void recordReadBack(const BlockPlan::Block &block, const QByteArray &bytes, quint32 request);
+    /// A command at the head of a record came without its record, and is not stored yet. Behind finished.
+    void headReadBack(const BlockPlan::Block &block, const QByteArray &bytes, quint32 request);
     /// What the drive has now could not be read; the container has what was to be written. Behind
     /// finished.
     void leftUnknown(qsizetype value);
@@ -72,6 +75,9 @@ private:
     RegisterSpan readBackSpan(const MappedValue &value) const;
     void concludeUnknown(qsizetype value, const OnlineAnswer &answer);
     void conclude(qsizetype value, quint32 request, const OnlineAnswer &answer);
+    /// The other elements may be over already, too: they are not known.
+    void concludeHead(qsizetype value, quint32 request, const QByteArray &bytes);
+    bool isHeadAlone(const MappedValue &value, const RegisterSpan &span) const;
     void finish(qsizetype value, const OnlineOutcome &outcome);
     static OnlineOutcome outcomeOf(
         const MappedValue &value, const Pending &pending, const QString &kept);

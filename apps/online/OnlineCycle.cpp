@@ -1,13 +1,10 @@
 #include "apps/online/OnlineCycle.h"
 
-#include "apps/online/OnlineClock.h"
-#include "apps/online/OnlineRules.h"
-#include "apps/online/RegisterBytes.h"
 #include "apps/online/RegisterMap.h"
 #include "apps/online/RequestExchange.h"
+#include "apps/online/UnmappedOutcome.h"
 
 #include <KrParameterInstance/ParameterContainer.h>
-#include <KrParameterInstance/ParameterInformation.h>
 
 #include <QtCore/QPointer>
 
@@ -15,28 +12,17 @@
 #include <utility>
 
 using eKind = OnlineOutcome::eKind;
-using std::chrono::milliseconds;
-
-namespace {
-
-std::optional<milliseconds> earliest(std::optional<milliseconds> a, std::optional<milliseconds> b)
-{
-    return a && b ? std::min(*a, *b) : (a ? a : b);
-}
-
-} // namespace
 
 OnlineCycle::OnlineCycle(ParameterContainer &container, RequestExchange &exchange,
     OnlineClock &clock, const OnlineRules &rules)
     : m_container(container)
     , m_exchange(exchange)
-    , m_clock(clock)
     , m_values(container)
+    , m_waits(container)
     , m_reader(exchange)
+    , m_schedule(m_reader, clock, rules)
     , m_writer(exchange, m_values)
-    , m_cyclic(rules.cycleInterval)
-    , m_unknown(rules.longestPause)
-    , m_unknownPause(rules.longestPause)
+    , m_intake(m_values, m_writer, m_schedule, m_reviews, m_waits)
 {
     connect(&m_values, &ContainerValues::changedHere, this, &OnlineCycle::onChangedHere);
     connect(
@@ -45,10 +31,13 @@ OnlineCycle::OnlineCycle(ParameterContainer &container, RequestExchange &exchang
         &OnlineCycle::onNeeded);
     connect(&container, &ParameterProvider::parameterNeedsOnlineConsistenceOnce, this,
         &OnlineCycle::onNeededOnce);
-    connect(&clock, &OnlineClock::rang, this, &OnlineCycle::onRang);
-    connect(&m_reader, &DriveReader::blockRead, this, &OnlineCycle::onBlockRead);
-    connect(&m_reader, &DriveReader::blockFailed, this, &OnlineCycle::onBlockFailed);
-    connect(&m_writer, &DriveWriter::recordReadBack, this, &OnlineCycle::onBlockRead);
+    connect(&m_reader, &DriveReader::blockRead, &m_intake, &DriveIntake::onBlockRead);
+    connect(&m_reader, &DriveReader::blockFailed, &m_intake, &DriveIntake::onBlockFailed);
+    connect(&m_writer, &DriveWriter::recordReadBack, &m_intake, &DriveIntake::onBlockRead);
+    connect(&m_writer, &DriveWriter::headReadBack, &m_intake, &DriveIntake::onBlockRead);
+    connect(&m_intake, &DriveIntake::came, this, &OnlineCycle::came);
+    connect(&m_intake, &DriveIntake::failed, this, &OnlineCycle::finished);
+    connect(&m_intake, &DriveIntake::blockTaken, this, &OnlineCycle::settle);
     connect(&m_writer, &DriveWriter::finished, this, &OnlineCycle::onWritten);
     connect(&m_writer, &DriveWriter::leftUnknown, this, &OnlineCycle::onLeftUnknown);
 }
@@ -59,12 +48,11 @@ void OnlineCycle::start(const RegisterMap &map)
     m_map = &map;
     m_reader.start(map);
     m_writer.start(map);
-    m_requests.assign(std::size_t(map.values().size()), Request());
-    m_cyclic.setMap(&map, m_clock.now());
-    m_unknown.setMap(&map, m_clock.now());
-    arm();
+    m_waits.start(map);
+    m_intake.start(map);
+    m_schedule.start(map);
     const QPointer<OnlineCycle> guard(this);
-    const QList<ParameterAddress> unmapped = m_cyclic.unmapped();
+    const QList<ParameterAddress> unmapped = m_schedule.unmapped();
     for (const ParameterAddress &address : unmapped) {
         if (guard && m_runs == run)
             reportUnmapped(address, eDirection::FromDrive);
@@ -79,46 +67,34 @@ void OnlineCycle::stop(const QString &reason)
     const quint32 run = ++m_runs;
     m_exchange.clear();
     m_reader.stop();
-    m_cyclic.setMap(nullptr, m_clock.now());
-    m_unknown.clear();
-    m_clock.clearAlarm(eOnlineAlarm::Cycle);
-    std::vector<Request> requests = std::exchange(m_requests, {});
-    const QList<qsizetype> writes = m_writer.stop();
-    std::vector<bool> isWritten(requests.size());
-    for (const qsizetype value : writes)
-        isWritten[std::size_t(value)] = true;
-    const std::vector<Came> news = std::exchange(m_news, {});
+    m_schedule.stop();
+    m_reviews.clear();
+    const DriveIntake::Rest rest = m_intake.stop();
     QList<Ended> lost;
-    QList<ValuePlace> waiting;
-    for (qsizetype value = 0; value < map->values().size(); ++value) {
-        const Request &request = requests.at(std::size_t(value));
-        const MappedValue &mapped = map->values().at(value);
-        if (request.isOnce)
-            lost.append(ended(value, mapped, eKind::Lost, reason));
-        if (isWritten.at(std::size_t(value)))
-            lost.append({value, OnlineOutcome::ofWrite(mapped, eKind::Lost, reason)});
-        // The elements of a parameter stand together.
-        const ValuePlace place {mapped.place.coordinate, mapped.place.livingSpace, 0};
-        if (request.isWaitedFor && (waiting.isEmpty() || waiting.constLast() != place))
-            waiting.append(place);
+    for (const qsizetype value : rest.once)
+        lost.append(DriveIntake::ended(value, map->values().at(value), eKind::Lost, reason));
+    for (const qsizetype value : m_writer.stop()) {
+        lost.append({value, OnlineOutcome::ofWrite(map->values().at(value), eKind::Lost, reason)});
     }
+    // Of what was under way both ways the read is told before the write.
+    std::stable_sort(
+        lost.begin(), lost.end(), [](const Ended &a, const Ended &b) { return a.value < b.value; });
+    const QList<ValuePlace> waiting = m_waits.stop();
     const QPointer<OnlineCycle> guard(this);
-    if (!news.empty())
-        Q_EMIT came(news);
+    if (!rest.news.empty())
+        Q_EMIT came(rest.news);
     if (guard && !lost.isEmpty())
         Q_EMIT finished(lost);
-    for (const ValuePlace &place : std::as_const(waiting)) {
+    for (const ValuePlace &place : waiting) {
         if (guard && m_runs == run)
-            cancelWaiting(place);
+            m_waits.cancel(place);
     }
 }
 
 void OnlineCycle::read(const QList<qsizetype> &values)
 {
-    for (const qsizetype value : values)
-        m_requests[std::size_t(value)].isOnce = true;
-    m_reader.want(values);
-    arm();
+    m_intake.askOnce(values);
+    m_schedule.want(values);
 }
 
 void OnlineCycle::write(const QList<qsizetype> &values)
@@ -153,44 +129,74 @@ void OnlineCycle::onChangedByFunction(const ParameterAddress &address)
 
 void OnlineCycle::review(qsizetype value)
 {
-    // Functions that correct each other would have values read without end.
-    if (m_isReviewing)
+    if (!m_reviews.ask(value, m_reader.isAwaited(value)))
         return;
-    m_requests[std::size_t(value)].isReview = true;
-    m_reader.want(value);
-    arm();
+    m_intake.askReview(value);
+    m_schedule.want(value);
+}
+
+void OnlineCycle::reviewAll()
+{
+    QList<qsizetype> values;
+    values.reserve(m_map->values().size());
+    for (qsizetype value = 0; value < m_map->values().size(); ++value) {
+        if (m_values.holds(m_map->values().at(value)))
+            values.append(value);
+    }
+    m_reviews.askForAll(values);
+    m_schedule.want(values);
+}
+
+void OnlineCycle::settle()
+{
+    const ReviewRound::eNext next = m_map ? m_reviews.next() : ReviewRound::eNext::Wait;
+    if (next == ReviewRound::eNext::ReadAll && m_writer.isIdle())
+        reviewAll();
+    if (next != ReviewRound::eNext::Rest)
+        return;
+    QList<Ended> news;
+    for (const qsizetype value : m_reviews.rest()) {
+        news.append(DriveIntake::ended(value, m_map->values().at(value), eKind::Lost,
+            tr("Funktionen des Geräts ändern den Wert des Antriebs immer wieder")));
+    }
+    const QPointer<OnlineCycle> guard(this);
+    const quint32 run = m_runs;
+    if (!news.isEmpty())
+        Q_EMIT disputed(news);
+    if (guard && m_runs == run)
+        Q_EMIT reviewed();
 }
 
 void OnlineCycle::onWritten(qsizetype value, const OnlineOutcome &outcome)
 {
     // Whether the read-back came does not matter: what was read meanwhile was not stored.
-    const Request &request = m_requests.at(std::size_t(value));
-    if (request.isWaitedFor || request.isOnce) {
-        m_reader.want(value);
-        arm();
+    if (m_waits.contains(value) || m_intake.isAskedOnce(value)) {
+        m_schedule.want(value);
     }
+    if (m_map->values().at(value).leadsToFunctions && outcome.kind != eKind::Refused
+        && outcome.kind != eKind::Unmapped)
+        m_reviews.functionsRan(m_writer.lastReadBack(value));
+    const QPointer<OnlineCycle> guard(this);
+    const quint32 run = m_runs;
     Q_EMIT finished({{value, outcome}});
+    if (guard && m_runs == run)
+        settle();
 }
 
 void OnlineCycle::onLeftUnknown(qsizetype value)
 {
-    m_unknown.add(m_map->values().at(value).address, m_clock.now());
-    arm();
+    m_schedule.chase(value, ReadSchedule::eFirst::Now);
 }
 
 void OnlineCycle::onNeeded(const ParameterAddress &address, bool isNeeded)
 {
     if (!isNeeded) {
-        m_cyclic.remove(address);
+        m_schedule.needNoMore(address);
         return;
     }
-    m_cyclic.add(address, m_clock.now());
-    if (!m_map)
-        return;
-    if (m_map->indexOf(address) < 0)
+    m_schedule.need(address);
+    if (m_map && m_map->indexOf(address) < 0)
         reportUnmapped(address, eDirection::FromDrive);
-    else
-        arm();
 }
 
 void OnlineCycle::onNeededOnce(const ParameterAddress &address)
@@ -199,151 +205,14 @@ void OnlineCycle::onNeededOnce(const ParameterAddress &address)
         return;
     const qsizetype value = m_map->indexOf(address);
     if (value >= 0) {
-        if (const auto parameter = m_container.parameterInformation(address.coordinate())) {
-            connect(parameter, &ParameterInformation::allElementsConsistenceOnceCanceled, this,
-                &OnlineCycle::onCanceled, Qt::UniqueConnection);
-        }
-        m_requests[std::size_t(value)].isWaitedFor = true;
+        m_waits.add(value);
         read({value});
         return;
     }
     const QPointer<OnlineCycle> guard(this);
     reportUnmapped(address, eDirection::FromDrive);
     if (guard)
-        cancelWaiting(placeOf(address));
-}
-
-void OnlineCycle::onCanceled(const ParameterCoordinate &coordinate, eLivingSpace livingSpace)
-{
-    if (!m_map)
-        return;
-    const bool isGlobal = m_container.isGlobalParameter(coordinate);
-    const auto [first, last] =
-        m_map->positionsOf(coordinate, isGlobal ? eLivingSpace::Global : livingSpace);
-    for (qsizetype value = first; value <= last; ++value)
-        m_requests[std::size_t(value)].isWaitedFor = false;
-}
-
-void OnlineCycle::onRang(eOnlineAlarm alarm)
-{
-    if (alarm != eOnlineAlarm::Cycle || !m_map)
-        return;
-    for (CyclicNeeds *needs : {&m_cyclic, &m_unknown}) {
-        for (const qsizetype value : needs->takeDue(m_clock.now()))
-            m_reader.want(value);
-    }
-    m_reader.send();
-    arm();
-}
-
-void OnlineCycle::onBlockRead(
-    const BlockPlan::Block &block, const QByteArray &bytes, quint32 request)
-{
-    const QPointer<QObject> guard(this);
-    const milliseconds now = m_clock.now();
-    m_news.reserve(m_news.size() + std::size_t(block.values.size()));
-    for (const qsizetype value : block.values) {
-        const MappedValue &mapped = m_map->values().at(value);
-        const QByteArray own =
-            RegisterBytes::valueAt(bytes, mapped.span.first - block.span.first, *mapped.type);
-        // A run that was ended has reported all its values.
-        if (!take(value, own, request, now, guard))
-            return;
-    }
-    arm();
-    if (!m_news.empty())
-        Q_EMIT came(std::exchange(m_news, {}));
-}
-
-bool OnlineCycle::take(qsizetype value, const QByteArray &bytes, quint32 request, milliseconds now,
-    const QPointer<QObject> &guard)
-{
-    const MappedValue &mapped = m_map->values().at(value);
-    // What is being written, or was written meanwhile, is newer here than what was read.
-    const bool isBeingWritten = m_writer.isUnderWay(value);
-    const bool isOld = isBeingWritten || request <= m_writer.lastReadBack(value);
-    bool hasChanged = false;
-    if (!isOld) {
-        const quint32 run = m_runs;
-        const bool outer = std::exchange(m_isReviewing, m_requests[std::size_t(value)].isReview);
-        hasChanged = m_values.adopt(mapped, bytes, guard).hasChanged;
-        if (!guard)
-            return false;
-        m_isReviewing = outer;
-        if (m_runs != run)
-            return false;
-    }
-    m_cyclic.done(value, now);
-    if (isOld)
-        m_unknown.done(value, now);
-    else if (m_unknown.contains(value))
-        m_unknown.remove(mapped.address);
-    // A listener has asked for it anew: it ends with that.
-    if (m_reader.isAwaited(value))
-        return true;
-    Request &state = m_requests[std::size_t(value)];
-    const Request before = std::exchange(state, {});
-    // Who waits for it has not got it yet: it is read behind the write.
-    if (isOld) {
-        state.isWaitedFor = before.isWaitedFor;
-        state.isOnce = before.isOnce;
-        if ((before.isWaitedFor || before.isOnce) && !isBeingWritten)
-            m_reader.want(value);
-        return true;
-    }
-    if (!before.isOnce)
-        return true;
-    if (hasChanged)
-        m_news.push_back({value, eKind::Changed});
-    else
-        m_news.push_back({value, m_values.holds(mapped) ? eKind::Unchanged : eKind::Unmapped});
-    return true;
-}
-
-void OnlineCycle::onBlockFailed(const BlockPlan::Block &block, const OnlineAnswer &answer)
-{
-    const milliseconds now = m_clock.now();
-    const quint32 run = m_runs;
-    const bool isRefused = answer.kind == OnlineAnswer::eKind::Refused;
-    QList<Ended> news;
-    QList<ValuePlace> waiting;
-    for (const qsizetype value : block.values) {
-        const MappedValue &mapped = m_map->values().at(value);
-        const bool isCyclic = m_cyclic.contains(value);
-        m_cyclic.done(value, now);
-        m_unknown.done(value, now);
-        Request &request = m_requests[std::size_t(value)];
-        if (request.isReview && !m_unknown.contains(value))
-            m_unknown.add(mapped.address, now + m_unknownPause);
-        if (request.isOnce || (isCyclic && !request.hasFailed)) {
-            news.append(
-                ended(value, mapped, isRefused ? eKind::Refused : eKind::Lost, answer.reason));
-        }
-        const ValuePlace place {mapped.place.coordinate, mapped.place.livingSpace, 0};
-        if (request.isWaitedFor && !waiting.contains(place))
-            waiting.append(place);
-        request = {};
-        request.hasFailed = isCyclic;
-    }
-    const QPointer<OnlineCycle> guard(this);
-    arm();
-    if (!news.isEmpty())
-        Q_EMIT finished(news);
-    for (const ValuePlace &place : std::as_const(waiting)) {
-        if (guard && m_runs == run)
-            cancelWaiting(place);
-    }
-}
-
-void OnlineCycle::arm()
-{
-    if (!m_map)
-        return;
-    // Not sent at once: what is asked for value by value goes out in blocks.
-    if (m_reader.hasUnsent())
-        m_clock.setAlarm(eOnlineAlarm::Cycle, m_clock.now());
-    else if (const auto due = earliest(m_cyclic.nextDue(), m_unknown.nextDue()))
-        m_clock.setAlarm(eOnlineAlarm::Cycle, *due);
+        m_waits.cancel(placeOf(address));
 }
 
 ValuePlace OnlineCycle::placeOf(const ParameterAddress &address) const
@@ -355,22 +224,5 @@ ValuePlace OnlineCycle::placeOf(const ParameterAddress &address) const
 
 void OnlineCycle::reportUnmapped(const ParameterAddress &address, eDirection direction)
 {
-    const ValuePlace place = placeOf(address);
-    Q_EMIT finished({{-1,
-        {place, address.toText(place.livingSpace == eLivingSpace::Global, true), eKind::Unmapped,
-            {}, {}, tr("der Antrieb hat kein Register dafür"), direction == eDirection::ToDrive}}});
-}
-
-void OnlineCycle::cancelWaiting(const ValuePlace &place)
-{
-    // Its other elements wait for nothing then.
-    onCanceled(place.coordinate, place.livingSpace);
-    if (const auto parameter = m_container.parameterInformation(place.coordinate))
-        parameter->cancelAllElementsConsistenceOnce(place.livingSpace);
-}
-
-OnlineCycle::Ended OnlineCycle::ended(
-    qsizetype value, const MappedValue &mapped, eKind kind, const QString &reason)
-{
-    return {value, {mapped.place, mapped.addressText(), kind, {}, {}, reason}};
+    Q_EMIT finished({{-1, UnmappedOutcome::of(*m_map, m_container, placeOf(address), direction)}});
 }

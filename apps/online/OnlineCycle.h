@@ -1,14 +1,16 @@
 #pragma once
 
 #include "apps/online/ContainerValues.h"
-#include "apps/online/CyclicNeeds.h"
 #include "apps/online/OnlineOutcome.h"
+#include "apps/online/DriveIntake.h"
 #include "apps/online/DriveReader.h"
 #include "apps/online/DriveWriter.h"
+#include "apps/online/ElementWaits.h"
+#include "apps/online/ReadSchedule.h"
+#include "apps/online/ReviewRound.h"
 
 #include <QtCore/QList>
 #include <QtCore/QObject>
-#include <QtCore/QPointer>
 
 #include <chrono>
 #include <vector>
@@ -16,7 +18,6 @@
 class OnlineClock;
 class ParameterContainer;
 struct OnlineRules;
-enum class eOnlineAlarm;
 
 /// Keeps a container and a drive consistent: reads what is asked for, once or again and again, and
 /// writes what changes in the container.
@@ -24,20 +25,8 @@ class OnlineCycle : public QObject {
     Q_OBJECT
 
 public:
-    /// What came to its end.
-    struct Ended {
-        /// Position in the map; -1 for what has no register.
-        qsizetype value;
-        OnlineOutcome outcome;
-    };
-
-    /// What came from the drive as it was asked for.
-    struct Came {
-        /// Position in the map.
-        qsizetype value;
-        /// Unchanged or Changed; Unmapped where the project has no such value.
-        OnlineOutcome::eKind kind;
-    };
+    using Ended = DriveIntake::Ended;
+    using Came = DriveIntake::Came;
 
     /// **Owner** the caller of all; they outlive the cycle.
     OnlineCycle(ParameterContainer &container, RequestExchange &exchange, OnlineClock &clock,
@@ -52,6 +41,14 @@ public:
 
     /// Whether the container has the value; a project may have fewer elements than the device.
     bool isInProject(const MappedValue &value) const { return m_values.holds(value); }
+    QString nativeText(const MappedValue &value) const { return m_values.nativeText(value); }
+    /// What functions made of values of the drive is still to be read.
+    bool isReviewing() const { return m_reviews.isRunning(); }
+    /// Nothing is being written, and what followed from the last write has been read.
+    bool isAtRest() const
+    {
+        return m_writer.isIdle() && !isReviewing() && !m_reviews.mayHaveRunFunctions();
+    }
     /// Positions in the map. **Emits** came or finished for each, later. Only while running.
     void read(const QList<qsizetype> &values);
     /// Writes what the container has, in the order of property 45. **Emits** finished for each, later.
@@ -65,9 +62,13 @@ Q_SIGNALS:
     /// Values that were asked for once did not come, writes came to their end, cyclic reads failed for
     /// the first time, or what is asked for has no register.
     void finished(const QList<OnlineCycle::Ended> &ended);
+    /// Functions of the device change these values again whenever the container gets what the drive has.
+    void disputed(const QList<OnlineCycle::Ended> &ended);
+    /// What functions made of values has been read, or was given up.
+    void reviewed();
 
 private:
-    enum class eDirection { FromDrive, ToDrive };
+    using eDirection = OnlineOutcome::eDirection;
 
     void onChangedHere(const ParameterAddress &address);
     void onChangedByFunction(const ParameterAddress &address);
@@ -75,56 +76,26 @@ private:
     void onLeftUnknown(qsizetype value);
     void onNeeded(const ParameterAddress &address, bool isNeeded);
     void onNeededOnce(const ParameterAddress &address);
-    /// Whoever waited for all elements does so no more.
-    void onCanceled(const ParameterCoordinate &coordinate, eLivingSpace livingSpace);
-    void onRang(eOnlineAlarm alarm);
-    void onBlockRead(const BlockPlan::Block &block, const QByteArray &bytes, quint32 request);
-    /// A value of the drive came. **Emits** nothing of its own. False where the run was ended, or this
-    /// deleted; `guard` holds this.
-    bool take(qsizetype value, const QByteArray &bytes, quint32 request,
-        std::chrono::milliseconds now, const QPointer<QObject> &guard);
-    void onBlockFailed(const BlockPlan::Block &block, const OnlineAnswer &answer);
-    /// The container has something else than the drive: reads the value, once, and believes it.
+    /// The container has something else than the drive: reads the value and believes it.
     void review(qsizetype value);
-    void arm();
+    /// Reads every value once no value is on its way to the drive: its functions may have changed any.
+    void reviewAll();
+    /// Where nothing is to be reviewed any more.
+    void settle();
     ValuePlace placeOf(const ParameterAddress &address) const;
     void reportUnmapped(const ParameterAddress &address, eDirection direction);
-    /// Tells a parameter that waits for all its elements that one does not come.
-    void cancelWaiting(const ValuePlace &place);
-    static Ended ended(qsizetype value, const MappedValue &mapped, OnlineOutcome::eKind kind,
-        const QString &reason = {});
-
-    struct Request {
-        /// Asked for once, by whomever.
-        bool isOnce = false;
-        /// Asked for by a parameter that waits for all its elements.
-        bool isWaitedFor = false;
-        /// A function made something else of what the drive has, or somebody changed what is only read;
-        /// what it reads now is believed.
-        bool isReview = false;
-        /// The cyclic read failed and was reported.
-        bool hasFailed = false;
-    };
 
     ParameterContainer &m_container;
     RequestExchange &m_exchange;
-    OnlineClock &m_clock;
     ContainerValues m_values;
+    ElementWaits m_waits;
     DriveReader m_reader;
+    ReadSchedule m_schedule;
     DriveWriter m_writer;
-    CyclicNeeds m_cyclic;
-    /// The values of which the container has something else than the drive, read until they come.
-    CyclicNeeds m_unknown;
-    /// Before an unknown value is asked for once more.
-    const std::chrono::milliseconds m_unknownPause;
+    ReviewRound m_reviews;
+    DriveIntake m_intake;
     /// Null while stopped.
     const RegisterMap *m_map = nullptr;
-    /// By position.
-    std::vector<Request> m_requests;
-    /// What came and is to be told when its block is done.
-    std::vector<Came> m_news;
-    /// The value that is being taken was read because of a function.
-    bool m_isReviewing = false;
     /// Runs that began or ended.
     quint32 m_runs = 0;
 };

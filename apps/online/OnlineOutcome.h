@@ -22,6 +22,8 @@ public:
         Unmapped, ///< No register carries the value, or the project has none such.
     };
 
+    enum class eDirection { FromDrive, ToDrive };
+
     ValuePlace place;
     /// "2.B01", as users know it.
     QString address;

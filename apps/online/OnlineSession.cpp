@@ -3,23 +3,15 @@
 #include "apps/online/Backoff.h"
 #include "apps/online/ModbusTcpLink.h"
 #include "apps/online/SystemOnlineClock.h"
+#include "apps/online/TransferScope.h"
+#include "apps/online/UnmappedOutcome.h"
 
 #include <KrParameterInstance/ParameterContainer.h>
-#include <KrParameterInstance/ParameterInformation.h>
 
 #include <QtCore/QMetaMethod>
 #include <QtCore/QPointer>
 
 #include <utility>
-#include <vector>
-
-struct OnlineSession::Transfer {
-    eDirection direction;
-    /// By position in the map.
-    std::vector<bool> isAwaited;
-    qsizetype total = 0;
-    qsizetype done = 0;
-};
 
 std::unique_ptr<OnlineSession> OnlineSession::overModbusTcp(
     ParameterContainer &container, const QString &host, quint16 port, const OnlineRules &rules)
@@ -38,6 +30,10 @@ OnlineSession::OnlineSession(ParameterContainer &container, std::unique_ptr<Onli
     , m_contact(m_exchange)
     , m_cycle(container, m_exchange, *m_clock, rules)
     , m_heartbeat(m_exchange, *m_clock, rules.heartbeatInterval)
+    , m_transfers(m_cycle, m_map, [this] {
+        static const QMetaMethod reported = QMetaMethod::fromSignal(&OnlineSession::valueReported);
+        return isSignalConnected(reported);
+    })
 {
     connect(m_link.get(), &OnlineLink::opened, this, &OnlineSession::onOpened);
     connect(m_link.get(), &OnlineLink::closed, this, &OnlineSession::onLineLost);
@@ -48,8 +44,9 @@ OnlineSession::OnlineSession(ParameterContainer &container, std::unique_ptr<Onli
     connect(&m_contact, &FirstContact::disagreed, this, &OnlineSession::giveUp);
     connect(&m_contact, &FirstContact::refused, this, &OnlineSession::onHeaderRefused);
     connect(&m_contact, &FirstContact::unanswered, this, &OnlineSession::onLineLost);
-    connect(&m_cycle, &OnlineCycle::came, this, &OnlineSession::onCame);
-    connect(&m_cycle, &OnlineCycle::finished, this, &OnlineSession::onFinished);
+    connect(&m_transfers, &TransferRun::valueReported, this, &OnlineSession::valueReported);
+    connect(&m_transfers, &TransferRun::progressed, this, &OnlineSession::transferProgress);
+    connect(&m_transfers, &TransferRun::finished, this, &OnlineSession::transferFinished);
 }
 
 OnlineSession::~OnlineSession()
@@ -83,61 +80,48 @@ void OnlineSession::goOffline()
 
 bool OnlineSession::upload()
 {
+    const auto isInProject = [this](
+                                 const MappedValue &value) { return m_cycle.isInProject(value); };
     if (!canTransfer())
         return false;
-    QList<qsizetype> values;
-    values.reserve(m_map->values().size());
-    QList<OnlineOutcome> unmapped;
-    for (qsizetype i = 0; i < m_map->values().size(); ++i) {
-        const MappedValue &value = m_map->values().at(i);
-        if (m_cycle.isInProject(value))
-            values.append(i);
-        else
-            unmapped.append(OnlineOutcome::ofRead(value, OnlineOutcome::eKind::Unmapped));
-    }
-    for (const RegisterMap::Refusal &refusal : m_map->refusals())
-        unmapped.append(unmappedOutcome(refusal, eDirection::FromDrive));
-    return transfer(values, unmapped, eDirection::FromDrive);
+    m_transfers.read(TransferScope::ofUpload(*m_map, isInProject));
+    return true;
 }
 
 bool OnlineSession::download()
 {
+    const auto isInProject = [this](
+                                 const MappedValue &value) { return m_cycle.isInProject(value); };
     if (!canTransfer())
         return false;
-    QList<qsizetype> values;
-    for (qsizetype i = 0; i < m_map->values().size(); ++i) {
-        const MappedValue &value = m_map->values().at(i);
-        // What the project does not have is not to be written.
-        if (value.isSetting() && m_cycle.isInProject(value))
-            values.append(i);
-    }
-    QList<OnlineOutcome> unmapped;
-    for (const RegisterMap::Refusal &refusal : m_map->refusals()) {
-        if (refusal.isSetting)
-            unmapped.append(unmappedOutcome(refusal, eDirection::ToDrive));
-    }
-    return transfer(values, unmapped, eDirection::ToDrive);
+    m_transfers.write(TransferScope::ofDownload(*m_map, isInProject), {});
+    return true;
 }
 
 bool OnlineSession::readValues(const QList<ValuePlace> &places)
 {
-    return transferPlaces(places, eDirection::FromDrive);
+    if (!canTransfer())
+        return false;
+    m_transfers.read(scopeOf(places, eDirection::FromDrive));
+    return true;
 }
 
-bool OnlineSession::writeValues(const QList<ValuePlace> &places)
+bool OnlineSession::writeValues(
+    const QList<ValuePlace> &places, const QHash<ValuePlace, QString> &asked)
 {
-    return transferPlaces(places, eDirection::ToDrive);
+    if (!canTransfer())
+        return false;
+    m_transfers.write(scopeOf(places, eDirection::ToDrive), asked);
+    return true;
 }
 
 bool OnlineSession::writeValue(const ValuePlace &place)
 {
     if (m_state != eState::Online)
         return false;
-    const auto parameter = m_container.parameterInformation(place.coordinate);
-    const qsizetype value =
-        parameter ? m_map->indexOf(parameter->address(place.livingSpace, place.element)) : -1;
+    const qsizetype value = TransferScope::positionOf(*m_map, m_container, place);
     if (value < 0)
-        Q_EMIT valueReported(unmappedOutcome(place, eDirection::ToDrive));
+        Q_EMIT valueReported(UnmappedOutcome::of(*m_map, m_container, place, eDirection::ToDrive));
     else
         m_cycle.writeNow(value);
     return true;
@@ -249,7 +233,7 @@ bool OnlineSession::leave(eState next, const QString &reason)
     m_isLeaving = true;
     m_cycle.stop(reason);
     if (guard)
-        finishTransfer();
+        m_transfers.finish();
     // Also where a listener has deleted the session: nobody else would tell the container.
     if (container && before == eState::Online)
         container->setOnline(false);
@@ -261,150 +245,8 @@ bool OnlineSession::leave(eState next, const QString &reason)
     return guard && m_turns == turn && m_state == next;
 }
 
-bool OnlineSession::transferPlaces(const QList<ValuePlace> &places, eDirection direction)
+OnlineTransfer::Scope OnlineSession::scopeOf(
+    const QList<ValuePlace> &places, eDirection direction) const
 {
-    if (!canTransfer())
-        return false;
-    QList<qsizetype> values;
-    std::vector<bool> isNamed(std::size_t(m_map->values().size()));
-    QList<OnlineOutcome> unmapped;
-    for (const ValuePlace &place : places) {
-        const auto parameter = m_container.parameterInformation(place.coordinate);
-        const qsizetype value =
-            parameter ? m_map->indexOf(parameter->address(place.livingSpace, place.element)) : -1;
-        if (value < 0)
-            unmapped.append(unmappedOutcome(place, direction));
-        else if (!isNamed[std::size_t(value)])
-            values.append(value);
-        if (value >= 0)
-            isNamed[std::size_t(value)] = true;
-    }
-    return transfer(values, unmapped, direction);
-}
-
-bool OnlineSession::transfer(
-    const QList<qsizetype> &values, const QList<OnlineOutcome> &unmapped, eDirection direction)
-{
-    m_report = OnlineReport(m_map->values());
-    m_transfer = std::make_unique<Transfer>();
-    m_transfer->direction = direction;
-    m_transfer->isAwaited.resize(std::size_t(m_map->values().size()));
-    m_transfer->total = values.size();
-    m_report.reserve(values.size() + unmapped.size());
-    for (const qsizetype value : values)
-        m_transfer->isAwaited[std::size_t(value)] = true;
-    for (const OnlineOutcome &outcome : unmapped)
-        m_report.add(outcome);
-    const quint32 number = ++m_transfers;
-    const QPointer<OnlineSession> guard(this);
-    if (direction == eDirection::FromDrive)
-        m_cycle.read(values);
-    else
-        m_cycle.write(values);
-    for (const OnlineOutcome &outcome : unmapped) {
-        if (guard)
-            Q_EMIT valueReported(outcome);
-    }
-    if (!guard || !values.isEmpty())
-        return true;
-    // Also where there is nothing to wait for the end comes behind this call.
-    QMetaObject::invokeMethod(
-        this,
-        [this, number] {
-            if (m_transfers == number)
-                finishTransfer();
-        },
-        Qt::QueuedConnection);
-    return true;
-}
-
-void OnlineSession::onCame(const std::vector<OnlineCycle::Came> &values)
-{
-    const QPointer<OnlineSession> guard(this);
-    // A listener may call the drive anew, by another map.
-    const QList<MappedValue> mapped = m_map->values();
-    // Not for nobody: of most values there is nothing else to say.
-    static const QMetaMethod reported = QMetaMethod::fromSignal(&OnlineSession::valueReported);
-    const bool isHeard = isSignalConnected(reported);
-    bool hasProgress = false;
-    for (const auto &[value, kind] : values) {
-        if (takeOff(value, eDirection::FromDrive)) {
-            m_report.add(value, kind);
-            hasProgress = true;
-        }
-        if (!isHeard)
-            continue;
-        Q_EMIT valueReported(OnlineOutcome::ofRead(mapped.at(value), kind));
-        if (!guard)
-            return;
-    }
-    if (hasProgress)
-        tellProgress();
-}
-
-void OnlineSession::onFinished(const QList<OnlineCycle::Ended> &ended)
-{
-    const QPointer<OnlineSession> guard(this);
-    bool hasProgress = false;
-    for (const auto &[value, outcome] : ended) {
-        if (takeOff(value, outcome.isWrite ? eDirection::ToDrive : eDirection::FromDrive)) {
-            m_report.add(outcome);
-            hasProgress = true;
-        }
-        Q_EMIT valueReported(outcome);
-        if (!guard)
-            return;
-    }
-    if (hasProgress)
-        tellProgress();
-}
-
-bool OnlineSession::takeOff(qsizetype value, eDirection direction)
-{
-    if (!m_transfer || m_transfer->direction != direction || value < 0
-        || !m_transfer->isAwaited.at(std::size_t(value)))
-        return false;
-    m_transfer->isAwaited[std::size_t(value)] = false;
-    ++m_transfer->done;
-    return true;
-}
-
-void OnlineSession::tellProgress()
-{
-    if (!m_transfer)
-        return;
-    const QPointer<OnlineSession> guard(this);
-    Q_EMIT transferProgress(m_transfer->done, m_transfer->total);
-    if (guard && m_transfer && m_transfer->done == m_transfer->total)
-        finishTransfer();
-}
-
-void OnlineSession::finishTransfer()
-{
-    if (!m_transfer)
-        return;
-    m_transfer.reset();
-    // A listener may start the next transfer.
-    const OnlineReport report = m_report;
-    Q_EMIT transferFinished(report);
-}
-
-OnlineOutcome OnlineSession::unmappedOutcome(const ValuePlace &place, eDirection direction) const
-{
-    const auto parameter = m_container.parameterInformation(place.coordinate);
-    const RegisterMap::Refusal *refusal = parameter
-        ? m_map->refusalOf(parameter->address(place.livingSpace, place.element))
-        : nullptr;
-    if (refusal)
-        return unmappedOutcome(*refusal, direction);
-    return {place, parameter ? place.addressText(*parameter) : QString(),
-        OnlineOutcome::eKind::Unmapped, {}, {}, tr("der Antrieb hat kein Register dafür"),
-        direction == eDirection::ToDrive};
-}
-
-OnlineOutcome OnlineSession::unmappedOutcome(
-    const RegisterMap::Refusal &refusal, eDirection direction)
-{
-    return {refusal.place, refusal.address, OnlineOutcome::eKind::Unmapped, {}, {},
-        RegisterMap::reasonText(refusal.reason), direction == eDirection::ToDrive};
+    return TransferScope::ofPlaces(*m_map, m_container, places, direction);
 }

@@ -3,10 +3,10 @@
 #include "apps/online/FirstContact.h"
 #include "apps/online/Heartbeat.h"
 #include "apps/online/OnlineCycle.h"
-#include "apps/online/OnlineReport.h"
 #include "apps/online/OnlineRules.h"
 #include "apps/online/RegisterMap.h"
 #include "apps/online/RequestExchange.h"
+#include "apps/online/TransferRun.h"
 
 #include <QtCore/QObject>
 
@@ -56,13 +56,14 @@ public:
     /// Writes every value that the drive stores and lets be written, and reads each one back.
     bool download();
     bool readValues(const QList<ValuePlace> &places);
-    bool writeValues(const QList<ValuePlace> &places);
+    /// `asked` are native texts: what was to be written where functions have changed it since.
+    bool writeValues(const QList<ValuePlace> &places, const QHash<ValuePlace, QString> &asked = {});
     /// Writes what the container has and reads it back, also while a transfer runs and where it is what
     /// the container had before. **Refused** while not online: false. **Emits** valueReported.
     bool writeValue(const ValuePlace &place);
-    bool isTransferring() const { return m_transfer != nullptr; }
+    bool isTransferring() const { return m_transfers.isRunning(); }
     /// Of the running transfer, or of the last one.
-    const OnlineReport &report() const { return m_report; }
+    const OnlineReport &report() const { return m_transfers.report(); }
 
 Q_SIGNALS:
     void stateChanged(OnlineSession::eState state);
@@ -76,9 +77,7 @@ Q_SIGNALS:
     void transferFinished(const OnlineReport &report);
 
 private:
-    enum class eDirection { FromDrive, ToDrive };
-
-    struct Transfer;
+    using eDirection = OnlineOutcome::eDirection;
 
     void call();
     void onOpened();
@@ -93,19 +92,8 @@ private:
     bool leave(eState next, const QString &reason);
     void callLater();
 
-    bool canTransfer() const { return m_state == eState::Online && !m_transfer; }
-    bool transferPlaces(const QList<ValuePlace> &places, eDirection direction);
-    /// Positions in the map, and what has none.
-    bool transfer(
-        const QList<qsizetype> &values, const QList<OnlineOutcome> &unmapped, eDirection direction);
-    void onCame(const std::vector<OnlineCycle::Came> &values);
-    void onFinished(const QList<OnlineCycle::Ended> &ended);
-    /// Whether the running transfer waits for the value to go this way; it does not any more.
-    bool takeOff(qsizetype value, eDirection direction);
-    void tellProgress();
-    void finishTransfer();
-    OnlineOutcome unmappedOutcome(const ValuePlace &place, eDirection direction) const;
-    static OnlineOutcome unmappedOutcome(const RegisterMap::Refusal &refusal, eDirection direction);
+    bool canTransfer() const { return m_state == eState::Online && !m_transfers.isRunning(); }
+    OnlineTransfer::Scope scopeOf(const QList<ValuePlace> &places, eDirection direction) const;
 
     ParameterContainer &m_container;
     const OnlineRules m_rules;
@@ -116,6 +104,7 @@ private:
     OnlineCycle m_cycle;
     Heartbeat m_heartbeat;
     std::optional<RegisterMap> m_map;
+    TransferRun m_transfers;
     eState m_state = eState::Offline;
     /// Calls in a row that the drive did not answer.
     int m_failedCalls = 0;
@@ -126,9 +115,4 @@ private:
     bool m_isReturning = false;
     /// Changes of the state so far.
     quint32 m_turns = 0;
-    /// Null while none runs.
-    std::unique_ptr<Transfer> m_transfer;
-    /// Begun so far.
-    quint32 m_transfers = 0;
-    OnlineReport m_report;
 };

@@ -149,9 +149,12 @@ class FaultyLine:
 # Unit 1 has the values without axis, behind a header of 16 registers.
 A01_REGISTER = (1, 16)
 FAILED = "der Antrieb kann das in seinem Zustand nicht"
+A01_REFUSED = f"A01: abgelehnt - {FAILED}\n"
 A01_MISSING = (f"A01: abgelehnt - {FAILED}\n"
                "krparameter: nicht alle Werte des Antriebs wurden gelesen: 11 Werte: 9 unverändert, "
                "1 abgelehnt, 1 nicht übertragbar\n")
+WAY_OUT = "; --despite-unread geht ohne sie weiter\n"
+GOES_ON = "Ohne diese Werte geht es weiter.\n"
 
 
 class OnlineTest(unittest.TestCase):
@@ -166,6 +169,14 @@ class OnlineTest(unittest.TestCase):
     def write(self, name, upper):
         path = self.folder / name
         path.write_text(DEVICE.replace("UPPER", upper), encoding="utf-8")
+        return str(path)
+
+    def write_with_functions(self):
+        """A change of B01 leads to functions."""
+        path = self.folder / "functions.json"
+        path.write_text(DEVICE.replace("UPPER", "50000").replace(
+            '"INT32", "default": 5', '"INT32", "default": 5, "dependencies": {"postWrite": 1}'),
+            encoding="utf-8")
         return str(path)
 
     def drive(self, *options, device=None):
@@ -204,6 +215,10 @@ class Usage(OnlineTest):
             (["online", "download"], "online download braucht --project ORDNER"),
             (["online", "get", "A01", "--project", "p"], "online get kennt die Option --project nicht"),
             (["online", "get", "A01", "--seconds", "1"], "online get kennt die Option --seconds nicht"),
+            (["online", "get", "A01", "--despite-unread"],
+             "online get kennt die Option --despite-unread nicht"),
+            (["online", "upload", "--despite-unread"],
+             "online upload kennt die Option --despite-unread nicht"),
             (["online", "get", "A01", "--port", "65536"], "--port nimmt eine Zahl von 0 bis 65535"),
             (["online", "get", "A01", "--port", "x"], "--port nimmt eine Zahl von 0 bis 65535"),
             (["simulate", "x"], "simulate nimmt keine Argumente"),
@@ -364,6 +379,20 @@ class Set(OnlineTest):
         self.assertEqual(run.lines(), [{"address": "1.B03", "outcome": "altered",
                                         "sent": "0.123456789012", "kept": "0.12345679"}])
 
+    def test_shows_what_functions_made_of_it(self):
+        path = self.folder / "functions.json"
+        path.write_text(DEVICE.replace("UPPER", '50000').replace(
+            '"default": 4200', '"default": 4200, "dependencies": {"postWrite": 1}').replace(
+            '"default": 5}', '"default": 5, "functions": {"postWrite": 1}}').replace(
+            '  "parameters"', """  "functions": {"postWrite": {"1": "writeValueNative(1, 'B01', 0, 3)"}},
+  "parameters\""""), encoding="utf-8")
+        self.device = str(path)
+        drive = self.drive()
+        run = self.online(drive, "set", "1.B01", "7", "A01", "2.5")
+        self.check(run, DIFFERENCES, out="A01: geschrieben\n"
+                                         '1.B01: geschrieben wurde "7", der Antrieb hat "3"\n')
+        self.assertEqual([drive.value(text) for text in ("1.B01", "A01")], ["3", "2500"])
+
     def test_is_refused_by_the_description(self):
         drive = self.drive()
         run = self.online(drive, "set", "1.B01", "6", "A01", "50.001", "2.B01", "7")
@@ -382,12 +411,36 @@ class Set(OnlineTest):
     def test_is_not_writable(self):
         self.check(self.online(self.drive(), "set", "1.B02", "1"), NOT_WRITABLE, out="")
 
-    def test_writes_nothing_where_another_value_is_refused(self):
+    def test_writes_nothing_where_a_function_may_need_what_is_refused(self):
         # The unit and the limits of what is typed may follow from it.
+        self.device = self.write_with_functions()
         drive = self.drive()
         run = self.online(self.faulty(drive, refused=A01_REGISTER), "set", "1.B01", "6")
-        self.check(run, UNREADABLE, out="", err=A01_MISSING)
+        self.check(run, UNREADABLE, out="", err=A01_MISSING.rstrip("\n") + WAY_OUT)
         self.assertEqual(drive.value("1.B01"), "5")
+        run = self.online(self.faulty(drive, refused=A01_REGISTER), "set", "1.B01", "6", "2.B03", "7",
+                          "--despite-unread")
+        self.check(run, GOOD, out="1.B01: geschrieben\n2.B03: geschrieben\n", err=A01_REFUSED + GOES_ON)
+        self.assertEqual(drive.value("1.B01"), "6")
+
+    def test_writes_where_nothing_needs_what_is_refused(self):
+        drive = self.drive()
+        run = self.online(self.faulty(drive, refused=A01_REGISTER), "set", "1.B01", "6")
+        self.check(run, GOOD, out="1.B01: geschrieben\n", err=A01_REFUSED + GOES_ON)
+        self.assertEqual(drive.value("1.B01"), "6")
+
+    def test_writes_nothing_that_is_refused_itself(self):
+        drive = self.drive()
+        run = self.online(self.faulty(drive, refused=A01_REGISTER), "set", "1.B01", "6", "A01", "2.5",
+                          "--despite-unread")
+        self.check(run, UNREADABLE, out="", err=A01_MISSING)
+        self.assertEqual((drive.value("A01"), drive.value("1.B01")), ("4200", "5"))
+
+    def test_speaks_english_of_what_is_refused(self):
+        run = self.online(self.faulty(self.drive(), refused=A01_REGISTER), "set", "1.B01", "6",
+                          "--lang", "en")
+        self.check(run, GOOD, out="1.B01: written\n")
+        self.assertEqual(run.err.splitlines()[-1], "Going on without these values.")
 
     def test_names_no_more_than_twenty(self):
         path = self.folder / "many.json"
@@ -571,8 +624,24 @@ class Watch(OnlineTest):
         self.assertEqual({process.stdout.readline(), process.stdout.readline()},
                          {b"1.B02  Ist: 101\n", b"1.E48  Zustand: 1\n"})
 
-    def test_follows_nothing_where_a_value_is_refused(self):
-        run = self.online(self.faulty(self.drive(), refused=A01_REGISTER), "watch", "1.B01")
+    def test_follows_nothing_where_a_function_may_need_what_is_refused(self):
+        self.device = self.write_with_functions()
+        drive = self.drive()
+        line = self.faulty(drive, refused=A01_REGISTER)
+        run = self.online(line, "watch", "1.B01", "--seconds", "1")
+        self.check(run, UNREADABLE, out="", err=A01_MISSING.rstrip("\n") + WAY_OUT)
+        line = self.faulty(drive, refused=A01_REGISTER)
+        run = self.online(line, "watch", "1.B01", "--seconds", "1", "--despite-unread")
+        self.check(run, GOOD, out="1.B01  Zahl: 5\n", err=A01_REFUSED + GOES_ON)
+
+    def test_follows_what_needs_nothing_that_is_refused(self):
+        line = self.faulty(self.drive(), refused=A01_REGISTER)
+        self.check(self.online(line, "watch", "1.B01", "--seconds", "1"), GOOD,
+                   out="1.B01  Zahl: 5\n", err=A01_REFUSED + GOES_ON)
+
+    def test_follows_nothing_that_is_refused_itself(self):
+        line = self.faulty(self.drive(), refused=A01_REGISTER)
+        run = self.online(line, "watch", "1.B01", "A01", "--seconds", "1", "--despite-unread")
         self.check(run, UNREADABLE, out="", err=A01_MISSING)
 
     def test_notes_what_does_not_read_back(self):
@@ -675,6 +744,22 @@ class Action(OnlineTest):
         self.check(self.online(drive, "action", "1.C01"), NOT_WRITABLE, out="",
                    err="krparameter: die Aktion 1.C01[0] ist im Zustand des Antriebs nicht startbar\n")
         self.assertEqual(drive.value("1.C01[0]"), "0")
+
+    def test_starts_without_what_it_does_not_need(self):
+        drive = self.drive("--tick", "1")
+        run = self.online(self.faulty(drive, refused=A01_REGISTER), "action", "1.C02")
+        self.check(run, GOOD, out="Ergebnis: 1: gefunden\n")
+        self.assertTrue(run.err.startswith(A01_REFUSED + GOES_ON), run.err)
+
+    def test_is_not_startable_where_the_state_is_refused(self):
+        # E48 of axis 1 stands behind B01 to B03 and both actions.
+        drive = self.drive("--tick", "1")
+        run = self.online(self.faulty(drive, refused=(2, 30)), "action", "1.C01", "--despite-unread")
+        self.check(run, UNREADABLE, out="")
+        self.assertTrue(run.err.startswith(f"1.E48: abgelehnt - {FAILED}\n"), run.err)
+        self.assertEqual(drive.value("1.C01[0]"), "0")
+        run = self.online(self.faulty(drive, refused=(2, 30)), "action", "1.C02")
+        self.check(run, GOOD, out="Ergebnis: 1: gefunden\n")
 
     def test_is_not_for_everybody(self):
         self.check(self.online(self.drive(), "action", "C01", "--access-level", "1"), NOT_WRITABLE,

@@ -30,6 +30,34 @@ struct Stand : OnlineStand {
     std::optional<ActionRun> run;
 };
 
+/// Progress and result are read before the control, each in a block of its own.
+QByteArray partedDevice()
+{
+    return OnlineDevice::description().replace(
+        "\"enableOffRequired\": 1,\n        \"onlineOrder\": 6", "\"onlineOrder\": 8");
+}
+
+/// An action that is under way, of which one round of reads is sent and not answered.
+struct RunningStand : Stand {
+    RunningStand()
+        : Stand(partedDevice())
+    {
+        run->start();
+        settle();
+        clock->advance(100);
+    }
+    /// The drive ends the action behind the block with the progress.
+    void endBetweenTheBlocks(quint16 percent)
+    {
+        while (link->sent.constFirst().span != RegisterSpan {2, 19, 1})
+            link->answer(link->take());
+        registerAt("1.C01[1]") = percent;
+        registerAt("1.C01[2]") = 1;
+        registerAt("1.C01[0]") = 0;
+        link->answer(link->take());
+    }
+};
+
 } // namespace
 
 class tst_ActionRun : public QObject {
@@ -39,6 +67,10 @@ private Q_SLOTS:
     void startsThoughAReadFailsMeanwhile();
     void losesAStartWithTheLine();
     void isRefused();
+    void believesNoProgressThatIsOlderThanItsEnd();
+    void believesNoProgressOfTheRunBefore();
+    void endsWhereItsProgressIsRefused();
+    void endsBehindAStartThatIsReadBackAlone();
     void knowsItsProgressWhereItIsScaled();
     void outlivesItsContainerWithoutAWord();
 };
@@ -105,6 +137,63 @@ void tst_ActionRun::isRefused()
     s.settle();
     QVERIFY(s.run->end());
     QCOMPARE(*s.run->end(), eEnd::NotStarted);
+}
+
+void tst_ActionRun::believesNoProgressThatIsOlderThanItsEnd()
+{
+    for (const quint16 percent : {quint16(100), quint16(40)}) {
+        RunningStand s;
+        s.registerAt("1.C01[1]") = 30;
+        s.endBetweenTheBlocks(percent);
+        QCoreApplication::processEvents();
+        QVERIFY(!s.run->end());
+        s.settle();
+        QCoreApplication::processEvents();
+        QVERIFY(s.run->end());
+        QCOMPARE(*s.run->end(), percent == 100 ? eEnd::Done : eEnd::BrokenOff);
+        QCOMPARE(s.run->stateText(), QStringLiteral("Ergebnis: 1"));
+    }
+}
+
+void tst_ActionRun::believesNoProgressOfTheRunBefore()
+{
+    RunningStand s;
+    // Of the run before.
+    s.registerAt("1.C01[1]") = 100;
+    s.endBetweenTheBlocks(40);
+    s.settle();
+    QCoreApplication::processEvents();
+    QCOMPARE(s.run->end(), std::optional(eEnd::BrokenOff));
+}
+
+void tst_ActionRun::endsWhereItsProgressIsRefused()
+{
+    RunningStand s;
+    s.endBetweenTheBlocks(100);
+    s.turn();
+    int refused = 0;
+    for (; !s.link->sent.isEmpty(); ++refused)
+        s.link->answer(s.link->take(), eKind::Refused);
+    QVERIFY(refused > 0);
+    QCoreApplication::processEvents();
+    QCOMPARE(s.run->end(), std::optional(eEnd::BrokenOff));
+}
+
+void tst_ActionRun::endsBehindAStartThatIsReadBackAlone()
+{
+    Stand s;
+    s.run->start();
+    s.link->answer(s.link->take());
+    // The drive lets nobody read the record as a whole.
+    s.link->answer(s.link->take(), eKind::Refused);
+    s.registerAt("1.C01[0]") = 0;
+    s.registerAt("1.C01[1]") = 100;
+    s.link->answer(s.link->take());
+    QCoreApplication::processEvents();
+    QVERIFY(!s.run->end());
+    s.settle();
+    QCoreApplication::processEvents();
+    QCOMPARE(s.run->end(), std::optional(eEnd::Done));
 }
 
 void tst_ActionRun::knowsItsProgressWhereItIsScaled()

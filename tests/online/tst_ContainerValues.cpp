@@ -22,6 +22,8 @@ private Q_SLOTS:
     void tellsWhatWasWrittenOverTheDrives_data();
     void tellsWhatWasWrittenOverTheDrives();
     void tellsFunctionsFromListeners();
+    void tellsRepliesToFunctionsFromFunctions_data();
+    void tellsRepliesToFunctionsFromFunctions();
     void comparesWhatADriveMeans_data();
     void comparesWhatADriveMeans();
 };
@@ -245,6 +247,75 @@ void tst_ContainerValues::tellsFunctionsFromListeners()
     log.clear();
     container.writeValueNative(eLivingSpace::Global, at("A01"), 0, QStringLiteral("6"));
     QCOMPARE(log, (QStringList {QStringLiteral("here A01"), QStringLiteral("here A02")}));
+}
+
+void tst_ContainerValues::tellsRepliesToFunctionsFromFunctions_data()
+{
+    QTest::addColumn<QString>("replyTo");
+    QTest::addColumn<bool>("isValueText");
+    QTest::addColumn<QStringList>("told");
+
+    const auto row = [](const char *name, const char *replyTo, bool isValueText,
+                         const QStringList &told) {
+        QTest::newRow(name) << QString::fromLatin1(replyTo) << isValueText << told;
+    };
+    const QStringList toFirst {
+        QStringLiteral("function A02"), QStringLiteral("here A04"), QStringLiteral("function A03")};
+    row("to a function's change", "A02", false, toFirst);
+    row("to the shown value of it", "A02", true,
+        {QStringLiteral("here A04"), QStringLiteral("function A02"),
+            QStringLiteral("function A03")});
+    row("to what follows from it", "A03", false,
+        {QStringLiteral("function A02"), QStringLiteral("function A03"),
+            QStringLiteral("here A04")});
+}
+
+void tst_ContainerValues::tellsRepliesToFunctionsFromFunctions()
+{
+    QFETCH(QString, replyTo);
+    QFETCH(bool, isValueText);
+    QFETCH(QStringList, told);
+
+    // A02 follows A01, and A03 follows A02.
+    const OnlineDevice device(R"device({"format": "kr-device-description", "version": 1,
+      "family": {"identifier": 9, "name": "Device", "hasPhysicalAxes": true, "axes": [1]},
+      "languages": ["de"], "dataTypes": ["UINT16"],
+      "functions": {"postWrite": {
+        "1": ["writeValueNative(0, 'A02', 0, 10 * readValueNative(0, 'A01'))"],
+        "2": ["writeValueNative(0, 'A03', 0, 1 + readValueNative(0, 'A02'))"]}},
+      "parameters": [
+        {"number": 1, "coordinates": ["A01"], "name": "N", "global": true,
+         "elements": [{"dataType": "UINT16", "dependencies": {"postWrite": 1}}]},
+        {"number": 2, "coordinates": ["A02"], "name": "N", "global": true,
+         "elements": [{"dataType": "UINT16", "dependencies": {"postWrite": 2},
+                       "functions": {"postWrite": 1}}]},
+        {"number": 3, "coordinates": ["A03"], "name": "N", "global": true,
+         "elements": [{"dataType": "UINT16", "functions": {"postWrite": 2}}]},
+        {"number": 4, "coordinates": ["A04"], "name": "N", "global": true,
+         "elements": [{"dataType": "UINT16"}]}]})device");
+    const auto project = device.open();
+    ParameterContainer &container = project->container();
+    const RegisterMap map(container);
+    ContainerValues values(container);
+    QStringList log;
+    connect(&values, &ContainerValues::changedHere, &values, [&log](const ParameterAddress &at) {
+        log += QLatin1String("here ") + at.toText(true, false);
+    });
+    connect(
+        &values, &ContainerValues::changedByFunction, &values, [&log](const ParameterAddress &at) {
+            log += QLatin1String("function ") + at.toText(true, false);
+        });
+    connect(&container,
+        isValueText ? &ParameterProvider::parameterValueChanged
+                    : &ParameterProvider::parameterNativeValueChanged,
+        &values, [&](const ParameterAddress &changed) {
+            if (changed.toText(true, false) == replyTo)
+                container.writeValueNative(eLivingSpace::Global, at("A04"), 0, QStringLiteral("8"));
+        });
+    values.adopt(
+        map.values().at(map.indexOf(address("A01"))), QByteArray::fromHex("0007"), &values);
+    QCOMPARE(log, told);
+    QCOMPARE(values.nativeText(map.values().at(map.indexOf(address("A03")))), QStringLiteral("71"));
 }
 
 void tst_ContainerValues::comparesWhatADriveMeans_data()

@@ -4,35 +4,11 @@
 
 using eState = OnlineSession::eState;
 
-namespace {
-
-/// Each of two values writes the other one, ten times itself, when it changes.
-QByteArray correctingDevice()
-{
-    return R"device({"format": "kr-device-description", "version": 1,
-      "family": {"identifier": 9, "name": "Device", "hasPhysicalAxes": true, "axes": [1]},
-      "languages": ["de"], "dataTypes": ["UINT16"],
-      "functions": {"postWrite": {
-        "1": ["writeValueNative(0, 'A02', 0, 10 * readValueNative(0, 'A01') % 1000)"],
-        "2": ["writeValueNative(0, 'A01', 0, 10 * readValueNative(0, 'A02') % 1000)"]}},
-      "parameters": [
-        {"number": 1, "coordinates": ["A01"], "name": "N", "global": true,
-         "elements": [{"dataType": "UINT16", "dependencies": {"postWrite": 1},
-                       "functions": {"postWrite": 2}}]},
-        {"number": 2, "coordinates": ["A02"], "name": "N", "global": true,
-         "elements": [{"dataType": "UINT16", "dependencies": {"postWrite": 2},
-                       "functions": {"postWrite": 1}}]}]})device";
-}
-
-} // namespace
-
 class tst_OnlineListeners : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void sendsWhatListenersWrite();
-    void readsWhatFunctionsMake();
-    void endsWhereFunctionsCorrectEachOther();
     void reportsAWriteOverWhatCameBack();
     void endsAWriteThatAListenerEnds();
     void endsATransferThatGoesOfflineAtItsBegin();
@@ -69,58 +45,6 @@ void tst_OnlineListeners::sendsWhatListenersWrite()
     s.write("2.B01", "11");
     s.settle();
     QCOMPARE(s.registerAt("A01"), quint16(8));
-}
-
-void tst_OnlineListeners::readsWhatFunctionsMake()
-{
-    // A02 follows A01, but not the other way round.
-    OnlineStand s(onlineRules(),
-        correctingDevice().replace(
-            "10 * readValueNative(0, 'A02') % 1000", "readValueNative(0, 'A01')"));
-    s.beOnline();
-    s.registerAt("A01") = 7;
-    s.registerAt("A02") = 5;
-    s.session->readValues({{at("A01"), eLivingSpace::Global, 0}});
-    s.turn();
-    QVERIFY(s.link->sent.constFirst().isRead());
-    s.link->answer(s.link->take());
-    QCOMPARE(s.native("A01"), QStringLiteral("7"));
-    QCOMPARE(s.native("A02"), QStringLiteral("70"));
-    // The drive has a result of its own, and keeps it.
-    s.settle();
-    QCOMPARE(s.native("A01"), QStringLiteral("7"));
-    QCOMPARE(s.native("A02"), QStringLiteral("5"));
-    QCOMPARE(s.registerAt("A02"), quint16(5));
-}
-
-void tst_OnlineListeners::endsWhereFunctionsCorrectEachOther()
-{
-    OnlineStand s(onlineRules(), correctingDevice());
-    s.beOnline();
-    s.registerAt("A01") = 7;
-    s.registerAt("A02") = 5;
-    s.session->readValues({{at("A01"), eLivingSpace::Global, 0}});
-    int requests = 0;
-    do {
-        s.turn();
-        while (!s.link->sent.isEmpty() && requests < 100) {
-            const FakeLink::Sent request = s.link->take();
-            // The drive has its own results: nothing is written.
-            QVERIFY(request.isRead());
-            ++requests;
-            s.link->answer(request);
-        }
-        s.turn();
-    } while (!s.link->sent.isEmpty() && requests < 100);
-    // What the function made is read, but not without end.
-    QVERIFY(requests >= 2);
-    QVERIFY2(requests <= 4, qPrintable(QString::number(requests)));
-    // The functions go on until both are 0, whatever is stored; the drive has its own.
-    QCOMPARE(s.native("A01"), QStringLiteral("0"));
-    QCOMPARE(s.native("A02"), QStringLiteral("0"));
-    QCOMPARE(s.registerAt("A01"), quint16(7));
-    QCOMPARE(s.registerAt("A02"), quint16(5));
-    QVERIFY(!s.session->isTransferring());
 }
 
 void tst_OnlineListeners::reportsAWriteOverWhatCameBack()

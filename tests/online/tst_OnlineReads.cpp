@@ -31,6 +31,7 @@ private Q_SLOTS:
     void asksAgainForWhatAWriteOvertook();
     void hearsOfASecondCancel();
     void reportsWhatHasNoRegister();
+    void reportsAWholeParameterWithoutRegister();
     void reportsWhatTheProjectDoesNotHave();
     void downloadsWhatTheProjectHas();
     void reportsWhatIsDeletedMeanwhile();
@@ -124,7 +125,7 @@ void tst_OnlineReads::reportsEveryValueInOrder()
     for (const OnlineOutcome &outcome : s.session->report().outcomes())
         outcomes.append(outcome.toText());
     QCOMPARE(outcomes,
-        texts({": nicht übertragbar - der Antrieb hat kein Register dafür",
+        texts({"1.Z01: nicht übertragbar - der Antrieb hat kein Register dafür",
             "1.B01: abgelehnt - reason", "1.B02: geändert"}));
     const ValuePlace changed {at("B02"), eLivingSpace::Axis1, 0};
     QCOMPARE(s.session->report().outcomes().constLast().place, changed);
@@ -190,7 +191,7 @@ void tst_OnlineReads::readsSingleValues()
     QVERIFY(s.session->readValues({place, {at("Z99"), eLivingSpace::Axis1, 0}, place}));
     s.settle();
     QCOMPARE(s.take(),
-        texts({": nicht übertragbar - der Antrieb hat kein Register dafür", "A01: geändert",
+        texts({"1.Z99: nicht übertragbar - der Antrieb hat kein Register dafür", "A01: geändert",
             "2 Werte: 1 geändert, 1 nicht übertragbar"}));
 }
 
@@ -395,7 +396,7 @@ void tst_OnlineReads::reportsWhatHasNoRegister()
     s.link->comeUp();
     s.link->answerAll();
     QVERIFY(s.take().contains(
-        QStringLiteral("1.Y01[0]: nicht übertragbar - der Antrieb hat kein Register dafür")));
+        QStringLiteral("1.Y01: nicht übertragbar - der Antrieb hat kein Register dafür")));
 
     const auto parameter = s.container.parameterSetup(at("A01"));
     const QSignalSpy canceled(parameter, &ParameterInformation::allElementsConsistenceOnceCanceled);
@@ -403,14 +404,30 @@ void tst_OnlineReads::reportsWhatHasNoRegister()
     QCOMPARE(canceled.size(), 1);
     s.container.writeValueNative(eLivingSpace::Global, at("A01"), 1, QStringLiteral("3"));
     QCOMPARE(s.take(),
-        texts({"A01[1]: nicht übertragbar - der Antrieb hat kein Register dafür",
-            "A01[1]: nicht übertragbar - der Antrieb hat kein Register dafür"}));
+        texts({"A01[1]: nicht übertragbar - das Gerät hat dieses Element nicht",
+            "A01[1]: nicht übertragbar - das Gerät hat dieses Element nicht"}));
     s.settle();
     s.take();
     QVERIFY(s.session->upload());
     s.settle();
     QVERIFY(s.take().contains(
         QStringLiteral("A01[1]: nicht übertragbar - das Gerät hat dieses Element nicht")));
+}
+
+void tst_OnlineReads::reportsAWholeParameterWithoutRegister()
+{
+    // Longer than one request can write.
+    OnlineStand s(onlineRules(),
+        OnlineDevice::description()
+            .replace("\"STRING8\"]", "\"RAW\"]")
+            .replace("\"dataType\": \"STRING8\"", "\"dataType\": \"RAW\""));
+    s.beOnline();
+    s.container.dispatchParameterOnlineConsistenceNeed(address("A03"), true);
+    s.write("A03", "x");
+    const char *text =
+        "A03: nicht übertragbar - der Wert ist länger als die 123 Register, die eine Anfrage "
+        "schreibt";
+    QCOMPARE(s.take(), texts({text, text}));
 }
 
 void tst_OnlineReads::reportsWhatTheProjectDoesNotHave()
