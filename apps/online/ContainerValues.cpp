@@ -12,7 +12,6 @@
 namespace {
 
 constexpr bool BigEndian = true;
-constexpr bool FromDevice = true;
 
 } // namespace
 
@@ -38,7 +37,9 @@ QString ContainerValues::nativeText(const MappedValue &value) const
 
 QString ContainerValues::nativeText(const ValuePlace &place) const
 {
-    return m_container.readValueNative(place.livingSpace, place.coordinate, place.element, false);
+    const ParameterSetup *parameter = parameterAt(place.coordinate);
+    return parameter ? parameter->nativeValueText(place.livingSpace, place.element, false)
+                     : QString();
 }
 
 bool ContainerValues::holds(const MappedValue &value) const
@@ -86,7 +87,7 @@ ContainerValues::Adopted ContainerValues::adopt(
         last = hearLast(adoption);
     // A listener may have the next value of the drive stored.
     Adoption *const outer = std::exchange(m_adoption, &adoption);
-    store(adoption, bytes);
+    store(adoption);
     if (!guard)
         return {};
     m_adoption = outer;
@@ -96,7 +97,9 @@ ContainerValues::Adopted ContainerValues::adopt(
         return {false, before.isNull() ? adoption.text : before};
     if (adoption.changes == 1 && CarriedValue::hasPlainText(*adoption.type))
         return {true, std::move(adoption.text)};
-    const QString now = nativeText(adoption.place);
+    const QString now = adoption.changes == 1 && !adoption.leadsToFunctions
+        ? adoption.text
+        : nativeText(adoption.place);
     if (!CarriedValue::isSame(*adoption.type, adoption.text, now))
         return {true, std::move(adoption.text)};
     // "1.50" that became "1.5" is no news.
@@ -108,13 +111,9 @@ bool ContainerValues::isSame(const MappedValue &value, const QString &sent, cons
     return CarriedValue::isSame(*value.type, sent, kept);
 }
 
-// Most of what a drive has takes the shorter of two ways that lead to the same.
-void ContainerValues::store(const Adoption &adoption, const QByteArray &bytes)
+// The container would make the same text of the bytes.
+void ContainerValues::store(const Adoption &adoption)
 {
-    if (!CarriedValue::hasPlainText(*adoption.type)) {
-        m_container.setNativeValueBinary(adoption.address, bytes, BigEndian, FromDevice);
-        return;
-    }
     const ValuePlace &place = adoption.place;
     if (ParameterSetup *parameter = parameterAt(place.coordinate))
         parameter->setOnlineValueText(place.livingSpace, place.element, adoption.text);

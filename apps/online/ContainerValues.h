@@ -80,7 +80,7 @@ private:
     ParameterSetup *parameterAt(const ParameterCoordinate &coordinate) const;
     /// Tells when all others have been told of a change.
     std::array<QMetaObject::Connection, 2> hearLast(const Adoption &adoption);
-    void store(const Adoption &adoption, const QByteArray &bytes);
+    void store(const Adoption &adoption);
     void onChanged(const ParameterAddress &address);
     /// Whether the change is the drive's value itself, and no other one that was written over it.
     bool isAdoption(const ParameterAddress &address);

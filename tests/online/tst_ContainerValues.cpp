@@ -336,6 +336,18 @@ void tst_ContainerValues::comparesWhatADriveMeans_data()
     row("no number", "UINT16", "x", "0", false);
     row("neighbours of 64 bits", "UINT64", "18446744073709551615", "18446744073709551614", false);
     row("the same real", "REAL32", "1.50", "1.5", true);
+    row("the same real with an exponent", "REAL32", "1.5e3", "1500", true);
+    row("the same real with a sign", "REAL32", "+1.5", "1.5", true);
+    row("the same real between blanks", "REAL32", " 1.5 ", "1.5", true);
+    row("another real behind the same digits", "REAL32", "1.5", "1.51", false);
+    row("a real of more than 32 letters", "REAL64", "0.50000000000000000000000000000000000", "0.5",
+        true);
+    row("both no number", "REAL32", "nan", "NAN", true);
+    row("both infinite", "REAL32", "inf", "INF", true);
+    row("infinite on the other side", "REAL32", "inf", "-inf", false);
+    row("the same letters that are no number", "REAL32", "1.5x", "1.5x", true);
+    row("a letter behind the number", "REAL32", "1.5x", "1.5", false);
+    row("an empty text", "REAL32", "", "0", false);
     row("a real that was rounded", "REAL32", "0.1234567890123", "0.12345679", false);
     row("a text that was cut", "STRING8", "abcdefghi", "abcdefgh", false);
     row("a text that looks like the same number", "STRING8", "1.0", "1", false);
