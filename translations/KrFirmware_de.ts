@@ -363,5 +363,37 @@
         <source>a profile must not depend on itself</source>
         <translation>ein Profil darf nicht von sich selbst abhängen</translation>
     </message>
+    <message>
+        <source>unknown</source>
+        <translation>unbekannt</translation>
+    </message>
+    <message>
+        <source>there is no container</source>
+        <translation>es gibt keinen Container</translation>
+    </message>
+    <message>
+        <source>limit, scaling and hiding functions only read</source>
+        <translation>Funktionen für Grenzen, Skalierung und Ausblenden lesen nur</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not a local and cannot be set</source>
+        <translation>&apos;%1&apos; ist nicht lokal und kann nicht gesetzt werden</translation>
+    </message>
+    <message>
+        <source>after a write or a message this is not known any more; read it into a local before</source>
+        <translation>nach dem Schreiben oder einer Meldung ist dies nicht mehr bekannt; zuvor in eine lokale Variable lesen</translation>
+    </message>
+    <message>
+        <source>the parameter has no such field</source>
+        <translation>der Parameter hat kein solches Feld</translation>
+    </message>
+    <message>
+        <source>the parameter&apos;s fields are read only</source>
+        <translation>die Felder des Parameters werden nur gelesen</translation>
+    </message>
+    <message>
+        <source>line %1:%2</source>
+        <translation>Zeile %1:%2</translation>
+    </message>
 </context>
 </TS>

@@ -22,7 +22,7 @@ InterfaceLanguage::InterfaceLanguage(const QString &language)
 
 InterfaceLanguage::~InterfaceLanguage() = default;
 
-/// The texts are written in German, for which there is no file.
+/// All texts but those of the firmware library are written in German; of German only these have a file.
 void InterfaceLanguage::installTranslations(const QString &language)
 {
     const QDir folder(TranslationFolder);

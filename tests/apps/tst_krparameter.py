@@ -320,7 +320,7 @@ class Check(CommandLineTest):
     def test_function_that_is_no_program(self):
         path = self.description(functions={"limit": {"1": "return ="}})
         self.check(Run("--device", path, "check"), DIFFERENCES, err="",
-                   out="functions.limit.1: line 1: unexpected symbol near '='\n")
+                   out="functions.limit.1: Zeile 1: unexpected symbol near '='\n")
         self.assertEqual(Run("--device", path, "info").code, UNREADABLE)
 
     def test_function_that_fails(self):

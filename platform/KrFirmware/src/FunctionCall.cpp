@@ -70,7 +70,7 @@ QString FunctionCall::name()
     try {
         coordinate = address().coordinate().toText();
     } catch (const ParameterException &) {
-        coordinate = QStringLiteral("unknown");
+        coordinate = FindingText::tr("unknown");
     }
     return FindingText::tr("%1 function %2 of parameter %3, element %4")
         .arg(kindName(m_kind))

@@ -1,5 +1,6 @@
 #include "LuaCallbacks.h"
 
+#include "FindingText.h"
 #include "FunctionCall.h"
 #include "LuaQuestion.h"
 #include "NativeValue.h"
@@ -43,7 +44,7 @@ Place placeArguments(lua_State *state)
 CallbackProvider &callbacks(lua_State *state, const FunctionContext &context)
 {
     if (!context.callbacks())
-        LuaValue::raise(state, "there is no container");
+        LuaValue::raise(state, FindingText::tr("there is no container"));
     return *context.callbacks();
 }
 
@@ -64,7 +65,7 @@ void act(lua_State *state, qint64 price, Act action)
     const LuaQuestion question(state);
     FunctionCall *const call = question.context().call();
     if (!call->mayAct())
-        LuaValue::raise(state, "limit, scaling and hiding functions only read");
+        LuaValue::raise(state, FindingText::tr("limit, scaling and hiding functions only read"));
     question.charge(price);
     CallbackProvider &provider = callbacks(state, question.context());
     question.answer([&] {

@@ -1,7 +1,9 @@
 #include "LuaLibrary.h"
 
+#include "FindingText.h"
 #include "LuaCallbacks.h"
 #include "LuaParameter.h"
+#include "LuaValue.h"
 
 #include <lua.hpp>
 
@@ -24,7 +26,8 @@ int refuseWrite(lua_State *state)
 {
     const char *const name =
         lua_type(state, 2) == LUA_TSTRING ? lua_tostring(state, 2) : luaL_typename(state, 2);
-    return luaL_error(state, "'%s' is not a local and cannot be set", name);
+    LuaValue::raise(state,
+        FindingText::tr("'%1' is not a local and cannot be set").arg(QString::fromUtf8(name)));
 }
 
 /// Copies named fields of the table on top of the stack into a new one, which takes its place.

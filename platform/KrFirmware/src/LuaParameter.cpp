@@ -1,5 +1,6 @@
 #include "LuaParameter.h"
 
+#include "FindingText.h"
 #include "FunctionCall.h"
 #include "LuaQuestion.h"
 #include "NativeValue.h"
@@ -111,7 +112,8 @@ const ParameterData &dataOf(lua_State *state, const FunctionCall &call)
 {
     if (!call.data())
         LuaValue::raise(state,
-            "after a write or a message this is not known any more; read it into a local before");
+            FindingText::tr("after a write or a message this is not known any more; read it into a "
+                            "local before"));
     return *call.data();
 }
 
@@ -134,7 +136,7 @@ int readValue(lua_State *state)
     FunctionCall &call = callOf(state);
     CallbackProvider *const callbacks = LuaQuestion::contextOf(state).callbacks();
     if (!callbacks)
-        LuaValue::raise(state, "there is no container");
+        LuaValue::raise(state, FindingText::tr("there is no container"));
     return pushAnswer(state, ValuePrice, [&] {
         return NativeValue::ask(
             *callbacks, call.livingSpace(), call.address().coordinate().toNumber(), call.element());
@@ -178,7 +180,7 @@ int index(lua_State *state)
     case LUA_TNUMBER:
         break;
     default:
-        return luaL_error(state, "the parameter has no such field");
+        LuaValue::raise(state, FindingText::tr("the parameter has no such field"));
     }
     FunctionCall &call = callOf(state);
     const lua_Integer position = lua_tointeger(state, -1);
@@ -190,7 +192,7 @@ int index(lua_State *state)
 
 int refuseWrite(lua_State *state)
 {
-    return luaL_error(state, "the parameter's fields are read only");
+    LuaValue::raise(state, FindingText::tr("the parameter's fields are read only"));
 }
 
 void pushNames(lua_State *state)

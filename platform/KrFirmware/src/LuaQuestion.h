@@ -32,7 +32,7 @@ public:
         decltype(ask()) result {};
         const std::optional<QByteArray> failure = attempt([&] { result = ask(); });
         if (failure)
-            LuaValue::raise(m_state, failure->constData());
+            LuaValue::raise(m_state, QString::fromUtf8(*failure));
         goOn();
         return result;
     }

@@ -22,10 +22,12 @@ constexpr QLatin1StringView TooDeep("C stack overflow");
 /// An error text of Lua, "line:3: reason", as "line 3: reason".
 QString readable(const QString &error)
 {
-    QString text = error.left(MostReasonSize);
-    if (text.startsWith(LinePrefix))
-        text[LinePrefix.size() - 1] = u' ';
-    return text;
+    const QString text = error.left(MostReasonSize);
+    const qsizetype end = text.indexOf(u':', LinePrefix.size());
+    if (!text.startsWith(LinePrefix) || end < 0)
+        return text;
+    const QString line = text.mid(LinePrefix.size(), end - LinePrefix.size());
+    return FindingText::tr("line %1:%2").arg(line, text.mid(end + 1));
 }
 
 /// What an error was raised with.

@@ -168,8 +168,8 @@ quint16 LuaValue::coordinateArgument(lua_State *state, int position)
     return coordinate.toNumber();
 }
 
-void LuaValue::raise(lua_State *state, const char *reason)
+void LuaValue::raise(lua_State *state, const QString &reason)
 {
-    luaL_error(state, "%s", reason);
+    luaL_error(state, "%s", reason.toUtf8().constData());
     Q_UNREACHABLE();
 }

@@ -28,6 +28,6 @@ QString textArgument(lua_State *state, int position);
 quint16 coordinateArgument(lua_State *state, int position);
 
 /// Raises the reason, with the line of the function that is to blame.
-[[noreturn]] void raise(lua_State *state, const char *reason);
+[[noreturn]] void raise(lua_State *state, const QString &reason);
 
 } // namespace LuaValue
