@@ -753,10 +753,6 @@
         <translation>The values are those of the drive %1. Replace the values in the folder &quot;%2&quot; by them?</translation>
     </message>
     <message>
-        <source>Im Ordner stehen Werte, die nicht von diesem Antrieb gelesen wurden.</source>
-        <translation>The folder holds values that were not read from this drive.</translation>
-    </message>
-    <message>
         <source>Im Ordner stehen die Werte des Antriebs %1.</source>
         <translation>The folder holds the values of the drive %1.</translation>
     </message>
@@ -784,6 +780,10 @@
         <source>Beenden</source>
         <translation>Quit</translation>
     </message>
+    <message>
+        <source>Von welchem Antrieb die Werte im Ordner sind, ist nicht bekannt.</source>
+        <translation>It is not known which drive the values in the folder are from.</translation>
+    </message>
 </context>
 <context>
     <name>WriteObstacle</name>
@@ -806,6 +806,10 @@
     <message>
         <source>%1 ist nur online schreibbar.</source>
         <translation>%1 can be written online only.</translation>
+    </message>
+    <message>
+        <source>%1 ist jetzt nicht schreibbar.</source>
+        <translation>%1 cannot be written now.</translation>
     </message>
 </context>
 </TS>

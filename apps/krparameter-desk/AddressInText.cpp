@@ -40,6 +40,18 @@ ParameterAddress subjectOf(const QStringList &words)
     return isNamed || word.endsWith(QLatin1Char(':')) ? addressOf(word) : ParameterAddress();
 }
 
+/// The first of a list behind a colon.
+ParameterAddress listed(const QStringList &words)
+{
+    for (qsizetype i = 1; i < words.size(); ++i) {
+        if (!words.at(i - 1).endsWith(QLatin1Char(':')))
+            continue;
+        if (const ParameterAddress address = addressOf(words.at(i)); address.isValid())
+            return address;
+    }
+    return {};
+}
+
 } // namespace
 
 ParameterAddress AddressInText::ofTitle(const QString &title)
@@ -57,5 +69,5 @@ ParameterAddress AddressInText::ofMessage(const QString &text, const IsKnown &is
         if (address.isValid() && isKnown(address))
             return address;
     }
-    return {};
+    return listed(words);
 }

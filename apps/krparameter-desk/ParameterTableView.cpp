@@ -120,6 +120,8 @@ bool ParameterTableView::edit(const QModelIndex &index, EditTrigger trigger, QEv
         : QString();
     if (obstacle.isEmpty())
         return QTableView::edit(index, trigger, event);
+    // The click may have led to a row that is cut at the edge; scrolling later would take the note away.
+    scrollTo(index);
     note(index, obstacle);
     // Otherwise the letter would look for another row.
     return true;
@@ -128,6 +130,10 @@ bool ParameterTableView::edit(const QModelIndex &index, EditTrigger trigger, QEv
 void ParameterTableView::resizeEvent(QResizeEvent *event)
 {
     QTableView::resizeEvent(event);
+    // Neither another height nor a scroll bar that comes or goes moves what the user scrolled to.
+    const bool isWider = width() > std::exchange(m_width, width());
+    if (!isWider)
+        return;
     const int end = horizontalHeader()->sectionPosition(ParameterTableModel::Value)
         + columnWidth(ParameterTableModel::Value);
     const int needed = std::max(0, end - viewport()->width());

@@ -54,6 +54,8 @@ private:
 
     ValueDelegate *m_delegate;
     RejectionNote *m_note;
+    /// At the last change of the size.
+    int m_width = 0;
     ColumnFitter *m_columns = nullptr;
     /// That was current last, also while its row is not shown.
     std::optional<ValuePlace> m_place;

@@ -75,7 +75,7 @@ bool WindowDialogs::agreesToSaveFromDrive(
         tr("Die Werte sind die des Antriebs %1. Sollen sie die Werte im Ordner \"%2\" ersetzen?")
             .arg(drive, QDir(folder).dirName());
     const QString before = folderDrive.isEmpty()
-        ? tr("Im Ordner stehen Werte, die nicht von diesem Antrieb gelesen wurden.")
+        ? tr("Von welchem Antrieb die Werte im Ordner sind, ist nicht bekannt.")
         : tr("Im Ordner stehen die Werte des Antriebs %1.").arg(folderDrive);
     return agrees(question,
         before + QLatin1Char('\n') + tr("Strg+Umschalt+S speichert in einen anderen Ordner."),

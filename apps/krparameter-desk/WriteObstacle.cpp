@@ -6,6 +6,13 @@
 #include <KrParameterInstance/ParameterInformation.h>
 #include <KrSystem/System.h>
 
+namespace {
+
+/// Kind of the choices that are written online only.
+constexpr int OnlineChoice = 2;
+
+} // namespace
+
 WriteObstacle::eKind WriteObstacle::kindOf(const Facts &facts)
 {
     if (facts.isNeverWritten)
@@ -16,7 +23,9 @@ WriteObstacle::eKind WriteObstacle::kindOf(const Facts &facts)
         return eKind::ReadOnly;
     if (facts.isConnecting)
         return eKind::Connecting;
-    return facts.isWritable ? eKind::None : eKind::OnlineOnly;
+    if (facts.isOffline)
+        return eKind::OnlineOnly;
+    return facts.isWritable ? eKind::None : eKind::Unexplained;
 }
 
 QString WriteObstacle::text(
@@ -32,6 +41,8 @@ QString WriteObstacle::text(
         .isReadOnly = parameter.parameterContainer()->isReadOnly(),
         .isNeverWritten =
             parameter.elementProperty(place.element, eParameterProperty::NoWrite).asInt32() != 0,
+        .isOffline = parameter.kind(place.element) == OnlineChoice
+            && !parameter.parameterContainer()->isOnline(),
         .writeLevel = level,
         .userLevel = System::information()->userAccessLevel(),
     });
@@ -52,6 +63,8 @@ QString WriteObstacle::text(
         return tr("%1 ist erst ab Zugriffsstufe %2 schreibbar.").arg(address).arg(level);
     case eKind::OnlineOnly:
         return tr("%1 ist nur online schreibbar.").arg(address);
+    case eKind::Unexplained:
+        return tr("%1 ist jetzt nicht schreibbar.").arg(address);
     }
     return {};
 }

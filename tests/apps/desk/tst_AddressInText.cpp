@@ -57,6 +57,12 @@ void tst_AddressInText::ofMessage_data()
     QTest::newRow("the first one that is known")
         << QStringLiteral("Stecker M12 fehlt an B01") << QStringLiteral("1.B001[00000]");
     QTest::newRow("none that is known") << QStringLiteral("Stecker M12 fehlt") << none;
+    QTest::newRow("none of a list that is known") << QStringLiteral(
+        "1 Abschnitte übersprungen, das Gerät hat diese Parameter nicht: X099, X98")
+                                                  << QStringLiteral("1.X099[00000]");
+    QTest::newRow("one of a list that is known")
+        << QStringLiteral("übersprungen: X099, B01") << QStringLiteral("1.B001[00000]");
+    QTest::newRow("no list") << QStringLiteral("Stecker: keiner") << none;
     QTest::newRow("also an unknown one that it is about")
         << QStringLiteral("Parameter X99: ersetzt durch B01") << QStringLiteral("1.X099[00000]");
     QTest::newRow("also without its kind")

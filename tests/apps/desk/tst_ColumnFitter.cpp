@@ -27,6 +27,7 @@ private Q_SLOTS:
     void narrowWindow();
     void tooNarrowWindow();
     void narrowWindowBeginsWithTheAddress();
+    void whatTheUserScrolledToStays();
     void wideWindowHasRoomForChoices();
     void searchMovesNoColumn();
     void widthsFollowTheLanguage();
@@ -237,6 +238,22 @@ void tst_ColumnFitter::narrowWindowBeginsWithTheAddress()
     QCoreApplication::processEvents();
     const QRect value = desk().table().visualRect(desk().model().indexOf(place("C02", 1)));
     QVERIFY(value.right() <= desk().table().viewport()->rect().right());
+}
+
+/// Whatever becomes of the height, and of the scroll bar beside the rows.
+void tst_ColumnFitter::whatTheUserScrolledToStays()
+{
+    resize(700);
+    QScrollBar *bar = desk().table().horizontalScrollBar();
+    bar->setValue(bar->maximum());
+    const int value = bar->value();
+    QVERIFY(value > 0);
+    desk().window->resize(desk().window->width(), desk().window->height() - 100);
+    QCoreApplication::processEvents();
+    QCOMPARE(bar->value(), value);
+    desk().window->resize(desk().window->width(), desk().window->height() + 400);
+    QCoreApplication::processEvents();
+    QCOMPARE(bar->value(), std::min(value, bar->maximum()));
 }
 
 void tst_ColumnFitter::wideWindowHasRoomForChoices()

@@ -234,7 +234,7 @@ void tst_WindowDialogs::agreesToSaveFromDrive_data()
                           "Strg+Umschalt+S speichert in einen anderen Ordner.");
     QTest::newRow("of one that nobody knows")
         << QString()
-        << QStringLiteral("Im Ordner stehen Werte, die nicht von diesem Antrieb gelesen wurden.\n"
+        << QStringLiteral("Von welchem Antrieb die Werte im Ordner sind, ist nicht bekannt.\n"
                           "Strg+Umschalt+S speichert in einen anderen Ordner.");
 }
 

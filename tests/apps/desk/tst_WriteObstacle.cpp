@@ -19,17 +19,20 @@ void tst_WriteObstacle::kindOf_data()
     const auto row = [](const char *name, const WriteObstacle::Facts &facts, eKind expected) {
         QTest::newRow(name) << facts << int(expected);
     };
-    // Connecting, writable, read only, never written, write level, level of the user.
-    row("writable", {false, true, false, false, 4, 4}, eKind::None);
-    row("one level too low", {false, false, false, false, 5, 4}, eKind::Level);
-    row("a level that nobody has", {false, false, false, false, 7, 6}, eKind::Level);
-    row("while it connects", {true, true, false, false, 4, 4}, eKind::Connecting);
-    row("read only", {false, false, true, false, 4, 4}, eKind::ReadOnly);
-    row("read only stays behind the connecting", {true, false, true, false, 4, 4}, eKind::ReadOnly);
-    row("the level stays without read only", {false, false, true, false, 5, 4}, eKind::Level);
-    row("never, whatever the level", {true, false, true, true, 7, 4}, eKind::NeverWritten);
-    row("nothing else explains it", {false, false, false, false, 4, 4}, eKind::OnlineOnly);
-    row("online only, while it connects", {true, false, false, false, 4, 4}, eKind::Connecting);
+    // Connecting, writable, read only, never written, online only and offline, write level, level of the user.
+    row("writable", {false, true, false, false, false, 4, 4}, eKind::None);
+    row("one level too low", {false, false, false, false, false, 5, 4}, eKind::Level);
+    row("a level that nobody has", {false, false, false, false, false, 7, 6}, eKind::Level);
+    row("while it connects", {true, true, false, false, false, 4, 4}, eKind::Connecting);
+    row("read only", {false, false, true, false, false, 4, 4}, eKind::ReadOnly);
+    row("read only stays behind the connecting", {true, false, true, false, false, 4, 4},
+        eKind::ReadOnly);
+    row("the level stays without read only", {false, false, true, false, false, 5, 4},
+        eKind::Level);
+    row("never, whatever the level", {true, false, true, true, false, 7, 4}, eKind::NeverWritten);
+    row("offline", {false, false, false, false, true, 4, 4}, eKind::OnlineOnly);
+    row("nothing explains it", {false, false, false, false, false, 4, 4}, eKind::Unexplained);
+    row("offline, while it connects", {true, false, false, false, true, 4, 4}, eKind::Connecting);
 }
 
 void tst_WriteObstacle::kindOf()
