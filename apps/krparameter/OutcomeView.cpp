@@ -9,14 +9,15 @@ using eKind = OnlineOutcome::eKind;
 namespace {
 
 /// The worst last.
-eExitCode writeCode(eKind kind)
+eExitCode writeCode(const OnlineOutcome &outcome)
 {
-    switch (kind) {
+    switch (outcome.kind) {
     case eKind::Altered:
         return eExitCode::Differences;
     case eKind::Refused:
         return eExitCode::ValueRejected;
     case eKind::Lost:
+        return outcome.isWrite ? eExitCode::WriteFailed : eExitCode::UnreadableInput;
     case eKind::Unmapped:
         return eExitCode::WriteFailed;
     default:
@@ -30,7 +31,7 @@ eExitCode OutcomeView::writeCode(const OnlineReport &report)
 {
     eExitCode code = eExitCode::Good;
     for (const OnlineOutcome &outcome : report.outcomes())
-        code = std::max(code, ::writeCode(outcome.kind));
+        code = std::max(code, ::writeCode(outcome));
     return code;
 }
 

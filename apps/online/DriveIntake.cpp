@@ -166,6 +166,7 @@ void DriveIntake::onBlockFailed(const BlockPlan::Block &block, const OnlineAnswe
     const quint32 run = m_runs;
     const bool isRefused = answer.kind == OnlineAnswer::eKind::Refused;
     QList<Ended> news;
+    QList<Ended> unreviewed;
     const QList<ValuePlace> waiting = m_waits.takeLost(block.values);
     for (const qsizetype value : block.values) {
         const MappedValue &mapped = m_map->values().at(value);
@@ -174,16 +175,30 @@ void DriveIntake::onBlockFailed(const BlockPlan::Block &block, const OnlineAnswe
         const bool isReviewed = m_reviews.done(value);
         Request &request = m_requests[std::size_t(value)];
         // What a drive refuses among all that its functions may have changed it always does.
-        if (request.isReview || (isReviewed && !isRefused))
+        const bool isStale = request.isReview || (isReviewed && !isRefused);
+        const Ended outcome =
+            ended(value, mapped, isRefused ? eKind::Refused : eKind::Lost, answer.reason);
+        if (isStale) {
             m_schedule.chase(value, ReadSchedule::eFirst::Later);
-        if (request.isOnce || (isCyclic && !request.hasFailed)) {
-            news.append(
-                ended(value, mapped, isRefused ? eKind::Refused : eKind::Lost, answer.reason));
+            unreviewed.append(outcome);
+        } else if (request.isOnce || (isCyclic && !request.hasFailed)) {
+            news.append(outcome);
         }
         request = {};
         request.hasFailed = isCyclic;
     }
     const QPointer<QObject> guard(this);
+    // Before anything is taken in: a listener of that may end the run, and nobody else knows of these.
+    if (!news.isEmpty())
+        Q_EMIT failed(news);
+    if (guard && !unreviewed.isEmpty())
+        Q_EMIT reviewFailed(unreviewed);
+    for (const ValuePlace &place : waiting) {
+        if (guard)
+            m_waits.cancel(place);
+    }
+    if (!guard || m_runs != run)
+        return;
     // Who waits for what does not come waits no more.
     for (const qsizetype value : block.values) {
         if (!takeHeads(value, std::numeric_limits<quint32>::max(), guard))
@@ -192,12 +207,6 @@ void DriveIntake::onBlockFailed(const BlockPlan::Block &block, const OnlineAnswe
     m_schedule.arm();
     if (!m_news.empty())
         Q_EMIT came(std::exchange(m_news, {}));
-    if (guard && m_runs == run && !news.isEmpty())
-        Q_EMIT failed(news);
-    for (const ValuePlace &place : waiting) {
-        if (guard && m_runs == run)
-            m_waits.cancel(place);
-    }
     if (guard && m_runs == run)
         Q_EMIT blockTaken();
 }

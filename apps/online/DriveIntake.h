@@ -71,7 +71,9 @@ Q_SIGNALS:
     void came(const std::vector<DriveIntake::Came> &values);
     /// Values that were asked for once did not come, or cyclic reads failed for the first time.
     void failed(const QList<DriveIntake::Ended> &ended);
-    /// Behind both.
+    /// What functions made of these values is not known. They are read again later.
+    void reviewFailed(const QList<DriveIntake::Ended> &ended);
+    /// Behind all of them.
     void blockTaken();
 
 private:

@@ -13,6 +13,16 @@
 
 using eKind = OnlineOutcome::eKind;
 
+namespace {
+
+/// State of an action that does not run.
+bool isResting(const QByteArray &state)
+{
+    return state.count('\0') == state.size();
+}
+
+} // namespace
+
 DriveWriter::DriveWriter(RequestExchange &exchange, ContainerValues &values)
     : m_exchange(exchange)
     , m_values(values)
@@ -207,7 +217,8 @@ void DriveWriter::conclude(qsizetype value, quint32 request, const OnlineAnswer 
         send(value);
         return;
     }
-    if (isHeadAlone(mapped, span)) {
+    // One that runs is taken at once, as behind any write.
+    if (isHeadAlone(mapped, span) && isResting(bytes)) {
         concludeHead(value, request, bytes);
         return;
     }

@@ -37,6 +37,7 @@ OnlineCycle::OnlineCycle(ParameterContainer &container, RequestExchange &exchang
     connect(&m_writer, &DriveWriter::headReadBack, &m_intake, &DriveIntake::onBlockRead);
     connect(&m_intake, &DriveIntake::came, this, &OnlineCycle::came);
     connect(&m_intake, &DriveIntake::failed, this, &OnlineCycle::finished);
+    connect(&m_intake, &DriveIntake::reviewFailed, this, &OnlineCycle::disputed);
     connect(&m_intake, &DriveIntake::blockTaken, this, &OnlineCycle::settle);
     connect(&m_writer, &DriveWriter::finished, this, &OnlineCycle::onWritten);
     connect(&m_writer, &DriveWriter::leftUnknown, this, &OnlineCycle::onLeftUnknown);
@@ -68,11 +69,19 @@ void OnlineCycle::stop(const QString &reason)
     m_exchange.clear();
     m_reader.stop();
     m_schedule.stop();
-    m_reviews.clear();
     const DriveIntake::Rest rest = m_intake.stop();
+    const auto unread = [&](qsizetype value) {
+        return DriveIntake::ended(value, map->values().at(value), eKind::Lost, reason);
+    };
+    QList<Ended> unreviewed;
+    for (const qsizetype value : m_reviews.awaited())
+        unreviewed.append(unread(value));
     QList<Ended> lost;
-    for (const qsizetype value : rest.once)
-        lost.append(DriveIntake::ended(value, map->values().at(value), eKind::Lost, reason));
+    for (const qsizetype value : rest.once) {
+        if (!m_reviews.isAwaited(value))
+            lost.append(unread(value));
+    }
+    m_reviews.clear();
     for (const qsizetype value : m_writer.stop()) {
         lost.append({value, OnlineOutcome::ofWrite(map->values().at(value), eKind::Lost, reason)});
     }
@@ -83,6 +92,8 @@ void OnlineCycle::stop(const QString &reason)
     const QPointer<OnlineCycle> guard(this);
     if (!rest.news.empty())
         Q_EMIT came(rest.news);
+    if (guard && !unreviewed.isEmpty())
+        Q_EMIT disputed(unreviewed);
     if (guard && !lost.isEmpty())
         Q_EMIT finished(lost);
     for (const ValuePlace &place : waiting) {
@@ -150,8 +161,12 @@ void OnlineCycle::reviewAll()
 void OnlineCycle::settle()
 {
     const ReviewRound::eNext next = m_map ? m_reviews.next() : ReviewRound::eNext::Wait;
-    if (next == ReviewRound::eNext::ReadAll && m_writer.isIdle())
-        reviewAll();
+    if (next == ReviewRound::eNext::ReadAll) {
+        // However long others are being written.
+        m_reviews.beginAnew();
+        if (m_writer.isIdle())
+            reviewAll();
+    }
     if (next != ReviewRound::eNext::Rest)
         return;
     QList<Ended> news;

@@ -35,8 +35,9 @@ public:
     bool isRunning() const { return m_map != nullptr; }
     /// **Owner** the caller; the map outlives the run.
     void start(const RegisterMap &map);
-    /// Ends the run. **Emits** came for what did, finished for every value that is awaited: lost, for this
-    /// reason; for one that is awaited both ways its read, then its write.
+    /// Ends the run. **Emits** came for what did, disputed for what was to be read again, finished for every
+    /// other value that is awaited: lost, for this reason; for one that is awaited both ways its read, then
+    /// its write.
     void stop(const QString &reason);
 
     /// Whether the container has the value; a project may have fewer elements than the device.
@@ -62,7 +63,8 @@ Q_SIGNALS:
     /// Values that were asked for once did not come, writes came to their end, cyclic reads failed for
     /// the first time, or what is asked for has no register.
     void finished(const QList<OnlineCycle::Ended> &ended);
-    /// Functions of the device change these values again whenever the container gets what the drive has.
+    /// The container has something else than the drive: functions of the device change these values again
+    /// whenever it gets what the drive has, or they were to be read again and did not come.
     void disputed(const QList<OnlineCycle::Ended> &ended);
     /// What functions made of values has been read, or was given up.
     void reviewed();

@@ -77,7 +77,8 @@ QList<OnlineOutcome> OnlineTransfer::close(const Kept &kept)
     const QList<OnlineOutcome> told = m_report.outcomes();
     m_report = OnlineReport(m_values);
     for (const OnlineOutcome &outcome : told)
-        m_report.add(news.contains(outcome.place) ? news.take(outcome.place) : outcome);
+        m_report.add(
+            news.contains(outcome.place) ? merged(outcome, news.take(outcome.place)) : outcome);
     // Functions reach also what was not to be transferred.
     for (const OnlineOutcome &dispute : disputes) {
         if (news.remove(dispute.place))
@@ -86,6 +87,16 @@ QList<OnlineOutcome> OnlineTransfer::close(const Kept &kept)
     std::sort(differing.begin(), differing.end(),
         [](const auto &a, const auto &b) { return a.address < b.address; });
     return differing;
+}
+
+OnlineOutcome OnlineTransfer::merged(const OnlineOutcome &told, OnlineOutcome now)
+{
+    if (!told.isWrite || now.isWrite)
+        return now;
+    now.sent = told.sent;
+    now.kept = told.kept;
+    now.isWrite = true;
+    return now;
 }
 
 OnlineOutcome OnlineTransfer::compare(

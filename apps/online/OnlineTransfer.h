@@ -47,6 +47,8 @@ public:
 
 private:
     bool takeOff(qsizetype value, eDirection direction);
+    /// A value that was written stays one, whatever was read of it later.
+    static OnlineOutcome merged(const OnlineOutcome &told, OnlineOutcome now);
     /// What the drive has in the end says about a value that it took.
     static OnlineOutcome compare(const OnlineOutcome &told, const MappedValue &value,
         const QString &asked, const QString &kept);

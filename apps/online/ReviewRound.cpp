@@ -35,8 +35,15 @@ ReviewRound::eNext ReviewRound::next() const
     return m_mayHaveRunFunctions ? eNext::ReadAll : eNext::Rest;
 }
 
+QList<qsizetype> ReviewRound::awaited() const
+{
+    QList<qsizetype> values(m_values.cbegin(), m_values.cend());
+    std::sort(values.begin(), values.end());
+    return values;
+}
+
 QList<qsizetype> ReviewRound::rest()
 {
-    m_bound.rest();
+    beginAnew();
     return std::exchange(m_disputed, {});
 }

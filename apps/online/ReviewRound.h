@@ -29,9 +29,14 @@ public:
         return m_values.contains(value) && request < m_lastRun;
     }
 
+    bool isAwaited(qsizetype value) const { return m_values.contains(value); }
+    /// Still to be read, ascending.
+    QList<qsizetype> awaited() const;
     bool isRunning() const { return !m_values.isEmpty() || !m_disputed.isEmpty(); }
     bool mayHaveRunFunctions() const { return m_mayHaveRunFunctions; }
     eNext next() const;
+    /// Everything that was changed here has been read: what functions change from now on is a new round.
+    void beginAnew() { m_bound.rest(); }
     /// Ends a round at rest. What was given up in it for the first time.
     QList<qsizetype> rest();
 

@@ -111,13 +111,19 @@ void TransferRun::onFinished(const QList<OnlineCycle::Ended> &ended)
 void TransferRun::onDisputed(const QList<OnlineCycle::Ended> &ended)
 {
     const QPointer<TransferRun> guard(this);
+    bool hasProgress = false;
     for (const auto &[value, outcome] : ended) {
-        if (m_transfer)
+        // A value that came before is not what the drive has any more.
+        if (m_transfer && m_transfer->add(value, outcome))
+            hasProgress = true;
+        else if (m_transfer)
             m_transfer->dispute(outcome);
         Q_EMIT valueReported(outcome);
         if (!guard)
             return;
     }
+    if (hasProgress)
+        tellProgress();
 }
 
 void TransferRun::tellProgress()
@@ -159,6 +165,8 @@ void TransferRun::finish()
 {
     if (!m_transfer)
         return;
+    // Of a drive that went nothing can be compared any more.
+    m_transfer->close([](const MappedValue &) { return std::optional<QString>(); });
     m_report = m_transfer->report();
     m_transfer.reset();
     // A listener may start the next transfer.

@@ -71,6 +71,8 @@ private Q_SLOTS:
     void believesNoProgressOfTheRunBefore();
     void endsWhereItsProgressIsRefused();
     void endsBehindAStartThatIsReadBackAlone();
+    void runsOnBehindAStopThatIsReadBackAlone_data();
+    void runsOnBehindAStopThatIsReadBackAlone();
     void knowsItsProgressWhereItIsScaled();
     void outlivesItsContainerWithoutAWord();
 };
@@ -194,6 +196,41 @@ void tst_ActionRun::endsBehindAStartThatIsReadBackAlone()
     s.settle();
     QCoreApplication::processEvents();
     QCOMPARE(s.run->end(), std::optional(eEnd::Done));
+}
+
+void tst_ActionRun::runsOnBehindAStopThatIsReadBackAlone_data()
+{
+    QTest::addColumn<bool>("isRefused");
+    QTest::newRow("refused") << true;
+    QTest::newRow("taken, but not done yet") << false;
+}
+
+void tst_ActionRun::runsOnBehindAStopThatIsReadBackAlone()
+{
+    QFETCH(bool, isRefused);
+    Stand s;
+    // The drive lets nobody read the record as a whole, and runs the action on.
+    const auto answerAll = [&s](bool isRefusing) {
+        for (s.turn(); !s.link->sent.isEmpty(); s.turn()) {
+            const FakeLink::Sent request = s.link->take();
+            const bool isWhole = request.isRead() && request.span.count > 1;
+            if (isWhole || (isRefusing && !request.isRead()))
+                s.link->answer(request, eKind::Refused);
+            else
+                s.link->answer(request);
+            s.registerAt("1.C01[0]") = 1;
+            QCoreApplication::processEvents();
+        }
+    };
+    s.run->start();
+    answerAll(false);
+    QVERIFY(!s.run->end());
+    s.registerAt("1.C01[1]") = 30;
+    s.run->await();
+    s.container.writeValueNative(eLivingSpace::Axis1, at("C01"), 0, QStringLiteral("0"));
+    answerAll(isRefused);
+    QVERIFY(!s.run->end());
+    QCOMPARE(s.native("1.C01[0]"), QStringLiteral("1"));
 }
 
 void tst_ActionRun::knowsItsProgressWhereItIsScaled()

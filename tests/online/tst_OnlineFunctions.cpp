@@ -1,5 +1,6 @@
 #include "tests/online/OnlineStand.h"
 
+#include <QtCore/QSet>
 #include <QtTest/QTest>
 
 #include <functional>
@@ -110,7 +111,10 @@ private Q_SLOTS:
     void readsWhatFunctionsMake();
     void readsWhatAChainOfFunctionsMakes();
     void endsAnUploadWithWhatTheDriveHas();
+    void reportsWhatIsLostBehindFunctions();
+    void reportsWhatGoesWithTheDriveBehindFunctions();
     void endsWhereFunctionsCorrectEachOther();
+    void countsNoCorrectionsWhereEachRoundComesToRest();
     void readsWhatTheDrivesFunctionsMadeOfAWrite();
     void readsWhatTheDrivesFunctionsMadeUntilItComes();
     void readsNothingThatWasAskedForBeforeTheDrivesFunctionsRan();
@@ -166,6 +170,47 @@ void tst_OnlineFunctions::endsAnUploadWithWhatTheDriveHas()
     QCOMPARE(natives, texts({"7", "5", "3"}));
 }
 
+/// What came first is not what the drive has once a function wrote over it.
+void tst_OnlineFunctions::reportsWhatIsLostBehindFunctions()
+{
+    Stand s(chainDevice());
+    s.put(7, 5, 3);
+    QVERIFY(s.session->upload());
+    QSet<int> read;
+    for (s.turn(); !s.link->sent.isEmpty(); s.clock->advance(50)) {
+        const FakeLink::Sent request = s.link->take();
+        const bool isAgain = read.contains(request.span.first);
+        read.insert(request.span.first);
+        if (isAgain)
+            s.link->answer(request, OnlineAnswer::eKind::Busy);
+        else
+            s.link->answer(request);
+    }
+    QCOMPARE(s.natives(), texts({"7", "70", "71"}));
+    QCOMPARE(s.take(),
+        texts({"A03: geändert", "A02: geändert", "A01: geändert", "A04: unverändert",
+            "A03: verloren - reason", "A02: verloren - reason",
+            "4 Werte: 1 unverändert, 1 geändert, 2 verloren"}));
+}
+
+void tst_OnlineFunctions::reportsWhatGoesWithTheDriveBehindFunctions()
+{
+    Stand s(chainDevice());
+    s.put(7, 5, 3);
+    QVERIFY(s.session->upload());
+    s.turn();
+    while (s.native("A01") != QLatin1String("7"))
+        s.link->answer(s.link->take());
+    QVERIFY(s.session->isTransferring());
+    s.link->breakDown();
+    QVERIFY(!s.session->isTransferring());
+    QCOMPARE(s.take(),
+        texts({"A03: geändert", "A02: geändert", "A01: geändert", "A04: unverändert",
+            "A02: verloren - broken", "A03: verloren - broken",
+            "4 Werte: 1 unverändert, 1 geändert, 2 verloren", "container offline", "offline",
+            "failed: broken"}));
+}
+
 void tst_OnlineFunctions::endsWhereFunctionsCorrectEachOther()
 {
     Stand s(correctingDevice());
@@ -206,6 +251,47 @@ void tst_OnlineFunctions::endsWhereFunctionsCorrectEachOther()
     }
     QCOMPARE(requests, 2);
     QCOMPARE(s.take(), texts({"A01: geändert", "1 Werte: 1 geändert"}));
+}
+
+/// Twelve values are written of which the drive makes 9; A20 is their sum, and a thousand more in the drive.
+void tst_OnlineFunctions::countsNoCorrectionsWhereEachRoundComesToRest()
+{
+    constexpr int Count = 12;
+    const auto place = [](int i) { return QStringLiteral("A%1").arg(i, 2, 10, QLatin1Char('0')); };
+    QString parameters;
+    QString sum = QStringLiteral("0");
+    for (int i = 1; i <= Count; ++i) {
+        parameters += QStringLiteral(
+            R"({"number": %1, "coordinates": ["%2"], "name": "N", "global": true,
+                "elements": [{"dataType": "UINT16", "default": 10, "onlineOrder": %1,
+                              "dependencies": {"postWrite": 1}}]},)")
+                          .arg(i)
+                          .arg(place(i));
+        sum += QStringLiteral(" + readValueNative(0, '%1')").arg(place(i));
+    }
+    Stand s(QByteArray(R"device({"format": "kr-device-description", "version": 1,
+          "family": {"identifier": 9, "name": "Device", "hasPhysicalAxes": true, "axes": [1]},
+          "languages": ["de"], "dataTypes": ["UINT16"],
+          "functions": {"postWrite": {"1": ["writeValueNative(0, 'A20', 0, SUM)"]}},
+          "parameters": [PARAMETERS
+            {"number": 20, "coordinates": ["A20"], "name": "N", "global": true,
+             "elements": [{"dataType": "UINT16", "functions": {"postWrite": 1}, "noWrite": 1,
+                           "memoryAllocation": 1}]}]})device")
+                .replace("SUM", sum.toUtf8())
+                .replace("PARAMETERS", parameters.toUtf8()));
+    QVERIFY(s.session->download());
+    s.settleWith([&](int registerNumber) {
+        quint16 total = 1000;
+        for (int i = 1; i <= Count; ++i) {
+            quint16 &value = s.registerAt(qPrintable(place(i)));
+            if (registerNumber == 15 + i)
+                value = 9;
+            total += value;
+        }
+        s.registerAt("A20") = total;
+    });
+    QCOMPARE(s.native("A20"), QStringLiteral("1108"));
+    QCOMPARE(s.session->report().summary(), QStringLiteral("12 Werte: 12 vom Antrieb verändert"));
 }
 
 void tst_OnlineFunctions::readsWhatTheDrivesFunctionsMadeOfAWrite()

@@ -15,6 +15,7 @@ private Q_SLOTS:
     void goesOfflineWhenToldWhileItLosesTheDrive();
     void callsOnceWhereAListenerCalls();
     void leavesTheContainerOfflineWhenDeletedWhileItLosesTheDrive();
+    void tellsWhatFailedBeforeAListenerEndsTheRun();
     void survivesListeners_data();
     void survivesListeners();
 };
@@ -154,6 +155,43 @@ void tst_OnlineListeners::leavesTheContainerOfflineWhenDeletedWhileItLosesTheDri
     s.link->breakDown();
     QVERIFY(!s.session);
     QVERIFY(!s.container.isOnline());
+}
+
+/// The state of the action waits for its result, which does not come; who hears of the state goes offline.
+void tst_OnlineListeners::tellsWhatFailedBeforeAListenerEndsTheRun()
+{
+    OnlineStand s(onlineRules(),
+        OnlineDevice::description()
+            .replace("\"enableOffRequired\": 1,\n        \"onlineOrder\": 6", "\"onlineOrder\": 5")
+            .replace("\"Fortschritt\", \"profile\": \"measured\", \"dataType\": \"UINT8\",\n"
+                     "        \"onlineOrder\": 6",
+                "\"Fortschritt\", \"profile\": \"measured\", \"dataType\": \"UINT8\",\n"
+                "        \"onlineOrder\": 7"));
+    s.beOnline();
+    s.registerAt("1.C01[0]") = 1;
+    QObject context;
+    connect(&s.container, &ParameterProvider::parameterValueChanged, &context,
+        [&s](const ParameterAddress &changed) {
+            if (changed == address("1.C01[0]"))
+                s.session->goOffline();
+        });
+    const ParameterCoordinate action = at("C01");
+    s.session->readValues({{action, eLivingSpace::Axis1, 0}, {action, eLivingSpace::Axis1, 1},
+        {action, eLivingSpace::Axis1, 2}});
+    for (s.turn(); !s.link->sent.isEmpty(); s.clock->advance(50)) {
+        const FakeLink::Sent request = s.link->take();
+        if (request.span.first <= 19)
+            s.link->answer(request);
+        else
+            s.link->answer(request, OnlineAnswer::eKind::Refused);
+    }
+    QStringList told;
+    for (const OnlineOutcome &outcome : s.session->report().outcomes())
+        told.append(outcome.toText());
+    told.sort();
+    QCOMPARE(told,
+        texts({"1.C01[0]: verloren - die Verbindung wurde getrennt", "1.C01[1]: abgelehnt - reason",
+            "1.C01[2]: unverändert"}));
 }
 
 void tst_OnlineListeners::survivesListeners_data()
