@@ -2,11 +2,11 @@
 
 #include "snapshot/ParameterValueSnapshotWidgetPrivate.h"
 #include "tests/snapshot/SnapshotFixture.h"
+#include "tests/support/TestSettings.h"
 
 #include <KrParameterInstance/ParameterValueSnapshot.h>
 
 #include <QtCore/QProcess>
-#include <QtCore/QSettings>
 #include <QtCore/QStandardPaths>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QUrl>
@@ -30,6 +30,7 @@ private:
     QByteArray browse(const QString &fileName, const QStringList &options) const;
 
     QString m_browser;
+    const TestSettings m_settings;
     QTemporaryDir m_folder;
 };
 
@@ -65,10 +66,6 @@ void tst_BrowserReport::initTestCase()
     m_browser = QStandardPaths::findExecutable(QStringLiteral("chromium"));
     if (m_browser.isEmpty())
         QSKIP("no Chromium is installed (Debian's package chromium; scripts/setup checks)");
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder.path());
-    QCoreApplication::setOrganizationName(QStringLiteral("KrTest"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_BrowserReport"));
 }
 
 /// Of one parameter that changed from 11 to 12, by the widget's own button.

@@ -5,6 +5,7 @@
 #include "tests/snapshot/AddressFilter.h"
 #include "tests/snapshot/SnapshotFixture.h"
 #include "tests/support/GoldenFile.h"
+#include "tests/support/TestSettings.h"
 
 #include <KrParameterInstance/ParameterValueSnapshot.h>
 #include <KrSystem/System.h>
@@ -12,7 +13,6 @@
 
 #include <QtCore/QFile>
 #include <QtCore/QRegularExpression>
-#include <QtCore/QSettings>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 #include <QtWidgets/QBoxLayout>
@@ -23,7 +23,6 @@ class tst_ParameterValueSnapshotWidget : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void init();
     void cleanup();
 
@@ -78,6 +77,7 @@ private:
     void answerDialog(const QString &fileName);
     void click(int button);
 
+    const TestSettings m_settings;
     QTemporaryDir m_directory;
     std::unique_ptr<SnapshotFixture> m_fixture;
     std::vector<std::unique_ptr<ParameterValueSnapshot>> m_snapshots;
@@ -108,14 +108,6 @@ void appendVisible(QStringList &texts, const QTreeWidget &tree, QTreeWidgetItem 
 }
 
 } // namespace
-
-void tst_ParameterValueSnapshotWidget::initTestCase()
-{
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_directory.path());
-    QCoreApplication::setOrganizationName(QStringLiteral("KrTest"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_ParameterValueSnapshotWidget"));
-}
 
 /// A00 "Speed" on two axes in rpm, B01 "Table" with the elements 0 and 2.
 void tst_ParameterValueSnapshotWidget::init()

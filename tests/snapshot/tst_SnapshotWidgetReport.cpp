@@ -1,13 +1,13 @@
 #include "snapshot/ParameterValueSnapshotWidgetPrivate.h"
 #include "tests/snapshot/SnapshotFixture.h"
 #include "tests/support/GoldenFile.h"
+#include "tests/support/TestSettings.h"
 
 #include <KrParameterInstance/ParameterValueSnapshot.h>
 #include <KrParameterInstance/ParameterValueSnapshotWidget.h>
 #include <KrSystem/System.h>
 
 #include <QtCore/QFile>
-#include <QtCore/QSettings>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 #include <QtWidgets/QPushButton>
@@ -30,6 +30,7 @@ private:
     void fill();
     void take(const QString &title);
 
+    const TestSettings m_settings;
     QTemporaryDir m_directory;
     SnapshotFixture m_fixture;
     std::vector<std::unique_ptr<ParameterValueSnapshot>> m_snapshots;
@@ -48,10 +49,6 @@ QByteArray content(const QString &fileName)
 
 void tst_SnapshotWidgetReport::initTestCase()
 {
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_directory.path());
-    QCoreApplication::setOrganizationName(QStringLiteral("KrTest"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_SnapshotWidgetReport"));
     System::information()->setUserAccessLevel(3);
     fill();
 }

@@ -10,11 +10,11 @@
 #include "tests/online/OnlineDevice.h"
 #include "tests/online/Patience.h"
 #include "tests/support/MessageRecorder.h"
+#include "tests/support/TestSettings.h"
 
 #include <KrSystem/System.h>
 
 #include <QtCore/QLoggingCategory>
-#include <QtCore/QSettings>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMenu>
@@ -141,16 +141,12 @@ private Q_SLOTS:
     void deskIsClosed();
 
 private:
-    QTemporaryDir m_settings;
+    const TestSettings m_settings;
 };
 
 void tst_ActionStarter::initTestCase()
 {
     QLoggingCategory::setFilterRules(QStringLiteral("qt.modbus*=false"));
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
-    QCoreApplication::setOrganizationName(QStringLiteral("KrTest"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_ActionStarter"));
 }
 
 void tst_ActionStarter::init()

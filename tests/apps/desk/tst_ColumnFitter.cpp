@@ -2,6 +2,7 @@
 
 #include "apps/krparameter-desk/LongestTexts.h"
 #include "tests/apps/desk/DeskOnScreen.h"
+#include "tests/support/TestSettings.h"
 
 #include <QtGui/QHelpEvent>
 #include <QtTest/QTest>
@@ -13,7 +14,6 @@ class tst_ColumnFitter : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void init() { m_desk = std::make_unique<DeskOnScreen>(description()); }
     void cleanup() { m_desk.reset(); }
 
@@ -49,7 +49,7 @@ private:
     }
     void resize(int width) const;
 
-    QTemporaryDir m_settings;
+    const TestSettings m_settings;
     std::unique_ptr<DeskOnScreen> m_desk;
 };
 
@@ -87,14 +87,6 @@ QByteArray tst_ColumnFitter::description()
 })")
         .arg(StandingChoice.mid(4), LongChoice.mid(4), LongName, LongNameInEnglish)
         .toUtf8();
-}
-
-void tst_ColumnFitter::initTestCase()
-{
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
-    QCoreApplication::setOrganizationName(QStringLiteral("KrTest"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_ColumnFitter"));
 }
 
 void tst_ColumnFitter::resize(int width) const

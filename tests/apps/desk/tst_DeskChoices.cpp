@@ -1,4 +1,5 @@
 #include "tests/apps/desk/DeskOnScreen.h"
+#include "tests/support/TestSettings.h"
 
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QAbstractItemView>
@@ -8,7 +9,6 @@ class tst_DeskChoices : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void init() { m_desk = std::make_unique<DeskOnScreen>(description()); }
     void cleanup() { m_desk.reset(); }
 
@@ -49,7 +49,7 @@ private:
     }
 
     static const QString TooLarge;
-    QTemporaryDir m_settings;
+    const TestSettings m_settings;
     std::unique_ptr<DeskOnScreen> m_desk;
 };
 
@@ -77,14 +77,6 @@ QByteArray tst_DeskChoices::description()
                    "levels": {"read": 0, "write": 2}}]}
   ]
 })";
-}
-
-void tst_DeskChoices::initTestCase()
-{
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
-    QCoreApplication::setOrganizationName(QStringLiteral("KrTest"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_DeskChoices"));
 }
 
 void tst_DeskChoices::clickEntry(int row) const

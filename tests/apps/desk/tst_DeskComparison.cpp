@@ -1,4 +1,5 @@
 #include "tests/apps/desk/DeskOnScreen.h"
+#include "tests/support/TestSettings.h"
 
 #include <KrParameterInstance/ParameterValueSnapshotWidget.h>
 
@@ -10,7 +11,6 @@ class tst_DeskComparison : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void init() { m_desk = std::make_unique<DeskOnScreen>(DeskDevice::description()); }
     void cleanup() { m_desk.reset(); }
 
@@ -24,17 +24,9 @@ private:
     DeskOnScreen &desk() const { return *m_desk; }
     QStringList comparedRows() const;
 
-    QTemporaryDir m_settings;
+    const TestSettings m_settings;
     std::unique_ptr<DeskOnScreen> m_desk;
 };
-
-void tst_DeskComparison::initTestCase()
-{
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
-    QCoreApplication::setOrganizationName(QStringLiteral("KrTest"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_DeskComparison"));
-}
 
 QStringList tst_DeskComparison::comparedRows() const
 {

@@ -7,6 +7,7 @@
 #include "tests/apps/desk/AnsweringDialogs.h"
 #include "tests/apps/desk/FollowingDevice.h"
 #include "tests/support/MessageRecorder.h"
+#include "tests/support/TestSettings.h"
 
 #include <KrParameterInstance/ParameterNavigationHost.h>
 #include <KrParameterInstance/ParameterValueSnapshotWidget.h>
@@ -14,7 +15,6 @@
 
 #include <QtCore/QPointer>
 #include <QtCore/QRegularExpression>
-#include <QtCore/QSettings>
 #include <QtCore/QTimer>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
@@ -83,7 +83,7 @@ private:
         return widget ? widget->findChild<QTreeWidget *>() : nullptr;
     }
 
-    QTemporaryDir m_settings;
+    const TestSettings m_settings;
     std::unique_ptr<MessageRecorder> m_messages;
     std::unique_ptr<FollowingDevice> m_device;
     std::unique_ptr<AnsweringDialogs> m_dialogs;
@@ -119,10 +119,6 @@ QStringList mnemonicsOf(const QList<QAction *> &actions)
 
 void tst_DeskFollowing::initTestCase()
 {
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
-    QCoreApplication::setOrganizationName(QStringLiteral("KrTest"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_DeskFollowing"));
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
 }
 

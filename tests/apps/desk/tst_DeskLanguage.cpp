@@ -1,4 +1,5 @@
 #include "tests/apps/desk/DeskOnScreen.h"
+#include "tests/support/TestSettings.h"
 
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDockWidget>
@@ -12,7 +13,6 @@ class tst_DeskLanguage : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void init() { m_desk = std::make_unique<DeskOnScreen>(DeskDevice::description()); }
     void cleanup() { m_desk.reset(); }
 
@@ -27,17 +27,9 @@ private:
     QString texts() const;
     QString tips() const;
 
-    QTemporaryDir m_settings;
+    const TestSettings m_settings;
     std::unique_ptr<DeskOnScreen> m_desk;
 };
-
-void tst_DeskLanguage::initTestCase()
-{
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
-    QCoreApplication::setOrganizationName(QStringLiteral("KrTest"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_DeskLanguage"));
-}
 
 /// German stands above English.
 void tst_DeskLanguage::choose(Qt::Key key) const

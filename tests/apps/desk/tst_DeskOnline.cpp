@@ -7,11 +7,11 @@
 #include "tests/apps/desk/AnsweringDialogs.h"
 #include "tests/online/OnlineDevice.h"
 #include "tests/support/MessageRecorder.h"
+#include "tests/support/TestSettings.h"
 
 #include <KrSystem/System.h>
 
 #include <QtCore/QLoggingCategory>
-#include <QtCore/QSettings>
 #include <QtTest/QTest>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QStatusBar>
@@ -136,16 +136,12 @@ private Q_SLOTS:
     void isClosedWhileOnline();
 
 private:
-    QTemporaryDir m_settings;
+    const TestSettings m_settings;
 };
 
 void tst_DeskOnline::initTestCase()
 {
     QLoggingCategory::setFilterRules(QStringLiteral("qt.modbus*=false"));
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
-    QCoreApplication::setOrganizationName(QStringLiteral("KrTest"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_DeskOnline"));
     System::information()->setUserAccessLevel(4);
 }
 

@@ -1,4 +1,5 @@
 #include "tests/apps/desk/DeskOnScreen.h"
+#include "tests/support/TestSettings.h"
 
 #include <QtWidgets/QListView>
 #include <QtWidgets/QMenu>
@@ -10,7 +11,6 @@ class tst_DeskOpenField : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void init() { m_desk = std::make_unique<DeskOnScreen>(DeskDevice::description()); }
     void cleanup() { m_desk.reset(); }
 
@@ -42,7 +42,7 @@ private:
     void expectRefusal() const;
     void verifyRefused() const;
 
-    QTemporaryDir m_settings;
+    const TestSettings m_settings;
     std::unique_ptr<DeskOnScreen> m_desk;
 };
 
@@ -52,14 +52,6 @@ const QString TooLarge = QStringLiteral(
     "Parameter 1.B01: Fehler beim Übernehmen des Werts - Wert \"40.000 A\" ist zu groß");
 
 } // namespace
-
-void tst_DeskOpenField::initTestCase()
-{
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
-    QCoreApplication::setOrganizationName(QStringLiteral("KrTest"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_DeskOpenField"));
-}
 
 /// A current of 4.2 A, at most 40 A.
 void tst_DeskOpenField::open(const char *text) const

@@ -1,4 +1,5 @@
 #include "tests/apps/desk/DeskOnScreen.h"
+#include "tests/support/TestSettings.h"
 
 #include <KrParameterInstance/ParameterValueSnapshotWidget.h>
 
@@ -14,7 +15,6 @@ class tst_DeskPlaces : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void init() { m_desk = std::make_unique<DeskOnScreen>(description()); }
     void cleanup() { m_desk.reset(); }
 
@@ -50,7 +50,7 @@ private:
     }
     void write(const ValuePlace &at, const char *text) const;
 
-    QTemporaryDir m_settings;
+    const TestSettings m_settings;
     std::unique_ptr<DeskOnScreen> m_desk;
 };
 
@@ -74,14 +74,6 @@ QByteArray tst_DeskPlaces::description()
   "family": {"identifier": 81, "name": "Places", "hasPhysicalAxes": true, "axes": [1]},
   "languages": ["de", "en"], "dataTypes": ["UINT16"], "parameters": [)"
         + parameters.join(',') + "]}";
-}
-
-void tst_DeskPlaces::initTestCase()
-{
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
-    QCoreApplication::setOrganizationName(QStringLiteral("KrTest"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_DeskPlaces"));
 }
 
 void tst_DeskPlaces::write(const ValuePlace &at, const char *text) const

@@ -3,10 +3,10 @@
 #include "tests/apps/desk/AnsweringDialogs.h"
 #include "tests/apps/desk/DeskDevice.h"
 #include "tests/support/MessageRecorder.h"
+#include "tests/support/TestSettings.h"
 
 #include <KrSystem/System.h>
 
-#include <QtCore/QSettings>
 #include <QtTest/QTest>
 #include <QtWidgets/QListView>
 
@@ -15,7 +15,6 @@ class tst_DeskSnapshots : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void init();
     void cleanup();
 
@@ -30,20 +29,12 @@ private Q_SLOTS:
 private:
     void take() { m_window->actions()[DeskActions::TakeSnapshot]->trigger(); }
 
-    QTemporaryDir m_settings;
+    const TestSettings m_settings;
     std::unique_ptr<MessageRecorder> m_messages;
     std::unique_ptr<DeskDevice> m_device;
     std::unique_ptr<AnsweringDialogs> m_dialogs;
     std::unique_ptr<DeskWindow> m_window;
 };
-
-void tst_DeskSnapshots::initTestCase()
-{
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
-    QCoreApplication::setOrganizationName(QStringLiteral("KrTest"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_DeskSnapshots"));
-}
 
 void tst_DeskSnapshots::init()
 {

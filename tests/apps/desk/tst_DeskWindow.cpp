@@ -6,6 +6,7 @@
 #include "tests/apps/desk/AnsweringDialogs.h"
 #include "tests/apps/desk/DeskDevice.h"
 #include "tests/support/MessageRecorder.h"
+#include "tests/support/TestSettings.h"
 
 #include <KrParameterInstance/ParameterNavigationHost.h>
 #include <KrSystem/System.h>
@@ -26,7 +27,6 @@ class tst_DeskWindow : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void init();
     void cleanup();
 
@@ -79,7 +79,7 @@ private:
             MessageRecorder::eSeverity::Critical, QStringLiteral("Desk drive"), text);
     }
 
-    QTemporaryDir m_settings;
+    const TestSettings m_settings;
     std::unique_ptr<MessageRecorder> m_messages;
     std::unique_ptr<DeskDevice> m_device;
     std::unique_ptr<AnsweringDialogs> m_dialogs;
@@ -92,14 +92,6 @@ const QString TooLarge = QStringLiteral(
     "Parameter 1.B01: Fehler beim Übernehmen des Werts - Wert \"40.000 A\" ist zu groß");
 
 } // namespace
-
-void tst_DeskWindow::initTestCase()
-{
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
-    QCoreApplication::setOrganizationName(QStringLiteral("KrTest"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_DeskWindow"));
-}
 
 void tst_DeskWindow::init()
 {

@@ -1,13 +1,13 @@
 #include "apps/krparameter-desk/OnlineSwitch.h"
 #include "apps/krparameter-desk/ValueWriter.h"
 #include "tests/apps/desk/DeskOnScreen.h"
+#include "tests/support/TestSettings.h"
 
 /// Who tries to write what cannot be written now reads why, beside the value.
 class tst_DeskWriteObstacles : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void init() { m_desk = std::make_unique<DeskOnScreen>(description()); }
     void cleanup() { m_desk.reset(); }
 
@@ -26,7 +26,7 @@ private:
     DeskOnScreen &desk() const { return *m_desk; }
     QString note() const { return desk().note()->isVisible() ? desk().note()->text() : QString(); }
 
-    QTemporaryDir m_settings;
+    const TestSettings m_settings;
     std::unique_ptr<DeskOnScreen> m_desk;
 };
 
@@ -52,14 +52,6 @@ QByteArray tst_DeskWriteObstacles::description()
             R"("name": "Zehn", "global": true,
      "elements": [{"noWrite": 1, )")
         .replace(R"("kind": 1)", R"("kind": 2)");
-}
-
-void tst_DeskWriteObstacles::initTestCase()
-{
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
-    QCoreApplication::setOrganizationName(QStringLiteral("KrTest"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_DeskWriteObstacles"));
 }
 
 void tst_DeskWriteObstacles::saysWhy_data()

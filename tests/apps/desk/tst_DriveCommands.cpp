@@ -9,12 +9,12 @@
 #include "tests/online/OnlineDevice.h"
 #include "tests/online/Patience.h"
 #include "tests/support/MessageRecorder.h"
+#include "tests/support/TestSettings.h"
 
 #include <KrSystem/System.h>
 
 #include <QtCore/QLoggingCategory>
 #include <QtCore/QRegularExpression>
-#include <QtCore/QSettings>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QProgressBar>
@@ -142,16 +142,12 @@ private Q_SLOTS:
     void measuredValuesAreNoChange();
 
 private:
-    QTemporaryDir m_settings;
+    const TestSettings m_settings;
 };
 
 void tst_DriveCommands::initTestCase()
 {
     QLoggingCategory::setFilterRules(QStringLiteral("qt.modbus*=false"));
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
-    QCoreApplication::setOrganizationName(QStringLiteral("KrTest"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_DriveCommands"));
     System::information()->setUserAccessLevel(4);
 }
 
