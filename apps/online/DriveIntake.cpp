@@ -125,9 +125,7 @@ bool DriveIntake::take(qsizetype value, const QByteArray &bytes, quint32 request
     if (!isOld) {
         const quint32 run = m_runs;
         hasChanged = m_values.adopt(mapped, bytes, guard).hasChanged;
-        if (!guard)
-            return false;
-        if (m_runs != run)
+        if (!guard || m_runs != run)
             return false;
     }
     if (isOld)
@@ -160,14 +158,11 @@ bool DriveIntake::take(qsizetype value, const QByteArray &bytes, quint32 request
     return true;
 }
 
-void DriveIntake::onBlockFailed(const BlockPlan::Block &block, const OnlineAnswer &answer)
+DriveIntake::Failures DriveIntake::fail(const BlockPlan::Block &block, const OnlineAnswer &answer)
 {
     const milliseconds now = m_schedule.now();
-    const quint32 run = m_runs;
     const bool isRefused = answer.kind == OnlineAnswer::eKind::Refused;
-    QList<Ended> news;
-    QList<Ended> unreviewed;
-    const QList<ValuePlace> waiting = m_waits.takeLost(block.values);
+    Failures failures {{}, {}, m_waits.takeLost(block.values)};
     for (const qsizetype value : block.values) {
         const MappedValue &mapped = m_map->values().at(value);
         const bool isCyclic = m_schedule.isCyclic(value);
@@ -180,20 +175,27 @@ void DriveIntake::onBlockFailed(const BlockPlan::Block &block, const OnlineAnswe
             ended(value, mapped, isRefused ? eKind::Refused : eKind::Lost, answer.reason);
         if (isStale) {
             m_schedule.chase(value, ReadSchedule::eFirst::Later);
-            unreviewed.append(outcome);
+            failures.unreviewed.append(outcome);
         } else if (request.isOnce || (isCyclic && !request.hasFailed)) {
-            news.append(outcome);
+            failures.news.append(outcome);
         }
         request = {};
         request.hasFailed = isCyclic;
     }
+    return failures;
+}
+
+void DriveIntake::onBlockFailed(const BlockPlan::Block &block, const OnlineAnswer &answer)
+{
+    const Failures failures = fail(block, answer);
     const QPointer<QObject> guard(this);
+    const quint32 run = m_runs;
     // Before anything is taken in: a listener of that may end the run, and nobody else knows of these.
-    if (!news.isEmpty())
-        Q_EMIT failed(news);
-    if (guard && !unreviewed.isEmpty())
-        Q_EMIT reviewFailed(unreviewed);
-    for (const ValuePlace &place : waiting) {
+    if (!failures.news.isEmpty())
+        Q_EMIT failed(failures.news);
+    if (guard && !failures.unreviewed.isEmpty())
+        Q_EMIT reviewFailed(failures.unreviewed);
+    for (const ValuePlace &place : failures.waiting) {
         if (guard)
             m_waits.cancel(place);
     }

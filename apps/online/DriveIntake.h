@@ -77,6 +77,16 @@ Q_SIGNALS:
     void blockTaken();
 
 private:
+    struct Failures {
+        QList<Ended> news;
+        /// What functions made of these is not known.
+        QList<Ended> unreviewed;
+        /// Who waits for one of the values.
+        QList<ValuePlace> waiting;
+    };
+
+    /// Forgets who asked for the values that did not come.
+    Failures fail(const BlockPlan::Block &block, const OnlineAnswer &answer);
     /// A value of the drive came. **Emits** nothing of its own. False where the run was ended, or this
     /// deleted; `guard` holds this.
     bool take(qsizetype value, const QByteArray &bytes, quint32 request,

@@ -197,19 +197,8 @@ void DriveWriter::conclude(qsizetype value, quint32 request, const OnlineAnswer 
     const QByteArray bytes = RegisterBytes::flat(answer.registers);
     const QPointer<QObject> guard(this);
     const quint32 run = m_runs;
-    if (span != mapped.span) {
-        BlockPlan::Block others {span, {}};
-        const auto [first, last] =
-            m_map->positionsOf(mapped.place.coordinate, mapped.place.livingSpace);
-        for (qsizetype other = value + 1; other <= last; ++other)
-            others.values.append(other);
-        Q_EMIT recordReadBack(others, bytes, request);
-        // What was asked for before and comes behind is older.
-        if (guard && m_runs == run) {
-            for (const qsizetype other : std::as_const(others.values))
-                m_lastReadBacks.insert(other, request);
-        }
-    }
+    if (span != mapped.span)
+        takeOthers(value, span, bytes, request);
     // A run that was ended has reported the value.
     if (!guard || m_runs != run)
         return;
@@ -231,6 +220,24 @@ void DriveWriter::conclude(qsizetype value, quint32 request, const OnlineAnswer 
     // A listener has written another value over the one that came back.
     if (guard && m_runs == run && pending.isToBeRepeated)
         write(value);
+}
+
+void DriveWriter::takeOthers(
+    qsizetype value, const RegisterSpan &span, const QByteArray &bytes, quint32 request)
+{
+    const ValuePlace &place = m_map->values().at(value).place;
+    const auto [first, last] = m_map->positionsOf(place.coordinate, place.livingSpace);
+    BlockPlan::Block others {span, {}};
+    for (qsizetype other = value + 1; other <= last; ++other)
+        others.values.append(other);
+    const QPointer<QObject> guard(this);
+    const quint32 run = m_runs;
+    Q_EMIT recordReadBack(others, bytes, request);
+    if (!guard || m_runs != run)
+        return;
+    // What was asked for before and comes behind is older.
+    for (const qsizetype other : std::as_const(others.values))
+        m_lastReadBacks.insert(other, request);
 }
 
 bool DriveWriter::isHeadAlone(const MappedValue &value, const RegisterSpan &span) const

@@ -75,6 +75,9 @@ private:
     RegisterSpan readBackSpan(const MappedValue &value) const;
     void concludeUnknown(qsizetype value, const OnlineAnswer &answer);
     void conclude(qsizetype value, quint32 request, const OnlineAnswer &answer);
+    /// What was read back beside the value is taken before it.
+    void takeOthers(
+        qsizetype value, const RegisterSpan &span, const QByteArray &bytes, quint32 request);
     /// The other elements may be over already, too: they are not known.
     void concludeHead(qsizetype value, quint32 request, const QByteArray &bytes);
     bool isHeadAlone(const MappedValue &value, const RegisterSpan &span) const;

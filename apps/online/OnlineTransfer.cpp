@@ -53,40 +53,46 @@ QList<OnlineOutcome> OnlineTransfer::close(const Kept &kept)
 {
     // Who is told of it may come back here.
     const QHash<qsizetype, OnlineOutcome> written = std::exchange(m_written, {});
-    const QList<OnlineOutcome> disputes = std::exchange(m_disputes, {});
-    QHash<ValuePlace, OnlineOutcome> news;
+    QSet<ValuePlace> disputed;
+    for (const OnlineOutcome &dispute : std::as_const(m_disputes))
+        disputed.insert(dispute.place);
     QList<OnlineOutcome> differing;
-    for (const OnlineOutcome &dispute : disputes)
-        news.insert(dispute.place, dispute);
     for (auto it = written.cbegin(); it != written.cend(); ++it) {
         const MappedValue &value = m_values.at(it.key());
         // A command is done when it was taken.
-        if (!value.isStored || news.contains(value.place))
+        if (!value.isStored || disputed.contains(value.place))
             continue;
         const std::optional<QString> text = kept(value);
         if (!text)
             continue;
         const OnlineOutcome now = compare(*it, value, m_asked.value(it.key()), *text);
-        if (now.kind == it->kind && now.kept == it->kept && now.sent == it->sent)
-            continue;
-        news.insert(value.place, now);
-        differing.append(now);
+        if (now.kind != it->kind || now.kept != it->kept || now.sent != it->sent)
+            differing.append(now);
     }
-    if (news.isEmpty())
-        return {};
-    const QList<OnlineOutcome> told = m_report.outcomes();
-    m_report = OnlineReport(m_values);
-    for (const OnlineOutcome &outcome : told)
-        m_report.add(
-            news.contains(outcome.place) ? merged(outcome, news.take(outcome.place)) : outcome);
-    // Functions reach also what was not to be transferred.
-    for (const OnlineOutcome &dispute : disputes) {
-        if (news.remove(dispute.place))
-            m_report.add(dispute);
-    }
+    m_differing += differing;
     std::sort(differing.begin(), differing.end(),
         [](const auto &a, const auto &b) { return a.address < b.address; });
     return differing;
+}
+
+OnlineReport OnlineTransfer::finalReport() const
+{
+    QHash<ValuePlace, OnlineOutcome> news;
+    for (const QList<OnlineOutcome> *later : {&m_differing, &m_disputes}) {
+        for (const OnlineOutcome &outcome : *later)
+            news.insert(outcome.place, outcome);
+    }
+    if (news.isEmpty())
+        return m_report;
+    OnlineReport report(m_values);
+    for (const OnlineOutcome &told : m_report.outcomes())
+        report.add(news.contains(told.place) ? merged(told, news.take(told.place)) : told);
+    // Functions reach also what was not to be transferred.
+    for (const OnlineOutcome &dispute : m_disputes) {
+        if (news.remove(dispute.place))
+            report.add(dispute);
+    }
+    return report;
 }
 
 OnlineOutcome OnlineTransfer::merged(const OnlineOutcome &told, OnlineOutcome now)

@@ -4,6 +4,7 @@
 
 #include <QtCore/QHash>
 #include <QtCore/QList>
+#include <QtCore/QSet>
 #include <QtCore/QString>
 
 #include <functional>
@@ -30,7 +31,10 @@ public:
     qsizetype total() const { return m_total; }
     qsizetype done() const { return m_done; }
     bool isComplete() const { return m_done == m_total; }
+    /// What was told so far.
     const OnlineReport &report() const { return m_report; }
+    /// With what became known of values behind that.
+    OnlineReport finalReport() const;
 
     /// Native text of what is to be written.
     void ask(qsizetype value, const QString &text) { m_asked.insert(value, text); }
@@ -63,5 +67,7 @@ private:
     /// Position to what the drive took.
     QHash<qsizetype, OnlineOutcome> m_written;
     QList<OnlineOutcome> m_disputes;
+    /// What the drive has in the end where it is something else than was told.
+    QList<OnlineOutcome> m_differing;
     OnlineReport m_report;
 };

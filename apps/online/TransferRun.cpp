@@ -165,9 +165,7 @@ void TransferRun::finish()
 {
     if (!m_transfer)
         return;
-    // Of a drive that went nothing can be compared any more.
-    m_transfer->close([](const MappedValue &) { return std::optional<QString>(); });
-    m_report = m_transfer->report();
+    m_report = m_transfer->finalReport();
     m_transfer.reset();
     // A listener may start the next transfer.
     const OnlineReport report = m_report;

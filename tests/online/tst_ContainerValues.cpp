@@ -208,6 +208,21 @@ void tst_ContainerValues::tellsWhatWasWrittenOverTheDrives()
         QCOMPARE(change.at(0).value<ParameterAddress>(), address("2.B01"));
 }
 
+namespace {
+
+/// Who changed which value, as it is told. `log` outlives the values.
+void noteChanges(ContainerValues &values, QStringList &log)
+{
+    const auto note = [&log](QLatin1String who) {
+        return [&log, who](const ParameterAddress &at) { log += who + at.toText(true, false); };
+    };
+    QObject::connect(&values, &ContainerValues::changedHere, &values, note(QLatin1String("here ")));
+    QObject::connect(
+        &values, &ContainerValues::changedByFunction, &values, note(QLatin1String("function ")));
+}
+
+} // namespace
+
 void tst_ContainerValues::tellsFunctionsFromListeners()
 {
     const OnlineDevice device(R"device({"format": "kr-device-description", "version": 1,
@@ -225,15 +240,9 @@ void tst_ContainerValues::tellsFunctionsFromListeners()
     const auto project = device.open();
     ParameterContainer &container = project->container();
     const RegisterMap map(container);
-    ContainerValues values(container);
     QStringList log;
-    connect(&values, &ContainerValues::changedHere, &values, [&log](const ParameterAddress &at) {
-        log += QLatin1String("here ") + at.toText(true, false);
-    });
-    connect(
-        &values, &ContainerValues::changedByFunction, &values, [&log](const ParameterAddress &at) {
-            log += QLatin1String("function ") + at.toText(true, false);
-        });
+    ContainerValues values(container);
+    noteChanges(values, log);
     connect(&container, &ParameterProvider::parameterNativeValueChanged, &values,
         [&container](const ParameterAddress &changed) {
             if (changed == address("A01"))
@@ -296,15 +305,9 @@ void tst_ContainerValues::tellsRepliesToFunctionsFromFunctions()
     const auto project = device.open();
     ParameterContainer &container = project->container();
     const RegisterMap map(container);
-    ContainerValues values(container);
     QStringList log;
-    connect(&values, &ContainerValues::changedHere, &values, [&log](const ParameterAddress &at) {
-        log += QLatin1String("here ") + at.toText(true, false);
-    });
-    connect(
-        &values, &ContainerValues::changedByFunction, &values, [&log](const ParameterAddress &at) {
-            log += QLatin1String("function ") + at.toText(true, false);
-        });
+    ContainerValues values(container);
+    noteChanges(values, log);
     connect(&container,
         isValueText ? &ParameterProvider::parameterValueChanged
                     : &ParameterProvider::parameterNativeValueChanged,
