@@ -2,6 +2,7 @@
 #include "apps/krparameter-desk/DeskWindow.h"
 #include "apps/krparameter-desk/OnlineSwitch.h"
 #include "apps/krparameter-desk/ValueWriter.h"
+#include "apps/online/OnlineOutcome.h"
 #include "apps/simulation/DriveServer.h"
 #include "apps/simulation/SimulatedDrive.h"
 #include "tests/apps/desk/AnsweringDialogs.h"
@@ -15,6 +16,9 @@
 #include <QtTest/QTest>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QStatusBar>
+
+#include <functional>
+#include <utility>
 
 using eSeverity = MessageRecorder::eSeverity;
 using eState = OnlineSwitch::eState;
@@ -54,10 +58,21 @@ struct Stand {
                 if (message.text.startsWith(QStringLiteral("Vom Antrieb ")))
                     ++reads;
             });
+        QObject::connect(window.session().onlineSwitch(), &OnlineSwitch::reported, &window,
+            [this](const OnlineOutcome &outcome) { writes += outcome.isWrite ? 1 : 0; });
         window.show();
     }
 
     eState state() { return window.session().onlineSwitch()->state(); }
+    /// As soon as the drive has agreed: none of its values has been asked for by then.
+    void whenItReads(std::function<void()> then)
+    {
+        QObject::connect(window.session().onlineSwitch(), &OnlineSwitch::stateChanged, &window,
+            [this, then = std::move(then)] {
+                if (state() == eState::Reading)
+                    then();
+            });
+    }
     void press(DeskActions::eAction action) { window.actions()[action]->trigger(); }
     void expect(eSeverity severity, const QString &text)
     {
@@ -104,6 +119,8 @@ struct Stand {
     DeskWindow window;
     /// How often all values were read.
     int reads = 0;
+    /// Writes that came to their end: what the drive made of them has been read back.
+    int writes = 0;
 };
 
 const ValuePlace Number {at("A01"), eLivingSpace::Global, 0};
@@ -154,7 +171,8 @@ void tst_DeskOnline::showsWhatTheDriveHas()
     s.expectRead("16 Werte: 15 unverändert, 1 geändert");
     s.press(DeskActions::GoOnline);
     QVERIFY(s.stateText().contains(QStringLiteral("verbindet")));
-    QTRY_COMPARE_PATIENTLY(s.shown(Number), QStringLiteral("1234"));
+    QTRY_COMPARE_PATIENTLY(s.reads, 1);
+    QCOMPARE(s.shown(Number), QStringLiteral("1234"));
     QVERIFY(s.state() == eState::Online);
     QVERIFY(s.stateText().contains(QStringLiteral("online")));
     QVERIFY(s.window.actions()[DeskActions::GoOnline]->isChecked());
@@ -177,14 +195,17 @@ void tst_DeskOnline::writesToTheDrive()
     QTRY_COMPARE_PATIENTLY(s.reads, 1);
     ValueWriter &writer = *s.window.session().writer();
     QVERIFY(writer.write(Target, QStringLiteral("-7")).isAccepted);
-    QTRY_COMPARE_PATIENTLY(s.atDrive(Target), QStringLiteral("-7"));
+    QTRY_COMPARE_PATIENTLY(s.writes, 1);
+    QCOMPARE(s.atDrive(Target), QStringLiteral("-7"));
     s.window.session().undo();
-    QTRY_COMPARE_PATIENTLY(s.atDrive(Target), QStringLiteral("5"));
+    QTRY_COMPARE_PATIENTLY(s.writes, 2);
+    QCOMPARE(s.atDrive(Target), QStringLiteral("5"));
     // Also the same once more, where the drive has something else meanwhile.
-    QTRY_COMPARE_PATIENTLY(s.shown(Target), QStringLiteral("5"));
+    QCOMPARE(s.shown(Target), QStringLiteral("5"));
     s.setAtDrive(Target, "9");
     QVERIFY(writer.write(Target, QStringLiteral("5")).isAccepted);
-    QTRY_COMPARE_PATIENTLY(s.atDrive(Target), QStringLiteral("5"));
+    QTRY_COMPARE_PATIENTLY(s.writes, 3);
+    QCOMPARE(s.atDrive(Target), QStringLiteral("5"));
 }
 
 void tst_DeskOnline::writesTheSameWhileItReads()
@@ -193,17 +214,14 @@ void tst_DeskOnline::writesTheSameWhileItReads()
     s.setAtDrive(Target, "9");
     QObject context;
     bool isAccepted = false;
-    // As soon as the values are being read.
-    connect(s.window.session().onlineSwitch(), &OnlineSwitch::stateChanged, &context, [&] {
-        if (s.state() == eState::Reading) {
-            QMetaObject::invokeMethod(
-                &context,
-                [&] {
-                    isAccepted =
-                        s.window.session().writer()->write(Target, QStringLiteral("5")).isAccepted;
-                },
-                Qt::QueuedConnection);
-        }
+    s.whenItReads([&] {
+        QMetaObject::invokeMethod(
+            &context,
+            [&] {
+                isAccepted =
+                    s.window.session().writer()->write(Target, QStringLiteral("5")).isAccepted;
+            },
+            Qt::QueuedConnection);
     });
     s.expectRead("16 Werte: 16 unverändert");
     s.press(DeskActions::GoOnline);
@@ -247,8 +265,7 @@ void tst_DeskOnline::losesItsDrive()
 void tst_DeskOnline::losesItsDriveWhileItReads()
 {
     Stand s(thirtyValues());
-    // Its header is answered and nothing else.
-    s.server->faults().fallSilentAfter(1);
+    s.whenItReads([&] { s.server->faults().fallSilentAfter(0); });
     s.expectRead("30 Werte: 30 verloren");
     for (int i = 0; i < 20; ++i) {
         s.expect(eSeverity::Warning, QStringLiteral("A01[%1]: verloren - keine Antwort").arg(i));
@@ -263,15 +280,13 @@ void tst_DeskOnline::losesItsDriveWhileItReads()
 void tst_DeskOnline::losesWhatIsWrittenWhileItReads()
 {
     Stand s(thirtyValues());
-    s.server->faults().fallSilentAfter(1);
     const ValuePlace last {at("A01"), eLivingSpace::Global, 29};
     QObject context;
-    connect(s.window.session().onlineSwitch(), &OnlineSwitch::stateChanged, &context, [&] {
-        if (s.state() == eState::Reading) {
-            QMetaObject::invokeMethod(
-                &context, [&] { s.window.session().writer()->write(last, QStringLiteral("8")); },
-                Qt::QueuedConnection);
-        }
+    s.whenItReads([&] {
+        s.server->faults().fallSilentAfter(0);
+        QMetaObject::invokeMethod(
+            &context, [&] { s.window.session().writer()->write(last, QStringLiteral("8")); },
+            Qt::QueuedConnection);
     });
     s.press(DeskActions::GoOnline);
     QTRY_VERIFY_WITH_TIMEOUT(s.state() == eState::Reading, 60000);
@@ -352,7 +367,8 @@ void tst_DeskOnline::asksBeforeItReplacesChanges()
     s.dialogs.unsavedAnswer = DeskDialogs::eUnsaved::Discard;
     s.expectRead("16 Werte: 15 unverändert, 1 geändert");
     s.press(DeskActions::GoOnline);
-    QTRY_COMPARE_PATIENTLY(s.shown(Target), QStringLiteral("5"));
+    QTRY_COMPARE_PATIENTLY(s.reads, 1);
+    QCOMPARE(s.shown(Target), QStringLiteral("5"));
     QCOMPARE(s.atDrive(Target), QStringLiteral("5"));
 }
 
@@ -388,7 +404,8 @@ void tst_DeskOnline::goesToAnotherDrive()
     s.dialogs.driveAnswer = s.address;
     s.expectRead("16 Werte: 15 unverändert, 1 geändert");
     s.press(DeskActions::ChooseDrive);
-    QTRY_COMPARE_PATIENTLY(s.shown(Number), QStringLiteral("77"));
+    QTRY_COMPARE_PATIENTLY(s.reads, 2);
+    QCOMPARE(s.shown(Number), QStringLiteral("77"));
 }
 
 void tst_DeskOnline::loadsOffline()
@@ -399,7 +416,8 @@ void tst_DeskOnline::loadsOffline()
     QVERIFY(s.window.session().save(folder.path()));
     s.messages.take();
     s.press(DeskActions::GoOnline);
-    QTRY_COMPARE_PATIENTLY(s.shown(Target), QStringLiteral("5"));
+    QTRY_COMPARE_PATIENTLY(s.reads, 1);
+    QCOMPARE(s.shown(Target), QStringLiteral("5"));
     QVERIFY(s.window.session().load(folder.path()));
     s.messages.take();
     QVERIFY(s.state() == eState::Offline);

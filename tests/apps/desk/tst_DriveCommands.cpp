@@ -30,18 +30,18 @@ namespace {
 const ValuePlace Number {at("A01"), eLivingSpace::Global, 0};
 const ValuePlace Target {at("B01"), eLivingSpace::Axis2, 0};
 
-/// As many settings as there are letters, none read together with another.
+/// 104 settings, A01 to A04, B01 and so on, none read together with another: the last one first.
 QByteArray scattered()
 {
     QByteArray parameters;
-    for (int number = 1; number <= 26; ++number) {
+    for (int number = 1; number <= 104; ++number) {
         parameters += QStringLiteral(R"(,{"number": %1, "coordinates": ["%2%3"], "name": "N",
             "global": true, "elements": [{"dataType": "STRING32", "kind": 5, "default": "abc",
             "levels": {"read": 0, "write": 0}, "onlineOrder": %4}]})")
                           .arg(number)
-                          .arg(QChar(u'A' + (number - 1)))
-                          .arg(1, 2, 10, QLatin1Char('0'))
-                          .arg(number % 2 == 0 ? number : 100 - number)
+                          .arg(QChar(u'A' + (number - 1) / 4))
+                          .arg(1 + (number - 1) % 4, 2, 10, QLatin1Char('0'))
+                          .arg(1000 - number)
                           .toUtf8();
     }
     return R"({"format": "kr-device-description", "version": 1,
@@ -49,6 +49,10 @@ QByteArray scattered()
       "languages": ["de"], "dataTypes": ["STRING32"], "parameters": [)"
         + parameters.sliced(1) + "]}";
 }
+
+/// Each answer: far from the 500 ms behind which it counts as lost, and two seconds for all 104 of them,
+/// four under way at a time.
+const QString Slowly = QStringLiteral("delay 1000 80");
 
 QString addressOf(const DriveProcess &drive)
 {
@@ -287,26 +291,26 @@ void tst_DriveCommands::tellsHowManyValuesAreRead()
     Stand s(scattered());
     QVERIFY(s.isUp);
     s.first.order(QStringLiteral("set Z01 xyz"));
-    s.first.order(QStringLiteral("delay 1000 350"));
+    s.first.order(Slowly);
     QStringList texts;
     connect(&s.window.session(), &DeskSession::readingProgressed, &s.window,
         [&] { texts.append(s.stateText()); });
     s.press(Qt::Key_F9);
     QTRY_VERIFY_PATIENTLY(s.state() == eState::Reading);
-    QCOMPARE(texts.constFirst(), QStringLiteral("liest 0 von 26 Werten …"));
+    QCOMPARE(texts.constFirst(), QStringLiteral("liest 0 von 104 Werten …"));
     QVERIFY(s.progress().isHidden());
     QVERIFY(s.window.actions()[DeskActions::GoOnline]->isChecked());
     QTRY_VERIFY_PATIENTLY(s.progress().isVisible());
     QVERIFY(s.state() == eState::Reading);
     s.window.language().choose(QStringLiteral("en"));
-    static const QRegularExpression english(QStringLiteral("^reading \\d+ of 26 values …$"));
+    static const QRegularExpression english(QStringLiteral("^reading \\d+ of 104 values …$"));
     QVERIFY(english.match(s.stateText()).hasMatch());
     QCOMPARE(s.progress().findChild<QToolButton *>()->text(), QStringLiteral("Cancel"));
     s.window.language().choose(QStringLiteral("de"));
     QTRY_VERIFY_PATIENTLY(s.state() == eState::Online);
     QCOMPARE(s.stateText(), QStringLiteral("online"));
     QVERIFY(s.progress().isHidden());
-    QVERIFY(texts.contains(QStringLiteral("liest 26 von 26 Werten …")));
+    QVERIFY(texts.contains(QStringLiteral("liest 104 von 104 Werten …")));
     QVERIFY(texts.size() > 5);
     s.messages.take();
 }
@@ -315,7 +319,7 @@ void tst_DriveCommands::isCancelledWhileItReads()
 {
     Stand s(scattered());
     QVERIFY(s.isUp);
-    s.first.order(QStringLiteral("delay 1000 350"));
+    s.first.order(Slowly);
     s.press(Qt::Key_F9);
     QTRY_VERIFY_PATIENTLY(s.progress().isVisible());
     auto *bar = s.progress().findChild<QProgressBar *>();
@@ -329,11 +333,11 @@ void tst_DriveCommands::isCancelledWhileItReads()
     QCOMPARE(messages.size(), 1);
     QVERIFY(messages.constFirst().severity == eSeverity::Warning);
     static const QRegularExpression cancelled(QStringLiteral(
-        "^Lesen vom Antrieb 127\\.0\\.0\\.1:\\d+ abgebrochen: (\\d+) von 26 Werten sind "
+        "^Lesen vom Antrieb 127\\.0\\.0\\.1:\\d+ abgebrochen: (\\d+) von 104 Werten sind "
         "gelesen, die anderen sind die von vorher$"));
     const QRegularExpressionMatch match = cancelled.match(messages.constFirst().text);
     QVERIFY2(match.hasMatch(), qPrintable(messages.constFirst().text));
-    QVERIFY(match.captured(1).toInt() > 0 && match.captured(1).toInt() < 26);
+    QVERIFY(match.captured(1).toInt() > 0 && match.captured(1).toInt() < 104);
     // The drive does not come back by itself, and can be called again.
     s.first.order(QStringLiteral("clear"));
     s.goOnline();
@@ -345,9 +349,9 @@ void tst_DriveCommands::writtenWhileItReads()
 {
     Stand s(scattered());
     QVERIFY(s.isUp);
-    const ValuePlace last {at("Z01"), eLivingSpace::Global, 0};
-    s.first.order(QStringLiteral("set Z01 xyz"));
-    s.first.order(QStringLiteral("delay 1000 100"));
+    const ValuePlace last {at("A01"), eLivingSpace::Global, 0};
+    s.first.order(QStringLiteral("set A01 xyz"));
+    s.first.order(Slowly);
     s.press(Qt::Key_F9);
     QTRY_VERIFY_PATIENTLY(s.state() == eState::Reading);
     QVERIFY(s.write(last, "new"));
@@ -355,7 +359,7 @@ void tst_DriveCommands::writtenWhileItReads()
     s.press(Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(s.shown(last), QStringLiteral("new"));
     s.waitForReading();
-    QTRY_COMPARE_PATIENTLY(s.first.value("Z01"), QStringLiteral("new"));
+    QTRY_COMPARE_PATIENTLY(s.first.value("A01"), QStringLiteral("new"));
     QCOMPARE(s.shown(last), QStringLiteral("new"));
     QVERIFY(!s.window.session().canUndo());
     QVERIFY(s.window.isWindowModified());
