@@ -12,6 +12,19 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
 
+namespace {
+
+/// Where something took long a progress dialog was the active window, and the frame of what has the focus is
+/// part of the picture.
+void comeToRest(DeskWindow &window)
+{
+    constexpr int LongestTime = 1000;
+    window.activateWindow();
+    QApplication::processEvents(QEventLoop::AllEvents, LongestTime);
+}
+
+} // namespace
+
 Screenshot::Screenshot(DeskWindow &window, const DeskOptions &options)
     : m_window(window)
     , m_options(options)
@@ -22,10 +35,10 @@ QString Screenshot::take()
 {
     m_window.resize(m_options.size);
     m_window.show();
-    QApplication::processEvents();
+    comeToRest(m_window);
     if (const QString problem = prepare(); !problem.isEmpty())
         return problem;
-    QApplication::processEvents();
+    comeToRest(m_window);
     return m_window.grab().save(m_options.screenshotFile)
         ? QString()
         : tr("das Bild \"%1\" kann nicht geschrieben werden").arg(m_options.screenshotFile);

@@ -33,8 +33,8 @@ namespace {
 
 /// Where the rows of table and comparison stand, below the head and left of the list of snapshots;
 /// and the last column of the comparison.
-constexpr QRect Rows(10, 120, 700, 450);
-constexpr QRect LastColumn(646, 120, 300, 450);
+constexpr QRect Rows(10, 124, 700, 446);
+constexpr QRect LastColumn(646, 124, 300, 446);
 /// Of any text on the background of a row, and of text that is greyed.
 constexpr int LightestText = 215;
 constexpr int DarkestGreyText = 150;
