@@ -39,6 +39,12 @@ public:
     QString lower() { return provider->lowerLimit(&data, 0); }
     QString upper() { return provider->upperLimit(&data, 0); }
     void postWrite() { provider->runFunction(eFunctionKind::Postwrite, &data, 0); }
+    /// What the post-write function hands to a message.
+    QString told()
+    {
+        postWrite();
+        return container.takeCalls().join(u'|');
+    }
 
     PlainContainer container;
     PlainParameterData data;

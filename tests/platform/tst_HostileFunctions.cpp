@@ -1,6 +1,6 @@
+#include "FunctionFailure.h"
 #include "FunctionStand.h"
 
-#include "tests/support/MessageRecorder.h"
 #include "tests/support/ProcessorTimer.h"
 
 #include <KrSystem/System.h>
@@ -53,15 +53,6 @@ private Q_SLOTS:
     void listenerOfTheMessageCallsAgain();
 
 private:
-    static QString failure(const QString &kind, const QString &reason)
-    {
-        return QStringLiteral("%1 function 1 of parameter D10, element 0: %2").arg(kind, reason);
-    }
-    static void expectFailure(MessageRecorder &recorder, const QString &kind, const QString &reason)
-    {
-        recorder.expect(
-            MessageRecorder::eSeverity::Critical, QStringLiteral("Device"), failure(kind, reason));
-    }
     /// Every critical message, with what stands behind "element 0: ".
     static QStringList reasons(MessageRecorder &recorder)
     {

@@ -7,6 +7,7 @@
 #include "apps/simulation/SimulatedDrive.h"
 #include "tests/apps/desk/AnsweringDialogs.h"
 #include "tests/online/OnlineDevice.h"
+#include "tests/online/Patience.h"
 #include "tests/support/MessageRecorder.h"
 #include "tests/support/TestSettings.h"
 
@@ -22,9 +23,6 @@
 
 using eSeverity = MessageRecorder::eSeverity;
 using eState = OnlineSwitch::eState;
-
-// A busy machine takes its time; waiting for what comes at once costs nothing.
-#define QTRY_COMPARE_PATIENTLY(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, 60000)
 
 namespace {
 
@@ -253,7 +251,7 @@ void tst_DeskOnline::losesItsDrive()
     s.press(DeskActions::GoOnline);
     QTRY_COMPARE_PATIENTLY(s.reads, 1);
     s.server.reset();
-    QTRY_VERIFY_WITH_TIMEOUT(s.state() == eState::Offline, 60000);
+    QTRY_VERIFY_PATIENTLY(s.state() == eState::Offline);
     QVERIFY(!s.window.session().project()->container().isOnline());
     const QList<SystemMessage> messages = s.messages.take();
     QVERIFY(!messages.isEmpty());
@@ -273,8 +271,8 @@ void tst_DeskOnline::losesItsDriveWhileItReads()
     s.expect(eSeverity::Warning, QStringLiteral("und 10 weitere Werte nicht gelesen"));
     s.expect(eSeverity::Critical, QStringLiteral("Nicht mehr online: der Antrieb antwortet nicht"));
     s.press(DeskActions::GoOnline);
-    QTRY_VERIFY_WITH_TIMEOUT(s.state() == eState::Reading, 60000);
-    QTRY_VERIFY_WITH_TIMEOUT(s.state() == eState::Offline, 60000);
+    QTRY_VERIFY_PATIENTLY(s.state() == eState::Reading);
+    QTRY_VERIFY_PATIENTLY(s.state() == eState::Offline);
 }
 
 void tst_DeskOnline::losesWhatIsWrittenWhileItReads()
@@ -289,8 +287,8 @@ void tst_DeskOnline::losesWhatIsWrittenWhileItReads()
             Qt::QueuedConnection);
     });
     s.press(DeskActions::GoOnline);
-    QTRY_VERIFY_WITH_TIMEOUT(s.state() == eState::Reading, 60000);
-    QTRY_VERIFY_WITH_TIMEOUT(s.state() == eState::Offline, 60000);
+    QTRY_VERIFY_PATIENTLY(s.state() == eState::Reading);
+    QTRY_VERIFY_PATIENTLY(s.state() == eState::Offline);
     // The list of what was not read ends before it.
     int count = 0;
     for (const SystemMessage &message : s.messages.take()) {
@@ -307,7 +305,7 @@ void tst_DeskOnline::findsNoDrive()
     s.server.reset();
     s.press(DeskActions::GoOnline);
     QVERIFY(s.state() == eState::Opening);
-    QTRY_VERIFY_WITH_TIMEOUT(s.state() == eState::Offline, 60000);
+    QTRY_VERIFY_PATIENTLY(s.state() == eState::Offline);
     const QList<SystemMessage> messages = s.messages.take();
     QCOMPARE(messages.size(), 1);
     QVERIFY(messages.constFirst().severity == eSeverity::Critical);
