@@ -1,11 +1,7 @@
 #include "FunctionFailure.h"
 #include "FunctionStand.h"
 
-#include <KrMultilingual/LanguageManager.h>
-
 #include <QtTest/QtTest>
-
-#include <limits>
 
 namespace {
 
@@ -21,7 +17,6 @@ class tst_FirmwareFunctions : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup();
     void limit_data();
     void limit();
     void limitOfWrongType_data();
@@ -46,11 +41,6 @@ private Q_SLOTS:
     void maximaComeFromTheTables();
     void providersAreIndependent();
 };
-
-void tst_FirmwareFunctions::cleanup()
-{
-    LanguageManager::instance()->setActiveLanguage(QStringLiteral("de"));
-}
 
 void tst_FirmwareFunctions::limit_data()
 {

@@ -1,12 +1,9 @@
 #include "FunctionFailure.h"
 #include "FunctionStand.h"
 
-#include <KrMultilingual/LanguageManager.h>
 #include <KrMultilingual/ParameterTextMap.h>
 
 #include <QtTest/QtTest>
-
-#include <limits>
 
 namespace {
 
@@ -24,7 +21,6 @@ class tst_FunctionEnvironment : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup();
     void parameterField_data();
     void parameterField();
     void parameterValue_data();
@@ -57,11 +53,6 @@ private:
         return QStringLiteral("addInformationMessage(tostring(%1))").arg(expression);
     }
 };
-
-void tst_FunctionEnvironment::cleanup()
-{
-    LanguageManager::instance()->setActiveLanguage(QStringLiteral("de"));
-}
 
 void tst_FunctionEnvironment::parameterField_data()
 {

@@ -1,6 +1,5 @@
 #include "DescriptionText.h"
 
-#include <KrFirmware/ParameterFunctionProvider.h>
 #include <KrProjectRepository/HardwareRepository.h>
 
 #include <QtTest/QtTest>

@@ -1,7 +1,8 @@
 #include "tests/value/RecordAccess.h"
-#include "value/ElementCatalogue.h"
 
 #include <QtTest/QTest>
+
+#include <functional>
 
 using namespace Qt::StringLiterals;
 using enum eLivingSpace;
